@@ -1,0 +1,200 @@
+#include "foundation/FileStream.h"
+#include "foundation/MemoryStream.h"
+#include "foundation/Messages.h"
+#include "foundation/SmartPtr.h"
+#include "foundation/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdio>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Core;
+using namespace Core::IO;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void put(Stream& stream, std::string_view bytes) {
+    ByteArray buffer(bytes);
+    stream.write(&buffer, 0, static_cast<long long>(bytes.size()));
+}
+
+void save(const std::wstring& path, std::string_view bytes) {
+    FileStream file(path.c_str(), true, true, false);
+    put(file, bytes);
+    file.commit();
+}
+
+std::string openFault(const std::wstring& path, bool write) {
+    const std::string message = messageOf([&] { FileStream(path.c_str(), write, write, false); });
+    return message.substr(message.rfind('/') + 1);
+}
+
+/// Files cannot grow beyond so many bytes while this lives, as on a disk that is full.
+class SizeLimit {
+public:
+    explicit SizeLimit(rlim_t bytes) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &old_);
+        const rlimit limit{bytes, old_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~SizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &old_);
+        std::signal(SIGXFSZ, oldHandler_);
+    }
+
+private:
+    rlimit old_{};
+    void (*oldHandler_)(int);
+};
+
+/// Shows what `act` raises on standard error and ends the process, a child of the test. Permission
+/// bits do not bind the superuser, so it becomes somebody else first.
+template <typename Act>
+[[noreturn]] void reportAsOrdinaryUser(Act act) {
+    constexpr uid_t nobody = 65534;
+    if (geteuid() == 0 && setuid(nobody) != 0)
+        _exit(1);
+    std::fputs(messageOf(act).c_str(), stderr);
+    _exit(0);
+}
+
+/// A stream keeps a position, reads what is there and fills a gap with zeros.
+void expectPositions(Stream& stream) {
+    put(stream, "abcdef");
+    EXPECT_EQ(stream.seek(-4, SeekOrigin::End), 2);
+    put(stream, "XY");
+    EXPECT_EQ(stream.seek(1, SeekOrigin::Begin), 1);
+    ByteArray buffer(std::string_view("--"));
+    EXPECT_EQ(stream.read(&buffer, 1, 4), 4);
+    EXPECT_EQ(buffer.view(), "-bXYe");
+    EXPECT_EQ(stream.read(&buffer, 0, 100), 1);
+    EXPECT_EQ(stream.read(&buffer, 0, 100), 0);
+
+    EXPECT_EQ(stream.seek(2, SeekOrigin::Current), 8);
+    EXPECT_EQ(stream.read(&buffer, 0, 1), 0);
+    put(stream, "!");
+    EXPECT_EQ(stream.length(), 9);
+    EXPECT_EQ(stream.seek(6, SeekOrigin::Begin), 6);
+    EXPECT_EQ(stream.read(&buffer, 0, 3), 3);
+    EXPECT_EQ(buffer.view().substr(0, 3), std::string_view("\0\0!", 3));
+
+    EXPECT_NE(messageOf([&] { stream.seek(-1, SeekOrigin::Begin); }), "");
+    EXPECT_NE(messageOf([&] { stream.write(&buffer, 0, 1000); }), "");
+    EXPECT_NE(messageOf([&] { stream.read(&buffer, -1, 1); }), "");
+    EXPECT_EQ(stream.length(), 9);
+}
+
+TEST(Stream, PositionsMeanTheSameInMemoryAndInAFile) {
+    MemoryStream memory;
+    expectPositions(memory);
+    EXPECT_EQ(memory.getBuffer().view(), std::string_view("abXYef\0\0!", 9));
+    EXPECT_EQ(MemoryStream(ByteArray("abc")).length(), 3);
+
+    const TemporaryFolder folder;
+    FileStream file(folder.wide("new").c_str(), true, true, false);
+    expectPositions(file);
+}
+
+TEST(FileStream, TheOldFileStandsUntilTheNewOneIsComplete) {
+    const TemporaryFolder folder;
+    const std::string name = "\xC3\xA9\xF0\x9F\x98\x80.xml";
+    const std::wstring path = folder.put(name, "old");
+    {
+        FileStream abandoned(path.c_str(), true, true, false);
+        put(abandoned, "new and longer");
+        EXPECT_EQ(folder.bytesOf(name), "old");
+    }
+    EXPECT_EQ(folder.bytesOf(name), "old");
+    EXPECT_EQ(folder.fileCount(), 1);
+
+    FileStream file(path.c_str(), true, true, false);
+    put(file, "new");
+    file.commit();
+    EXPECT_EQ(folder.bytesOf(name), "new");
+    EXPECT_EQ(folder.fileCount(), 1);
+    EXPECT_TRUE(messageOf([&] { put(file, "more"); }).ends_with("not open for writing"));
+}
+
+TEST(FileStream, AFullDiskLosesNothing) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.put("letter.xml", "old");
+    FileStream file(path.c_str(), true, true, false);
+    std::string message;
+    {
+        const SizeLimit full(1000);
+        message = messageOf([&] { put(file, std::string(5000, 'x')); });
+    }
+    EXPECT_TRUE(message.ends_with("letter.xml: File too large")) << message;
+    EXPECT_NE(messageOf([&] { file.commit(); }), "") << "a half-written file must not appear";
+    EXPECT_EQ(folder.bytesOf("letter.xml"), "old");
+    EXPECT_EQ(folder.fileCount(), 1);
+}
+
+TEST(FileStream, MissingRightsAreToldAndRespected) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.put("letter.xml", "old");
+    const std::wstring fresh = folder.wide("fresh.xml");
+    const auto openToRead = [&] { FileStream(path.c_str(), false, false, false); };
+    const testing::ExitedWithCode done(0);
+    EXPECT_EXIT(reportAsOrdinaryUser(openToRead), done, "^$");
+    fs::permissions(folder.path(), fs::perms(0555));
+    EXPECT_EXIT(reportAsOrdinaryUser([&] { save(fresh, "new"); }), done,
+                "/fresh.xml: no file can be made in its folder: Permission denied$");
+    fs::permissions(folder.path(), fs::perms(0777));
+    fs::permissions(path, fs::perms(0444));
+    EXPECT_EXIT(reportAsOrdinaryUser([&] { save(path, "new"); }), done,
+                "/letter.xml: Permission denied$");
+    fs::permissions(path, fs::perms(0));
+    EXPECT_EXIT(reportAsOrdinaryUser(openToRead), done, "/letter.xml: Permission denied$");
+
+    fs::permissions(path, fs::perms(0644));
+    EXPECT_EQ(folder.bytesOf("letter.xml"), "old");
+    EXPECT_EQ(folder.fileCount(), 1);
+}
+
+TEST(FileStream, WhatCannotBeOpenedIsToldByNameAndReason) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.path() / "sub");
+    fs::create_symlink("circle", folder.path() / "circle");
+    EXPECT_EQ(openFault(folder.wide("absent.xml"), false), "absent.xml: No such file or directory");
+    EXPECT_EQ(openFault(folder.wide("sub"), false), "sub: Is a directory");
+    EXPECT_EQ(openFault(folder.wide("sub"), true), "sub: Is a directory");
+    EXPECT_EQ(openFault(folder.wide("circle"), true), "circle: Too many levels of symbolic links");
+    EXPECT_EQ(openFault(L"/dev/null", true), "null: not a regular file");
+    EXPECT_EQ(openFault(L"", true), "the path of the file is empty");
+    EXPECT_EQ(folder.fileCount(), 2);
+}
+
+TEST(FileStream, LinkModeAndOwnerAreKept) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.path() / "sub");
+    folder.put("sub/real.xml", "old");
+    fs::create_symlink("sub/real.xml", folder.path() / "link.xml");
+    fs::create_symlink("sub/absent.xml", folder.path() / "dangling.xml");
+    const std::string real = (folder.path() / "sub/real.xml").string();
+    fs::permissions(real, fs::perms(0600));
+    const bool owned = geteuid() == 0 && chown(real.c_str(), 1234, 1235) == 0;
+
+    save(folder.wide("link.xml"), "new");
+    save(folder.wide("dangling.xml"), "created");
+
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "link.xml"));
+    EXPECT_EQ(folder.bytesOf("sub/real.xml"), "new");
+    EXPECT_EQ(folder.bytesOf("sub/absent.xml"), "created");
+    struct stat status {};
+    ASSERT_EQ(stat(real.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0600U);
+    if (owned) {
+        EXPECT_EQ(status.st_uid, 1234U);
+        EXPECT_EQ(status.st_gid, 1235U);
+    }
+}
+
+} // namespace

@@ -1,0 +1,83 @@
+#include "foundation/SmartPtr.h"
+
+#include "foundation/Object.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Counts how many of its kind are alive.
+struct Counted : Core::Object {
+    Counted() { ++alive; }
+    Counted(const Counted& other) : Core::Object(other) { ++alive; }
+    ~Counted() override { --alive; }
+    Counted& operator=(const Counted&) = default;
+
+    SmartPtr<Counted> next;
+    inline static int alive = 0;
+};
+
+struct Kept : Core::Object {
+    void OnFinalRelease() override { ++finalReleases; }
+    int finalReleases = 0;
+};
+
+TEST(SmartPtr, LastOneTakesTheObjectAlong) {
+    SmartPtr<Counted> first = new Counted;
+    {
+        const SmartPtr<Core::Object> asBase = first;
+        const SmartPtr<Counted> again = first.get();
+        first = again;
+        first = *&first;
+        EXPECT_TRUE(again == first && again == first.get());
+        first = nullptr;
+        EXPECT_EQ(Counted::alive, 1);
+    }
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(SmartPtr, MovesWithoutLettingGo) {
+    SmartPtr<Counted> from = new Counted;
+    SmartPtr<Counted> to = std::move(from);
+    EXPECT_TRUE(from == nullptr && to); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(Counted::alive, 1);
+    to = new Counted;
+    EXPECT_EQ(Counted::alive, 1);
+}
+
+TEST(SmartPtr, TakesWhatOnlyTheOldObjectHolds) {
+    SmartPtr<Counted> head = new Counted;
+    head->next = new Counted;
+    head = head->next;
+    EXPECT_TRUE(head);
+    EXPECT_EQ(Counted::alive, 1);
+    head = nullptr;
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(SmartPtr, CopyOfAnObjectHasOwnersOfItsOwn) {
+    const SmartPtr<Counted> original = new Counted;
+    const SmartPtr<Counted> second = original;
+    {
+        const SmartPtr<Counted> copy = new Counted(*original);
+        *copy = *original;
+    }
+    EXPECT_EQ(Counted::alive, 1);
+}
+
+TEST(SmartPtr, ClassDecidesWhatTheFinalReleaseDoes) {
+    Kept kept;
+    { const SmartPtr<Kept> pointer = &kept; }
+    { const SmartPtr<Kept> pointer = &kept; }
+    EXPECT_EQ(kept.finalReleases, 2);
+}
+
+TEST(SmartPtr, DereferencingNullThrowsAndLogsTheCodeLocation) {
+    const SmartPtr<Counted> null;
+    testing::internal::CaptureStderr();
+    EXPECT_THROW(null->AddRef(), Core::NullPointerException);
+    EXPECT_THROW(static_cast<void>(*null), Core::Exception);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("SmartPtr.h:"), std::string::npos);
+}
+
+} // namespace

@@ -1,0 +1,243 @@
+#include "foundation/String.h"
+
+#include "foundation/Wide.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <clocale>
+#include <random>
+
+using Core::String;
+
+namespace {
+
+constexpr String::Size negative = static_cast<String::Size>(-1);
+
+TEST(String, BuildsFromEveryKindOfText) {
+    EXPECT_EQ(wide(String(static_cast<const wchar_t*>(nullptr))), L"");
+    EXPECT_EQ(wide(String(static_cast<const char*>(nullptr))), L"");
+    EXPECT_EQ(wide(String(L"abc", 2)), L"ab");
+    EXPECT_EQ(wide(String(L"abc", negative)), L"");
+    EXPECT_EQ(wide(String(L'\xA0', 1)), L"\xA0");
+    EXPECT_EQ(wide(String(L'x', negative)), L"");
+    EXPECT_EQ(wide(String("\xC3\xA9")), L"\xC3\xA9");
+    EXPECT_EQ(wide(String::formatS(-2147483647 - 1)), L"-2147483648");
+}
+
+TEST(String, SplitsWideLiteralsIntoSurrogates) {
+    const wchar_t clef[] = {0x1D11E, 0};
+    const std::wstring pair = {0xD834, 0xDD1E};
+    String text = clef;
+    EXPECT_EQ(wide(text), pair);
+    EXPECT_EQ(text.find(clef, 0), 0);
+    EXPECT_EQ(text.compare(clef), 0);
+    EXPECT_TRUE(text.endsIn(clef));
+    text += L'\U0010FFFF';
+    text.insert(0, clef);
+    text.append(clef);
+    EXPECT_EQ(wide(text), pair + pair + std::wstring({0xDBFF, 0xDFFF}) + pair);
+    EXPECT_EQ(text.replaceAll(clef, L"-"), 3);
+    EXPECT_EQ(wide(text), (std::wstring{L'-', L'-', 0xDBFF, 0xDFFF, L'-'}));
+}
+
+TEST(String, CopiesAreIndependent) {
+    String original = L"abc";
+    String copy = original;
+    wchar_t& unit = original[0];
+    const String lateCopy = original;
+    unit = L'X';
+    EXPECT_EQ(wide(original), L"Xbc");
+    EXPECT_EQ(wide(copy), L"abc");
+    EXPECT_EQ(wide(lateCopy), L"abc");
+    copy.reverse(0, 2);
+    copy.erase(0, 1);
+    EXPECT_EQ(wide(copy), L"ba");
+    EXPECT_EQ(wide(original), L"Xbc");
+}
+
+TEST(String, MovedFromTextIsEmptyAndUsable) {
+    String original = L"abc";
+    original[0] = L'X';
+    String target = std::move(original);
+    const String copy = original; // NOLINT(bugprone-use-after-move): that it is safe is the point
+    EXPECT_EQ(wide(copy), L"");
+    target[1] = L'Y';
+    original = std::move(target);
+    EXPECT_EQ(wide(original), L"XYc");
+    EXPECT_EQ(wide(String(target)), L""); // NOLINT(bugprone-use-after-move)
+}
+
+TEST(String, TakesPartsOfItselfAsArguments) {
+    String text = L"abcdef";
+    text = text.c_str() + 2;
+    EXPECT_EQ(wide(text), L"cdef");
+    text.append(text);
+    text += text.c_str() + 6;
+    EXPECT_EQ(wide(text), L"cdefcdefef");
+    text.insert(1, text.c_str() + 8);
+    EXPECT_EQ(wide(text), L"cefdefcdefef");
+    text.replace(0, 11, text);
+    EXPECT_EQ(wide(text), L"cefdefcdefeff");
+    text.insert(0, text);
+    EXPECT_EQ(text.length(), 26);
+    EXPECT_EQ(text.replaceAll(text.c_str(), text.c_str() + 25), 1);
+    EXPECT_EQ(wide(text), L"f");
+    const String& same = text;
+    text = same;
+    EXPECT_EQ(wide(text), L"f");
+}
+
+TEST(String, SlicesIncludeTheirEndAndAreClipped) {
+    const String text = L"abcd";
+    EXPECT_EQ(wide(text.subString(1, 1)), L"b");
+    EXPECT_EQ(wide(text.subString(0, 3)), L"abcd");
+    EXPECT_EQ(wide(text.subString(2, 1)), L"");
+    EXPECT_EQ(wide(text.subString(negative, 1)), L"ab");
+    EXPECT_EQ(wide(text.subString(2, 99)), L"cd");
+    EXPECT_EQ(wide(text.subString(4, 99)), L"");
+    EXPECT_EQ(wide(text.subString(0, negative)), L"");
+    EXPECT_EQ(wide(String().subString(0, 0)), L"");
+}
+
+TEST(String, ChangesInPlaceAreClipped) {
+    String text = L"abcd";
+    text.erase(3, 99);
+    text.erase(99, 1);
+    text.erase(0, negative);
+    EXPECT_EQ(wide(text), L"abc");
+    text.insert(negative, L"<");
+    text.insert(99, L">");
+    EXPECT_EQ(wide(text), L"<abc>");
+    text.replace(4, 99, L"!");
+    text.replace(negative, 1, L"?");
+    EXPECT_EQ(wide(text), L"?abc!");
+    text.reverse(-5, 99);
+    EXPECT_EQ(wide(text), L"!cba?");
+    text.reverse(3, 1);
+    EXPECT_EQ(wide(text), L"!cba?");
+}
+
+TEST(String, EmptyTextAnswersEverything) {
+    String text;
+    const String what = L"a";
+    for (int found : {text.find(L'a', 0), text.find(what, 0), text.find(String(), 0),
+                      text.rFind(L'a'), text.rFind(L'a', 0), text.rFind(what, 0),
+                      text.rFind(String(), 0), text.find(L"", negative), text.rFind(L"", negative)})
+        EXPECT_EQ(found, -1);
+    EXPECT_EQ(text.c_str()[0], L'\0');
+    EXPECT_TRUE(text == L"" && text.compare(L"") == 0 && text.startsWith(text) && text.endsIn(L""));
+    EXPECT_EQ(text.split(L',').size(), 1U);
+    EXPECT_EQ(text.replaceAll(L"", L"x"), 0);
+    text.erase(0, 1);
+    text.reverse(0, 0);
+    text.append(L"");
+    EXPECT_EQ(wide(text.trim() + text.toUpper() + text.substringAfter(L"a")), L"");
+    text.insert(0, L"a");
+    EXPECT_EQ(wide(text), L"a");
+}
+
+TEST(String, SearchesFromTheStartGiven) {
+    const String text = L"<a><b>";
+    EXPECT_EQ(text.rFind(L'>', 2), 2);
+    EXPECT_EQ(text.rFind(L"<b", 3), 3);
+    EXPECT_EQ(text.rFind(L"<b", 2), -1);
+    EXPECT_EQ(text.rFind(L'>', negative), -1);
+    EXPECT_EQ(text.rFind(L'>', 99), 5);
+    EXPECT_EQ(text.find(L'>', 3), 5);
+    EXPECT_EQ(text.find(L'>', 6), -1);
+    EXPECT_EQ(text.find(L"<", negative), -1);
+    EXPECT_EQ(text.find(L"<", 1ULL << 32U), -1); // not cut to 32 bits
+}
+
+TEST(String, CutsAtMarks) {
+    const String name = L"fo:block:x";
+    EXPECT_EQ(wide(name.substringBefore(L":")), L"fo");
+    EXPECT_EQ(wide(name.substringAfter(L":")), L"block:x");
+    EXPECT_EQ(wide(name.substringBefore(L"/")), L"");
+    EXPECT_EQ(wide(name.substringAfter(L"/")), L"fo:block:x");
+    EXPECT_EQ(wide(name.substringAfter(L"x")), L"");
+    const auto pieces = String(L",a,,b,").split(L',');
+    ASSERT_EQ(pieces.size(), 5U);
+    EXPECT_EQ(wide(pieces[0] + L"|" + pieces[1] + L"|" + pieces[2] + L"|" + pieces[3] + pieces[4]),
+              L"|a||b");
+}
+
+TEST(String, ReplacesAllWithoutSearchingWhatItPutIn) {
+    String text = L"aaaa";
+    EXPECT_EQ(text.replaceAll(L"aa", L"aaa"), 2);
+    EXPECT_EQ(wide(text), L"aaaaaa");
+    EXPECT_EQ(text.replaceAll(L"a", L""), 6);
+    EXPECT_EQ(wide(text), L"");
+}
+
+TEST(String, ComparesUnitByUnit) {
+    EXPECT_LT(String(L"a").compare(L"ab"), 0);
+    EXPECT_GT(String(L"\xFFFF").compare(L"a"), 0);
+    EXPECT_NE(String(L"A").compare(L"a"), 0);
+    EXPECT_EQ(String(L"\xC4pfel").compareNoCase(L"\xE4PFEL"), 0);
+    EXPECT_LT(String(L"A").compareNoCase(L"b"), 0);
+}
+
+TEST(String, WhiteSpaceAndCaseDoNotDependOnTheLocale) {
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    for (const char* locale : {"C", "C.UTF-8"}) {
+        ASSERT_TRUE(std::setlocale(LC_ALL, locale));
+        EXPECT_EQ(wide(String(L"\xC4\x416\x3A9Z1").toLower()), L"\xE4\x436\x3C9z1");
+        EXPECT_EQ(wide(String(L"\xE4\x436\x3C9z\xDF").toUpper()), L"\xC4\x416\x3A9Z\xDF");
+        EXPECT_EQ(wide(String(L"\t\n\v\f\r \xA0 x\x2003 \x85 ").trim()), L"\xA0 x\x2003 \x85");
+        EXPECT_FALSE(String::isSpace(L'\x2003') || String::isSpace(8) || String::isSpace(14));
+        EXPECT_FALSE(String::isDigit(L'\x0661') || String::isDigit(L'/') || String::isDigit(L':'));
+    }
+    std::setlocale(LC_ALL, before.c_str());
+}
+
+/// One random change, made to a String and to a std::wstring.
+void changeBoth(String& text, std::wstring& model, std::mt19937& random) {
+    const std::size_t start = random() % (model.size() + 1);
+    const std::size_t count = random() % (model.size() - start + 1);
+    const std::wstring piece(random() % 4, static_cast<wchar_t>(L'a' + random() % 26));
+    switch (random() % 6) {
+    case 0:
+        text.insert(start, piece.c_str());
+        model.insert(start, piece);
+        break;
+    case 1:
+        text.erase(start, count);
+        model.erase(start, count);
+        break;
+    case 2:
+        text.replace(start, count, String(piece));
+        model.replace(start, count, piece);
+        break;
+    case 3:
+        text += piece.c_str();
+        model += piece;
+        break;
+    case 4:
+        text.reverse(static_cast<int>(start), static_cast<int>(start + count) - 1);
+        std::reverse(model.begin() + static_cast<int>(start),
+                     model.begin() + static_cast<int>(start + count));
+        break;
+    default:
+        if (start < model.size())
+            text[static_cast<int>(start)] = model[start] = L'!';
+    }
+}
+
+TEST(String, RandomChangesNeverReachCopies) {
+    std::mt19937 random(1);
+    std::vector<String> texts(6);
+    std::vector<std::wstring> models(6);
+    for (int round = 0; round < 5000; ++round) {
+        const std::size_t from = random() % texts.size();
+        const std::size_t to = random() % texts.size();
+        texts[to] = texts[from];
+        models[to] = models[from];
+        changeBoth(texts[from], models[from], random);
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            ASSERT_EQ(wide(texts[i]), models[i]) << "round " << round;
+    }
+}
+
+} // namespace

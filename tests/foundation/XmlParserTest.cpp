@@ -1,0 +1,190 @@
+#include "XmlTesting.h"
+
+#include "foundation/MemoryStream.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string refusalOf(std::string_view text) {
+    return messageOf([text] { parse(text); });
+}
+
+std::string repeated(std::string_view text, int count) {
+    std::string result;
+    for (int i = 0; i < count; ++i)
+        result += text;
+    return result;
+}
+
+TEST(XmlParser, ADocumentOutlivesItsParser) {
+    SmartPtr<Xml::XmlDocument> document;
+    {
+        Xml::DomParser parser;
+        EXPECT_EQ(parser.getDocument(), nullptr);
+        feed(parser, "<?xml version='1.1'?><a/>");
+        document = parser.getDocument();
+        EXPECT_NE(messageOf([&] { feed(parser, "<a>"); }), "");
+        EXPECT_EQ(parser.getDocument(), nullptr);
+    }
+    EXPECT_EQ(written(document), "<a/>\n");
+    EXPECT_EQ(narrow(document->getVersion()), "1.1");
+}
+
+TEST(XmlParser, EveryEncodingThatTheReaderKnows) {
+    const unsigned char utf16[] = {0xFF, 0xFE, '<', 0, 0xE9, 0, '/', 0, '>', 0};
+    Xml::DomParser parser;
+    parser.parseMemory(utf16, sizeof utf16);
+    EXPECT_EQ(written(parser.getDocument()), "<\xC3\xA9/>\n");
+    EXPECT_EQ(rewritten("<?xml version='1.0' encoding='ISO-8859-1'?><a>\n\xE9</a>"),
+              "<a>\n\xC3\xA9</a>\n");
+}
+
+TEST(XmlParser, AStreamIsReadFromItsPosition) {
+    SmartPtr<Core::IO::Stream> stream(
+        new Core::IO::MemoryStream(Core::ByteArray(std::string_view("skip<a/>"))));
+    stream->seek(4, Core::IO::SeekOrigin::Begin);
+    Xml::DomParser parser;
+    parser.parseStream(stream);
+    EXPECT_EQ(written(parser.getDocument()), "<a/>\n");
+}
+
+TEST(XmlParser, ErrorsTellThePlaceAndTheReason) {
+    EXPECT_EQ(refusalOf("<a>\n  <b>\n</a>"), "3:3: mismatched tag");
+    EXPECT_EQ(refusalOf("<a>"), "1:4: no element found");
+    EXPECT_EQ(refusalOf("<a/><b/>"), "1:5: junk after document element");
+    EXPECT_EQ(refusalOf("<a>\r\n\r\xF0\x9F\x98\x80\xC3\xA9 & </a>"),
+              "3:6: not well-formed (invalid token)");
+    EXPECT_EQ(refusalOf("<a>&nbsp;</a>"), "1:4: undefined entity");
+    EXPECT_EQ(refusalOf("<a b='1' b='2'/>"), "1:10: duplicate attribute");
+    EXPECT_EQ(refusalOf("\n<?xml version='1.0'?><a/>"),
+              "2:1: XML or text declaration not at start of entity");
+}
+
+TEST(XmlParser, ErrorsInAFileNameIt) {
+    std::string path = testing::TempDir() + "XmlParserTest.xml";
+    std::ofstream(path) << "<a>\n</b>";
+    try {
+        Xml::DomParser().parseFile(Core::String(path.c_str()));
+        FAIL() << "accepted";
+    } catch (const Xml::ParseException& exception) {
+        EXPECT_EQ(narrow(exception.getMessage()), path + ":2:3: mismatched tag");
+        EXPECT_EQ(exception.getLine(), 2);
+        EXPECT_EQ(exception.getColumn(), 3);
+    }
+    std::filesystem::remove(path);
+    EXPECT_NE(messageOf([&] { Xml::DomParser().parseFile(Core::String(path.c_str())); }), "");
+}
+
+TEST(XmlParser, NestingIsBounded) {
+    EXPECT_EQ(refusalOf(repeated("<a>", 4096) + repeated("</a>", 4096)), "");
+    std::string reason = "elements are nested more than 4096 deep";
+    EXPECT_EQ(refusalOf(repeated("<a>", 1000000)), "1:12289: " + reason);
+    EXPECT_EQ(refusalOf("<!DOCTYPE a [<!ENTITY e '" + repeated("<a>", 4096) +
+                        repeated("</a>", 4096) + "'>]><a>&e;</a>"),
+              "1:" + std::to_string(25 + 7 * 4096 + 8) + ": " + reason);
+}
+
+TEST(XmlParser, EntitiesOfTheTextAreReplacedWithinBounds) {
+    auto document = parse("<!DOCTYPE a [<!ENTITY e 'x&f;'><!ENTITY f 'y<b/>z'>"
+                          "<!ENTITY g '1'>]><a c='&g;'>\n-&e;-</a>");
+    std::string text = written(document);
+    EXPECT_EQ(text.substr(text.find("]>") + 2), "<a c=\"1\">\n-xy<b/>z-</a>\n");
+    EXPECT_EQ(refusalOf("<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>"),
+              "1:53: recursive entity reference");
+}
+
+TEST(XmlParser, EntityBombsAreRefused) {
+    std::string exponential = "<!DOCTYPE a [<!ENTITY e0 'lol'>";
+    for (int i = 1; i < 30; ++i) {
+        std::string reference = "&e" + std::to_string(i - 1) + ";";
+        exponential += "<!ENTITY e" + std::to_string(i) + " '" + repeated(reference, 10) + "'>";
+    }
+    std::string reason = "the entities expand to too much text";
+    EXPECT_NE(refusalOf(exponential + "]><a>&e29;</a>").find(reason), std::string::npos);
+    EXPECT_NE(refusalOf(exponential + "]><a b='&e29;'/>").find(reason), std::string::npos);
+    std::string quadratic = "<!DOCTYPE a [<!ENTITY e '" + std::string(100000, 'x') + "'>]><a>" +
+                            repeated("&e;", 100000) + "</a>";
+    EXPECT_NE(refusalOf(quadratic).find(reason), std::string::npos);
+}
+
+TEST(XmlParser, EntitiesNestAsDeepAsTheirNumberAllows) {
+    auto chain = [](int count) {
+        std::string text = "<!DOCTYPE a [<!ENTITY e0 'x'>";
+        for (int i = 1; i < count; ++i)
+            text += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
+        std::string last = "&e" + std::to_string(count - 1) + ";";
+        return text + "]><a b='" + last + "'>" + last + "</a>";
+    };
+    auto document = parse(chain(1024));
+    Xml::Element* a = document->getRootNode();
+    EXPECT_EQ(narrow(a->get_child_text()->get_content()), "x");
+    EXPECT_EQ(narrow(a->get_attribute("b")->get_value()), "x");
+    for (int count : {1025, 100000})
+        EXPECT_NE(refusalOf(chain(count)).find("more than 1024 entity declarations"),
+                  std::string::npos);
+}
+
+TEST(XmlParser, NothingIsReadFromOutsideTheText) {
+    std::string path = testing::TempDir() + "XmlParserTest.ent";
+    std::ofstream(path) << "secret";
+    std::string external = "<!DOCTYPE a [<!ENTITY e SYSTEM '" + path + "'>]>";
+    EXPECT_NE(refusalOf(external + "<a>&e;</a>").find("an entity outside the text"),
+              std::string::npos);
+    EXPECT_NE(refusalOf(external + "<a b='&e;'/>").find("external entity"), std::string::npos);
+    EXPECT_EQ(refusalOf(external + "<a/>"), "");
+    std::filesystem::remove(path);
+    // What an unread document type might declare is undeclared.
+    std::string subset = "<!DOCTYPE a SYSTEM 'x.dtd'>";
+    EXPECT_EQ(refusalOf(subset + "<a>&e;</a>"), "1:31: undefined entity");
+    EXPECT_EQ(refusalOf(subset + "<a b='&lt;&#60;&e;'/>"), "1:28: undefined entity");
+    EXPECT_EQ(refusalOf(subset + "<a b='&lt;&#60;'>&amp;</a>"), "");
+}
+
+TEST(XmlParser, EntityReferencesCanBeKept) {
+    Xml::DomParser parser;
+    EXPECT_TRUE(parser.getSubstituteEntities());
+    parser.setSubstituteEntities(false);
+    EXPECT_FALSE(parser.getSubstituteEntities());
+    std::string text = "<!DOCTYPE a [<!ENTITY e 'x'>]><a>\n-&e;&amp;</a>\n";
+    feed(parser, text);
+    EXPECT_EQ(written(parser.getDocument()), text);
+    EXPECT_EQ(messageOf([&] { feed(parser, "<!DOCTYPE a SYSTEM 'x'><a>&f;</a>"); }),
+              "1:27: undefined entity");
+}
+
+TEST(XmlParser, AttributesThatADocumentTypeAddsAreLeftOut) {
+    std::string text = "<!DOCTYPE a [<!ATTLIST a b CDATA 'x'>]><a c=\"1\"/>\n";
+    EXPECT_EQ(rewritten(text), text);
+}
+
+TEST(XmlParser, LineBreaksInAttributesAreKeptOnRequest) {
+    std::string text = "<!DOCTYPE a [<!--\" > -->\n<!ENTITY e '\n'>]>\n<!--\"\n\"--><a\n"
+                       "b='1\r\n2\r3\n\"4'\nc=\"\n\">\"\n\"<?p \"\n\"?><![CDATA[<x a=\"\n\"]]></a>";
+    Xml::DomParser parser;
+    parser.allowNewLineInAttribute(true);
+    feed(parser, text);
+    Xml::Element* a = parser.getDocument()->getRootNode();
+    EXPECT_EQ(narrow(a->get_attribute("b")->get_value()), "1\n2\n3\n\"4");
+    EXPECT_EQ(narrow(a->get_attribute("c")->get_value()), "\n");
+    std::string kept = written(parser.getDocument());
+    parser.allowNewLineInAttribute(false);
+    feed(parser, text);
+    a = parser.getDocument()->getRootNode();
+    EXPECT_EQ(narrow(a->get_attribute("b")->get_value()), "1 2 3 \"4");
+    std::string plain = written(parser.getDocument());
+    EXPECT_EQ(kept.substr(kept.find(">\n\"")), plain.substr(plain.find(">\n\"")));
+}
+
+TEST(XmlParser, KeptLineBreaksDoNotMoveTheErrorsBehindThem) {
+    for (std::string_view text : {"<a b='\r\n\n\r'\n c='x\ny' d='1' d='2'/>", "<a b='\n\n'>\n</c>",
+                                  "<a b='\n\n", "<a b='\n\n'"}) {
+        Xml::DomParser parser;
+        parser.allowNewLineInAttribute(true);
+        EXPECT_EQ(messageOf([&] { feed(parser, text); }), refusalOf(text)) << text;
+    }
+}
+
+} // namespace
