@@ -1,0 +1,231 @@
+#include "foundation/FileStream.h"
+#include "foundation/Wide.h"
+#include "foundation/XmlReader.h"
+#include "text/ReferenceMarkup.h"
+#include "text/XmlProbe.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <filesystem>
+#include <random>
+
+using namespace Core;
+
+namespace {
+
+/// Writes random documents. The names of self-closing tags are their own, so that pairing is that
+/// of real nesting.
+class RandomXml {
+public:
+    RandomXml(unsigned seed, bool withSections) : random_(seed), withSections_(withSections) {}
+
+    XmlProbe document() {
+        return XmlProbe(String(L"<?xml version=\"1.0\"?>\n<r>" + content(0) + L"</r>\n"));
+    }
+
+private:
+    unsigned below(unsigned end) { return static_cast<unsigned>(random_() % end); }
+
+    std::wstring content(int depth) {
+        static const wchar_t* const units[] = {
+            L"a",        L" ",    L";",      L"&amp;",
+            L"&#x00A0;", L"\xA0", L"<x:e/>", L"<e k='1\"' l=\"/\" />",
+            L"<?p q?>"};
+        static const wchar_t* const sections[] = {L"<!-- -c&; -->", L"<![CDATA[ ] d; ]]>"};
+        static const wchar_t* const names[] = {L"c", L"b", L"x:b", L"fo:table-cell",
+                                               L"fo:list-item-body"};
+        std::wstring text;
+        for (unsigned count = below(5) + (depth == 0 ? 2 : 0); count > 0; --count) {
+            if (withSections_ && below(4) == 0) {
+                text += sections[below(2)];
+            } else if (depth < 5 && below(2) == 0) {
+                const std::wstring name = names[below(std::size(names))];
+                text += L"<" + name + (below(2) == 0 ? L"" : L"\n x:k='\"'") + L">";
+                text += content(depth + 1) + L"</" + name + L">";
+            } else {
+                text += units[below(std::size(units))];
+            }
+        }
+        return text;
+    }
+
+    std::mt19937 random_;
+    bool withSections_;
+};
+
+XmlProbe load(const std::filesystem::path& path) {
+    SmartPtr<IO::Stream> file = new IO::FileStream(path.wstring().c_str(), false, false, false);
+    return XmlProbe(IO::XmlReader(file).readToEnd());
+}
+
+std::vector<XmlProbe> randomDocuments(bool withSections) {
+    std::vector<XmlProbe> documents;
+    for (unsigned seed = 0; seed < 60; ++seed)
+        documents.push_back(RandomXml(seed, withSections).document());
+    return documents;
+}
+
+/// Documents that people wrote, and random ones.
+std::vector<XmlProbe> allDocuments() {
+    std::vector<XmlProbe> documents = randomDocuments(true);
+    for (const char* folder : {FORME_CORPUS, FORME_SAMPLES})
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
+            if (entry.path().extension() == ".fo" || entry.path().extension() == ".xml")
+                documents.push_back(load(entry.path()));
+    return documents;
+}
+
+auto rootOf(const std::vector<ReferenceMarkup>& markup) {
+    return std::find_if(markup.begin(), markup.end(),
+                        [](const auto& tag) { return tag.kind == ReferenceMarkup::Opening; });
+}
+
+} // namespace
+
+TEST(ScanProperties, StepsReachTheEndAndLeadBack) {
+    for (const XmlProbe& xml : allDocuments()) {
+        SCOPED_TRACE(wide(xml.text()).substr(0, 1000));
+        const auto markup = parseMarkup(xml.text().view());
+        ASSERT_TRUE(markup);
+        const auto root = rootOf(*markup);
+        const int end = (*markup)[root->partner].start;
+        // An apostrophe in a comment before the root hides the root.
+        const std::wstring_view prolog = xml.text().view().substr(0, root->start);
+        const bool hidden = std::count(prolog.begin(), prolog.end(), L'\'') % 2 == 1;
+        EXPECT_EQ(xml.getFirstEditablePositionInXml(), hidden ? -1 : root->last + 1);
+
+        int from = root->last + 1, tagBefore = root->start;
+        for (auto next = root; from >= 0 && from < end;) {
+            while (next->start < from)
+                tagBefore = next->kind == ReferenceMarkup::Section ? tagBefore : next->start,
+                ++next;
+            const int to = xml.getNextEditablePositionInXml(from);
+            // From behind a section or a plain ">" the step backward goes to the tag before.
+            const bool jumps = xml.commentTagAtPosition(from) || xml.cdataSectionAtPosition(from) ||
+                               xml.text()[from] == L'>';
+            EXPECT_EQ(xml.getPreviousEditablePositionInXml(to), jumps ? tagBefore : from);
+            from = to;
+        }
+        EXPECT_EQ(from, end);
+    }
+}
+
+TEST(ScanProperties, TagsAgreeWithAParser) {
+    for (const XmlProbe& xml : allDocuments()) {
+        SCOPED_TRACE(wide(xml.text()).substr(0, 1000));
+        const auto markup = parseMarkup(xml.text().view());
+        ASSERT_TRUE(markup);
+        int previous = -1;
+        for (auto at = rootOf(*markup); at != markup->end(); ++at) {
+            const ReferenceMarkup& tag = *at;
+            const int partner = (*markup)[tag.partner].start;
+            if (previous >= 0) {
+                EXPECT_EQ(xml.getPreviousTagPosition(tag.start), previous);
+                EXPECT_EQ(xml.getCurrentElementPosition(tag.start),
+                          elementAround(*markup, tag.start));
+            }
+            if (tag.kind == ReferenceMarkup::Opening) {
+                EXPECT_EQ(xml.getClosingTagForTagAtPosition(tag.start), partner);
+            } else if (tag.kind == ReferenceMarkup::Closing && xml.length() < 1000) {
+                EXPECT_EQ(xml.getStartTagForTagAtPosition(tag.start), partner);
+            }
+            if (tag.kind != ReferenceMarkup::Section)
+                previous = tag.start;
+        }
+    }
+}
+
+TEST(ScanProperties, FragmentScansAgreeWhereNoSectionStands) {
+    for (const XmlProbe& xml : randomDocuments(false)) {
+        const String& text = xml.text();
+        for (int at = -3; at < xml.length() + 3; ++at) {
+            EXPECT_EQ(XmlProbe::getNextEditablePositionInXml(at, text),
+                      xml.getNextEditablePositionInXml(at));
+            EXPECT_EQ(XmlProbe::getPreviousTagPosition(at, text), xml.getPreviousTagPosition(at));
+            EXPECT_EQ(XmlProbe::getClosingTagForTagAtPosition(at, text),
+                      xml.getClosingTagForTagAtPosition(at));
+            EXPECT_EQ(XmlProbe::getCurrentElementPosition(at, text),
+                      xml.getCurrentElementPosition(at));
+            EXPECT_EQ(XmlProbe::getCurrentElementName(at, text), xml.getCurrentElementName(at));
+        }
+    }
+}
+
+// Also for texts that are no XML, and positions that are none.
+TEST(ScanProperties, EveryAnswerIsAPositionInTheTextOrNone) {
+    using P = XmlProbe;
+    using Scan = int (EditableXmlBuffer::*)(int) const;
+    using Query = String (EditableXmlBuffer::*)(int) const;
+    static constexpr Scan scans[] = {&P::getNextTagPosition,
+                                     &P::getPreviousTagPosition,
+                                     &P::getClosingTagForTagAtPosition,
+                                     &P::getStartTagForTagAtPosition,
+                                     &P::getNextEditablePositionInXml,
+                                     &P::getPreviousEditablePositionInXml,
+                                     &P::getNextAttributePosition,
+                                     &P::getPreviousAttributePosition,
+                                     &P::getNextAttributeValuePosition,
+                                     &P::getLastPositionInElementContaining,
+                                     &P::getParentElementPosition,
+                                     &P::getNextElementPosition,
+                                     &P::getPreviousElementPosition,
+                                     &P::getFirstChildPosition,
+                                     &P::getSiblingElement,
+                                     &P::getNonBreakingSpacePosition};
+    static constexpr Query queries[] = {&P::getNextTagName,
+                                        &P::getPreviousTagName,
+                                        &P::getNameForAttributeAt,
+                                        &P::getValueForAttributeAt,
+                                        &P::getEscapeCharacterString,
+                                        &P::getNextElementName,
+                                        &P::getCurrentElementStartTagString,
+                                        &P::getCharacterDataForElementAt};
+
+    const auto check = [](const XmlProbe& xml, int at) {
+        const bool valid = !xml.isOnInvalidPosition(at);
+        const auto inText = [&](int answer) {
+            return answer >= -1 && answer <= (valid ? xml.length() : -1);
+        };
+        for (const Scan scan : scans)
+            if (at != xml.length() || scan != Scan(&P::getPreviousEditablePositionInXml)) {
+                EXPECT_TRUE(inText((xml.*scan)(at))) << at << ", scan " << &scan - scans;
+            }
+        for (const Query query : queries)
+            EXPECT_TRUE(valid || (xml.*query)(at).empty()) << at;
+        for (const bool flag : {false, true}) {
+            EXPECT_TRUE(inText(xml.getPreviousNeighborPosition(at, flag)));
+            EXPECT_TRUE(inText(xml.getNextNeighborPosition(at, flag)));
+            EXPECT_TRUE(inText(xml.searchParent(L"b", at, flag, !flag, L"")));
+        }
+        EXPECT_TRUE(inText(xml.getNextChildByName(L"b", at)));
+        EXPECT_TRUE(inText(xml.getElementPositionFromPath(L"/r/b", at)));
+        EXPECT_TRUE(valid || xml.getNamespacesFromAllContainers(at).empty());
+        EXPECT_TRUE(valid || !xml.elementContainsJustNonBreakingSpace(at));
+        EXPECT_TRUE(valid || !xml.isNbspFollowedByCloseElement(at));
+        EXPECT_TRUE(valid || !xml.isLastValidWhiteSpaceBeforeElementClosed(at));
+        EXPECT_TRUE(valid || !EditableXmlBuffer::isInsideStartTag(xml.text(), at));
+        for (const auto type : {xmlComment, xmlCData, xmlProcessingInstruction, xmlElement}) {
+            EXPECT_LE(xml.getElementStartPosition(type, at), xml.length());
+            EXPECT_LE(xml.getElementEndPosition(type, at), xml.length());
+        }
+        EXPECT_LE(P::getClosingTagForTagAtPosition(at, xml.text()), xml.length());
+        EXPECT_TRUE(valid || xml.getNativeText(at, xml.length()).empty());
+        EXPECT_TRUE(at > 0 || xml.getClosingTagsBetweenPositions(0, at).empty());
+    };
+    const auto checkAll = [&](const XmlProbe& xml) {
+        for (int at = -3; at <= xml.length() + 3 && !testing::Test::HasFailure(); ++at)
+            check(xml, at);
+        for (const int at : {INT_MIN, INT_MAX})
+            check(xml, at);
+    };
+    for (const XmlProbe& xml : randomDocuments(true)) {
+        checkAll(xml);
+        // Cut anywhere, it is a text in which nothing can be taken for granted.
+        checkAll(XmlProbe(xml.text().subString(xml.length() / 3, xml.length() * 2 / 3)));
+    }
+    for (const wchar_t* hostile : {L"", L"<", L"</", L"<>", L">", L"]]>", L"&", L"<!--",
+                                   L"</a>]]></a> ", L" <a><![CDATA[", L"<a b='"})
+        checkAll(XmlProbe(hostile));
+}
