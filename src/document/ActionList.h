@@ -1,0 +1,47 @@
+#pragma once
+
+#include "document/EditAction.h"
+
+#include <cstddef>
+#include <memory>
+
+/// The records of one direction of the history, the next to replay at the back. Copies share their
+/// records, so that a snapshot of a long history costs nothing: the list is a chain from the newest
+/// record to the oldest, and a copy is another handle on the same chain.
+class ActionList {
+public:
+    ActionList() = default;
+    ActionList(const ActionList&) = default;
+    ActionList& operator=(ActionList other) noexcept;
+    ~ActionList();
+
+    bool empty() const { return size_ == 0; }
+    std::size_t size() const { return size_; }
+
+    void pushBack(const EditAction& action);
+    EditAction takeBack();
+    /// Removes the oldest record.
+    void dropFront();
+    void clear();
+
+    /// Calls `visit` with each record from the newest to the oldest, as long as it answers true.
+    template <typename Visit>
+    void forEachFromBack(Visit visit) const {
+        const Node* node = newest_.get();
+        for (std::size_t i = 0; i < size_ && visit(node->action); ++i)
+            node = node->older.get();
+    }
+
+private:
+    struct Node {
+        EditAction action;
+        std::shared_ptr<Node> older;
+    };
+
+    static void release(std::shared_ptr<Node> chain);
+    void cutDropped();
+
+    std::shared_ptr<Node> newest_;
+    std::size_t size_ = 0;
+    std::size_t dropped_ = 0; // records behind the oldest that the chain still holds
+};

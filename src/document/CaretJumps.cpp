@@ -1,0 +1,163 @@
+// The caret on its way to a page sequence, a region or a reference.
+
+#include "document/EditableDocumentBuffer.h"
+
+#include "document/CaretWalk.h"
+#include "document/FreezeNotifications.h"
+#include "text/XmlScan.h"
+
+using Core::String;
+using Core::StringArray;
+
+namespace {
+
+const StringArray& pageGenerators() {
+    static const StringArray names{L"fo:page-sequence", L"qf:insert-document",
+                                   L"qfd:page-sequence-repeat"};
+    return names;
+}
+
+const StringArray& pageMasters() {
+    static const StringArray names{L"fo:simple-page-master", L"fo:page-sequence-master"};
+    return names;
+}
+
+const StringArray& pageMasterReferences() {
+    static const StringArray names{L"fo:single-page-master-reference",
+                                   L"fo:repeatable-page-master-reference",
+                                   L"fo:conditional-page-master-reference"};
+    return names;
+}
+
+const StringArray& sideRegions() {
+    static const StringArray names{L"fo:region-before", L"fo:region-after", L"fo:region-start",
+                                   L"fo:region-end"};
+    return names;
+}
+
+} // namespace
+
+// Flows
+
+void EditableDocumentBuffer::moveCaretToFirstFoFlow() {
+    FreezeNotifications freeze(this);
+    const int first = getNextValidCaretPos(getFirstEditablePositionInXml());
+    setCaret(false, getNextPositionAdjustedToFoFlow(first));
+}
+
+void EditableDocumentBuffer::resetCaretFromStaticContent() {
+    if (staticContentAround(caretPos_) >= 0)
+        moveCaretToFirstFoFlow();
+}
+
+bool EditableDocumentBuffer::moveCaretToPageSequence(int index) {
+    const int flow = firstFlowOf(getPageSequencePosition(index));
+    const int stop = getNextValidCaretPos(flow);
+    if (flow < 0 || stop <= flow || stop > getClosingTagForTagAtPosition(flow))
+        return false;
+    setCaretPos(false, stop);
+    return true;
+}
+
+bool EditableDocumentBuffer::moveCaretToReference(int sequenceIndex, int offset) {
+    if (sequenceIndex == -1)
+        return false;
+    if (offset < 1)
+        return moveCaretToPageSequence(sequenceIndex);
+    const int flow = firstFlowOf(getPageSequencePosition(sequenceIndex));
+    const int start = getNextEditablePositionInXml(flow);
+    if (start < 0 || offset > getClosingTagForTagAtPosition(flow) - start)
+        return false;
+    const int target = outsideMarkup(start + offset);
+    if (target < start || !inEditableElement(target))
+        return false;
+    FreezeNotifications freeze(this);
+    setCaret(false, target);
+    return true;
+}
+
+/// The position, or where it lies inside a tag or an entity the nearest stop before it.
+int EditableDocumentBuffer::outsideMarkup(int position) const {
+    const int start = XmlScan::unitStart(text_.view(), position);
+    if (start == position || CaretWalk(*this, start).isStop())
+        return start;
+    return getPreviousValidCaretPos(start);
+}
+
+// Static regions
+
+void EditableDocumentBuffer::moveCaretToFirstStaticRegion() {
+    for (int generator = getNextPageSeq(0); generator >= 0; generator = getNextPageSeq(generator)) {
+        const String master =
+            getPropertiesFromElementAt(generator).getPropertyValue(L"fo:master-reference");
+        const String region = getFirstPageRegionNameFromMaster(master);
+        const int stop = getFirstEditPosInStaticContent(region, generator);
+        if (stop < 0)
+            continue;
+        setCaretPos(false, stop);
+        return;
+    }
+}
+
+void EditableDocumentBuffer::moveCaretToStaticRegion(const String& flowName, int sequenceIndex) {
+    const int stop =
+        getFirstEditPosInStaticContent(flowName, getPageSequencePosition(sequenceIndex));
+    if (stop >= 0)
+        setCaretPos(false, stop);
+}
+
+int EditableDocumentBuffer::getFirstEditPosInStaticContent(const String& flowName,
+                                                           int generator) const {
+    const int end = getClosingTagForTagAtPosition(generator);
+    int content = getNextElementByName(L"fo:static-content", generator);
+    while (content >= 0 && content < end) {
+        const int closing = getClosingTagForTagAtPosition(content);
+        if (getPropertiesFromElementAt(content).getPropertyValue(L"fo:flow-name") == flowName) {
+            const int stop = getNextValidCaretPos(content);
+            if (stop >= 0 && stop <= closing)
+                return stop;
+        }
+        content = getNextElementByName(L"fo:static-content", closing);
+    }
+    return -1;
+}
+
+String EditableDocumentBuffer::getFirstPageRegionNameFromMaster(const String& masterName) const {
+    int master = pageMasterNamed(masterName);
+    if (getNameForTagAtPosition(master, true) == L"fo:page-sequence-master") {
+        const int reference = getFirstElementByName(pageMasterReferences(), master);
+        master = pageMasterNamed(
+            getPropertiesFromElementAt(reference).getPropertyValue(L"fo:master-reference"));
+    }
+    const int region = getFirstElementByName(sideRegions(), master);
+    if (region < 0 || region > getClosingTagForTagAtPosition(master))
+        return {};
+    const String name = getPropertiesFromElementAt(region).getPropertyValue(L"fo:region-name");
+    return name.empty() ? L"xsl-" + getNameForTagAtPosition(region, false) : name;
+}
+
+int EditableDocumentBuffer::pageMasterNamed(const String& name) const {
+    int master = getFirstElementByName(pageMasters(), getLayoutMasterSetPosition());
+    while (master >= 0 &&
+           getPropertiesFromElementAt(master).getPropertyValue(L"fo:master-name") != name)
+        master = getFirstElementByName(pageMasters(), master);
+    return master;
+}
+
+// Page sequences
+
+int EditableDocumentBuffer::getNextPageSeq(int position) const {
+    return getFirstElementByName(pageGenerators(), position);
+}
+
+int EditableDocumentBuffer::getPageSequencePosition(int index) const {
+    int generator = index < 0 ? -1 : getNextPageSeq(0);
+    for (int i = 0; i < index && generator >= 0; ++i)
+        generator = getNextPageSeq(generator);
+    return generator;
+}
+
+int EditableDocumentBuffer::firstFlowOf(int generator) const {
+    const int flow = getNextElementByName(L"fo:flow", generator);
+    return flow < getClosingTagForTagAtPosition(generator) ? flow : -1;
+}

@@ -1,0 +1,92 @@
+#include "document/EditActionStack.h"
+
+#include "foundation/Exception.h"
+
+#include <algorithm>
+#include <utility>
+
+void EditActionStack::addAction(const EditAction& action) {
+    if (action.getString().empty() && action.getType() != EditAction::EditCaret)
+        return;
+    if (undoActions_.size() + 1 > static_cast<std::size_t>(limit_) && !undoActions_.empty())
+        undoActions_.dropFront();
+    track(action);
+    undoActions_.pushBack(action.inverse());
+    redoActions_.clear();
+}
+
+EditAction EditActionStack::getUndoAction() {
+    return moveBack(undoActions_, redoActions_);
+}
+
+EditAction EditActionStack::getRedoAction() {
+    return moveBack(redoActions_, undoActions_);
+}
+
+EditAction EditActionStack::moveBack(ActionList& from, ActionList& to) {
+    if (from.empty())
+        throw Core::Exception(L"history: nothing to undo or redo");
+    const EditAction action = from.takeBack();
+    to.pushBack(action.inverse());
+    track(action);
+    return action;
+}
+
+bool EditActionStack::nextUndoStepIsWhole() const {
+    int depth = 0;
+    undoActions_.forEachFromBack([&depth](const EditAction& action) {
+        if (action.getType() == EditAction::EditGroupEnd)
+            ++depth;
+        else if (action.getType() == EditAction::EditGroupStart)
+            --depth;
+        return depth > 0;
+    });
+    return depth <= 0;
+}
+
+void EditActionStack::startActionGroup() {
+    undoActions_.pushBack(EditAction(EditAction::EditGroupStart));
+}
+
+void EditActionStack::endActionGroup() {
+    undoActions_.pushBack(EditAction(EditAction::EditGroupEnd));
+}
+
+unsigned EditActionStack::openGroup() {
+    startActionGroup();
+    openGroups_.push_back(++lastGroup_);
+    return lastGroup_;
+}
+
+void EditActionStack::closeGroup(unsigned group) {
+    const auto open = std::find(openGroups_.begin(), openGroups_.end(), group);
+    if (open == openGroups_.end())
+        return;
+    openGroups_.erase(open);
+    endActionGroup();
+}
+
+void EditActionStack::restore(const EditActionStack& earlier) {
+    const unsigned lastGroup = lastGroup_;
+    *this = earlier;
+    lastGroup_ = lastGroup;
+}
+
+void EditActionStack::clearStack() {
+    undoActions_.clear();
+    redoActions_.clear();
+    openGroups_.clear();
+}
+
+int EditActionStack::retrieveTrackingPos() {
+    return std::exchange(trackingPos_, -1);
+}
+
+void EditActionStack::track(const EditAction& performed) {
+    if (trackingPos_ < 0 || trackingPos_ < performed.getActionPosition())
+        return;
+    if (performed.getType() == EditAction::EditInsert)
+        trackingPos_ += performed.getString().length();
+    else if (performed.getType() == EditAction::EditDelete)
+        trackingPos_ -= performed.getString().length();
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "document/ActionList.h"
+#include "document/EditAction.h"
+#include "foundation/Api.h"
+
+#include <vector>
+
+/// Undo and redo as two lists of records. What is stored are inverses: the undo list holds what
+/// must be done to undo, so that a replay needs no knowledge of the commands. Copies share their
+/// records.
+class FORME_API EditActionStack {
+public:
+    /// `limit` is the largest count of undo entries, group markers included.
+    explicit EditActionStack(int limit) : limit_(limit) {}
+
+    /// Records a performed action and forgets what could be redone. An empty text is no record,
+    /// unless the action is of the caret. At the limit the oldest entry goes, whatever it is.
+    void addAction(const EditAction& action);
+
+    /// Take the next entry and put its counterpart on the other list. An empty list raises
+    /// Core::Exception.
+    EditAction getUndoAction();
+    EditAction getRedoAction();
+
+    bool hasMoreUndoActions() const { return !undoActions_.empty(); }
+    bool hasMoreRedoActions() const { return !redoActions_.empty(); }
+
+    /// Whether the next undo step still has its beginning, which the limit may have trimmed away.
+    bool nextUndoStepIsWhole() const;
+
+    /// Put a bare marker on the undo list. Neither the limit nor the redo list is touched.
+    void startActionGroup();
+    void endActionGroup();
+
+    void clearUndoActionList() { undoActions_.clear(); }
+    void clearRedoActionList() { redoActions_.clear(); }
+    /// Empties both lists. A group that is open adds nothing more when its scope ends.
+    void clearStack();
+
+    /// From now on keeps the offset valid across the actions recorded and replayed.
+    void startTrackingPos(int position) { trackingPos_ = position; }
+    /// The tracked offset, -1 if there is none; it is tracked no longer.
+    int retrieveTrackingPos();
+
+private:
+    friend class EditActionGroup;
+    friend class EditableDocumentBufferState;
+
+    /// Goes back to a copy made earlier. Numbers of groups are never used twice.
+    void restore(const EditActionStack& earlier);
+
+    /// Groups that are open, by number. A snapshot keeps the list, so that a group opened after it
+    /// adds no end marker once the snapshot is restored.
+    unsigned openGroup();
+    void closeGroup(unsigned group);
+
+    EditAction moveBack(ActionList& from, ActionList& to);
+    void track(const EditAction& performed);
+
+    ActionList undoActions_;
+    ActionList redoActions_;
+    int limit_;
+    int trackingPos_ = -1;
+    std::vector<unsigned> openGroups_;
+    unsigned lastGroup_ = 0;
+};

@@ -1,0 +1,515 @@
+#pragma once
+
+#include "document/EditAction.h"
+#include "document/EditActionGroup.h"
+#include "document/EditActionStack.h"
+#include "document/IEditableBufferMonitor.h"
+#include "foundation/Api.h"
+#include "foundation/Object.h"
+#include "foundation/PropertyCollection.h"
+#include "foundation/SmartPtr.h"
+#include "foundation/String.h"
+#include "foundation/Vector.h"
+#include "text/EditableXmlBuffer.h"
+
+#include <memory>
+
+namespace BufferAlgorithms {
+class WhitespaceAlg;
+}
+
+struct PlaceholderRepair;
+
+/// How a document is saved.
+enum class DocumentEncoding {
+    Utf8 = 1,         ///< UTF-8 without a byte order mark
+    Utf8WithMark = 2, ///< UTF-8 with a byte order mark
+    Utf16WithMark = 3 ///< UTF-16 little-endian with a byte order mark
+};
+
+/// What selected text is read as.
+enum class TextFormat { Plain = 0, Native = 2 };
+
+/// A document that is being edited: its text, the caret and the selection, the history, and the
+/// monitor that hears of changes. The text is one XML text that is never reserialised; commands
+/// edit it in place.
+///
+/// A host makes one for each open document and holds it through a SmartPtr. It sets the names (root
+/// and editable elements), gives it text, sets its monitor, and then passes on what the user does.
+/// Each call runs to its end on the caller's thread; one thread at a time may use a buffer.
+///
+/// Positions count 16-bit code units; -1 means none. A command that cannot act changes nothing:
+/// text, caret and history stay as they are and no notice is given. Only file access raises, a
+/// Core::Exception.
+class FORME_API EditableDocumentBuffer : public EditableXmlBuffer {
+public:
+    /// An empty document without a caret, with no names registered.
+    EditableDocumentBuffer();
+    ~EditableDocumentBuffer() override;
+
+    EditableDocumentBuffer(const EditableDocumentBuffer&) = delete;
+    EditableDocumentBuffer& operator=(const EditableDocumentBuffer&) = delete;
+
+    // Setting up. A host's standard setup is the root "qfd:document"; the editable elements
+    // "fo:block", "fo:inline", "fo:wrapper", "fo:basic-link", "fo:bidi-override" and "qf:form"; and
+    // of these inline: "fo:inline", "fo:wrapper", "fo:basic-link" and "fo:bidi-override".
+
+    /// Registers a name, with prefix, in which the caret may stand; one that is registered already
+    /// stays.
+    void addEditableElement(const Core::String& name);
+    /// Registers an editable name as inline.
+    void addInlineEditableElement(const Core::String& name);
+
+    bool isInlineEditableElementName(const Core::String& name) const;
+    /// Whether the name is "/" and an inline editable name.
+    bool isInlineEditableElementClosingTagName(const Core::String& name) const;
+    /// Whether the name is editable and not inline.
+    bool isBlockEditableElementName(const Core::String& name) const;
+
+    // The monitor, which is not owned and must outlive the buffer or be set to null
+
+    void setMonitor(IEditableBufferMonitor* monitor) { monitor_ = monitor; }
+    IEditableBufferMonitor* getMonitor() const { return monitor_; }
+    void notifyBufferChanged();
+    void notifyCaretChanged();
+    void notifySelectionChanged();
+
+    // The text
+
+    Core::String getContent() const { return text_; }
+
+    /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. With
+    /// `resetHistory` nothing can be undone afterwards. Without, the replacement is recorded as two
+    /// entries, the old text and the new: a caller that wants one undo step brackets the call with
+    /// an EditActionGroup.
+    void setContent(const Core::String& content, bool resetHistory);
+
+    /// Loads a file and forgets the history. The encoding is told by the file's byte order mark,
+    /// else by its XML declaration, else it is UTF-8. Throws Core::Exception with path, byte offset
+    /// and reason when the file cannot be read; the buffer is then as before.
+    void setContentFromFile(const Core::String& path);
+
+    /// Writes the text as it stands; the XML declaration is not adjusted. The file appears whole or
+    /// not at all: on failure it throws Core::Exception and an old file is as before. Any other
+    /// encoding than the three writes nothing.
+    void saveToFile(const Core::String& path, DocumentEncoding encoding) const;
+
+    /// Sets the encoding that the XML declaration names, if one opens the text. What can be no name
+    /// of an encoding is refused. One undo step.
+    void changeXmlEncoding(const Core::String& encoding);
+
+    /// Sets one declaration, xmlns:x="uri", on the root element; answers by how much the text
+    /// behind it moved. Anything else is refused with 0. One undo step.
+    int updateRootNamespaces(const Core::String& declaration);
+
+    /// The namespace declarations in scope at the caret, each with a blank before it.
+    Core::String getNamespaces() const;
+
+    /// Whether the root set is "qfd:document" or "fo:root".
+    bool isQFDDocument() const;
+    bool isFODocument() const;
+
+    int getLayoutMasterSetPosition() const;
+    int getQFDTemplateDefsPosition() const;
+    /// The text from `position` up to the page masters, closed as a document: with the root's
+    /// position, the template definitions alone. Empty without page masters behind the position.
+    Core::String getQFDTemplateDefsString(int position) const;
+    /// The offset just after the page masters; -1 if there are none.
+    int getFirstPageGeneratorPos() const;
+    /// What stands behind the page masters up to the end of the last fo:page-sequence, in the
+    /// root's tags. Empty without one.
+    Core::String getAllPageSequencesWrappedInRoot() const;
+
+    // Undo and redo
+
+    /// One step back or forth: the outermost group, or one record outside any. A step whose
+    /// beginning was trimmed away at the limit of 10000 records is dropped and ends the history.
+    void undo();
+    void redo();
+    /// Whether the list holds anything; group markers count.
+    bool canUndo() const { return editActionStack_.hasMoreUndoActions(); }
+    bool canRedo() const { return editActionStack_.hasMoreRedoActions(); }
+
+    /// Ends a run of typing, so that what is typed next is a step of its own.
+    void endKeyTypingSequence() { keyTypingGroup_.reset(); }
+
+    /// The history, for those who bracket several operations or keep an offset valid across them.
+    EditActionStack& getEditActionStack() { return editActionStack_; }
+
+    // The primitives, which change the text and adjust the caret, and record nothing: whoever calls
+    // them pushes the matching EditAction. A position outside the text changes nothing.
+
+    /// Inserts before `position`, which may be the length of the text. A caret or pivot at or
+    /// behind it moves along.
+    void insertXmlTextAtPosition(int position, const Core::String& xml);
+    /// Removes from `start` through `end`, both included; answers what was removed. A caret within
+    /// goes to `start`, but one exactly on `end` to `start - 1`.
+    Core::String deleteXmlText(int start, int end);
+    /// Removes from `start` up to but excluding `end`, which must be a valid offset, and puts the
+    /// caret to `start`; answers what was removed.
+    Core::String deleteContentAndAdjustCaret(int start, int end);
+
+    // The caret and the selection, which runs from the pivot to the caret
+
+    int getCaretPos() const { return caretPos_; }
+    /// Equal to the caret when nothing is selected.
+    int getSelectionPivotPos() const { return selectionPivotPos_; }
+
+    /// Puts the caret to a position, -1 for none; with `extend` the pivot stays. Refused inside
+    /// markup, and where the selection would leave its flow or static content. Ends a run of
+    /// typing.
+    void setCaretPos(bool extend, int position);
+
+    // Moving the caret. A move that finds no target leaves it where it is, but for those that say
+    // otherwise. With `extend` the pivot stays, so that the move selects; a selection never leaves
+    // its flow or static content.
+
+    /// To the next or the previous stop; an object such as a graphic is passed whole. A caret in a
+    /// flow goes from flow to flow, one in a static content stays there; in a table it follows the
+    /// page, where the footer comes behind the body, and does not select on these jumps. Without
+    /// `extend` a selection collapses to its end in that direction, which is the whole move. With
+    /// `mergeBoundaries` two stops that only the edge of an inline lies between count as one. Ends
+    /// a run of typing. With `byWord` nothing happens: words are not walked here.
+    void moveCaretLeft(bool extend, bool byWord, bool mergeBoundaries);
+    void moveCaretRight(bool extend, bool byWord, bool mergeBoundaries);
+
+    /// To the first or the last stop with text of the static content around the caret, or from
+    /// anywhere else of the document's flows. Without such a stop there is no caret afterwards.
+    /// While page masters are edited, the end is that of a static content only.
+    void moveCaretHome(bool extend);
+    void moveCaretToEnd(bool extend);
+
+    /// To the first stop of the first flow; without one there is no caret afterwards.
+    void moveCaretToFirstFoFlow();
+    /// The same, for a caret in a static content only.
+    void resetCaretFromStaticContent();
+
+    /// To the first stop in the flow of a page sequence, repeat or inserted document, which are
+    /// counted from 0; answers whether there is one.
+    bool moveCaretToPageSequence(int index);
+    /// `offset` units behind the start of that flow's content, or where that is inside markup to
+    /// the nearest stop before; an offset below 1 is the flow's first stop. Answers false for a
+    /// place outside the flow or every editable element.
+    bool moveCaretToReference(int sequenceIndex, int offset);
+
+    /// To the first side region, in the order of the page masters, that has a stop.
+    void moveCaretToFirstStaticRegion();
+    /// To the static content with that flow name in the page sequence with that index.
+    void moveCaretToStaticRegion(const Core::String& flowName, int sequenceIndex);
+
+    // Selecting
+
+    bool hasSelectedText() const { return caretPos_ != selectionPivotPos_; }
+    /// Whether the offset lies from the selection's lower end through its upper end, both included.
+    bool offsetIsInSelection(int offset) const;
+    /// Collapses the selection onto the caret. Ends a run of typing.
+    void resetSelection();
+    /// Selects the element around the caret with its tags.
+    void selectCurrentElement();
+    /// Selects the element that the path names among those around the caret, without its closing
+    /// tag.
+    void selectElement(const Core::String& path);
+    /// Extends the selection over the element whose start tag the caret is on.
+    void selectElementStartingAtCaretPosition();
+    /// Grows the selection outward: to the content of the element around the caret, then with each
+    /// further call to the next enclosing element.
+    void selectParent();
+    /// Lets the next selectParent() begin with the innermost element again.
+    void resetSelectionOfElement();
+    /// The selected text, plain or as well-formed markup; empty without a selection. In plain text
+    /// entities stay as they are and each tag that breaks the line gives a line feed.
+    Core::String getSelectionAs(TextFormat format) const;
+    /// The text of the element that the path names. The caret comes back, an earlier selection is
+    /// lost, and the monitor hears of the caret on its way.
+    Core::String getSelectionAs(TextFormat format, const Core::String& path);
+
+    // Typing. A text that would break the markup is taken back whole, also from the history.
+
+    /// Inserts text at the caret in the place of what is selected: plain text, which is escaped, or
+    /// markup. A run of plain insertions is one undo step. With `selectInserted` what was inserted
+    /// is selected. False where nothing can be inserted: no caret, a list label, an empty text.
+    bool insertText(const Core::String& text, bool isXml, bool selectInserted);
+    /// Inserts text with formatting: an inline of its own or, in an element that holds only its
+    /// placeholder, properties of that element.
+    void insertText(const Core::String& text, const PropertyCollection& properties, bool isXml,
+                    bool selectInserted);
+    /// Moves the caret and inserts there, as one undo step. False where the caret cannot stand.
+    bool insertTextAtPosition(int position, const Core::String& text, bool isXml,
+                              bool selectInserted);
+    /// Inserts "<qf:tab/>" in an editable element.
+    void insertTab();
+    /// Replaces the markup from `start` through `end`, both included. One undo step.
+    void replaceXmlText(int start, int end, const Core::String& xml);
+    /// The markup pretty-printed for insertion at the position: each tag on a line of its own,
+    /// indented by as many tabs as elements are around it.
+    Core::String indentXmlText(const Core::String& xml, int position) const;
+
+    // Deleting. Tags are never left unmatched: what a range holds whole goes, and of an element
+    // that it cuts only content goes. What is emptied keeps a place for the caret.
+
+    /// Deletes from `from` up to but excluding `to`, whatever is selected, and puts the caret to
+    /// `from`; with `keepSelection` the selection comes back. A `from` of -1 clears the caret and
+    /// deletes nothing. Refused where a position lies inside markup or `to` is not behind `from`.
+    /// One undo step.
+    void deleteContentAtPosition(bool keepSelection, int from, int to);
+    /// Moves a position back over the indentation before it: tabs, and then one line feed.
+    void deleteSpacesBetweenTags(int& position) const;
+    /// Whether something is selected and not both of its ends lie in the same table, which is true
+    /// also where neither lies in one.
+    bool selectionCrossTable() const;
+    /// Whether the caret lies in a fo:block-container, with both ends of the selection, if any,
+    /// valid.
+    bool entireSelectionisInTheSameFloatingRegion() const;
+
+    /// While set, the caret may only stand in static content.
+    void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
+    bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
+    /// While set, there is no caret.
+    void setEditingDummyPage(bool on) { editingDummyPage_ = on; }
+    bool isEditingDummyPage() const { return editingDummyPage_; }
+
+    // The initial position, which travels in the document as the id of the block or inline where
+    // reading should start
+
+    /// Stores the block or inline around the caret, or with `save` false forgets what is stored.
+    /// One undo step.
+    void saveInitialPosition(bool save);
+    /// Puts the caret to the stored place. The search starts at the caret, so call it right after
+    /// loading.
+    void loadInitialPosition();
+
+    // The cached table around the caret, to be brought up to date from the host's monitor
+
+    void updateCacheOnBufferChange();
+    void updateCacheOnCaretChange();
+    void updateCacheOnSelectionChange();
+    bool tableBufferCacheNull() const { return !tableBufferCache_; }
+    void updateTableBufferCache();
+
+protected:
+    // Replay
+
+    /// Performs one record of the history.
+    void executeAction(const EditAction& action);
+
+    // The caret
+
+    /// Whether the caret may stand there: in an editable element, or directly before or behind a
+    /// table.
+    bool canHoldCaret(int position) const;
+    bool isEditableElementAtPosition(int position) const;
+    bool inEditableElement(int position) const;
+    bool elementIsEditable(int position) const { return isEditableElementAtPosition(position); }
+    bool elementIsEditable(const Core::String& name) const;
+
+    /// The next or the previous stop: the nearest offset that can hold the caret and is not skipped
+    /// because nothing shows there. -1 if there is none or the position lies outside the text. With
+    /// `wrap` the walk goes on from the other end of the document, up to where it began. With
+    /// `mergeBoundaries` two stops that only the edge of an inline lies between count as one.
+    int getNextEditablePositionInFo(int position, bool wrap, bool mergeBoundaries) const;
+    int getPreviousEditablePositionInFo(int position, bool wrap, bool mergeBoundaries) const;
+    /// The same without wrapping and merging.
+    int getNextValidCaretPos(int position) const;
+    int getPreviousValidCaretPos(int position) const;
+    /// The position if it lies in a flow, else the nearest stop in that direction that does; -1 if
+    /// there is none.
+    int getNextPositionAdjustedToFoFlow(int position) const;
+    int getPreviousPositionAdjustedToFoFlow(int position, bool mergeBoundaries) const;
+
+    /// Moves the position over what is skipped, up to the first offset that is not. Answers whether
+    /// another element was met; with `crossElements` false the step into it is not taken.
+    bool skipSpacesBackwards(int& position, bool crossElements) const;
+    bool skipSpacesFromPos(int& position, bool crossElements) const;
+
+    /// Whether the element's tags hold nothing but white space and editable elements of which the
+    /// same is true. A placeholder is something.
+    bool elementContainsJustWhitespacesOrVoid(int element) const;
+    /// Whether the caret is at the first stop of its current element or, with `forward`, at the
+    /// last.
+    bool isBoudaryEditablePosition(bool forward) const;
+
+    /// Moves a caret that stands where none can to the next stop, else to the previous.
+    void adjustCaretToAnEditablePosition();
+
+    /// The first stop in a static content of the page sequence that has that flow name; -1 if none.
+    int getFirstEditPosInStaticContent(const Core::String& flowName, int generator) const;
+    /// The name of the first side region of a page master or, of one that refers to others, of the
+    /// first of these; empty if it has none.
+    Core::String getFirstPageRegionNameFromMaster(const Core::String& masterName) const;
+
+    /// The next page sequence, repeat or inserted document behind the position; -1 if none.
+    int getNextPageSeq(int position) const;
+    /// The one with that index, counted from 0; -1 if there are fewer.
+    int getPageSequencePosition(int index) const;
+
+    /// Sets the caret, with the checks that the editing modes and the selection ask for.
+    void setCaret(bool extend, int position);
+
+    // The selection
+
+    int getSelectionStartIndex() const;
+    /// The last selected offset; without a selection the caret.
+    int getSelectionEndIndex() const;
+    bool isElementSelected(const Core::String& name) const;
+    /// Whether the range, its end excluded, is all that stands between an element's tags.
+    bool selectionIsEntireElementContent(int start, int end) const;
+    /// The path of the tag at the position, its own name last.
+    Core::String getSelectedElementPath(int position) const;
+    /// The text of a range without its tags; `end` is excluded.
+    Core::String getPlainText(int start, int end) const;
+
+    // Typing
+
+    /// What was inserted, the end excluded.
+    struct InsertedRange {
+        int start;
+        int end;
+    };
+
+    InsertedRange insertTextAtEditablePosition(int position, Core::String& text);
+    InsertedRange insertXmlTextAtEditablePosition(int position, const Core::String& xml);
+    /// A blank typed at the caret, kept visible: blanks alternate with non-breaking spaces.
+    InsertedRange handleInsertedSpace(const Core::String& text);
+    /// Removes the placeholder of an element that something is being typed into.
+    void handleElementsContainingJustNonBreakingSpaces(int position);
+
+    // Deleting
+
+    /// Removes the selection or, without one, the unit at the caret. With `listHandled` lists are
+    /// treated as any other element. The answer is empty: what was removed goes to the history
+    /// piece by piece.
+    Core::String deleteSelection(bool listHandled);
+    /// The same for the range from `start` up to but excluding `end`. Afterwards `start` is where
+    /// the caret belongs and `end` where the text behind the range begins.
+    Core::String deleteSelectedXmlText(int& start, int& end, bool listHandled);
+    /// Removes from the list around `start` what lies before `end`, and moves both along. Answers
+    /// an offset from which on the list holds nothing more to remove.
+    int eraseListSelection(int& start, int& end);
+
+    /// Puts a placeholder into the element at the position if nothing shows in it. With
+    /// `removeEmptyInlines` an inline goes instead, and the same is asked of its parent. Answers
+    /// whether the text changed.
+    bool handleElementsContainingJustWhiteSpaces(int position, bool removeEmptyInlines);
+    /// Whether the element has but one stop before its end.
+    bool editableElementContainsJustOneMoreChar(int element) const;
+    /// Whether a block begins at the position that stands directly in a block.
+    bool imbricatedBlocksContext(int position) const;
+    /// Whether one placeholder touches the position and is all that stands between two line breaks.
+    /// `isCharacter` tells that it is U+00A0 and no entity, `follows` that it stands at the
+    /// position and not before; otherwise they mean nothing.
+    bool singleNbspBetweenLineBreakTags(int position, bool& isCharacter, bool& follows) const;
+
+    // Attributes as properties
+
+    /// The attributes of the tag at the position; one without a prefix gets its element's.
+    PropertyCollection getPropertiesFromElementAt(int element) const;
+    /// Merges the properties into the tag's attributes, new values winning, and declares what
+    /// namespaces they need on the root. Answers by how much the text behind the tag moved. One
+    /// undo step.
+    int setPropertiesForElementAt(int element, PropertyCollection properties);
+    /// Removes all attributes; answers their text. One undo step.
+    Core::String clearPropertiesForElementAt(int element);
+
+private:
+    friend class EditableDocumentBufferState;
+    friend class CaretWalk;
+    friend class BufferAlgorithms::WhitespaceAlg;
+    friend class SelectionDeletion;
+
+    void recordCaret();
+    void recordInsertion(int position, const Core::String& xml);
+    void recordDeletion(int position, const Core::String& xml);
+    void recordContent();
+
+    void replaceText(const Core::String& content);
+    void placeCaretAfterEdit(int caret, int pivot);
+    void replayStep(EditAction (EditActionStack::*take)(), bool (EditActionStack::*more)() const);
+
+    int initialPositionElement() const;
+    Core::String idOfElement(int element);
+    void forgetInitialPosition();
+
+    bool isNamespaceDeclaredAt(const Core::String& prefix, int element) const;
+    int declareNamespaces(const PropertyCollection& properties, int& element);
+    int replaceProperties(int element, const PropertyCollection& properties);
+
+    int tableAroundCaret() const;
+
+    struct StopRange {
+        int first;
+        int last;
+    };
+
+    int selectionUpperEnd() const;
+    void selectRange(int pivot, int caret);
+    int positionBehindElement(int element) const;
+    StopRange stopsOfElement(int element) const;
+    void selectStops(const StopRange& stops);
+    void growSelection(const Core::String& innermostName);
+
+    enum class Insertion { None, Done, RolledBack };
+
+    Insertion tryInsertText(const Core::String& text, bool isXml, bool selectInserted);
+    Insertion insertInline(Core::String text, PropertyCollection properties, bool isXml,
+                           bool selectInserted);
+    bool canInsertText(const Core::String& text) const;
+    void removeSelectionBeforeInsertion();
+    InsertedRange insertMarkup(const Core::String& xml);
+    InsertedRange insertPlainText(const Core::String& text);
+    bool elementHasStop(int element) const;
+    void turnEntityBeforeCaretIntoBlank();
+    bool blankWouldShowAt(int position) const;
+    void deleteSuperfluousPlaceholder();
+    int insertBlockBesideTable(int position);
+    int removePlaceholderBetweenBreaks(int position);
+    void leaveInvisibleSpaceBeforeCaret();
+    InsertedRange passPlaceholder();
+
+    /// The repair of handleElementsContainingJustWhiteSpaces(), told in full.
+    PlaceholderRepair repairEmptied(int position, bool removeEmptyInlines);
+    void insertPlaceholderInto(int element, PlaceholderRepair& repair);
+    bool isRemovableInline(int element) const;
+    void restoreSelection(int lower, int upper, int place, int change);
+
+    bool isEditableName(std::wstring_view name) const;
+    bool isInlineName(std::wstring_view name) const;
+    bool isInBlockOf(int position, int other) const;
+    bool isInlineStart(int position) const;
+    bool isInlineEnd(int position) const;
+    int lastTagPosition() const;
+    int countStops(int element, int limit) const;
+
+    void moveRightByStop(bool extend, bool mergeBoundaries);
+    void moveLeftByStop(bool extend, bool mergeBoundaries);
+    bool moveRightThroughTable();
+    bool moveFromFooterOutOfTable(int table, int next, int after);
+    bool moveFromHeaderToBody(int table, int next);
+    bool moveFromBodyToFooter(int table);
+    bool moveLeftThroughTable();
+    bool moveFromFooterToBody(int table, int previous);
+    bool moveFromBodyToHeader(int table, int previous);
+    bool moveIntoTableFromBelow(int target);
+    bool isInSameCell(int position, int other) const;
+    int rowGroupAround(const Core::String& name, int table, int position) const;
+    void jumpTo(int position);
+
+    int homePosition(int region) const;
+    int endPosition(int region) const;
+    bool isInTextOfRegion(int position, int region) const;
+    int staticContentAround(int position) const;
+    int firstFlowOf(int generator) const;
+    int pageMasterNamed(const Core::String& name) const;
+    int outsideMarkup(int position) const;
+
+    int caretPos_ = -1;
+    int selectionPivotPos_ = -1;
+    EditActionStack editActionStack_;
+    Core::String selectedElementName_; // what selectParent() selected last
+    IEditableBufferMonitor* monitor_ = nullptr;
+    std::unique_ptr<EditActionGroup> keyTypingGroup_;
+    Core::StringArray editableElements_;
+    Core::StringArray inlineEditableElements_;
+    SmartPtr<Core::Object> tableBufferCache_;
+    bool pageMasterEditingMode_ = false;
+    bool editingDummyPage_ = false;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "document/EditActionStack.h"
+#include "foundation/Api.h"
+#include "foundation/String.h"
+
+#include <optional>
+
+class EditableDocumentBuffer;
+
+/// A snapshot of a buffer from which a command that failed takes everything back: text, caret,
+/// pivot, both lists of the history, the open groups and the typing run. Text and lists are shared
+/// with the buffer, so that a snapshot costs the same for every document.
+class FORME_API EditableDocumentBufferState {
+public:
+    explicit EditableDocumentBufferState(EditableDocumentBuffer* buffer);
+    virtual ~EditableDocumentBufferState();
+
+    EditableDocumentBufferState(const EditableDocumentBufferState&) = delete;
+    EditableDocumentBufferState& operator=(const EditableDocumentBufferState&) = delete;
+
+    /// Writes everything back without telling the monitor. A group that was opened since the
+    /// snapshot adds nothing to the history when its scope ends.
+    void restorePreviousState();
+
+private:
+    EditableDocumentBuffer* buffer_;
+    Core::String text_;
+    int caretPos_;
+    int selectionPivotPos_;
+    EditActionStack editActionStack_;
+    std::optional<unsigned> typingGroup_;
+};

@@ -1,0 +1,146 @@
+// The primitives that change the text, and the replay of what was recorded.
+
+#include "document/EditableDocumentBuffer.h"
+
+#include "document/FreezeNotifications.h"
+
+using Core::String;
+
+namespace {
+
+/// Where an offset goes when `start` through `end` are deleted.
+int offsetAfterDeletion(int offset, int start, int end) {
+    if (offset <= start)
+        return offset;
+    // Deliberate: an offset exactly on `end` lands before `start`; callers have been arranged
+    // around it.
+    return offset < end ? start : offset - (end - start + 1);
+}
+
+} // namespace
+
+void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String& xml) {
+    if (position < 0 || position > text_.length())
+        return;
+    const auto moved = [&](int offset) {
+        return offset >= position ? offset + xml.length() : offset;
+    };
+    text_.insert(static_cast<unsigned>(position), xml);
+    placeCaretAfterEdit(moved(caretPos_), moved(selectionPivotPos_));
+}
+
+String EditableDocumentBuffer::deleteXmlText(int start, int end) {
+    if (isOnInvalidPosition(start) || isOnInvalidPosition(end) || end < start)
+        return {};
+    const String removed =
+        text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end));
+    text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start + 1));
+    placeCaretAfterEdit(offsetAfterDeletion(caretPos_, start, end),
+                        offsetAfterDeletion(selectionPivotPos_, start, end));
+    return removed;
+}
+
+String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
+    if (start < 0 || start > end || isOnInvalidPosition(end))
+        return {};
+    FreezeNotifications freeze(this);
+    const String removed = deleteXmlText(start, end - 1);
+    adjustCaretToAnEditablePosition();
+    setCaret(false, start);
+    notifyBufferChanged();
+    return removed;
+}
+
+void EditableDocumentBuffer::placeCaretAfterEdit(int caret, int pivot) {
+    setCaret(false, pivot);
+    if (caret != pivot)
+        setCaret(true, caret);
+    notifyBufferChanged();
+}
+
+void EditableDocumentBuffer::executeAction(const EditAction& action) {
+    FreezeNotifications freeze(this);
+    const String text = action.getString();
+    const int position = action.getActionPosition();
+    switch (action.getType()) {
+    case EditAction::EditInsert:
+        insertXmlTextAtPosition(position, text);
+        break;
+    case EditAction::EditDelete:
+        deleteXmlText(position, position + text.length() - 1);
+        break;
+    case EditAction::EditContent:
+        replaceText(text);
+        notifyBufferChanged();
+        break;
+    case EditAction::EditCaret:
+        setCaret(false, action.getSelPivotPosition());
+        setCaret(true, action.getCaretPosition());
+        break;
+    case EditAction::EditGroupStart:
+    case EditAction::EditGroupEnd:
+        break;
+    }
+    if (isOnInvalidPosition(caretPos_))
+        moveCaretHome(false);
+}
+
+void EditableDocumentBuffer::undo() {
+    FreezeNotifications freeze(this);
+    endKeyTypingSequence();
+    if (!canUndo())
+        return;
+    if (editActionStack_.nextUndoStepIsWhole())
+        replayStep(&EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
+    else
+        editActionStack_.clearUndoActionList();
+}
+
+void EditableDocumentBuffer::redo() {
+    FreezeNotifications freeze(this);
+    endKeyTypingSequence();
+    if (canRedo())
+        replayStep(&EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
+}
+
+/// Replays one outermost group, or one record outside any. Markers were exchanged when they were
+/// moved to this list, so that a group reads from its end to its start in both directions.
+void EditableDocumentBuffer::replayStep(EditAction (EditActionStack::*take)(),
+                                        bool (EditActionStack::*more)() const) {
+    int depth = 0;
+    do {
+        const EditAction action = (editActionStack_.*take)();
+        switch (action.getType()) {
+        case EditAction::EditGroupEnd:
+            ++depth;
+            break;
+        case EditAction::EditGroupStart:
+            if (--depth == 0)
+                return;
+            break;
+        default:
+            executeAction(action);
+            if (depth < 1)
+                return;
+        }
+    } while ((editActionStack_.*more)());
+}
+
+/// The text as it stands: the offsets of the records around this one count in it, so an undone and
+/// redone replacement must not bring back line ends that were converted.
+void EditableDocumentBuffer::recordContent() {
+    editActionStack_.addAction(EditAction(EditAction::EditContent, -1, -1, -1, text_));
+}
+
+void EditableDocumentBuffer::recordCaret() {
+    editActionStack_.addAction(
+        EditAction(EditAction::EditCaret, -1, caretPos_, selectionPivotPos_, L""));
+}
+
+void EditableDocumentBuffer::recordInsertion(int position, const String& xml) {
+    editActionStack_.addAction(EditAction(EditAction::EditInsert, position, -1, -1, xml));
+}
+
+void EditableDocumentBuffer::recordDeletion(int position, const String& xml) {
+    editActionStack_.addAction(EditAction(EditAction::EditDelete, position, -1, -1, xml));
+}

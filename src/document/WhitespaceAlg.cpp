@@ -1,0 +1,305 @@
+#include "document/WhitespaceAlg.h"
+
+#include "document/EditableDocumentBuffer.h"
+#include "text/XmlScan.h"
+
+#include <array>
+
+using Core::String;
+using XmlScan::Text;
+
+namespace BufferAlgorithms {
+
+namespace {
+
+constexpr Text block = L"fo:block";
+constexpr Text table = L"fo:table";
+constexpr Text link = L"fo:basic-link";
+constexpr Text foPrefix = L"fo:";
+
+// In the order in which they are applied: the shorthand gives way to what is set by itself.
+enum Property { Shorthand, TreatmentProperty, CollapseProperty, LinefeedProperty, PropertyCount };
+constexpr std::array<Text, PropertyCount> propertyNames{
+    L"white-space", L"white-space-treatment", L"white-space-collapse", L"linefeed-treatment"};
+
+using Values = std::array<std::optional<Text>, PropertyCount>;
+
+bool equalsNoCase(Text value, const wchar_t* keyword) {
+    return String(value).compareNoCase(keyword) == 0;
+}
+
+/// Takes the values that the tag sets. A name without a prefix counts as its element's, but gives
+/// way to one written out.
+Values valuesAt(Text text, int element) {
+    Values implied;
+    Values values;
+    const bool isFo = XmlScan::tagName(text, element).starts_with(foPrefix);
+    for (int at = XmlScan::nextAttribute(text, element + 1); at >= 0;
+         at = XmlScan::nextAttribute(text, at)) {
+        const Text name = XmlScan::attributeName(text, at);
+        const bool isExplicit = name.starts_with(foPrefix);
+        if (!isExplicit && !isFo)
+            continue;
+        const Text local = isExplicit ? name.substr(foPrefix.size()) : name;
+        for (std::size_t property = 0; property < PropertyCount; ++property)
+            if (local == propertyNames[property])
+                (isExplicit ? values : implied)[property] = XmlScan::attributeValue(text, at);
+    }
+    for (std::size_t property = 0; property < PropertyCount; ++property)
+        if (!values[property])
+            values[property] = implied[property];
+    return values;
+}
+
+Values nearestValues(Text text, int element) {
+    Values nearest;
+    for (; element >= 0; element = XmlScan::currentElement(text, element)) {
+        const Values own = valuesAt(text, element);
+        for (std::size_t property = 0; property < PropertyCount; ++property)
+            if (!nearest[property])
+                nearest[property] = own[property];
+    }
+    return nearest;
+}
+
+/// The name of the element that the tag opens or closes.
+Text elementName(Text text, int tag) {
+    const Text name = XmlScan::tagName(text, tag);
+    return name.starts_with(L'/') ? name.substr(1) : name;
+}
+
+bool isSpaceAt(Text text, int position) {
+    return XmlScan::isValid(text, position) && String::isSpace(XmlScan::unitAt(text, position));
+}
+
+/// The placeholder that ends where the position begins; -1 if none does.
+int placeholderBefore(Text text, int position) {
+    for (const Text placeholder : {XmlScan::nbspEntity, XmlScan::nbspCharacter}) {
+        const int start = position - static_cast<int>(placeholder.size());
+        if (XmlScan::standsAt(text, placeholder, start))
+            return start;
+    }
+    return -1;
+}
+
+} // namespace
+
+// The properties
+
+void WhitespaceAlg::load(int element) {
+    if (!XmlScan::onTagStart(text(), element))
+        return;
+    reset();
+    const Values values = nearestValues(text(), element);
+    applyShorthand(values[Shorthand].value_or(Text()));
+    applyTreatment(values[TreatmentProperty].value_or(Text()));
+    applyCollapse(values[CollapseProperty].value_or(Text()));
+    applyLinefeedTreatment(values[LinefeedProperty].value_or(Text()));
+}
+
+void WhitespaceAlg::reset() {
+    treatment_ = IgnoreAroundLinefeed;
+    collapse_ = true;
+    linefeed_ = LinefeedAsSpace;
+}
+
+void WhitespaceAlg::applyShorthand(Text value) {
+    if (!equalsNoCase(value, L"pre"))
+        return;
+    treatment_ = PreserveSpaces;
+    collapse_ = false;
+    linefeed_ = PreserveLinefeed;
+}
+
+void WhitespaceAlg::applyTreatment(Text value) {
+    static constexpr std::array keywords{L"ignore", L"preserve", L"ignore-if-before-linefeed",
+                                         L"ignore-if-after-linefeed",
+                                         L"ignore-if-surrounding-linefeed"};
+    for (std::size_t keyword = 0; keyword < keywords.size(); ++keyword)
+        if (equalsNoCase(value, keywords[keyword]))
+            treatment_ = static_cast<Treatment>(keyword);
+}
+
+void WhitespaceAlg::applyCollapse(Text value) {
+    if (!value.empty())
+        collapse_ = !equalsNoCase(value, L"false");
+}
+
+void WhitespaceAlg::applyLinefeedTreatment(Text value) {
+    static constexpr std::array keywords{L"ignore", L"preserve", L"treat-as-space",
+                                         L"treat-as-zero-width-space"};
+    for (std::size_t keyword = 0; keyword < keywords.size(); ++keyword)
+        if (equalsNoCase(value, keywords[keyword]))
+            linefeed_ = static_cast<Linefeed>(keyword);
+}
+
+bool WhitespaceAlg::isSkipped(int position) const {
+    return isSkipped(position, XmlScan::currentElement(text(), position));
+}
+
+bool WhitespaceAlg::isSkipped(int position, int element) const {
+    return XmlScan::onTagStart(text(), position) ? isTagSkipped(position, element)
+                                                 : isSpaceSkipped(position, element);
+}
+
+// White space
+
+/// A unit of white space in its element and its run.
+struct WhitespaceAlg::Space {
+    int position;
+    int element;
+    int runStart; ///< the run's first unit
+    int runEnd;   ///< the first unit behind the run
+};
+
+bool WhitespaceAlg::isSpaceSkipped(int position, int element) const {
+    if (!isSpaceAt(text(), position))
+        return false;
+    if (treatment_ == IgnoreSpaces && (linefeed_ == IgnoreLinefeed || linefeed_ == LinefeedAsSpace))
+        return true;
+    Space space{position, element, position, XmlScan::skipSpaces(text(), position)};
+    while (isSpaceAt(text(), space.runStart - 1))
+        --space.runStart;
+    if (const auto skipped = skippedAsLinefeed(space))
+        return *skipped;
+    if (const auto skipped = skippedInLeadingRun(space))
+        return *skipped;
+    if (const auto skipped = skippedInTrailingRun(space))
+        return *skipped;
+    return skippedInInnerRun(space);
+}
+
+std::optional<bool> WhitespaceAlg::skippedAsLinefeed(const Space& space) const {
+    const wchar_t unit = XmlScan::unitAt(text(), space.position);
+    if ((unit != L'\n' && unit != L'\r') || linefeed_ == LinefeedAsSpace)
+        return std::nullopt;
+    return linefeed_ != PreserveLinefeed;
+}
+
+/// At the start of the element, or behind a child that makes a line of its own.
+std::optional<bool> WhitespaceAlg::skippedInLeadingRun(const Space& space) const {
+    int start = XmlScan::stepForward(text(), space.element);
+    const int previous = XmlScan::previousTag(text(), space.position);
+    if (previous > space.element && XmlScan::closingAt(text(), previous) &&
+        !isInline(elementName(text(), previous)))
+        start = XmlScan::stepForward(text(), previous);
+    // The first blank of an inline within a line shows.
+    if (space.position == start && isInline(elementName(text(), space.element)) &&
+        blockShowsDataBefore(start, space.element))
+        return treatment_ == IgnoreSpaces;
+    if (space.runStart <= start && start <= space.position)
+        return collapses();
+    return std::nullopt;
+}
+
+/// At the end of the element, or before a child that makes a line of its own.
+std::optional<bool> WhitespaceAlg::skippedInTrailingRun(const Space& space) const {
+    if (!XmlScan::onTagStart(text(), space.runEnd) || XmlScan::ignoredAt(text(), space.runEnd))
+        return std::nullopt;
+    if (!XmlScan::closingAt(text(), space.runEnd) && isInline(elementName(text(), space.runEnd)))
+        return std::nullopt;
+    if (space.position == space.runStart && isInline(elementName(text(), space.element)))
+        return treatment_ == IgnoreSpaces;
+    return collapses();
+}
+
+/// Between data: all but the first of a run collapse.
+bool WhitespaceAlg::skippedInInnerRun(const Space& space) const {
+    if (!blockShowsDataBefore(space.runStart, space.element))
+        return false;
+    if (space.position != space.runStart)
+        return collapses();
+    const int previous =
+        XmlScan::stepBackward(text(), space.position, buffer_.getRootElementName().view());
+    const bool behindBlock = XmlScan::onTagStart(text(), previous) &&
+                             elementName(text(), previous) == block &&
+                             !XmlScan::openingAt(text(), previous);
+    return behindBlock && collapse_ ? true : treatment_ == IgnoreSpaces;
+}
+
+// Tags
+
+bool WhitespaceAlg::isTagSkipped(int position, int element) const {
+    if (XmlScan::closingAt(text(), position) || isEditable(XmlScan::tagName(text(), position)))
+        if (const auto skipped = skippedBehindSpace(position, element))
+            return *skipped;
+    return standsBackToBack(position);
+}
+
+/// Behind white space or a placeholder.
+std::optional<bool> WhitespaceAlg::skippedBehindSpace(int position, int element) const {
+    const bool behindSpace = isSpaceAt(text(), position - 1);
+    const int before = behindSpace ? position - 1 : placeholderBefore(text(), position);
+    if (before < 0)
+        return std::nullopt;
+    if (behindSpace && !blockShowsDataBefore(before, element))
+        return true;
+    if (!behindSpace && isInlineTag(position))
+        return false;
+    const int previous = XmlScan::previousTag(text(), position);
+    if (!runMayHideTag(previous, position))
+        return false;
+    for (int at = XmlScan::stepForward(text(), previous); at < before; ++at)
+        if (!isSpaceSkipped(at, element))
+            return false;
+    return true;
+}
+
+/// Whether the tag goes with the tag before it when nothing shows between them.
+bool WhitespaceAlg::runMayHideTag(int previousTag, int position) const {
+    const Text name = elementName(text(), previousTag);
+    if (XmlScan::closingAt(text(), previousTag))
+        return name == table || (isEditable(name) && !isInline(name));
+    const bool breaksLine = XmlScan::selfClosingAt(text(), previousTag) && !isInline(name);
+    return isEditable(name) && (breaksLine || !isInlineTag(position));
+}
+
+/// Two editable tags back to back have one stop between them, not two. A link always keeps its own.
+bool WhitespaceAlg::standsBackToBack(int position) const {
+    if (position < 1 || XmlScan::unitAt(text(), position - 1) != L'>')
+        return false;
+    const auto joins = [this](int tag) {
+        const Text name = elementName(text(), tag);
+        return isEditable(name) && name != link;
+    };
+    return joins(position) &&
+           joins(XmlScan::stepBackward(text(), position, buffer_.getRootElementName().view()));
+}
+
+// What shows
+
+/// Whether anything shows between the start of the block around the element and the position.
+bool WhitespaceAlg::blockShowsDataBefore(int position, int element) const {
+    while (element >= 0 && XmlScan::tagName(text(), element) != block)
+        element = XmlScan::currentElement(text(), element);
+    int at = XmlScan::stepForward(text(), element);
+    while (at >= 0 && at < position) {
+        const bool shows = XmlScan::onTagStart(text(), at)
+                               ? !XmlScan::commentAt(text(), at) &&
+                                     !XmlScan::instructionAt(text(), at) &&
+                                     !isEditable(XmlScan::tagName(text(), at))
+                               : !isSpaceAt(text(), at);
+        if (shows)
+            return true;
+        at = XmlScan::stepForward(text(), at);
+    }
+    return false;
+}
+
+bool WhitespaceAlg::isInlineTag(int position) const {
+    return isInline(elementName(text(), position));
+}
+
+Text WhitespaceAlg::text() const {
+    return buffer_.text_.view();
+}
+
+bool WhitespaceAlg::isEditable(Text name) const {
+    return buffer_.isEditableName(name);
+}
+
+bool WhitespaceAlg::isInline(Text name) const {
+    return buffer_.isInlineName(name);
+}
+
+} // namespace BufferAlgorithms

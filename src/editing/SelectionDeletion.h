@@ -1,0 +1,68 @@
+#pragma once
+
+class EditableDocumentBuffer;
+struct PlaceholderRepair;
+
+/// The walk that deletes a range of a document whose ends may lie in different blocks, cells or
+/// lists. It goes from the start of the range to its end: text goes, elements that lie wholly in
+/// the range go as wholes, and a boundary that must stay is stepped over. Sibling blocks whose
+/// boundary goes are joined, and the first one's start tag rules.
+///
+/// Each round either moves on towards the end or shortens the range, so that the walk ends. It
+/// records what it does and leaves the caret where the range began, or where it ended if the last
+/// boundary before that was stepped over.
+class SelectionDeletion {
+public:
+    /// The range from `start` up to but excluding `end`, both valid. With `listHandled` lists are
+    /// treated as any other element.
+    SelectionDeletion(EditableDocumentBuffer& buffer, int start, int end, bool listHandled);
+
+    void run();
+
+    /// Where the caret belongs.
+    int start() const { return start_; }
+    /// Where the text behind the range begins.
+    int end() const { return end_; }
+
+private:
+    void takeWholeElement();
+
+    // A round and its cases; each answers whether another round follows.
+
+    bool playRound();
+
+    bool isNothingEditableLeft() const;
+
+    int listAround() const;
+    bool deleteFromList(int list);
+    bool isWhollySelected(int list) const;
+    bool deleteWholeList(int list);
+    bool passList();
+
+    bool deleteRestOfText();
+    bool deleteTextBefore(int tag);
+
+    bool leaveElement();
+    bool hasSibling() const;
+    bool takeSibling();
+    bool joinSibling(int sibling);
+
+    bool takeChild();
+    bool deleteChild(int behind);
+
+    bool settle();
+
+    void remove(int from, int to);
+    PlaceholderRepair repair();
+    void keepLineBetweenBlockTags();
+
+    bool finishAtStart();
+    bool finishAtCaret();
+    int stopNear(int position) const;
+
+    EditableDocumentBuffer& buffer_;
+    int start_;
+    int end_;
+    int position_; // up to here the range has been dealt with
+    bool listHandled_;
+};

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "document/EditableDocumentBuffer.h"
+#include "foundation/Wide.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+/// A document in a host's standard setup, with the protected operations open to tests.
+class TestBuffer : public EditableDocumentBuffer {
+public:
+    using EditableDocumentBuffer::clearPropertiesForElementAt;
+    using EditableDocumentBuffer::executeAction;
+    using EditableDocumentBuffer::getPropertiesFromElementAt;
+    using EditableDocumentBuffer::getRootElementPos;
+    using EditableDocumentBuffer::setCaret;
+    using EditableDocumentBuffer::setPropertiesForElementAt;
+
+    TestBuffer() {
+        setRootElement(L"qfd:document");
+        for (const wchar_t* name : {L"fo:block", L"fo:inline", L"fo:wrapper", L"fo:basic-link",
+                                    L"fo:bidi-override", L"qf:form"})
+            addEditableElement(name);
+        for (const wchar_t* name :
+             {L"fo:inline", L"fo:wrapper", L"fo:basic-link", L"fo:bidi-override"})
+            addInlineEditableElement(name);
+    }
+
+    /// Begins with a fragment in the flow of a small document: `|` is the caret, `^` the pivot
+    /// where it differs.
+    explicit TestBuffer(const std::wstring& marked) : TestBuffer() {
+        std::wstring text = documentWith(marked);
+        int pivot = -1;
+        int caret = -1;
+        for (std::size_t at = 0; (at = text.find_first_of(L"|^", at)) != std::wstring::npos;) {
+            (text[at] == L'|' ? caret : pivot) = static_cast<int>(at);
+            text.erase(at, 1);
+        }
+        setContent(Core::String(text), true);
+        setCaret(false, pivot < 0 ? caret : pivot);
+        setCaret(true, caret);
+    }
+
+    /// The fragment in the flow, with the marks.
+    std::wstring marked() const {
+        std::wstring text = wide(text_);
+        const int caret = getCaretPos();
+        const int pivot = getSelectionPivotPos();
+        const auto mark = [&text](int position, const wchar_t* sign) {
+            if (position >= 0)
+                text.insert(static_cast<std::size_t>(position), sign);
+        };
+        mark(std::max(caret, pivot), pivot > caret ? L"^" : L"|");
+        if (pivot != caret)
+            mark(std::min(caret, pivot), pivot > caret ? L"|" : L"^");
+        const std::size_t start = text.find(L"\"body\">") + 7;
+        return text.substr(start, text.find(L"</fo:flow>") - start);
+    }
+
+    int find(const wchar_t* what) const { return text_.find(what, 0); }
+    std::wstring text() const { return wide(text_); }
+
+    void recordCaret() {
+        getEditActionStack().addAction(
+            {EditAction::EditCaret, -1, getCaretPos(), getSelectionPivotPos(), L""});
+    }
+    void insertRecorded(int position, const Core::String& xml) {
+        insertXmlTextAtPosition(position, xml);
+        getEditActionStack().addAction({EditAction::EditInsert, position, -1, -1, xml});
+    }
+    void deleteRecorded(int start, int end) {
+        const Core::String removed = deleteXmlText(start, end);
+        getEditActionStack().addAction({EditAction::EditDelete, start, -1, -1, removed});
+    }
+
+    static std::wstring documentWith(const std::wstring& flow) {
+        return LR"(<?xml version="1.0" encoding="utf-8"?>
+<qfd:document xmlns:qfd="urn:forme:qfd/1.0" xmlns:fo="http://www.w3.org/1999/XSL/Format">
+<fo:layout-master-set><fo:simple-page-master master-name="a"/></fo:layout-master-set>
+<fo:page-sequence><fo:flow flow-name="body">)" +
+               flow + L"</fo:flow></fo:page-sequence></qfd:document>";
+    }
+};
+
+/// Writes down what it hears: "b" for the text, "c" for the caret, "s" for the selection.
+class RecordingMonitor : public IEditableBufferMonitor {
+public:
+    void onBufferChanged() override { heard_ += 'b'; }
+    void onCaretChanged() override { heard_ += 'c'; }
+    void onSelectionChanged() override { heard_ += 's'; }
+
+    /// What was heard since the last call.
+    std::string take() { return std::exchange(heard_, {}); }
+
+private:
+    std::string heard_;
+};

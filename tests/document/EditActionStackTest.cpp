@@ -1,0 +1,163 @@
+#include "document/EditActionStack.h"
+
+#include "foundation/Exception.h"
+#include "foundation/Wide.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using Type = EditAction::EditActionType;
+
+EditAction insertion(int position, const wchar_t* text) {
+    return {EditAction::EditInsert, position, -1, -1, text};
+}
+
+EditAction deletion(int position, const wchar_t* text) {
+    return {EditAction::EditDelete, position, -1, -1, text};
+}
+
+EditAction caretAt(int caret, int pivot) {
+    return {EditAction::EditCaret, -1, caret, pivot, L""};
+}
+
+/// What undoing everything would do, the next first: "+a" inserts, "-a" deletes, "c" caret, "=a"
+/// content, "(" and ")" markers.
+std::wstring undoList(EditActionStack stack) {
+    static const std::wstring signs = L"+-=c()";
+    std::wstring list;
+    while (stack.hasMoreUndoActions()) {
+        const EditAction action = stack.getUndoAction();
+        list += signs[action.getType()] + wide(action.getString());
+    }
+    return list;
+}
+
+TEST(EditActionStack, HoldsWhatMustBeDoneToUndo) {
+    EditActionStack stack(100);
+    stack.addAction(insertion(3, L"a"));
+    stack.addAction(deletion(4, L"b"));
+    stack.addAction({EditAction::EditContent, -1, -1, -1, L"d"});
+    stack.addAction(caretAt(5, 6));
+    EXPECT_EQ(undoList(stack), L"c=d+b-a");
+
+    EditAction action = stack.getUndoAction();
+    EXPECT_EQ(action.getCaretPosition(), 5);
+    EXPECT_EQ(action.getSelPivotPosition(), 6);
+    EXPECT_EQ(action.getActionPosition(), -1);
+    stack.getUndoAction();
+    action = stack.getUndoAction();
+    EXPECT_EQ(action.getType(), EditAction::EditInsert);
+    EXPECT_EQ(action.getActionPosition(), 4);
+}
+
+TEST(EditActionStack, RedoMirrorsUndo) {
+    EditActionStack stack(100);
+    stack.startActionGroup();
+    stack.addAction(insertion(3, L"a"));
+    stack.addAction(caretAt(1, 1));
+    stack.endActionGroup();
+    const std::wstring before = undoList(stack);
+    std::vector<Type> undone;
+    while (stack.hasMoreUndoActions())
+        undone.push_back(stack.getUndoAction().getType());
+    EXPECT_EQ(undone, (std::vector<Type>{EditAction::EditGroupEnd, EditAction::EditCaret,
+                                         EditAction::EditDelete, EditAction::EditGroupStart}));
+    std::vector<Type> redone;
+    while (stack.hasMoreRedoActions())
+        redone.push_back(stack.getRedoAction().getType());
+    EXPECT_EQ(redone, (std::vector<Type>{EditAction::EditGroupEnd, EditAction::EditInsert,
+                                         EditAction::EditCaret, EditAction::EditGroupStart}));
+    EXPECT_EQ(undoList(stack), before);
+}
+
+TEST(EditActionStack, OnlyARecordedActionForgetsWhatCouldBeRedone) {
+    EditActionStack stack(100);
+    stack.addAction(insertion(0, L"a"));
+    stack.getUndoAction();
+    stack.addAction(insertion(0, L""));
+    stack.addAction({EditAction::EditContent, -1, -1, -1, L""});
+    EXPECT_FALSE(stack.hasMoreUndoActions()) << "an empty text is no record";
+    stack.startActionGroup();
+    stack.endActionGroup();
+    EXPECT_TRUE(stack.hasMoreRedoActions());
+    stack.addAction(caretAt(0, 0));
+    EXPECT_FALSE(stack.hasMoreRedoActions());
+    EXPECT_EQ(undoList(stack), L"c)(");
+}
+
+TEST(EditActionStack, AtTheLimitExactlyTheOldestEntryGoes) {
+    EditActionStack stack(3);
+    stack.startActionGroup();
+    stack.addAction(insertion(0, L"a"));
+    stack.endActionGroup();
+    stack.startActionGroup(); // markers count as entries, but none is refused
+    EXPECT_EQ(undoList(stack), L"()-a(");
+    stack.addAction(insertion(0, L"b"));
+    EXPECT_EQ(undoList(stack), L"-b()-a");
+    stack.addAction(insertion(0, L""));
+    EXPECT_EQ(undoList(stack), L"-b()-a") << "what is not recorded pushes nothing out";
+}
+
+TEST(EditActionStack, TracksAnOffsetAcrossActions) {
+    EditActionStack stack(100);
+    EXPECT_EQ(stack.retrieveTrackingPos(), -1);
+    stack.addAction(insertion(0, L"untracked"));
+    stack.startTrackingPos(10);
+    stack.addAction(insertion(10, L"abc")); // 13
+    stack.addAction(insertion(14, L"abc"));
+    stack.addAction(deletion(2, L"xy")); // 11
+    stack.addAction(caretAt(1, 1));
+    stack.getUndoAction();
+    stack.getUndoAction(); // the deletion: 13
+    stack.getUndoAction();
+    stack.getUndoAction(); // the first insertion: 10
+    stack.getRedoAction(); // 13
+    EXPECT_EQ(stack.retrieveTrackingPos(), 13);
+    EXPECT_EQ(stack.retrieveTrackingPos(), -1);
+}
+
+TEST(EditActionStack, RefusesToGiveWhatIsNotThere) {
+    EditActionStack stack(100);
+    EXPECT_THROW(stack.getUndoAction(), Core::Exception);
+    EXPECT_THROW(stack.getRedoAction(), Core::Exception);
+    stack.addAction(insertion(0, L"a"));
+    stack.clearStack();
+    EXPECT_THROW(stack.getUndoAction(), Core::Exception);
+}
+
+TEST(EditActionStack, CopiesAreIndependentAndShareTheirTexts) {
+    EditActionStack stack(10000);
+    for (int i = 0; i < 10000; ++i)
+        stack.addAction(insertion(i, L"text"));
+    EditActionStack copy = stack;
+    for (int i = 0; i < 7000; ++i) // trims the original while the copy holds the same records
+        stack.addAction(deletion(i, L"x"));
+    EXPECT_EQ(undoList(copy).size(), 10000U * 5);
+    EXPECT_EQ(undoList(stack).size(), 7000U * 2 + 3000U * 5);
+    for (int i = 0; i < 7000; ++i)
+        stack.getUndoAction();
+    for (int i = 9999; i >= 7000; --i) {
+        const EditAction ours = stack.getUndoAction();
+        const EditAction theirs = copy.getUndoAction();
+        ASSERT_EQ(ours.getActionPosition(), i);
+        ASSERT_EQ(theirs.getActionPosition(), i);
+        ASSERT_EQ(ours.getString().c_str(), theirs.getString().c_str()) << "one storage";
+    }
+    EXPECT_FALSE(stack.hasMoreUndoActions());
+    EXPECT_TRUE(copy.hasMoreUndoActions());
+}
+
+TEST(EditActionStack, AVeryLongHistoryIsReleasedWithoutDeepRecursion) {
+    EditActionStack stack(1000000);
+    for (int i = 0; i < 200000; ++i)
+        stack.addAction(caretAt(i, i));
+    EditActionStack copy = stack;
+    stack.clearStack();
+    EXPECT_EQ(copy.getUndoAction().getCaretPosition(), 199999);
+}
+
+} // namespace

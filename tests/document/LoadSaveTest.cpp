@@ -1,0 +1,200 @@
+#include "document/DocumentTesting.h"
+#include "foundation/Encoder.h"
+#include "foundation/Messages.h"
+#include "foundation/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<fs::path> documents() {
+    std::vector<fs::path> found;
+    for (const char* folder : {FORME_CORPUS, FORME_SAMPLES})
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+            if (entry.path().extension() == ".fo" || entry.path().extension() == ".xml")
+                found.push_back(entry.path());
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+/// What a document is in UTF-8 with "\n" at its line ends.
+std::string asUtf8(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    for (std::size_t at = 0; (at = bytes.find("\r\n", at)) != std::string::npos;)
+        bytes.erase(at, 1);
+    if (bytes.substr(0, bytes.find("?>")).find("ISO-8859-1") == std::string::npos)
+        return bytes;
+    const Core::ByteArray utf8 = Core::Encoder::convertStringToUTF8(Core::String(bytes.c_str()));
+    return {reinterpret_cast<const char*>(utf8.ptr()), utf8.size()};
+}
+
+class AnyDocument : public testing::TestWithParam<fs::path> {};
+
+TEST_P(AnyDocument, ComesBackAsItWas) {
+    const TemporaryFolder folder;
+    TestBuffer buffer;
+    buffer.setContentFromFile(Core::Encoder::convertUTF8ToString(GetParam().string()));
+    buffer.saveToFile(folder.wide("utf8").c_str(), DocumentEncoding::Utf8);
+    EXPECT_TRUE(folder.bytesOf("utf8") == asUtf8(GetParam()));
+    buffer.saveToFile(folder.wide("utf16").c_str(), DocumentEncoding::Utf16WithMark);
+    TestBuffer again;
+    again.setContentFromFile(folder.wide("utf16").c_str());
+    EXPECT_TRUE(again.getContent() == buffer.getContent());
+    EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
+}
+
+INSTANTIATE_TEST_SUITE_P(CorpusAndSamples, AnyDocument, testing::ValuesIn(documents()),
+                         [](const testing::TestParamInfo<fs::path>& info) {
+                             std::string name = info.param.stem().string();
+                             std::replace_if(
+                                 name.begin(), name.end(), [](char c) { return !std::isalnum(c); },
+                                 '_');
+                             return name;
+                         });
+
+TEST(Saving, KeepsTheThreeEncodingsApart) {
+    const TemporaryFolder folder;
+    TestBuffer buffer;
+    buffer.setContent(L"<a>\xE4\xD83D\xDE00</a>\r\n\r", true);
+    buffer.saveToFile(folder.wide("1").c_str(), DocumentEncoding::Utf8);
+    EXPECT_EQ(folder.bytesOf("1"), "<a>\xC3\xA4\xF0\x9F\x98\x80</a>\n\r");
+    buffer.saveToFile(folder.wide("2").c_str(), DocumentEncoding::Utf8WithMark);
+    EXPECT_EQ(folder.bytesOf("2"), "\xEF\xBB\xBF<a>\xC3\xA4\xF0\x9F\x98\x80</a>\n\r");
+    buffer.saveToFile(folder.wide("3").c_str(), DocumentEncoding::Utf16WithMark);
+    EXPECT_EQ(folder.bytesOf("3"),
+              std::string("\xFF\xFE<\0a\0>\0\xE4\0\x3D\xD8\x00\xDE<\0/\0a\0>\0\n\0\r\0", 26));
+    for (const int other : {0, 4, -1})
+        buffer.saveToFile(folder.wide("4").c_str(), static_cast<DocumentEncoding>(other));
+    EXPECT_EQ(folder.fileCount(), 3);
+}
+
+TEST(Loading, OfABadFileChangesNothing) {
+    const TemporaryFolder folder;
+    folder.put("empty", "");
+    folder.put("utf8", "<a>\xC3(</a>");
+    folder.put("utf16", std::string("\xFF\xFE<\0a\0>", 7));
+    folder.put("unknown", "<?xml version=\"1.0\" encoding=\"no-such\"?><a/>");
+    folder.put("contradiction", "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>");
+    folder.put("nul", std::string("<a>\0</a>", 8));
+    for (const char* name :
+         {"missing", "", "empty", "utf8", "utf16", "unknown", "contradiction", "nul"}) {
+        TestBuffer buffer(L"<fo:block>a^b|c</fo:block>");
+        buffer.insertRecorded(buffer.find(L"c</"), L"X");
+        const std::wstring before = buffer.marked();
+        RecordingMonitor monitor;
+        buffer.setMonitor(&monitor);
+        const std::string message =
+            messageOf([&] { buffer.setContentFromFile(folder.wide(name).c_str()); });
+        EXPECT_NE(message.find((folder.path() / name).string()), std::string::npos) << message;
+        EXPECT_EQ(buffer.marked(), before) << name;
+        EXPECT_EQ(monitor.take(), "") << name;
+        EXPECT_EQ(buffer.getMonitor(), &monitor) << name;
+        buffer.undo();
+        EXPECT_EQ(buffer.marked(), L"<fo:block>a^b|c</fo:block>") << name;
+    }
+}
+
+TEST(SetContent, StartsAfreshAtTheFirstFlow) {
+    TestBuffer buffer(L"<fo:block>abc|</fo:block>");
+    buffer.insertRecorded(buffer.find(L"abc"), L"X");
+    buffer.undo();
+    RecordingMonitor monitor;
+    buffer.setMonitor(&monitor);
+    buffer.setContent(LR"(<qfd:document><fo:page-sequence>
+<fo:static-content><fo:block>header</fo:block></fo:static-content>
+<fo:flow><fo:block>body</fo:block></fo:flow></fo:page-sequence></qfd:document>)",
+                      true);
+    EXPECT_EQ(monitor.take(), "bc");
+    EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
+    EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body"));
+    EXPECT_EQ(buffer.getSelectionPivotPos(), buffer.getCaretPos());
+    buffer.setContent(L"no document at all", true);
+    EXPECT_EQ(buffer.getCaretPos(), -1);
+    EXPECT_EQ(buffer.getSelectionPivotPos(), -1);
+}
+
+TEST(SetContent, TheOldCaretHasNoSayInTheNewOne) {
+    const wchar_t* text = LR"(<qfd:document><fo:static-content><fo:block>ab</fo:block>
+</fo:static-content><fo:flow><fo:block>body</fo:block></fo:flow></qfd:document>)";
+    TestBuffer buffer;
+    buffer.setContent(text, true);
+    buffer.setCaret(false, buffer.find(L"ab"));
+    buffer.setContent(text, true);
+    EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body"));
+}
+
+TEST(XmlEncoding, IsChangedInTheDeclarationOnly) {
+    const auto changed = [](const wchar_t* text) {
+        TestBuffer buffer;
+        buffer.setContent(text, true);
+        buffer.changeXmlEncoding(L"UTF-16");
+        const std::wstring result = buffer.text();
+        if (buffer.canUndo())
+            buffer.undo();
+        EXPECT_EQ(buffer.text(), text);
+        EXPECT_FALSE(buffer.canUndo()) << "one step";
+        return result;
+    };
+    EXPECT_EQ(changed(L"<?xml version=\"1.0\" encoding=\"utf-8\" ?><a/>"),
+              L"<?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>");
+    EXPECT_EQ(changed(L"<?xml version='1.0' encoding='a' standalone='yes'?><a/>"),
+              L"<?xml version=\"1.0\" encoding=\"UTF-16\" standalone=\"yes\"?><a/>");
+    EXPECT_EQ(changed(L"<?xml version=\"1.0\" standalone=\"no\"?><a/>"),
+              L"<?xml version=\"1.0\" encoding=\"UTF-16\" standalone=\"no\"?><a/>");
+    EXPECT_EQ(changed(L"<?xml\n version = \"1.0\"?><a/>"),
+              L"<?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>");
+    for (const wchar_t* none : {L"<a/>", L"", L"<?xml-stylesheet href=\"a\"?><a/>",
+                                L"<a><?xml version=\"1.0\"?></a>", L"<?xml?><a/>"})
+        EXPECT_EQ(changed(none), none);
+}
+
+TEST(XmlEncoding, RefusesWhatIsNoName) {
+    for (const wchar_t* bad : {L"", L"8bit", L"a b", L"a\"b", L"\xE4"}) {
+        TestBuffer buffer(L"<fo:block>|</fo:block>");
+        buffer.changeXmlEncoding(bad);
+        EXPECT_FALSE(buffer.canUndo());
+    }
+}
+
+TEST(DocumentParts, AreFoundInTheText) {
+    TestBuffer buffer;
+    buffer.setContent(L"<?xml version=\"1.0\"?><qfd:document a=\"b\">\n<qf:info/>"
+                      L"<fo:layout-master-set></fo:layout-master-set>\n<fo:page-sequence/>"
+                      L"<qf:insert-document/><fo:page-sequence>b</fo:page-sequence>"
+                      L"<qfd:page-sequence-repeat/></qfd:document>",
+                      true);
+    const int root = buffer.getQFDTemplateDefsPosition();
+    EXPECT_EQ(root, 21);
+    EXPECT_EQ(buffer.getLayoutMasterSetPosition(), buffer.find(L"<fo:layout"));
+    EXPECT_EQ(buffer.getFirstPageGeneratorPos(), buffer.find(L"\n<fo:page"));
+    EXPECT_EQ(wide(buffer.getQFDTemplateDefsString(root)),
+              L"<qfd:document a=\"b\">\n<qf:info/></qfd:document>");
+    EXPECT_EQ(wide(buffer.getAllPageSequencesWrappedInRoot()),
+              L"<qfd:document a=\"b\">\n<fo:page-sequence/><qf:insert-document/>"
+              L"<fo:page-sequence>b</fo:page-sequence></qfd:document>");
+    for (const int outside : {-1, buffer.getFirstPageGeneratorPos(), 100000})
+        EXPECT_TRUE(buffer.getQFDTemplateDefsString(outside).empty());
+}
+
+TEST(DocumentParts, ThatAreMissingAreNoneAndEmpty) {
+    TestBuffer buffer;
+    for (const wchar_t* text : {L"", L"<a/>", L"<qfd:document></qfd:document>",
+                                L"<qfd:document></fo:layout-master-set><fo:page-sequence>"}) {
+        buffer.setContent(text, true);
+        EXPECT_EQ(buffer.getLayoutMasterSetPosition(), -1);
+        EXPECT_TRUE(buffer.getQFDTemplateDefsString(0).empty());
+        EXPECT_TRUE(buffer.getAllPageSequencesWrappedInRoot().empty());
+    }
+    EXPECT_EQ(wide(buffer.getNamespaces()), L"");
+}
+
+} // namespace

@@ -1,0 +1,170 @@
+#include "document/DocumentTesting.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace {
+
+using Pairs = std::initializer_list<std::pair<const wchar_t*, const wchar_t*>>;
+
+PropertyCollection properties(Pairs pairs) {
+    PropertyCollection collection;
+    for (const auto& [name, value] : pairs)
+        collection.addProperty({name, value}, true);
+    return collection;
+}
+
+std::wstring shown(const PropertyCollection& collection) {
+    return wide(collection.getPropertiesString());
+}
+
+std::wstring propertiesOf(const wchar_t* tag) {
+    TestBuffer buffer(tag);
+    return shown(buffer.getPropertiesFromElementAt(buffer.find(tag)));
+}
+
+/// The fragment after `set` was given to its first tag; checks the answer against the move of what
+/// follows.
+std::wstring afterSetting(const wchar_t* marked, Pairs set) {
+    TestBuffer buffer(marked);
+    const int length = buffer.getContent().length();
+    const int element = buffer.find(L"\"body\">") + 7;
+    const int shift = buffer.setPropertiesForElementAt(element, properties(set));
+    EXPECT_EQ(shift, buffer.getContent().length() - length);
+    return buffer.marked();
+}
+
+TEST(Properties, AreReadWithTheElementsPrefix) {
+    EXPECT_EQ(propertiesOf(L"<fo:block color=\"red\" qf:a='1' id = \"x\"/>"),
+              L"fo:color=\"red\" qf:a=\"1\" fo:id=\"x\"");
+    EXPECT_EQ(propertiesOf(L"<block color=\"red\"/>"), L"color=\"red\"");
+    EXPECT_EQ(propertiesOf(L"<fo:block title='\"&lt;&#38; >' empty=\"\"/>"),
+              L"fo:title=\"&quot;&lt;&#38; >\" fo:empty=\"\"");
+    EXPECT_EQ(propertiesOf(L"<fo:block fo:color=\"a\" id=\"x\" color=\"b\"/>"),
+              L"fo:color=\"b\" fo:id=\"x\"")
+        << "one name, the last value";
+}
+
+TEST(Properties, OnlyStartTagsHaveThem) {
+    const TestBuffer buffer(L"<fo:block>t<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></fo:block>");
+    for (const wchar_t* place : {L"t<!", L"<!--", L"<![", L"</fo:block"})
+        EXPECT_TRUE(buffer.getPropertiesFromElementAt(buffer.find(place)).isEmpty()) << place;
+    EXPECT_TRUE(buffer.getPropertiesFromElementAt(-1).isEmpty());
+    EXPECT_TRUE(buffer.getPropertiesFromElementAt(buffer.getContent().length()).isEmpty());
+}
+
+TEST(Properties, AreMergedInPlace) {
+    EXPECT_EQ(afterSetting(L"<fo:block id=\"x\" color=\"red\" qf:a=\"1\">a|b</fo:block>",
+                           {{L"fo:color", L"blue"}, {L"qc:b", L"2"}, {L"id", L"y"}}),
+              L"<fo:block id=\"y\" color=\"blue\" qf:a=\"1\" qc:b=\"2\">a|b</fo:block>");
+    EXPECT_EQ(afterSetting(L"<fo:block>a|b</fo:block>", {{L"fo:color", L"red"}}),
+              L"<fo:block color=\"red\">a|b</fo:block>");
+    EXPECT_EQ(afterSetting(L"<fo:block/>|", {{L"fo:color", L"red"}}),
+              L"<fo:block color=\"red\"/>|");
+    EXPECT_EQ(afterSetting(L"<fo:block\n\tid='x' />|", {{L"fo:id", L"/"}}),
+              L"<fo:block id=\"/\"/>|");
+    EXPECT_EQ(afterSetting(L"<fo:block />|", {}), L"<fo:block/>|");
+}
+
+TEST(Properties, ValuesAreWrittenSoThatTheTagStaysWhole) {
+    EXPECT_EQ(afterSetting(L"<fo:block a='\"'>|</fo:block>", {{L"fo:b", L"<&\">'&amp;"}}),
+              L"<fo:block a=\"&quot;\" b=\"&lt;&amp;&quot;>'&amp;\">|</fo:block>");
+}
+
+TEST(Properties, SettingTouchesNothingButStartTags) {
+    for (const wchar_t* marked :
+         {L"text|", L"</fo:block>|", L"<!-- a b=\"c\" -->|", L"<![CDATA[<x y=\"z\">]]>|"}) {
+        TestBuffer buffer(marked);
+        RecordingMonitor monitor;
+        buffer.setMonitor(&monitor);
+        const int element = buffer.find(L"\"body\">") + 7;
+        EXPECT_EQ(buffer.setPropertiesForElementAt(element, properties({{L"fo:a", L"b"}})), 0);
+        EXPECT_TRUE(buffer.clearPropertiesForElementAt(element).empty());
+        EXPECT_EQ(buffer.setPropertiesForElementAt(-1, properties({{L"fo:a", L"b"}})), 0);
+        EXPECT_EQ(buffer.marked(), marked);
+        EXPECT_FALSE(buffer.canUndo());
+        EXPECT_EQ(monitor.take(), "");
+    }
+}
+
+TEST(Properties, NamespacesAreDeclaredOnTheRootWhenNeeded) {
+    TestBuffer buffer(L"<fo:block>a|b</fo:block>");
+    const std::wstring before = buffer.text();
+    const std::wstring marked = buffer.marked();
+    const int end = buffer.find(L"</fo:block>");
+    const int shift = buffer.setPropertiesForElementAt(
+        buffer.find(L"<fo:block"), properties({{L"qf:a", L"1"}, {L"qf:b", L"2"}, {L"zz:c", L"3"}}));
+    EXPECT_EQ(buffer.find(L"</fo:block>"), end + shift);
+    EXPECT_EQ(wide(buffer.getNamespaces()),
+              L" xmlns:fo=\"http://www.w3.org/1999/XSL/Format\" xmlns:qf=\"urn:forme:qf/1.0\""
+              L" xmlns:qfd=\"urn:forme:qfd/1.0\"");
+    EXPECT_NE(buffer.text().find(L"<fo:block qf:a=\"1\" qf:b=\"2\" zz:c=\"3\">ab"),
+              std::wstring::npos);
+    buffer.undo();
+    EXPECT_EQ(buffer.text(), before);
+    EXPECT_EQ(buffer.marked(), marked);
+    EXPECT_FALSE(buffer.canUndo()) << "the declaration belongs to the step";
+}
+
+TEST(Properties, TheRootDeclaresForItself) {
+    TestBuffer buffer(L"<fo:block>a|b</fo:block>");
+    const int length = buffer.getContent().length();
+    const int root = buffer.getRootElementPos();
+    const int shift = buffer.setPropertiesForElementAt(root, properties({{L"xsl:a", L"1"}}));
+    EXPECT_EQ(shift, buffer.getContent().length() - length);
+    EXPECT_EQ(buffer.getRootElementPos(), root);
+    EXPECT_NE(buffer.find(L" xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\" xsl:a=\"1\">"), -1);
+}
+
+TEST(Properties, ADeclarationOnTheElementOrAroundItIsEnough) {
+    const auto rootDeclares = [](const wchar_t* block, const wchar_t* inlined) {
+        TestBuffer buffer(std::wstring(block) + inlined + L"|</fo:inline></fo:block>");
+        buffer.setPropertiesForElementAt(buffer.find(inlined), properties({{L"qf:a", L"1"}}));
+        return buffer.find(L"xmlns:qf=\"urn:forme:qf/1.0\"") >= 0;
+    };
+    EXPECT_FALSE(rootDeclares(L"<fo:block>", L"<fo:inline xmlns:qf='urn:own'>"));
+    EXPECT_FALSE(rootDeclares(L"<fo:block xmlns:qf='urn:own'>", L"<fo:inline>"));
+    EXPECT_TRUE(rootDeclares(L"<fo:block xmlns:QF='urn:other'>", L"<fo:inline>"));
+    EXPECT_TRUE(rootDeclares(L"<fo:block><x xmlns:qf='urn:own'/>", L"<fo:inline>"));
+}
+
+TEST(Properties, ClearingAnswersWhatWasThereAndIsOneStep) {
+    for (const wchar_t* marked : {L"<fo:block  a=\"/>\"\n b='1' >|t</fo:block>",
+                                  L"<fo:block a=\"/\"/>|", L"<?pi a=\"1\"?>|"}) {
+        TestBuffer buffer(marked);
+        const int element = buffer.find(L"\"body\">") + 7;
+        const int length = buffer.getContent().length();
+        const int removed = buffer.clearPropertiesForElementAt(element).length();
+        EXPECT_EQ(buffer.getContent().length(), length - removed);
+        EXPECT_TRUE(buffer.getPropertiesFromElementAt(element).isEmpty());
+        buffer.undo();
+        EXPECT_EQ(buffer.marked(), marked);
+        EXPECT_FALSE(buffer.canUndo());
+    }
+    TestBuffer selfClosing(L"<fo:block a=\"1\" />|");
+    EXPECT_EQ(wide(selfClosing.clearPropertiesForElementAt(selfClosing.find(L"<fo:block"))),
+              L" a=\"1\" ");
+    EXPECT_EQ(selfClosing.marked(), L"<fo:block/>|");
+}
+
+TEST(RootNamespaces, TakeOneDeclarationAndRefuseAnythingElse) {
+    TestBuffer buffer(L"<fo:block>a|b</fo:block>");
+    const std::wstring before = buffer.text();
+    for (const wchar_t* bad : {L"", L"xmlns:x", L"xmlns:x=", L"xmlns:=\"u\"", L"xmlns:1=\"u\"",
+                               L"a=\"u\"", L"xmlns:a b=\"u\"", L"xmlns:a:b=\"u\"", L"=\"u\""})
+        EXPECT_EQ(buffer.updateRootNamespaces(bad), 0) << Core::String(bad).length();
+    EXPECT_EQ(buffer.text(), before);
+    EXPECT_FALSE(buffer.canUndo());
+
+    const int shift = buffer.updateRootNamespaces(L" xmlns:x=\"urn:a=b\"");
+    EXPECT_EQ(buffer.text().size(), before.size() + static_cast<std::size_t>(shift));
+    EXPECT_NE(buffer.find(L" xmlns:x=\"urn:a=b\">"), -1);
+    buffer.updateRootNamespaces(L"xmlns:x=\"urn:c\"");
+    EXPECT_NE(buffer.find(L" xmlns:x=\"urn:c\">"), -1) << "a prefix has one declaration";
+    buffer.undo();
+    buffer.undo();
+    EXPECT_EQ(buffer.text(), before);
+}
+
+} // namespace
