@@ -1,0 +1,21 @@
+# Every target sets up what it needs; see scripts/.
+.PHONY: demo test bench fuzz docs lint install
+
+PRESET ?= debug
+SECONDS ?= 30
+PREFIX ?= /usr/local
+
+demo:
+	@scripts/demo.sh
+test:
+	@scripts/test.sh $(PRESET)
+bench:
+	@scripts/bench.sh $(ARGS)
+fuzz:
+	@scripts/fuzz.sh $(SECONDS)
+docs:
+	@scripts/docs.sh
+lint:
+	@scripts/build.sh debug && scripts/lint.sh build/debug
+install:
+	@scripts/install.sh $(PREFIX)

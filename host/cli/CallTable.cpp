@@ -1,0 +1,273 @@
+#include "CallTable.h"
+
+#include "Session.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+using Names = std::vector<const char*>;
+
+template <typename T>
+using Plain = std::remove_cvref_t<T>;
+
+template <typename... A, std::size_t... I>
+std::vector<Parameter> parametersOf(const Names& names, std::index_sequence<I...>) {
+    return {Parameter{names.at(I), Wire<Plain<A>>::name, &Wire<Plain<A>>::matches}...};
+}
+
+template <typename R>
+std::string resultName() {
+    if constexpr (std::is_void_v<R>)
+        return "null";
+    else
+        return Wire<Plain<R>>::name;
+}
+
+/// Calls with the request's arguments, the first of which stands behind the name.
+template <typename R, typename... A, typename Call, std::size_t... I>
+Json callWith(const Call& call, Session& session, const Json& request, std::index_sequence<I...>) {
+    if constexpr (std::is_void_v<R>) {
+        call(session, Wire<Plain<A>>::read(request[I + 1])...);
+        return nullptr;
+    } else {
+        return Wire<Plain<R>>::write(call(session, Wire<Plain<A>>::read(request[I + 1])...));
+    }
+}
+
+template <typename R, typename... A, typename Call>
+Operation makeOperation(const char* name, const Names& names, Call call) {
+    using Indices = std::index_sequence_for<A...>;
+    return {name, parametersOf<A...>(names, Indices()), resultName<R>(),
+            [call](Session& session, const Json& request) {
+                return callWith<R, A...>(call, session, request, Indices());
+            }};
+}
+
+/// An operation of the document buffer.
+template <typename R, typename C, typename... A>
+Operation document(const char* name, R (C::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().*member)(arguments...);
+    });
+}
+
+template <typename R, typename C, typename... A>
+Operation document(const char* name, R (C::*member)(A...) const, const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().*member)(arguments...);
+    });
+}
+
+template <typename R, typename... A>
+Operation document(const char* name, R (*function)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(
+        name, names, [function](Session&, A... arguments) -> R { return function(arguments...); });
+}
+
+/// An operation of the history.
+template <typename R, typename... A>
+Operation history(const char* name, R (EditActionStack::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().getEditActionStack().*member)(arguments...);
+    });
+}
+
+/// An operation of this program.
+template <typename R, typename... A>
+Operation program(const char* name, R (Session::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.*member)(arguments...);
+    });
+}
+
+/// Picks the overload of that type.
+template <typename Signature>
+constexpr auto overload(Signature EditableDocumentBuffer::*member) {
+    return member;
+}
+
+std::vector<Operation> makeTable() {
+    using D = EditableDocumentBuffer;
+    using Core::String;
+    return {
+        program("open", &Session::open, {"path"}),
+        program("save", &Session::save, {"path", "encoding"}),
+
+        document("setRootElement", &D::setRootElement, {"name"}),
+        document("addEditableElement", &D::addEditableElement, {"name"}),
+        document("addInlineEditableElement", &D::addInlineEditableElement, {"name"}),
+        document("isInlineEditableElementName", &D::isInlineEditableElementName, {"name"}),
+        document("isInlineEditableElementClosingTagName", &D::isInlineEditableElementClosingTagName,
+                 {"name"}),
+        document("isBlockEditableElementName", &D::isBlockEditableElementName, {"name"}),
+        document("notifyBufferChanged", &D::notifyBufferChanged),
+        document("notifyCaretChanged", &D::notifyCaretChanged),
+        document("notifySelectionChanged", &D::notifySelectionChanged),
+
+        document("getContent", &D::getContent),
+        document("setContent", &D::setContent, {"content", "resetHistory"}),
+        document("setContentFromFile", &D::setContentFromFile, {"path"}),
+        document("saveToFile", &D::saveToFile, {"path", "encoding"}),
+        document("changeXmlEncoding", &D::changeXmlEncoding, {"encoding"}),
+        document("updateRootNamespaces", &D::updateRootNamespaces, {"declaration"}),
+        document("getNamespaces", &D::getNamespaces),
+        document("isQFDDocument", &D::isQFDDocument),
+        document("isFODocument", &D::isFODocument),
+        document("isInElementContext", &D::isInElementContext, {"name", "position"}),
+        document("isInsideStartTag", &D::isInsideStartTag, {"text", "position"}),
+        document("getLayoutMasterSetPosition", &D::getLayoutMasterSetPosition),
+        document("getQFDTemplateDefsPosition", &D::getQFDTemplateDefsPosition),
+        document("getQFDTemplateDefsString", &D::getQFDTemplateDefsString, {"position"}),
+        document("getFirstPageGeneratorPos", &D::getFirstPageGeneratorPos),
+        document("getAllPageSequencesWrappedInRoot", &D::getAllPageSequencesWrappedInRoot),
+
+        document("undo", &D::undo),
+        document("redo", &D::redo),
+        document("canUndo", &D::canUndo),
+        document("canRedo", &D::canRedo),
+        document("endKeyTypingSequence", &D::endKeyTypingSequence),
+        history("history.startActionGroup", &EditActionStack::startActionGroup),
+        history("history.endActionGroup", &EditActionStack::endActionGroup),
+        history("history.startTrackingPos", &EditActionStack::startTrackingPos, {"position"}),
+        history("history.retrieveTrackingPos", &EditActionStack::retrieveTrackingPos),
+        document("insertXmlTextAtPosition", &D::insertXmlTextAtPosition, {"position", "xml"}),
+        document("deleteXmlText", &D::deleteXmlText, {"start", "end"}),
+        document("deleteContentAndAdjustCaret", &D::deleteContentAndAdjustCaret, {"start", "end"}),
+
+        document("getCaretPos", &D::getCaretPos),
+        document("getSelectionPivotPos", &D::getSelectionPivotPos),
+        document("setCaretPos", &D::setCaretPos, {"extend", "position"}),
+        document("moveCaretLeft", &D::moveCaretLeft, {"extend", "byWord", "mergeBoundaries"}),
+        document("moveCaretRight", &D::moveCaretRight, {"extend", "byWord", "mergeBoundaries"}),
+        document("moveCaretHome", &D::moveCaretHome, {"extend"}),
+        document("moveCaretToEnd", &D::moveCaretToEnd, {"extend"}),
+        document("moveCaretToFirstFoFlow", &D::moveCaretToFirstFoFlow),
+        document("resetCaretFromStaticContent", &D::resetCaretFromStaticContent),
+        document("moveCaretToPageSequence", &D::moveCaretToPageSequence, {"index"}),
+        document("moveCaretToReference", &D::moveCaretToReference, {"sequenceIndex", "offset"}),
+        document("moveCaretToFirstStaticRegion", &D::moveCaretToFirstStaticRegion),
+        document("moveCaretToStaticRegion", &D::moveCaretToStaticRegion,
+                 {"flowName", "sequenceIndex"}),
+
+        document("hasSelectedText", &D::hasSelectedText),
+        document("offsetIsInSelection", &D::offsetIsInSelection, {"offset"}),
+        document("resetSelection", &D::resetSelection),
+        document("selectCurrentElement", &D::selectCurrentElement),
+        document("selectElement", &D::selectElement, {"path"}),
+        document("selectElementStartingAtCaretPosition", &D::selectElementStartingAtCaretPosition),
+        document("selectParent", &D::selectParent),
+        document("resetSelectionOfElement", &D::resetSelectionOfElement),
+        document("getSelectionAs", overload<String(TextFormat) const>(&D::getSelectionAs),
+                 {"format"}),
+        document("getSelectionAs", overload<String(TextFormat, const String&)>(&D::getSelectionAs),
+                 {"format", "path"}),
+
+        document("insertText", overload<bool(const String&, bool, bool)>(&D::insertText),
+                 {"text", "isXml", "selectInserted"}),
+        document(
+            "insertText",
+            overload<void(const String&, const PropertyCollection&, bool, bool)>(&D::insertText),
+            {"text", "properties", "isXml", "selectInserted"}),
+        document("insertTextAtPosition", &D::insertTextAtPosition,
+                 {"position", "text", "isXml", "selectInserted"}),
+        document("insertTab", &D::insertTab),
+        document("replaceXmlText", &D::replaceXmlText, {"start", "end", "xml"}),
+        document("indentXmlText", &D::indentXmlText, {"xml", "position"}),
+
+        document("deleteContentAtPosition", &D::deleteContentAtPosition,
+                 {"keepSelection", "from", "to"}),
+        makeOperation<int, int>("deleteSpacesBetweenTags", {"position"},
+                                [](Session& session, int position) {
+                                    session.document().deleteSpacesBetweenTags(position);
+                                    return position;
+                                }),
+        document("selectionCrossTable", &D::selectionCrossTable),
+        document("entireSelectionisInTheSameFloatingRegion",
+                 &D::entireSelectionisInTheSameFloatingRegion),
+        document("setPageMasterEditingMode", &D::setPageMasterEditingMode, {"on"}),
+        document("getPageMasterEditingMode", &D::getPageMasterEditingMode),
+        document("setEditingDummyPage", &D::setEditingDummyPage, {"on"}),
+        document("isEditingDummyPage", &D::isEditingDummyPage),
+        document("saveInitialPosition", &D::saveInitialPosition, {"save"}),
+        document("loadInitialPosition", &D::loadInitialPosition),
+
+        document("updateCacheOnBufferChange", &D::updateCacheOnBufferChange),
+        document("updateCacheOnCaretChange", &D::updateCacheOnCaretChange),
+        document("updateCacheOnSelectionChange", &D::updateCacheOnSelectionChange),
+        document("tableBufferCacheNull", &D::tableBufferCacheNull),
+        document("updateTableBufferCache", &D::updateTableBufferCache),
+    };
+}
+
+std::string kindOf(const Json& value) {
+    return value.is_number_integer() ? "an integer" : std::string("a ") + value.type_name();
+}
+
+/// What keeps the request from fitting the only operation of its name.
+std::string mismatch(const Operation& operation, const Json& request) {
+    const std::size_t given = request.size() - 1;
+    if (given != operation.parameters.size())
+        return operation.signature() + ": " + std::to_string(operation.parameters.size()) +
+               " arguments expected, " + std::to_string(given) + " given";
+    for (std::size_t i = 0; i < given; ++i) {
+        const Parameter& parameter = operation.parameters[i];
+        if (!parameter.matches(request[i + 1]))
+            return operation.signature() + ": argument " + std::to_string(i + 1) + " (" +
+                   parameter.name + "): " + parameter.type + " expected, " +
+                   kindOf(request[i + 1]) + " given";
+    }
+    return {};
+}
+
+} // namespace
+
+bool Operation::accepts(const Json& request) const {
+    if (request.size() != parameters.size() + 1)
+        return false;
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        if (!parameters[i].matches(request[i + 1]))
+            return false;
+    return true;
+}
+
+std::string Operation::signature() const {
+    std::string text = name + "(";
+    for (const Parameter& parameter : parameters) {
+        if (&parameter != &parameters.front())
+            text += ", ";
+        text += parameter.name + ": " + parameter.type;
+    }
+    return text + ")";
+}
+
+const std::vector<Operation>& callTable() {
+    static const std::vector<Operation> table = makeTable();
+    return table;
+}
+
+const Operation& operationFor(const Json& request) {
+    if (!request.is_array() || request.empty() || !request[0].is_string())
+        throw std::invalid_argument(
+            "a request is an array that begins with an operation's name, as in [\"undo\"]");
+    const std::string& name = request[0].get_ref<const std::string&>();
+    std::vector<const Operation*> candidates;
+    for (const Operation& operation : callTable()) {
+        if (operation.name != name)
+            continue;
+        if (operation.accepts(request))
+            return operation;
+        candidates.push_back(&operation);
+    }
+    if (candidates.empty())
+        throw std::invalid_argument("unknown operation \"" + name + "\"");
+    if (candidates.size() == 1)
+        throw std::invalid_argument(mismatch(*candidates.front(), request));
+    std::string message = "the arguments fit none of";
+    for (const Operation* candidate : candidates)
+        message += (candidate == candidates.front() ? " " : ", ") + candidate->signature();
+    throw std::invalid_argument(message);
+}

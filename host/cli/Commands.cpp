@@ -1,0 +1,137 @@
+#include "Commands.h"
+
+#include "CallTable.h"
+#include "ReadableText.h"
+#include "Session.h"
+#include "StopList.h"
+
+#include <forme/foundation/Encoder.h>
+
+#include <algorithm>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+namespace {
+
+/// What one run did, for the line at its end.
+struct Summary {
+    int requests = 0;
+    int changes = 0;
+};
+
+Core::String wide(const std::string& text) {
+    return Core::Encoder::convertUTF8ToString(text);
+}
+
+bool isBlankOrComment(const std::string& line) {
+    const std::size_t first = line.find_first_not_of(" \t\r");
+    return first == std::string::npos || line[first] == '#';
+}
+
+void printText(const char* title, Session& session) {
+    std::cout << title << ":\n"
+              << readableText(session.document().getContent(), {session.document().getCaretPos()})
+              << '\n';
+}
+
+void printReply(const std::string& request, const Json& reply) {
+    std::cout << request << "\n    ";
+    if (!reply["result"].is_null())
+        std::cout << "result " << reply["result"].dump() << ", ";
+    std::cout << "caret " << reply["caret"];
+    if (reply["pivot"] != reply["caret"])
+        std::cout << ", pivot " << reply["pivot"];
+    std::cout << ", notices:";
+    for (const Json& notice : reply["notices"])
+        std::cout << ' ' << notice.get_ref<const std::string&>();
+    std::cout << (reply["notices"].empty() ? " none\n" : "\n");
+}
+
+bool changedText(const Json& reply) {
+    const Json& notices = reply["notices"];
+    return std::find(notices.begin(), notices.end(), "buffer") != notices.end();
+}
+
+/// Serves the script's requests up to the first that fails; answers whether none did.
+bool serveScript(Session& session, const std::string& path, Summary& summary) {
+    std::ifstream script(path);
+    if (!script) {
+        std::cerr << path << ": cannot be read\n";
+        return false;
+    }
+    std::string line;
+    for (int number = 1; std::getline(script, line); ++number) {
+        if (isBlankOrComment(line))
+            continue;
+        const Json reply = session.serveLine(line);
+        if (reply.contains("error")) {
+            std::cerr << path << ':' << number << ": "
+                      << reply["error"].get_ref<const std::string&>() << '\n';
+            return false;
+        }
+        printReply(line, reply);
+        ++summary.requests;
+        summary.changes += changedText(reply) ? 1 : 0;
+    }
+    return true;
+}
+
+} // namespace
+
+int runScript(const RunOptions& options) try {
+    Session session;
+    session.open(wide(options.document));
+    if (options.show)
+        printText("Before", session);
+    Summary summary;
+    if (!serveScript(session, options.script, summary))
+        return 1;
+    if (options.show) {
+        std::cout << '\n';
+        printText("After", session);
+    }
+    std::cout << summary.requests << " requests, " << summary.changes << " changed the text; "
+              << session.document().getContent().length() << " code units\n";
+    if (!options.output.empty()) {
+        session.save(wide(options.output), static_cast<DocumentEncoding>(options.encoding));
+        std::cout << "written to " << options.output << '\n';
+    }
+    return 0;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 1;
+}
+
+int serveRequests(const std::string& document) try {
+    Session session;
+    if (!document.empty())
+        session.open(wide(document));
+    for (std::string line; std::getline(std::cin, line);)
+        std::cout << session.serveLine(line).dump() << std::endl;
+    return 0;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 1;
+}
+
+int printStops(const std::string& document) try {
+    std::cout << listStops(document);
+    return 0;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 1;
+}
+
+int printCalls() {
+    std::size_t width = 0;
+    for (const Operation& operation : callTable())
+        width = std::max(width, operation.signature().size());
+    for (const Operation& operation : callTable()) {
+        const std::string signature = operation.signature();
+        std::cout << signature << std::string(width + 2 - signature.size(), ' ') << operation.result
+                  << '\n';
+    }
+    return 0;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+/// What the program's subcommands do. Each answers the exit status: 0, or 1 after a failure that it
+/// has told on standard error.
+
+struct RunOptions {
+    std::string document;
+    std::string script;
+    std::string output; ///< where the edited document goes; nowhere if empty
+    int encoding = 1;
+    bool show = false; ///< print the readable text before and after
+};
+
+int runScript(const RunOptions& options);
+
+/// Serves requests from standard input until it ends: one reply for each line.
+int serveRequests(const std::string& document);
+
+/// Prints a document as a reader sees it, with a mark at every stop of the caret.
+int printStops(const std::string& document);
+
+int printCalls();

@@ -1,0 +1,101 @@
+#include "ReadableText.h"
+
+#include <forme/foundation/Encoder.h>
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+using Units = std::wstring_view;
+
+constexpr std::array<std::pair<Units, Units>, 6> entities{{{L"&amp;", L"&"},
+                                                           {L"&lt;", L"<"},
+                                                           {L"&gt;", L">"},
+                                                           {L"&quot;", L"\""},
+                                                           {L"&apos;", L"'"},
+                                                           {L"&#x00A0;", L"\u00B7"}}};
+
+/// Builds lines from text that comes unit by unit.
+class Lines {
+public:
+    void addSpace() { spaceDue_ = !line_.empty(); }
+    void add(Units text) {
+        if (spaceDue_)
+            line_ += L' ';
+        spaceDue_ = false;
+        line_ += text;
+    }
+    void end() {
+        if (!line_.empty())
+            text_.append(L"  ").append(line_).append(L"\n");
+        line_.clear();
+        spaceDue_ = false;
+    }
+    const std::wstring& text() const { return text_; }
+
+private:
+    std::wstring text_;
+    std::wstring line_;
+    bool spaceDue_ = false;
+};
+
+/// The offset behind what begins with a `<`.
+std::size_t behindMarkup(Units content, std::size_t at) {
+    const auto behind = [&](Units delimiter) {
+        const std::size_t found = content.find(delimiter, at);
+        return found == Units::npos ? content.size() : found + delimiter.size();
+    };
+    if (content.substr(at).starts_with(L"<!--"))
+        return behind(L"-->");
+    if (content.substr(at).starts_with(L"<?"))
+        return behind(L"?>");
+    return behind(L">");
+}
+
+bool isInlineTag(Units tag) {
+    const Units name = tag.substr(tag.starts_with(L"</") ? 2 : 1);
+    for (const Units inlineName : {L"fo:inline", L"fo:wrapper", L"fo:basic-link", L"fo:character",
+                                   L"fo:page-number", L"fo:bidi-override"})
+        if (name.starts_with(inlineName))
+            return true;
+    return false;
+}
+
+std::pair<Units, std::size_t> characterAt(Units content, std::size_t at) {
+    for (const auto& [entity, shown] : entities)
+        if (content.substr(at).starts_with(entity))
+            return {shown, entity.size()};
+    return {content.substr(at, 1), 1};
+}
+
+} // namespace
+
+std::string readableText(const Core::String& document, const std::vector<int>& marked) {
+    const Units content = document.view();
+    const std::size_t body = content.find(L"</fo:layout-master-set>");
+    Lines lines;
+    auto mark = marked.begin();
+    for (std::size_t at = body == Units::npos ? 0 : body; at < content.size();) {
+        while (mark != marked.end() && *mark < static_cast<int>(at))
+            ++mark;
+        if (mark != marked.end() && *mark == static_cast<int>(at))
+            lines.add(L"|");
+        if (content[at] == L'<') {
+            const std::size_t behind = behindMarkup(content, at);
+            if (!isInlineTag(content.substr(at, behind - at)))
+                lines.end();
+            at = behind;
+        } else if (Core::String::isSpace(content[at])) {
+            lines.addSpace();
+            ++at;
+        } else {
+            const auto [shown, length] = characterAt(content, at);
+            lines.add(shown);
+            at += length;
+        }
+    }
+    lines.end();
+    return Core::Encoder::toDisplayText(Core::String(lines.text()));
+}

@@ -1,0 +1,87 @@
+#include "Session.h"
+
+#include "CallTable.h"
+
+#include <forme/foundation/Exception.h>
+
+#include <exception>
+
+namespace {
+
+bool hasFoRoot(const Core::String& content) {
+    const int root = content.find(L"<fo:root", 0);
+    const int document = content.find(L"<qfd:document", 0);
+    return root >= 0 && (document < 0 || root < document);
+}
+
+SmartPtr<EditableDocumentBuffer> makeDocument() {
+    const SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
+    setUpAsHost(*document);
+    return document;
+}
+
+} // namespace
+
+void setUpAsHost(EditableDocumentBuffer& document) {
+    document.setRootElement(L"qfd:document");
+    for (const wchar_t* name : {L"fo:block", L"fo:inline", L"fo:wrapper", L"fo:basic-link",
+                                L"fo:bidi-override", L"qf:form"})
+        document.addEditableElement(name);
+    for (const wchar_t* name : {L"fo:inline", L"fo:wrapper", L"fo:basic-link", L"fo:bidi-override"})
+        document.addInlineEditableElement(name);
+}
+
+void loadDocument(EditableDocumentBuffer& document, const Core::String& path) {
+    document.setContentFromFile(path);
+    if (hasFoRoot(document.getContent())) {
+        document.setRootElement(L"fo:root");
+        document.moveCaretHome(false);
+    }
+}
+
+Session::Session() {
+    adopt(makeDocument());
+}
+
+Session::~Session() {
+    document_->setMonitor(nullptr);
+}
+
+void Session::adopt(const SmartPtr<EditableDocumentBuffer>& document) {
+    if (document_)
+        document_->setMonitor(nullptr);
+    document_ = document;
+    document_->setMonitor(this);
+}
+
+void Session::open(const Core::String& path) {
+    const SmartPtr<EditableDocumentBuffer> opened = makeDocument();
+    loadDocument(*opened, path);
+    adopt(opened);
+    notices_ = {"buffer", "caret"};
+}
+
+void Session::save(const Core::String& path, DocumentEncoding encoding) {
+    document_->saveToFile(path, encoding);
+}
+
+Json Session::serve(const Json& request) {
+    notices_.clear();
+    try {
+        const Json result = operationFor(request).invoke(*this, request);
+        return {{"result", result},
+                {"caret", document_->getCaretPos()},
+                {"pivot", document_->getSelectionPivotPos()},
+                {"notices", notices_}};
+    } catch (const std::exception& failure) {
+        return {{"error", failure.what()}};
+    }
+}
+
+Json Session::serveLine(std::string_view line) {
+    try {
+        return serve(Json::parse(line));
+    } catch (const Json::parse_error& failure) {
+        return {{"error", "no JSON: column " + std::to_string(failure.byte)}};
+    }
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Wire.h"
+
+#include <forme/document/EditableDocumentBuffer.h>
+#include <forme/document/IEditableBufferMonitor.h>
+#include <forme/foundation/SmartPtr.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Registers the names that a host registers as a rule.
+void setUpAsHost(EditableDocumentBuffer& document);
+
+/// Loads a file and sets the root that it has, "qfd:document" or "fo:root". Throws Core::Exception
+/// when it cannot be read.
+void loadDocument(EditableDocumentBuffer& document, const Core::String& path);
+
+/// One document being edited by requests: JSON arrays that name an operation and its arguments. It
+/// is set up as a host's document is.
+class Session : private IEditableBufferMonitor {
+public:
+    Session();
+    ~Session() override;
+
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    EditableDocumentBuffer& document() { return *document_; }
+
+    /// Takes up another document. When the file cannot be read, this throws and the old one stays.
+    void open(const Core::String& path);
+    void save(const Core::String& path, DocumentEncoding encoding);
+
+    /// Carries out a request and answers {"result", "caret", "pivot", "notices"}, or {"error"}
+    /// saying what was wrong. Never throws for a request.
+    Json serve(const Json& request);
+    /// The same for a line of text.
+    Json serveLine(std::string_view line);
+
+private:
+    void onBufferChanged() override { notices_.emplace_back("buffer"); }
+    void onCaretChanged() override { notices_.emplace_back("caret"); }
+    void onSelectionChanged() override { notices_.emplace_back("selection"); }
+
+    void adopt(const SmartPtr<EditableDocumentBuffer>& document);
+
+    SmartPtr<EditableDocumentBuffer> document_;
+    std::vector<std::string> notices_;
+};

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <forme/document/EditableDocumentBuffer.h>
+#include <forme/foundation/Encoder.h>
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+/// How the values of the library's operations travel as JSON. For each type: what it is called,
+/// whether a JSON value is one, and the ways there and back.
+template <typename T>
+struct Wire;
+
+using Json = nlohmann::json;
+
+template <>
+struct Wire<bool> {
+    static constexpr const char* name = "bool";
+    static bool matches(const Json& value) { return value.is_boolean(); }
+    static bool read(const Json& value) { return value.get<bool>(); }
+    static Json write(bool value) { return value; }
+};
+
+template <>
+struct Wire<int> {
+    static constexpr const char* name = "int";
+    static bool matches(const Json& value) {
+        if (value.is_number_unsigned())
+            return value.get<std::uint64_t>() <= std::numeric_limits<int>::max();
+        return value.is_number_integer() &&
+               value.get<std::int64_t>() >= std::numeric_limits<int>::min();
+    }
+    static int read(const Json& value) { return value.get<int>(); }
+    static Json write(int value) { return value; }
+};
+
+template <>
+struct Wire<Core::String> {
+    static constexpr const char* name = "string";
+    static bool matches(const Json& value) { return value.is_string(); }
+    static Core::String read(const Json& value) {
+        return Core::Encoder::convertUTF8ToString(value.get_ref<const std::string&>());
+    }
+    static Json write(const Core::String& value) {
+        return std::string(Core::Encoder::convertStringToUTF8(value).view());
+    }
+};
+
+template <>
+struct Wire<DocumentEncoding> {
+    static constexpr const char* name = "encoding (1 UTF-8, 2 with mark, 3 UTF-16 with mark)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 1 && value.get<int>() <= 3;
+    }
+    static DocumentEncoding read(const Json& value) {
+        return static_cast<DocumentEncoding>(value.get<int>());
+    }
+};
+
+template <>
+struct Wire<TextFormat> {
+    static constexpr const char* name = "text format (0 plain, 2 native)";
+    static bool matches(const Json& value) { return Wire<int>::matches(value); }
+    static TextFormat read(const Json& value) { return static_cast<TextFormat>(value.get<int>()); }
+};
+
+template <>
+struct Wire<EditableProperty> {
+    static constexpr const char* name = "property [name, value]";
+    static bool matches(const Json& value) {
+        return value.is_array() && value.size() == 2 && value[0].is_string() &&
+               value[1].is_string();
+    }
+    static EditableProperty read(const Json& value) {
+        return {Wire<Core::String>::read(value[0]), Wire<Core::String>::read(value[1])};
+    }
+    static Json write(const EditableProperty& value) {
+        return Json::array({Wire<Core::String>::write(value.getName()),
+                            Wire<Core::String>::write(value.getValue())});
+    }
+};
+
+template <>
+struct Wire<PropertyCollection> {
+    static constexpr const char* name = "properties [[name, value], ...]";
+    static bool matches(const Json& value) {
+        return value.is_array() &&
+               std::all_of(value.begin(), value.end(), Wire<EditableProperty>::matches);
+    }
+    static PropertyCollection read(const Json& value) {
+        PropertyCollection properties;
+        for (const Json& property : value)
+            properties.addProperty(Wire<EditableProperty>::read(property), true);
+        return properties;
+    }
+    static Json write(const PropertyCollection& value) {
+        Json properties = Json::array();
+        for (const EditableProperty& property : value.getPropertyList())
+            properties.push_back(Wire<EditableProperty>::write(property));
+        return properties;
+    }
+};

@@ -1,0 +1,39 @@
+#include "Commands.h"
+
+#include <CLI/CLI.hpp>
+
+int main(int argc, char** argv) {
+    CLI::App app{"Edits page-oriented documents by script or by request."};
+    app.require_subcommand(1);
+
+    RunOptions options;
+    CLI::App* run = app.add_subcommand("run", "Edit a document by a script of requests");
+    run->add_option("document", options.document, "The document")->required();
+    run->add_option("script", options.script, "A JSON array a line; # begins a comment")
+        ->required();
+    run->add_option("-o,--output", options.output, "Where to write the edited document");
+    run->add_option("--encoding", options.encoding,
+                    "1 UTF-8, 2 UTF-8 with mark, 3 UTF-16 with mark")
+        ->check(CLI::Range(1, 3));
+    run->add_flag("--show", options.show, "Print the readable text before and after");
+
+    std::string document;
+    CLI::App* serve =
+        app.add_subcommand("serve", "Answer requests, one on a line, from standard input");
+    serve->add_option("document", document, "The document to begin with");
+
+    CLI::App* stops =
+        app.add_subcommand("stops", "Print a document with a mark at every caret stop");
+    stops->add_option("document", document, "The document")->required();
+
+    app.add_subcommand("calls", "List every operation with its arguments and result");
+
+    CLI11_PARSE(app, argc, argv);
+    if (run->parsed())
+        return runScript(options);
+    if (serve->parsed())
+        return serveRequests(document);
+    if (stops->parsed())
+        return printStops(document);
+    return printCalls();
+}

@@ -1,0 +1,50 @@
+#!/bin/bash
+# Installs the Debian packages that a task needs and that are missing.
+#   scripts/packages.sh build|test|bench|clang|lint|docs ...
+set -euo pipefail
+
+packages_for() {
+    case "$1" in
+        build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev ;;
+        test) echo libgtest-dev pkg-config ;;
+        bench) echo libbenchmark-dev ;;
+        clang) echo clang libclang-rt-dev llvm ;;
+        lint) echo clang-format clang-tidy ;;
+        docs) echo doxygen ;;
+        *) echo "packages.sh: no task is called '$1'" >&2; return 1 ;;
+    esac
+}
+
+is_installed() {
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "To install them, run as root: $*" >&2
+        return 1
+    fi
+}
+
+if ! command -v dpkg-query >/dev/null; then
+    echo "No Debian here: the tools are taken as installed."
+    exit 0
+fi
+
+missing=()
+for task in "$@"; do
+    wanted=$(packages_for "$task")
+    for package in $wanted; do
+        is_installed "$package" || missing+=("$package")
+    done
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    echo "Installing what is missing: ${missing[*]}"
+    export DEBIAN_FRONTEND=noninteractive
+    as_root apt-get update -qq
+    as_root apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+fi

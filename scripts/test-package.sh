@@ -1,0 +1,33 @@
+#!/bin/bash
+# Installs a build into a temporary prefix and builds a program outside the tree against it, once
+# through find_package(Forme) and once through pkg-config.
+#   scripts/test-package.sh BUILD
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp -r tests/consumer "$work/consumer"
+prefix=$work/prefix
+cmake --install "$1" --prefix "$prefix" >"$work/install.log" || { cat "$work/install.log"; exit 1; }
+
+echo "A program through find_package(Forme):"
+cmake -S "$work/consumer" -B "$work/build" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" >"$work/configure.log" ||
+    { cat "$work/configure.log"; exit 1; }
+cmake --build "$work/build" >"$work/build.log" || { cat "$work/build.log"; exit 1; }
+"$work/build/consumer" samples/letter.xml "$work/out.xml"
+
+echo "The same program through pkg-config:"
+library=$(dirname "$(find "$prefix" -name libforme.so)")
+export PKG_CONFIG_PATH=$library/pkgconfig
+# Unquoted: what pkg-config prints is a list of arguments.
+${CXX:-g++} -std=c++20 "$work/consumer/main.cpp" -o "$work/by-pkg-config" \
+    $(pkg-config --cflags --libs forme)
+LD_LIBRARY_PATH=$library "$work/by-pkg-config" samples/letter.xml "$work/out.xml"
+
+echo "All the headers, with nothing but what is installed:"
+(cd "$prefix/include" && find forme -name '*.h' -printf '#include <%p>\n') >"$work/all.cpp"
+${CXX:-g++} -std=c++20 -fsyntax-only $(pkg-config --cflags forme) "$work/all.cpp" && echo "ok"
+
+echo "The installed program:"
+"$prefix/bin/forme" run samples/letter.xml samples/letter-demo.jsonl >/dev/null && echo "ok"

@@ -1,0 +1,45 @@
+#include "CallTable.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+/// The names of the operations that the public sections of a class declare.
+std::set<std::string> publicOperations(const std::string& header) {
+    std::ifstream source(std::string(FORME_SOURCES) + "/" + header);
+    EXPECT_TRUE(source) << header;
+    static const std::regex declaration(R"(^ {4}[\w:<>&*, ]+[ &*](\w+)\()");
+    std::set<std::string> names;
+    bool isPublic = false;
+    for (std::string line; std::getline(source, line);) {
+        if (line == "public:" || line == "protected:" || line == "private:")
+            isPublic = line == "public:";
+        std::smatch match;
+        if (isPublic && std::regex_search(line, match, declaration))
+            names.insert(match[1]);
+    }
+    return names;
+}
+
+/// What deals in pointers and references of the host's own and has no meaning in a request.
+const std::set<std::string> notForRequests{"setMonitor", "getMonitor", "getEditActionStack"};
+
+} // namespace
+
+TEST(CallTable, ReachesEveryPublicOperation) {
+    std::set<std::string> reached;
+    for (const Operation& operation : callTable())
+        reached.insert(operation.name);
+    for (const char* header : {"text/EditableXmlBuffer.h", "document/EditableDocumentBuffer.h"}) {
+        const std::set<std::string> declared = publicOperations(header);
+        EXPECT_GE(declared.size(), 3U) << header;
+        for (const std::string& name : declared)
+            EXPECT_TRUE(reached.count(name) || notForRequests.count(name))
+                << header << ": " << name << " cannot be requested";
+    }
+}

@@ -1,0 +1,72 @@
+#include "Session.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace {
+
+const Json document = R"(<qfd:document><fo:page-sequence><fo:flow>
+<fo:block>first</fo:block>
+</fo:flow></fo:page-sequence></qfd:document>)";
+
+std::string errorFor(const char* line) {
+    Session session;
+    return session.serveLine(line).value("error", "");
+}
+
+} // namespace
+
+TEST(Session, AnswersWithResultCaretAndNotices) {
+    Session session;
+    const Json loaded = session.serve({"setContent", document, true});
+    const int first = static_cast<int>(document.get<std::string>().find("first"));
+    EXPECT_EQ(loaded, Json({{"result", nullptr},
+                            {"caret", first},
+                            {"pivot", first},
+                            {"notices", {"buffer", "caret"}}}));
+    EXPECT_EQ(session.serveLine("[\"setCaretPos\",true," + std::to_string(first + 2) + "]"),
+              Json({{"result", nullptr},
+                    {"caret", first + 2},
+                    {"pivot", first},
+                    {"notices", {"caret", "selection"}}}));
+    EXPECT_EQ(session.serve({"getContent"})["result"], document);
+}
+
+TEST(Session, SaysWhatIsWrongWithARequest) {
+    EXPECT_EQ(errorFor("[\"undo\""), "no JSON: column 8");
+    EXPECT_EQ(errorFor("{}"),
+              "a request is an array that begins with an operation's name, as in [\"undo\"]");
+    EXPECT_EQ(errorFor("[\"undone\"]"), "unknown operation \"undone\"");
+    EXPECT_EQ(errorFor("[\"undo\",1]"), "undo(): 0 arguments expected, 1 given");
+    EXPECT_EQ(errorFor("[\"setCaretPos\",false,\"3\"]"),
+              "setCaretPos(extend: bool, position: int): argument 2 (position): int expected, a "
+              "string given");
+    EXPECT_EQ(errorFor("[\"setCaretPos\",false,2147483648]"),
+              "setCaretPos(extend: bool, position: int): argument 2 (position): int expected, an "
+              "integer given");
+    EXPECT_EQ(errorFor("[\"open\",\"nowhere/letter.xml\"]").find("nowhere/letter.xml"), 0U);
+}
+
+TEST(Session, StaysUpThroughGarbageAndLosesNothing) {
+    Session session;
+    session.serve({"setContent", document, true});
+    const Json before = session.serve({"getContent"});
+    std::mt19937 random(7);
+    const std::string alphabet = "[]{}\",:0123456789.eE+-truefalsnil\\ \t\x80\xC3\xFF<>&;/";
+    for (int i = 0; i < 1000; ++i) {
+        std::string line;
+        for (unsigned length = random() % 40; length > 0; --length)
+            line += alphabet[random() % alphabet.size()];
+        EXPECT_NE(session.serveLine(line).value("error", ""), "") << line;
+    }
+    EXPECT_EQ(session.serve({"getContent"}), before);
+}
+
+TEST(Session, FailedOpenKeepsTheDocument) {
+    Session session;
+    session.serve({"setContent", document, true});
+    session.serve({"open", "nowhere/letter.xml"});
+    EXPECT_EQ(session.serve({"getContent"})["result"], document);
+}

@@ -1,0 +1,226 @@
+#include "scenarios/Scenario.h"
+
+#include "Session.h"
+#include "support/WellFormed.h"
+
+#include <algorithm>
+#include <fstream>
+#include <set>
+#include <stdexcept>
+#include <string_view>
+
+namespace {
+
+const std::string documentStart =
+    R"(<?xml version="1.0" encoding="utf-8"?>
+<qfd:document xmlns:qfd="urn:forme:qfd/1.0" xmlns:fo="http://www.w3.org/1999/XSL/Format" xmlns:qf="urn:forme:qf/1.0">
+<fo:layout-master-set><fo:simple-page-master master-name="page"><fo:region-body/></fo:simple-page-master></fo:layout-master-set>
+<fo:page-sequence master-reference="page"><fo:flow flow-name="xsl-region-body">)";
+const std::string documentEnd = "</fo:flow></fo:page-sequence>\n</qfd:document>";
+
+bool isWholeDocument(std::string_view text) {
+    return text.starts_with("<?xml") || text.starts_with("<qfd:document") ||
+           text.starts_with("<fo:root");
+}
+
+struct State {
+    Core::String text;
+    int caret = -1;
+    int pivot = -1;
+
+    bool operator==(const State&) const = default;
+};
+
+/// A text with its marks taken out and turned into positions.
+State parseMarks(const std::string& marked) {
+    State state;
+    std::wstring text;
+    const Core::String units = Core::Encoder::convertUTF8ToString(
+        isWholeDocument(marked) ? marked : documentStart + marked + documentEnd);
+    for (const wchar_t unit : units.view()) {
+        if (unit == L'|')
+            state.caret = static_cast<int>(text.size());
+        else if (unit == L'^')
+            state.pivot = static_cast<int>(text.size());
+        else
+            text += unit;
+    }
+    if (state.pivot < 0)
+        state.pivot = state.caret;
+    state.text = Core::String(text);
+    return state;
+}
+
+/// A state with its marks, as a scenario shows it: the whole text, or what stands in its flow.
+std::string show(const State& state, bool whole) {
+    std::wstring text(state.text.view());
+    const auto mark = [&text](int position, wchar_t sign) {
+        if (position >= 0)
+            text.insert(static_cast<std::size_t>(position), 1, sign);
+    };
+    mark(std::max(state.caret, state.pivot), state.caret >= state.pivot ? L'|' : L'^');
+    if (state.caret != state.pivot)
+        mark(std::min(state.caret, state.pivot), state.caret < state.pivot ? L'|' : L'^');
+    const std::string all = Core::Encoder::toDisplayText(Core::String(text));
+    const std::size_t flow = all.find("<fo:flow");
+    const std::size_t end = all.rfind("</fo:flow>");
+    if (whole || flow == std::string::npos || end == std::string::npos)
+        return all;
+    const std::size_t content = all.find('>', flow) + 1;
+    return all.substr(content, end - content);
+}
+
+class Runner {
+public:
+    explicit Runner(const Scenario& scenario) : scenario_(scenario) {}
+
+    void run() {
+        begin();
+        for (const ScenarioStep& step : scenario_.steps)
+            carryOut(step);
+        if (!scenario_.notUndoable)
+            checkHistory();
+    }
+
+private:
+    State current() {
+        EditableDocumentBuffer& document = session_.document();
+        return {document.getContent(), document.getCaretPos(), document.getSelectionPivotPos()};
+    }
+
+    void begin() {
+        const State before = parseMarks(scenario_.before);
+        const bool foRoot = scenario_.before.find("<fo:root") != std::string::npos;
+        session_.document().setRootElement(foRoot ? L"fo:root" : L"qfd:document");
+        session_.document().setContent(before.text, true);
+        session_.document().setCaretPos(false, before.pivot);
+        session_.document().setCaretPos(true, before.caret);
+        if (current() != before)
+            fail(scenario_.line, "the caret cannot stand there:\n" + show(current(), false));
+        first_ = last_ = before;
+    }
+
+    void carryOut(const ScenarioStep& step) {
+        const State before = current();
+        const bool couldUndo = session_.document().canUndo();
+        const Json reply = session_.serveLine(step.request);
+        if (reply.contains("error"))
+            fail(step.line, reply["error"].get<std::string>());
+        checkReply(step, reply);
+        if (!couldUndo && session_.document().canUndo())
+            first_ = before;
+        if (current().text != before.text)
+            last_ = current();
+        replays_ = replays_ || step.request.starts_with("[\"undo\"") ||
+                   step.request.starts_with("[\"redo\"");
+    }
+
+    void checkReply(const ScenarioStep& step, const Json& reply) {
+        const auto notices = reply["notices"].get<std::vector<std::string>>();
+        if (!scenario_.manyNotices &&
+            std::set<std::string>(notices.begin(), notices.end()).size() != notices.size())
+            fail(step.line, "a notice came twice: " + reply["notices"].dump());
+        if (const std::string error = xmlError(current().text); !error.empty())
+            fail(step.line, "not well formed, " + error + "\n" + show(current(), true));
+        if (step.result && Json::parse(*step.result) != reply["result"])
+            fail(step.line, "the result is " + reply["result"].dump());
+        if (!step.after)
+            return;
+        const std::string shown = show(current(), isWholeDocument(*step.after));
+        if (shown != *step.after)
+            fail(step.line, "expected\n" + *step.after + "\nbut it is\n" + shown);
+    }
+
+    /// Undoing everything brings back what stood before the first change, redoing what stood after
+    /// the last.
+    void checkHistory() {
+        EditableDocumentBuffer& document = session_.document();
+        if (!document.canUndo())
+            return;
+        while (document.canUndo())
+            document.undo();
+        if (current() != first_)
+            fail(scenario_.line,
+                 "undone, it is\n" + show(current(), false) + "\nbut was\n" + show(first_, false));
+        while (document.canRedo())
+            document.redo();
+        if (!replays_ && current() != last_)
+            fail(scenario_.line,
+                 "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(last_, false));
+    }
+
+    [[noreturn]] static void fail(int line, const std::string& what) {
+        throw std::runtime_error("line " + std::to_string(line) + ": " + what);
+    }
+
+    const Scenario& scenario_;
+    Session session_;
+    State first_;
+    State last_;
+    bool replays_ = false; // the commands undo and redo themselves
+};
+
+void appendLine(std::string& text, const std::string& line) {
+    text += (text.empty() ? "" : "\n") + line;
+}
+
+void trimLineEnds(std::string& text) {
+    text.erase(text.find_last_not_of('\n') + 1);
+}
+
+ScenarioStep parseStep(const std::string& line, int number) {
+    ScenarioStep step{number, line.substr(4), std::nullopt, std::nullopt};
+    if (const std::size_t arrow = step.request.find(" => "); arrow != std::string::npos) {
+        step.result = step.request.substr(arrow + 4);
+        step.request.erase(arrow);
+    }
+    return step;
+}
+
+} // namespace
+
+std::vector<Scenario> readScenarios(const std::string& path) {
+    std::ifstream file(path);
+    if (!file)
+        throw std::runtime_error(path + ": cannot be read");
+    std::vector<Scenario> scenarios;
+    int number = 0;
+    for (std::string line; std::getline(file, line);) {
+        ++number;
+        if (line.starts_with("# ")) {
+            scenarios.push_back({line.substr(2), number, {}, {}, false, {}});
+            continue;
+        }
+        if (scenarios.empty())
+            continue;
+        Scenario& scenario = scenarios.back();
+        if (line.starts_with("! not-undoable:"))
+            scenario.notUndoable = line.substr(15);
+        else if (line.starts_with("! many-notices:"))
+            scenario.manyNotices = true;
+        else if (line.starts_with("--- "))
+            scenario.steps.push_back(parseStep(line, number));
+        else if (scenario.steps.empty())
+            appendLine(scenario.before, line);
+        else if (scenario.steps.back().after || !line.empty())
+            appendLine(
+                scenario.steps.back().after.emplace(scenario.steps.back().after.value_or("")),
+                line);
+    }
+    for (Scenario& scenario : scenarios) {
+        trimLineEnds(scenario.before);
+        for (ScenarioStep& step : scenario.steps)
+            if (step.after)
+                trimLineEnds(*step.after);
+    }
+    return scenarios;
+}
+
+std::string runScenario(const Scenario& scenario) {
+    try {
+        Runner(scenario).run();
+        return {};
+    } catch (const std::exception& failure) {
+        return failure.what();
+    }
+}
