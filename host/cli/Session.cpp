@@ -15,7 +15,7 @@ bool hasFoRoot(const Core::String& content) {
 }
 
 SmartPtr<EditableDocumentBuffer> makeDocument() {
-    const SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
+    SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
     setUpAsHost(*document);
     return document;
 }

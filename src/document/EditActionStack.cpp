@@ -26,7 +26,7 @@ EditAction EditActionStack::getRedoAction() {
 EditAction EditActionStack::moveBack(ActionList& from, ActionList& to) {
     if (from.empty())
         throw Core::Exception(L"history: nothing to undo or redo");
-    const EditAction action = from.takeBack();
+    EditAction action = from.takeBack();
     to.pushBack(action.inverse());
     track(action);
     return action;

@@ -154,7 +154,7 @@ String EditableDocumentBuffer::getSelectionAs(TextFormat format, const String& p
     // Deliberate: no scope holds the notices back, and an earlier selection is lost; hosts that
     // read an element follow the caret through it.
     selectRange(element, positionBehindElement(element));
-    const String selected = getSelectionAs(format);
+    String selected = getSelectionAs(format);
     setCaret(false, caret);
     return selected;
 }

@@ -32,8 +32,7 @@ void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String&
 String EditableDocumentBuffer::deleteXmlText(int start, int end) {
     if (isOnInvalidPosition(start) || isOnInvalidPosition(end) || end < start)
         return {};
-    const String removed =
-        text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end));
+    String removed = text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end));
     text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start + 1));
     placeCaretAfterEdit(offsetAfterDeletion(caretPos_, start, end),
                         offsetAfterDeletion(selectionPivotPos_, start, end));
@@ -44,7 +43,7 @@ String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
     if (start < 0 || start > end || isOnInvalidPosition(end))
         return {};
     FreezeNotifications freeze(this);
-    const String removed = deleteXmlText(start, end - 1);
+    String removed = deleteXmlText(start, end - 1);
     adjustCaretToAnEditablePosition();
     setCaret(false, start);
     notifyBufferChanged();
@@ -52,6 +51,7 @@ String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
 }
 
 void EditableDocumentBuffer::placeCaretAfterEdit(int caret, int pivot) {
+    FreezeNotifications freeze(this); // the monitor hears of the text before the caret
     setCaret(false, pivot);
     if (caret != pivot)
         setCaret(true, caret);
@@ -60,7 +60,7 @@ void EditableDocumentBuffer::placeCaretAfterEdit(int caret, int pivot) {
 
 void EditableDocumentBuffer::executeAction(const EditAction& action) {
     FreezeNotifications freeze(this);
-    const String text = action.getString();
+    const String& text = action.getString();
     const int position = action.getActionPosition();
     switch (action.getType()) {
     case EditAction::EditInsert:

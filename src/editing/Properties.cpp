@@ -139,7 +139,7 @@ String EditableDocumentBuffer::clearPropertiesForElementAt(int element) {
     EditActionGroup group(this);
     recordCaret();
     const AttributeRange attributes = attributeRange(text_.view(), element);
-    const String removed = deleteXmlText(attributes.start, attributes.end - 1);
+    String removed = deleteXmlText(attributes.start, attributes.end - 1);
     if (removed.empty())
         return {};
     recordDeletion(attributes.start, removed);
