@@ -63,8 +63,10 @@ bool serveScript(Session& session, const std::string& path, Summary& summary) {
     }
     std::string line;
     for (int number = 1; std::getline(script, line); ++number) {
-        if (isBlankOrComment(line))
+        if (isBlankOrComment(line)) {
+            std::cout << line << '\n'; // a comment explains the requests below it
             continue;
+        }
         const Json reply = session.serveLine(line);
         if (reply.contains("error")) {
             std::cerr << path << ':' << number << ": "

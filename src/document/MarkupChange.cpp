@@ -12,61 +12,96 @@ using XmlScan::Text;
 
 namespace {
 
-/// The elements of the surroundings that a part of a text closes and opens.
-struct Balance {
-    std::vector<Text> closed; // the innermost first
-    std::vector<Text> opened; // the outermost first
-    bool matched = true;      // no closing tag meets another element's start tag
-};
-
-/// Whether two parts leave the same elements open behind them. To close an element and to open one
-/// of the same name again comes to nothing: that is how a block is split and joined.
-bool sameEffect(Balance a, Balance b) {
-    for (Balance* balance : {&a, &b}) {
-        while (!balance->closed.empty() && !balance->opened.empty() &&
-               balance->closed.back() == balance->opened.front()) {
-            balance->closed.pop_back();
-            balance->opened.erase(balance->opened.begin());
-        }
-    }
-    return a.matched && b.matched && a.closed == b.closed && a.opened == b.opened;
+int length(Text text) {
+    return static_cast<int>(text.size());
 }
+
+/// The offset behind the tag, section, entity or character at a valid position; the length of the
+/// text where it is not complete.
+int behindUnit(Text text, int position) {
+    const auto behind = [&](Text start, Text end) {
+        const int found = XmlScan::find(text, end, position + length(start));
+        return found < 0 ? length(text) : found + length(end);
+    };
+    if (XmlScan::commentAt(text, position))
+        return behind(XmlScan::commentStart, XmlScan::commentEnd);
+    if (XmlScan::cdataAt(text, position))
+        return behind(XmlScan::cdataStart, XmlScan::cdataEnd);
+    if (XmlScan::instructionAt(text, position))
+        return behind(XmlScan::instructionStart, XmlScan::instructionEnd);
+    if (XmlScan::unitAt(text, position) == L'&')
+        return behind(L"&", L";");
+    if (!XmlScan::onTagStart(text, position))
+        return position + 1;
+    const int end = XmlScan::tagEnd(text, position);
+    return end < 0 ? length(text) : end + 1;
+}
+
+/// The offset behind a document type, with what it declares between brackets.
+int behindDocumentType(Text text, int position) {
+    bool inBrackets = false;
+    for (int at = position + 1; XmlScan::isValid(text, at);) {
+        const wchar_t unit = XmlScan::unitAt(text, at);
+        if (unit == L'>' && !inBrackets)
+            return at + 1;
+        if (unit == L'[' || unit == L']')
+            inBrackets = unit == L'[';
+        if (XmlScan::ignoredAt(text, at))
+            at = behindUnit(text, at);
+        else if (unit == L'"' || unit == L'\'')
+            at = std::max(XmlScan::find(text, unit, at + 1), at) + 1;
+        else
+            ++at;
+    }
+    return length(text);
+}
+
+int rootStart(Text text) {
+    int at = XmlScan::find(text, L'<', 0);
+    while (at >= 0 && (XmlScan::ignoredAt(text, at) || XmlScan::standsAt(text, L"<!", at))) {
+        const bool isType = XmlScan::standsAt(text, L"<!DOCTYPE", at);
+        const int behind = isType ? behindDocumentType(text, at) : behindUnit(text, at);
+        at = XmlScan::find(text, L'<', behind);
+    }
+    return at;
+}
+
+/// Where the root's closing tag begins; -1 where anything but white space follows it, which is rare
+/// enough not to be looked through.
+int rootEnd(Text text) {
+    const int closing = XmlScan::rFind(text, L"</", length(text) - 1);
+    const int end = XmlScan::find(text, L'>', closing);
+    return end >= 0 && XmlScan::skipSpaces(text, end + 1) == length(text) ? closing : -1;
+}
+
+/// The names of the elements that a part of a text leaves open, the outermost first, and the number
+/// of its closing tags whose elements begin before it.
+struct Balance {
+    std::vector<Text> open;
+    int unmatched = 0;
+};
 
 Balance balanceOf(Text part) {
     Balance balance;
-    for (int tag = XmlScan::nextTag(part, 0); tag >= 0;
-         tag = XmlScan::nextTag(part, XmlScan::stepForward(part, tag))) {
-        if (XmlScan::openingAt(part, tag)) {
-            balance.opened.push_back(XmlScan::tagName(part, tag));
-        } else if (XmlScan::closingAt(part, tag)) {
-            const Text name = XmlScan::tagName(part, tag).substr(1);
-            if (balance.opened.empty()) {
-                balance.closed.push_back(name);
-                continue;
-            }
-            balance.matched = balance.matched && balance.opened.back() == name;
-            balance.opened.pop_back();
-        }
+    for (int tag = XmlScan::find(part, L'<', 0); tag >= 0;
+         tag = XmlScan::find(part, L'<', behindUnit(part, tag))) {
+        if (XmlScan::openingAt(part, tag))
+            balance.open.push_back(XmlScan::tagName(part, tag));
+        else if (!XmlScan::closingAt(part, tag))
+            continue;
+        else if (balance.open.empty())
+            ++balance.unmatched;
+        else
+            balance.open.pop_back();
     }
     return balance;
 }
 
-/// The part with the tags put around it that it lacks, as a document that declares the same
-/// entities.
-String asDocument(Text prolog, Text part, const Balance& balance) {
-    std::wstring front;
-    std::wstring back;
-    for (const Text name : balance.closed)
-        front.insert(0, L"<" + std::wstring(name) + L">");
-    for (const Text name : balance.opened)
-        back.insert(0, L"</" + std::wstring(name) + L">");
-    return String(std::wstring(prolog) + L"<part>" + front + std::wstring(part) + back +
-                  L"</part>");
-}
-
 bool parses(const String& document) {
-    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(document);
     try {
+        // The mark says how the text is encoded here, whatever it declares.
+        const Core::ByteArray bytes =
+            Core::Encoder::convertStringToUTF8(String(L"\xFEFF") + document);
         Xml::DomParser().parseMemory(bytes.ptr(), bytes.size());
         return true;
     } catch (const Core::Exception&) {
@@ -74,72 +109,88 @@ bool parses(const String& document) {
     }
 }
 
-/// The offset behind the unit at a valid position; the end of the text where the unit is not
-/// complete.
-int behindUnit(Text text, int position) {
-    const int size = static_cast<int>(text.size());
-    const auto behind = [&](int found, std::size_t length) {
-        return found < 0 ? size : found + static_cast<int>(length);
-    };
-    if (XmlScan::commentAt(text, position))
-        return behind(XmlScan::find(text, XmlScan::commentEnd, position),
-                      XmlScan::commentEnd.size());
-    if (XmlScan::cdataAt(text, position))
-        return behind(XmlScan::find(text, XmlScan::cdataEnd, position), XmlScan::cdataEnd.size());
-    if (XmlScan::onTagStart(text, position))
-        return behind(XmlScan::tagEnd(text, position), 1);
-    return position + 1;
+bool isHighSurrogate(wchar_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
 }
 
-/// The document type declaration and what stands before it; empty without one.
-Text documentType(Text text) {
-    const int declaration = XmlScan::find(text, L"<!DOCTYPE", 0);
-    const int content = XmlScan::firstPositionInRoot(text);
-    const int root = XmlScan::previousTag(text, content - 1);
-    return declaration < 0 || declaration > root ? Text() : XmlScan::slice(text, 0, root);
+bool isLowSurrogate(wchar_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
 }
 
 } // namespace
 
 MarkupChange::MarkupChange(const String& before, const String& after)
-    : before_(before.view()), after_(after.view()) {
-    const auto firstDifference =
-        std::mismatch(before_.begin(), before_.end(), after_.begin(), after_.end());
-    start_ = static_cast<int>(firstDifference.first - before_.begin());
-    const auto rest = static_cast<std::ptrdiff_t>(start_);
-    const auto lastDifference = std::mismatch(before_.rbegin(), before_.rend() - rest,
-                                              after_.rbegin(), after_.rend() - rest);
-    behind_ = static_cast<int>(lastDifference.first - before_.rbegin());
-    widenToWholeMarkup();
+    : before_(before.view()), after_(after.view()), root_(rootStart(before_)),
+      content_(root_ < 0 ? length(before_) : behindUnit(before_, root_)) {
+    findDifference();
+    if (!isInRoot())
+        return;
+    widenToWholeUnits();
+    widenToStartTags();
 }
 
-/// A tag that is cut by an end of the difference belongs to it whole, in both texts.
-void MarkupChange::widenToWholeMarkup() {
-    for (const Text text : {before_, after_})
-        if (XmlScan::isValid(text, start_))
-            start_ = std::min(start_, XmlScan::unitStart(text, start_));
+void MarkupChange::findDifference() {
+    const auto first = std::mismatch(before_.begin(), before_.end(), after_.begin(), after_.end());
+    const auto same = first.first - before_.begin();
+    const auto last = std::mismatch(before_.rbegin(), before_.rend() - same, after_.rbegin(),
+                                    after_.rend() - same);
+    start_ = static_cast<int>(same);
+    behind_ = static_cast<int>(last.first - before_.rbegin());
+}
+
+bool MarkupChange::isInRoot() const {
+    return content_ <= start_ && length(before_) - behind_ <= rootEnd(before_);
+}
+
+/// What the ends of the difference cut through belongs to it whole, in both texts: a unit, a
+/// surrogate pair, and what could become the end of a CDATA section, which no text may hold.
+void MarkupChange::widenToWholeUnits() {
+    const Text content = before_.substr(static_cast<std::size_t>(content_));
+    start_ = content_ + XmlScan::unitStart(content, start_ - content_);
+    const auto joinsNext = [](wchar_t unit) { return unit == L']' || isHighSurrogate(unit); };
+    while (start_ > content_ && joinsNext(XmlScan::unitAt(before_, start_ - 1)))
+        --start_;
+    const auto joinsPrevious = [](wchar_t unit) {
+        return unit == L']' || unit == L'>' || isLowSurrogate(unit);
+    };
     for (int known = -1; known != behind_;) {
         known = behind_;
         for (const Text text : {before_, after_}) {
-            const int size = static_cast<int>(text.size());
             int end = start_;
-            while (end < size - behind_)
+            while (end < length(text) - behind_)
                 end = behindUnit(text, end);
-            behind_ = size - end;
+            while (end < length(text) && joinsPrevious(XmlScan::unitAt(text, end)))
+                ++end;
+            behind_ = length(text) - end;
         }
     }
 }
 
+/// The elements that the part closes belong to it from their start tags on, so that their names can
+/// be compared.
+void MarkupChange::widenToStartTags() {
+    int count = std::max(balanceOf(part(before_)).unmatched, balanceOf(part(after_)).unmatched);
+    for (; count > 0 && start_ >= content_; --count)
+        start_ = XmlScan::currentElement(before_, start_);
+}
+
+Text MarkupChange::part(Text text) const {
+    return XmlScan::slice(text, start_, length(text) - behind_);
+}
+
+/// Whether the part of this text is well formed and leaves the same elements open as the part of
+/// the text before. It is read with the entities that the document declares.
+bool MarkupChange::fits(Text text) const {
+    if (!isInRoot())
+        return false;
+    std::wstring document(before_.substr(0, static_cast<std::size_t>(root_)));
+    document.append(L"<part>").append(part(text));
+    const std::vector<Text> open = balanceOf(part(before_)).open;
+    for (auto name = open.rbegin(); name != open.rend(); ++name)
+        document.append(L"</").append(*name).append(L">");
+    return parses(String(document.append(L"</part>")));
+}
+
 bool MarkupChange::keepsWellFormed() const {
-    const auto changedPart = [this](Text text) {
-        return XmlScan::slice(text, start_, static_cast<int>(text.size()) - behind_);
-    };
-    const Text old = changedPart(before_);
-    const Text part = changedPart(after_);
-    const Balance oldBalance = balanceOf(old);
-    const Balance balance = balanceOf(part);
-    const Text prolog = documentType(after_);
-    if (sameEffect(balance, oldBalance) && parses(asDocument(prolog, part, balance)))
-        return true;
-    return !parses(asDocument(prolog, old, oldBalance));
+    return fits(after_) || parses(String(after_)) || (!fits(before_) && !parses(String(before_)));
 }

@@ -3,23 +3,33 @@
 #include "foundation/String.h"
 #include "text/XmlScan.h"
 
+#include <string>
+
 /// The difference between a text before and after a command, and whether it keeps the document well
-/// formed: names of tags matched, entities complete, attributes unique. Only what changed is looked
-/// at, so that the check costs little on a long document.
+/// formed: names of tags matched, entities complete, attributes unique. As a rule only what changed
+/// is looked at, so that the check costs little on a long document.
 class MarkupChange {
 public:
     /// Both texts must outlive the change.
     MarkupChange(const Core::String& before, const Core::String& after);
 
-    /// Whether the changed part is well formed and opens and closes the same elements of its
-    /// surroundings as it did before. A part that was not well formed before may be anything.
+    /// Whether the text is as good as before: well formed if it was. A change of what was not well
+    /// formed may be anything.
     bool keepsWellFormed() const;
 
 private:
-    void widenToWholeMarkup();
+    void findDifference();
+    void widenToWholeUnits();
+    void widenToStartTags();
+
+    bool isInRoot() const;
+    XmlScan::Text part(XmlScan::Text text) const;
+    bool fits(XmlScan::Text text) const;
 
     XmlScan::Text before_;
     XmlScan::Text after_;
+    int root_;       // where the root element of the text before begins
+    int content_;    // where its content begins; at the end of the text if it has none
     int start_ = 0;  // where the texts begin to differ
     int behind_ = 0; // how many units at their ends are the same
 };

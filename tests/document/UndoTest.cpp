@@ -50,7 +50,7 @@ TEST(Primitives, RecordNothingAndTellTheMonitor) {
     RecordingMonitor monitor;
     buffer.setMonitor(&monitor);
     buffer.insertXmlTextAtPosition(buffer.find(L"c<"), L"X");
-    EXPECT_EQ(monitor.take(), "cb");
+    EXPECT_EQ(monitor.take(), "bc");
     buffer.deleteXmlText(buffer.find(L"c<"), buffer.find(L"c<"));
     EXPECT_EQ(monitor.take(), "b") << "the caret did not move";
     EXPECT_FALSE(buffer.canUndo());
