@@ -153,6 +153,16 @@ std::vector<Operation> makeTable() {
         document("moveCaretToStaticRegion", &D::moveCaretToStaticRegion,
                  {"flowName", "sequenceIndex"}),
 
+        makeOperation<bool, String>("isWordSeparator", {"character"},
+                                    [](Session&, const String& character) {
+                                        return character.length() == 1 &&
+                                               D::isWordSeparator(character.view().front());
+                                    }),
+        document("jumpToNextWord", &D::jumpToNextWord, {"extend"}),
+        document("jumpToPreviousWord", &D::jumpToPreviousWord, {"extend"}),
+        document("getPreviousWordPos", &D::getPreviousWordPos, {"position"}),
+        document("getPreviousWord", &D::getPreviousWord),
+
         document("hasSelectedText", &D::hasSelectedText),
         document("offsetIsInSelection", &D::offsetIsInSelection, {"offset"}),
         document("resetSelection", &D::resetSelection),
@@ -178,6 +188,8 @@ std::vector<Operation> makeTable() {
         document("replaceXmlText", &D::replaceXmlText, {"start", "end", "xml"}),
         document("indentXmlText", &D::indentXmlText, {"xml", "position"}),
 
+        document("erase", &D::erase, {"forward", "wholeWord"}),
+        document("deleteParent", &D::deleteParent, {"elementName"}),
         document("deleteContentAtPosition", &D::deleteContentAtPosition,
                  {"keepSelection", "from", "to"}),
         makeOperation<int, int>("deleteSpacesBetweenTags", {"position"},

@@ -41,7 +41,7 @@ const StringArray& sideRegions() {
 
 void EditableDocumentBuffer::moveCaretToFirstFoFlow() {
     FreezeNotifications freeze(this);
-    const int first = getNextValidCaretPos(getFirstEditablePositionInXml());
+    const int first = getNextValidCaretPos(0);
     setCaret(false, getNextPositionAdjustedToFoFlow(first));
 }
 

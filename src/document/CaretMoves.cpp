@@ -28,29 +28,27 @@ bool isAtomicObjectAt(Text text, int position) {
 // Right
 
 void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool mergeBoundaries) {
-    if (byWord)
-        return;
     FreezeNotifications freeze(this);
     if (isOnInvalidPosition(caretPos_))
         return;
     endKeyTypingSequence();
     if (!extend && hasSelectedText())
         setCaret(false, std::max(caretPos_, selectionPivotPos_));
-    else if (!moveRightThroughTable())
+    else if (moveRightThroughTable())
+        return;
+    else if (byWord)
+        jumpToNextWord(extend);
+    else
         moveRightByStop(extend, mergeBoundaries);
 }
 
 void EditableDocumentBuffer::moveRightByStop(bool extend, bool mergeBoundaries) {
-    int target = isAtomicObjectAt(text_.view(), caretPos_)
-                     ? getNextEditablePositionInXml(getClosingTagForTagAtPosition(caretPos_))
-                     : getNextEditablePositionInFo(caretPos_, false, mergeBoundaries);
-    if (isInFoFlow(caretPos_)) {
-        target = getNextPositionAdjustedToFoFlow(target);
-        if (!isOnInvalidPosition(target))
-            setCaret(extend, target);
-    } else if (positionsAreInTheSameStaticContent(caretPos_, target)) {
+    const int next = isAtomicObjectAt(text_.view(), caretPos_)
+                         ? getNextEditablePositionInXml(getClosingTagForTagAtPosition(caretPos_))
+                         : getNextEditablePositionInFo(caretPos_, false, mergeBoundaries);
+    const int target = landingRight(caretPos_, next);
+    if (!isOnInvalidPosition(target))
         setCaret(extend, target);
-    }
 }
 
 /// The caret follows the page, where a table's groups stand in the order header, body, footer; in
@@ -100,28 +98,26 @@ bool EditableDocumentBuffer::moveFromBodyToFooter(int table) {
 // Left
 
 void EditableDocumentBuffer::moveCaretLeft(bool extend, bool byWord, bool mergeBoundaries) {
-    if (byWord)
-        return;
     FreezeNotifications freeze(this);
     endKeyTypingSequence();
     if (isOnInvalidPosition(caretPos_))
         return;
-    if (!extend && hasSelectedText())
+    if (!extend && !byWord && hasSelectedText())
         setCaret(false, std::min(caretPos_, selectionPivotPos_));
-    else if (!moveLeftThroughTable())
+    else if (moveLeftThroughTable())
+        return;
+    else if (byWord)
+        jumpToPreviousWord(extend);
+    else
         moveLeftByStop(extend, mergeBoundaries);
 }
 
 void EditableDocumentBuffer::moveLeftByStop(bool extend, bool mergeBoundaries) {
-    int target = getPreviousEditablePositionInFo(caretPos_, false, mergeBoundaries);
-    if (!isInFoFlow(caretPos_)) {
-        if (positionsAreInTheSameStaticContent(caretPos_, target))
-            setCaret(extend, target);
+    const int previous = getPreviousEditablePositionInFo(caretPos_, false, mergeBoundaries);
+    if (!isInOneElement(caretPos_, previous) && isInFoFlow(caretPos_) &&
+        moveIntoTableFromBelow(previous))
         return;
-    }
-    if (moveIntoTableFromBelow(target))
-        return;
-    target = getPreviousPositionAdjustedToFoFlow(target, true);
+    const int target = landingLeft(caretPos_, previous, true);
     if (!isOnInvalidPosition(target))
         setCaret(extend, target);
 }
@@ -141,7 +137,10 @@ bool EditableDocumentBuffer::moveFromFooterToBody(int table, int previous) {
     const int footer = rowGroupAround(L"fo:table-footer", table, caretPos_);
     if (footer < 0 || previous != getPreviousValidCaretPos(footer))
         return false;
-    jumpTo(getPreviousValidCaretPos(getClosingTagForTagAtPosition(table)));
+    const int last = getPreviousValidCaretPos(getClosingTagForTagAtPosition(table));
+    if (rowGroupAround(L"fo:table-footer", table, last) == footer)
+        return false;
+    jumpTo(last);
     return true;
 }
 
@@ -163,7 +162,7 @@ bool EditableDocumentBuffer::moveIntoTableFromBelow(int target) {
         return false;
     const int footer = getNextChildByName(L"fo:table-footer", table);
     const int last = getPreviousValidCaretPos(getClosingTagForTagAtPosition(footer));
-    if (footer < 0 || isOnInvalidPosition(last))
+    if (footer < 0 || last < footer)
         return false;
     setCaret(false, last);
     return true;
@@ -189,6 +188,23 @@ void EditableDocumentBuffer::jumpTo(int position) {
         setCaret(false, position);
 }
 
+int EditableDocumentBuffer::landingRight(int from, int to) const {
+    if (isInFoFlow(from))
+        return isInOneElement(from, to) ? to : getNextPositionAdjustedToFoFlow(to);
+    return positionsAreInTheSameStaticContent(from, to) ? to : -1;
+}
+
+int EditableDocumentBuffer::landingLeft(int from, int to, bool mergeBoundaries) const {
+    if (isInFoFlow(from))
+        return isInOneElement(from, to) ? to
+                                        : getPreviousPositionAdjustedToFoFlow(to, mergeBoundaries);
+    return positionsAreInTheSameStaticContent(from, to) ? to : -1;
+}
+
+bool EditableDocumentBuffer::isInOneElement(int position, int other) const {
+    return getCurrentElementPosition(position) == getCurrentElementPosition(other);
+}
+
 // Home and end
 
 void EditableDocumentBuffer::moveCaretHome(bool extend) {
@@ -205,7 +221,7 @@ void EditableDocumentBuffer::moveCaretToEnd(bool extend) {
 
 /// The first stop with text of the static content `region`, or with -1 of the flows.
 int EditableDocumentBuffer::homePosition(int region) const {
-    const int start = region < 0 ? getFirstEditablePositionInXml() : region;
+    const int start = std::max(region, 0);
     const int end = region < 0 ? text_.length() : getClosingTagForTagAtPosition(region);
     int stop = getNextValidCaretPos(start);
     while (stop >= 0 && stop <= end && !isInTextOfRegion(stop, region)) {

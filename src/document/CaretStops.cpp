@@ -57,7 +57,7 @@ int EditableDocumentBuffer::getNextEditablePositionInFo(int position, bool wrap,
             if (remembered >= 0 || !wrap || wrapped)
                 return remembered;
             wrapped = true;
-            walk.restartAt(getFirstEditablePositionInXml());
+            walk.restartAt(0);
         }
         const int stop = walk.position();
         if (stop == position)

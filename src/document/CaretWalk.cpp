@@ -3,6 +3,22 @@
 #include "document/EditableDocumentBuffer.h"
 #include "text/XmlScan.h"
 
+#include <algorithm>
+
+using XmlScan::Text;
+
+namespace {
+
+/// Whether a step back may have ended inside a section: from behind a `>` that is text it leads to
+/// the last `<`, whatever that is.
+bool passesSectionEnd(Text text, int previous, int position) {
+    const Text passed = XmlScan::slice(text, previous, position);
+    const auto holds = [&](Text end) { return passed.find(end) != Text::npos; };
+    return holds(XmlScan::cdataEnd) || holds(XmlScan::commentEnd) || holds(XmlScan::instructionEnd);
+}
+
+} // namespace
+
 CaretWalk::CaretWalk(const EditableDocumentBuffer& buffer, int position)
     : buffer_(buffer), whitespace_(buffer) {
     restartAt(position);
@@ -10,46 +26,43 @@ CaretWalk::CaretWalk(const EditableDocumentBuffer& buffer, int position)
 
 void CaretWalk::restartAt(int position) {
     position_ = position;
-    around_ = {{buffer_.getCurrentElementPosition(position), std::nullopt}};
+    around_ = buffer_.elementsAround(position);
 }
 
 bool CaretWalk::stepForward() {
-    const XmlScan::Text text = buffer_.text_.view();
+    const Text text = buffer_.text_.view();
     const int next = XmlScan::stepForward(text, position_);
     if (!XmlScan::isValid(text, next))
         return false;
-    if (XmlScan::openingAt(text, position_)) {
-        around_.push_back({position_, std::nullopt});
-        position_ = next;
-    } else if (!XmlScan::closingAt(text, position_)) {
-        position_ = next;
-    } else if (around_.size() > 1) {
-        around_.pop_back();
-        position_ = next;
-    } else {
-        restartAt(next);
-    }
+    if (XmlScan::openingAt(text, position_))
+        around_.push_back(position_);
+    else if (XmlScan::closingAt(text, position_))
+        leaveElement();
+    position_ = next;
     return true;
 }
 
 bool CaretWalk::stepBackward() {
-    const XmlScan::Text text = buffer_.text_.view();
-    const int previous = buffer_.getPreviousEditablePositionInXml(position_);
+    const Text text = buffer_.text_.view();
+    int previous = buffer_.getPreviousEditablePositionInXml(position_);
     if (previous < 0)
         return false;
+    if (passesSectionEnd(text, previous, position_))
+        previous = XmlScan::unitStart(text, previous);
     position_ = previous;
     if (XmlScan::closingAt(text, previous))
-        around_.push_back({XmlScan::currentElement(text, previous), std::nullopt});
-    else if (XmlScan::openingAt(text, previous)) {
-        if (around_.size() > 1)
-            around_.pop_back();
-        else
-            restartAt(previous);
-    }
+        around_.push_back(XmlScan::currentElement(text, previous));
+    else if (XmlScan::openingAt(text, previous))
+        leaveElement();
     return true;
 }
 
-bool CaretWalk::canHoldCaret() {
+void CaretWalk::leaveElement() {
+    if (!around_.empty())
+        around_.pop_back();
+}
+
+bool CaretWalk::canHoldCaret() const {
     if (!XmlScan::isValid(buffer_.text_.view(), position_))
         return false;
     const bool mayStand = buffer_.isEditableElementAtPosition(element()) ||
@@ -57,17 +70,16 @@ bool CaretWalk::canHoldCaret() {
     return mayStand && !isClosedToCaret();
 }
 
-bool CaretWalk::isClosedToCaret() {
-    static const Core::StringArray closed{L"fo:list-item-label", L"qfd:xslt-global"};
-    std::optional<bool>& known = around_.back().isClosedToCaret;
-    if (!known)
-        known = buffer_.searchFirstParent(closed, position_, false, true, L"") >= 0;
-    return *known;
+bool CaretWalk::isClosedToCaret() const {
+    return std::any_of(around_.begin(), around_.end(), [this](int element) {
+        const Text name = XmlScan::tagName(buffer_.text_.view(), element);
+        return name == L"fo:list-item-label" || name == L"qfd:xslt-global";
+    });
 }
 
 bool CaretWalk::isSkippedInElement(int position) {
     if (loaded_ != element()) {
-        whitespace_.load(element());
+        whitespace_.load(around_);
         loaded_ = element();
     }
     return whitespace_.isSkipped(position, element());

@@ -5,9 +5,9 @@
 #include <optional>
 #include <vector>
 
-/// A walk over the units of a document that knows at every unit which element is current and
-/// whether the caret may stand there. What it once found out about an element it keeps, so that a
-/// walk costs what it passes over, and not that again for each unit.
+/// A walk over the units of a document that knows at every unit which elements are around it and
+/// whether the caret may stand there. It climbs to the root once, where it begins, and then keeps
+/// count of the tags that it passes, so that a walk costs what it passes over.
 ///
 /// The text must not change while the walk lasts.
 class CaretWalk {
@@ -16,7 +16,7 @@ public:
 
     int position() const { return position_; }
     /// The element current there; -1 if none.
-    int element() const { return around_.back().element; }
+    int element() const { return around_.empty() ? -1 : around_.back(); }
 
     /// One unit on or back. False, with the position as it was, where the text ends.
     bool stepForward();
@@ -26,7 +26,7 @@ public:
 
     /// In an editable element, or directly before or behind a table; and in no list label and no
     /// script.
-    bool canHoldCaret();
+    bool canHoldCaret() const;
     /// Whether nothing shows there that the caret could stand before.
     bool isSkipped() { return isSkippedInElement(position_); }
     /// The same for another position that has the same element around it.
@@ -34,16 +34,12 @@ public:
     bool isStop() { return canHoldCaret() && !isSkipped(); }
 
 private:
-    struct Element {
-        int element;
-        std::optional<bool> isClosedToCaret;
-    };
-
-    bool isClosedToCaret();
+    void leaveElement();
+    bool isClosedToCaret() const;
 
     const EditableDocumentBuffer& buffer_;
     BufferAlgorithms::WhitespaceAlg whitespace_;
     std::optional<int> loaded_;
     int position_;
-    std::vector<Element> around_; // of the elements around the position those met so far
+    std::vector<int> around_; // the elements around the position, the outermost first
 };

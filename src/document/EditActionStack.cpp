@@ -1,9 +1,26 @@
 #include "document/EditActionStack.h"
 
+#include "document/ForgottenStretch.h"
 #include "foundation/Exception.h"
 
 #include <algorithm>
 #include <utility>
+#include <vector>
+
+namespace {
+
+/// Lets the list forget the stretch, from the next record to replay as far as the stretch was
+/// there.
+void forgetIn(ActionList& actions, ForgottenStretch stretch) {
+    std::vector<EditAction> changed;
+    while (!actions.empty() && !stretch.empty())
+        if (const auto action = stretch.without(actions.takeBack()))
+            changed.push_back(*action);
+    for (auto action = changed.rbegin(); action != changed.rend(); ++action)
+        actions.pushBack(*action);
+}
+
+} // namespace
 
 void EditActionStack::addAction(const EditAction& action) {
     if (action.getString().empty() && action.getType() != EditAction::EditCaret)
@@ -76,6 +93,13 @@ void EditActionStack::clearStack() {
     undoActions_.clear();
     redoActions_.clear();
     openGroups_.clear();
+}
+
+void EditActionStack::forget(int start, const Core::String& removed) {
+    const ForgottenStretch stretch(start, removed);
+    forgetIn(undoActions_, stretch);
+    forgetIn(redoActions_, stretch);
+    trackingPos_ = stretch.offsetWithout(trackingPos_);
 }
 
 int EditActionStack::retrieveTrackingPos() {

@@ -38,6 +38,10 @@ public:
     /// Empties both lists. A group that is open adds nothing more when its scope ends.
     void clearStack();
 
+    /// Takes note that `removed` has gone from the text at `start` without a record: the records
+    /// are changed as if it had never been there, so that every step stays exact without it.
+    void forget(int start, const Core::String& removed);
+
     /// From now on keeps the offset valid across the actions recorded and replayed.
     void startTrackingPos(int position) { trackingPos_ = position; }
     /// The tracked offset, -1 if there is none; it is tracked no longer.

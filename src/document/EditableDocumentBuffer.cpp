@@ -50,6 +50,15 @@ bool EditableDocumentBuffer::elementIsEditable(const String& name) const {
     return isEditableName(name.view());
 }
 
+std::vector<int> EditableDocumentBuffer::elementsAround(int position) const {
+    std::vector<int> around;
+    for (int element = getCurrentElementPosition(position); element >= 0;
+         element = getCurrentElementPosition(element))
+        around.push_back(element);
+    std::reverse(around.begin(), around.end());
+    return around;
+}
+
 bool EditableDocumentBuffer::isEditableName(std::wstring_view name) const {
     return contains(editableElements_, name);
 }

@@ -13,6 +13,7 @@
 #include "text/EditableXmlBuffer.h"
 
 #include <memory>
+#include <vector>
 
 namespace BufferAlgorithms {
 class WhitespaceAlg;
@@ -168,8 +169,9 @@ public:
     /// flow goes from flow to flow, one in a static content stays there; in a table it follows the
     /// page, where the footer comes behind the body, and does not select on these jumps. Without
     /// `extend` a selection collapses to its end in that direction, which is the whole move. With
-    /// `mergeBoundaries` two stops that only the edge of an inline lies between count as one. Ends
-    /// a run of typing. With `byWord` nothing happens: words are not walked here.
+    /// `mergeBoundaries` two stops that only the edge of an inline lies between count as one. With
+    /// `byWord` the move is jumpToPreviousWord() or jumpToNextWord(), but for the table's jumps
+    /// and, to the right, the collapse. Ends a run of typing.
     void moveCaretLeft(bool extend, bool byWord, bool mergeBoundaries);
     void moveCaretRight(bool extend, bool byWord, bool mergeBoundaries);
 
@@ -196,6 +198,29 @@ public:
     void moveCaretToFirstStaticRegion();
     /// To the static content with that flow name in the page sequence with that index.
     void moveCaretToStaticRegion(const Core::String& flowName, int sequenceIndex);
+
+    // Words. A word is a run of units that are no separators; a punctuation mark or an entity is a
+    // word of its own. Words go on across the edges of inlines as far as the steps below tell, and
+    // end at those of blocks.
+
+    /// What stands between words: blanks, punctuation marks and U+00A0.
+    static const Core::String wordSeparators;
+    static bool isWordSeparator(wchar_t unit);
+
+    /// To the start of the next word, over the edges of inlines around the caret; at any other tag,
+    /// and directly behind a table, one move to the right. With `extend` the pivot stays. Ends a
+    /// run of typing.
+    void jumpToNextWord(bool extend);
+    /// To the start of the word around or before the caret, in the same way; before a table one
+    /// move to the left.
+    void jumpToPreviousWord(bool extend);
+
+    /// Where the word around or before the position begins: the stop to which a step by words to
+    /// the left would lead, except that it stops before the start tag of an inline. The position
+    /// itself where no word can be reached; -1 for one outside the text.
+    int getPreviousWordPos(int position) const;
+    /// The text from there up to but excluding the caret, markup included.
+    Core::String getPreviousWord() const;
 
     // Selecting
 
@@ -247,6 +272,16 @@ public:
     // Deleting. Tags are never left unmatched: what a range holds whole goes, and of an element
     // that it cuts only content goes. What is emptied keeps a place for the caret.
 
+    /// Backspace or, with `forward`, Delete, of a unit or with `wholeWord` a word. What is selected
+    /// goes first; a word then follows it. At the start of a block Backspace joins it to the block
+    /// before, at its end Delete joins the block behind; an object beside the caret goes whole.
+    /// Nothing happens outside the flows and static contents and in a list label. A comment, CDATA
+    /// section or processing instruction that Backspace removes does not come back by undo. One
+    /// undo step.
+    void erase(bool forward, bool wholeWord);
+    /// Removes the nearest element around the caret that has the name, with its content; the root
+    /// stays. What it leaves empty keeps a place for the caret. One undo step.
+    void deleteParent(const Core::String& elementName);
     /// Deletes from `from` up to but excluding `to`, whatever is selected, and puts the caret to
     /// `from`; with `keepSelection` the selection comes back. A `from` of -1 clears the caret and
     /// deletes nothing. Refused where a position lies inside markup or `to` is not behind `from`.
@@ -355,6 +390,8 @@ protected:
     bool selectionIsEntireElementContent(int start, int end) const;
     /// The path of the tag at the position, its own name last.
     Core::String getSelectedElementPath(int position) const;
+    Core::String getSelectionAsPlainText() const;
+    Core::String getSelectionAsNativeText() const;
     /// The text of a range without its tags; `end` is excluded.
     Core::String getPlainText(int start, int end) const;
 
@@ -375,6 +412,18 @@ protected:
 
     // Deleting
 
+    /// What erase() does outside lists. The last argument is ignored.
+    void eraseTextFromBuffer(bool forward, bool wholeWord, bool);
+    /// The same in a list. Only what stays inside the block around the caret is done.
+    void eraseTextFromListBuffer(bool forward, bool wholeWord);
+    /// Delete one unit before or behind the position, which becomes where the caret belongs. They
+    /// record what they do.
+    void deleteBackwards(int& caret);
+    void deleteForward(int& caret);
+    /// Moves the caret off a place that a deletion left without a stop.
+    void ensureValidPositionAfterDeletion();
+    /// Whether the element is the last block in its flow.
+    bool elementIsLastBlockInFlow(int element) const;
     /// Removes the selection or, without one, the unit at the caret. With `listHandled` lists are
     /// treated as any other element. The answer is empty: what was removed goes to the history
     /// piece by piece.
@@ -413,8 +462,11 @@ protected:
 private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
+    friend class WordWalk;
     friend class BufferAlgorithms::WhitespaceAlg;
     friend class SelectionDeletion;
+    friend class Backspace;
+    friend class ForwardDelete;
 
     void recordCaret();
     void recordInsertion(int position, const Core::String& xml);
@@ -452,14 +504,19 @@ private:
     Insertion tryInsertText(const Core::String& text, bool isXml, bool selectInserted);
     Insertion insertInline(Core::String text, PropertyCollection properties, bool isXml,
                            bool selectInserted);
+    Insertion insertInPlaceOfSelection(const Core::String& text, bool isXml, bool selectInserted);
     bool canInsertText(const Core::String& text) const;
     void removeSelectionBeforeInsertion();
+    void moveCaretOutOfMarkup();
     InsertedRange insertMarkup(const Core::String& xml);
     InsertedRange insertPlainText(const Core::String& text);
     bool elementHasStop(int element) const;
+    bool isBeforeOnlyPlaceholder(int position) const;
     void turnEntityBeforeCaretIntoBlank();
     bool blankWouldShowAt(int position) const;
+    bool beginsLine(int position) const;
     void deleteSuperfluousPlaceholder();
+    void putCaretOnInsertedPlaceholder(int start, int end);
     int insertBlockBesideTable(int position);
     int removePlaceholderBetweenBreaks(int position);
     void leaveInvisibleSpaceBeforeCaret();
@@ -471,6 +528,26 @@ private:
     bool isRemovableInline(int element) const;
     void restoreSelection(int lower, int upper, int place, int change);
 
+    bool isInErasablePlace() const;
+    bool wordStaysInCell(bool forward) const;
+    void eraseUnit(bool forward);
+    void eraseWord(bool forward);
+    void selectWord(bool forward);
+    void leaveSkippedPlace();
+    void comeBackFrom(int right, int place);
+    bool blockTagLiesBetween(int start, int end) const;
+    void keepInlineInHolder();
+    void protectAdjacentSpaces();
+
+    bool isSkippedByCaret(int position) const;
+    int startOfSkippedSpaces(int position) const;
+    int endOfSkippedSpaces(int position) const;
+    bool isKeptBlank(int position, int element) const;
+    void insertAndRecord(int position, const Core::String& xml);
+    Core::String removeAndRecord(int start, int end);
+
+    /// The elements around a position, the outermost first.
+    std::vector<int> elementsAround(int position) const;
     bool isEditableName(std::wstring_view name) const;
     bool isInlineName(std::wstring_view name) const;
     bool isInBlockOf(int position, int other) const;
@@ -492,6 +569,19 @@ private:
     bool isInSameCell(int position, int other) const;
     int rowGroupAround(const Core::String& name, int table, int position) const;
     void jumpTo(int position);
+
+    /// Where a move from one position to another may end: from a flow, if not there then at the
+    /// nearest stop in a flow; from a static content only there. -1 if nowhere.
+    int landingRight(int from, int to) const;
+    int landingLeft(int from, int to, bool mergeBoundaries) const;
+    bool isInOneElement(int position, int other) const;
+
+    bool stepToNextWord(bool extend);
+    bool stepOverTag(bool extend);
+    bool stepToPreviousWord(bool extend);
+    bool isInlineEdgeBetween(int stop, int nextStop) const;
+    bool isInlineEdgeAt(int position) const;
+    bool closesInlineAt(int position) const;
 
     int homePosition(int region) const;
     int endPosition(int region) const;

@@ -66,12 +66,16 @@ int rootStart(Text text) {
     return at;
 }
 
-/// Where the root's closing tag begins; -1 where anything but white space follows it, which is rare
-/// enough not to be looked through.
-int rootEnd(Text text) {
+/// Where the closing tag of the root at `root` begins; -1 where anything but white space follows
+/// it, which is rare enough not to be looked through.
+int rootEnd(Text text, int root) {
     const int closing = XmlScan::rFind(text, L"</", length(text) - 1);
-    const int end = XmlScan::find(text, L'>', closing);
-    return end >= 0 && XmlScan::skipSpaces(text, end + 1) == length(text) ? closing : -1;
+    const Text name = XmlScan::tagName(text, root);
+    if (!XmlScan::standsAt(text, L"</" + std::wstring(name), closing))
+        return -1;
+    const int end = XmlScan::skipSpaces(text, closing + 2 + length(name));
+    const bool isTag = XmlScan::standsAt(text, L">", end);
+    return isTag && XmlScan::skipSpaces(text, end + 1) == length(text) ? closing : -1;
 }
 
 /// The names of the elements that a part of a text leaves open, the outermost first, and the number
@@ -139,14 +143,13 @@ void MarkupChange::findDifference() {
 }
 
 bool MarkupChange::isInRoot() const {
-    return content_ <= start_ && length(before_) - behind_ <= rootEnd(before_);
+    return content_ <= start_ && length(before_) - behind_ <= rootEnd(before_, root_);
 }
 
 /// What the ends of the difference cut through belongs to it whole, in both texts: a unit, a
 /// surrogate pair, and what could become the end of a CDATA section, which no text may hold.
 void MarkupChange::widenToWholeUnits() {
-    const Text content = before_.substr(static_cast<std::size_t>(content_));
-    start_ = content_ + XmlScan::unitStart(content, start_ - content_);
+    start_ = unitStart(start_);
     const auto joinsNext = [](wchar_t unit) { return unit == L']' || isHighSurrogate(unit); };
     while (start_ > content_ && joinsNext(XmlScan::unitAt(before_, start_ - 1)))
         --start_;
@@ -170,8 +173,14 @@ void MarkupChange::widenToWholeUnits() {
 /// be compared.
 void MarkupChange::widenToStartTags() {
     int count = std::max(balanceOf(part(before_)).unmatched, balanceOf(part(after_)).unmatched);
-    for (; count > 0 && start_ >= content_; --count)
-        start_ = XmlScan::currentElement(before_, start_);
+    for (; count > 0 && isInRoot(); --count)
+        start_ = unitStart(XmlScan::currentElement(before_, start_));
+}
+
+/// Where the unit of the root's content that holds the position begins.
+int MarkupChange::unitStart(int position) const {
+    const Text content = before_.substr(static_cast<std::size_t>(content_));
+    return content_ + XmlScan::unitStart(content, position - content_);
 }
 
 Text MarkupChange::part(Text text) const {
@@ -179,14 +188,17 @@ Text MarkupChange::part(Text text) const {
 }
 
 /// Whether the part of this text is well formed and leaves the same elements open as the part of
-/// the text before. It is read with the entities that the document declares.
+/// the text before, of which it must be known. It is read with the entities that the document
+/// declares.
 bool MarkupChange::fits(Text text) const {
     if (!isInRoot())
         return false;
+    const Balance balance = balanceOf(part(before_));
+    if (balance.unmatched > 0)
+        return false;
     std::wstring document(before_.substr(0, static_cast<std::size_t>(root_)));
     document.append(L"<part>").append(part(text));
-    const std::vector<Text> open = balanceOf(part(before_)).open;
-    for (auto name = open.rbegin(); name != open.rend(); ++name)
+    for (auto name = balance.open.rbegin(); name != balance.open.rend(); ++name)
         document.append(L"</").append(*name).append(L">");
     return parses(String(document.append(L"</part>")));
 }

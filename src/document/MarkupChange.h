@@ -22,6 +22,7 @@ private:
     void widenToWholeUnits();
     void widenToStartTags();
 
+    int unitStart(int position) const;
     bool isInRoot() const;
     XmlScan::Text part(XmlScan::Text text) const;
     bool fits(XmlScan::Text text) const;

@@ -135,15 +135,23 @@ String EditableDocumentBuffer::getSelectedElementPath(int position) const {
 // Reading
 
 String EditableDocumentBuffer::getSelectionAs(TextFormat format) const {
-    if (!hasSelectedText())
-        return {};
     switch (format) {
     case TextFormat::Plain:
-        return getPlainText(getSelectionStartIndex(), selectionUpperEnd());
+        return getSelectionAsPlainText();
     case TextFormat::Native:
-        return getNativeText(getSelectionStartIndex(), selectionUpperEnd() - 1);
+        return getSelectionAsNativeText();
     }
     return {};
+}
+
+String EditableDocumentBuffer::getSelectionAsPlainText() const {
+    return hasSelectedText() ? getPlainText(getSelectionStartIndex(), selectionUpperEnd())
+                             : String();
+}
+
+String EditableDocumentBuffer::getSelectionAsNativeText() const {
+    return hasSelectedText() ? getNativeText(getSelectionStartIndex(), selectionUpperEnd() - 1)
+                             : String();
 }
 
 String EditableDocumentBuffer::getSelectionAs(TextFormat format, const String& path) {

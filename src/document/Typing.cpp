@@ -45,6 +45,7 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
         return;
     FreezeNotifications freeze(this);
     EditableDocumentBufferState before(this);
+    const String oldText = text_;
     endKeyTypingSequence();
     const EditActionGroup group(this);
     const int element = getCurrentElementPosition(caretPos_);
@@ -55,14 +56,14 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
     const Insertion insertion = onPlaceholder
                                     ? tryInsertText(text, isXml, selectInserted)
                                     : insertInline(text, properties, isXml, selectInserted);
-    if (insertion != Insertion::Done) {
+    if (insertion != Insertion::Done || !MarkupChange(oldText, text_).keepsWellFormed()) {
         before.restorePreviousState();
         freeze.discard();
     }
 }
 
-/// Inserts text in an inline of its own and leaves the caret inside, so that what is typed next is
-/// formatted alike.
+/// Inserts text in an inline of its own and leaves it selected or the caret inside, so that what is
+/// typed next is formatted alike.
 EditableDocumentBuffer::Insertion
 EditableDocumentBuffer::insertInline(String text, PropertyCollection properties, bool isXml,
                                      bool selectInserted) {
@@ -74,8 +75,10 @@ EditableDocumentBuffer::insertInline(String text, PropertyCollection properties,
     const String markup =
         L"<fo:inline " + properties.getPropertiesString() + L">" + text + L"</fo:inline>";
     const Insertion insertion = tryInsertText(markup, true, selectInserted);
-    if (insertion == Insertion::Done)
+    if (insertion == Insertion::Done && !selectInserted) {
         moveCaretLeft(false, false, false);
+        recordCaret();
+    }
     return insertion;
 }
 
@@ -89,8 +92,9 @@ bool EditableDocumentBuffer::insertTextAtPosition(int position, const String& te
     endKeyTypingSequence();
     const EditActionGroup group(this);
     recordCaret();
-    setCaret(false, position);
-    const Insertion insertion = tryInsertText(text, isXml, selectInserted);
+    setCaret(false, position); // which the editing modes may refuse
+    const Insertion insertion =
+        caretPos_ == position ? tryInsertText(text, isXml, selectInserted) : Insertion::None;
     if (insertion != Insertion::Done) {
         before.restorePreviousState();
         freeze.discard();
@@ -115,11 +119,19 @@ void EditableDocumentBuffer::replaceXmlText(int start, int end, const String& xm
     recordDeletion(start, deleteXmlText(start, end));
     insertXmlTextAtPosition(start, xml);
     recordInsertion(start, xml);
+    moveCaretOutOfMarkup();
     recordCaret();
     if (!MarkupChange(oldText, text_).keepsWellFormed()) {
         before.restorePreviousState();
         freeze.discard();
     }
+}
+
+/// Markup that was put in may have made the text around the caret a part of a comment or a section,
+/// and a caret on the last unit that was replaced has landed one before the place.
+void EditableDocumentBuffer::moveCaretOutOfMarkup() {
+    if (!isOnInvalidPosition(caretPos_))
+        selectRange(outsideMarkup(selectionPivotPos_), outsideMarkup(caretPos_));
 }
 
 // Typing
@@ -140,28 +152,36 @@ EditableDocumentBuffer::tryInsertText(const String& text, bool isXml, bool selec
         endKeyTypingSequence(); // markup starts an undo step of its own
     if (!keyTypingGroup_)
         keyTypingGroup_ = std::make_unique<EditActionGroup>(this);
-    {
-        std::optional<EditActionGroup> group;
-        if (hasSelectedText()) {
-            group.emplace(this);
-            removeSelectionBeforeInsertion();
-        }
-        if (isOnInvalidPosition(caretPos_))
-            return Insertion::None;
-        String unixText = text;
-        unixText.replaceAll(L"\r\n", L"\n");
-        const InsertedRange inserted = isXml ? insertMarkup(unixText) : insertPlainText(unixText);
-        if (selectInserted)
-            selectRange(inserted.start, inserted.end);
-        recordCaret();
+    Insertion insertion = insertInPlaceOfSelection(text, isXml, selectInserted);
+    if (insertion == Insertion::Done &&
+        !(XmlValidator(text_).validate() && MarkupChange(oldText, text_).keepsWellFormed()))
+        insertion = Insertion::RolledBack;
+    if (insertion != Insertion::Done) {
+        before.restorePreviousState();
+        freeze.discard();
     }
-    const bool wellFormed = XmlValidator(text_).validate() &&
-                            (!isXml || MarkupChange(oldText, text_).keepsWellFormed());
-    if (wellFormed)
-        return Insertion::Done;
-    before.restorePreviousState();
-    freeze.discard();
-    return Insertion::RolledBack;
+    return insertion;
+}
+
+EditableDocumentBuffer::Insertion
+EditableDocumentBuffer::insertInPlaceOfSelection(const String& text, bool isXml,
+                                                 bool selectInserted) {
+    std::optional<EditActionGroup> group;
+    if (hasSelectedText()) {
+        group.emplace(this);
+        removeSelectionBeforeInsertion();
+    }
+    if (isOnInvalidPosition(caretPos_))
+        return Insertion::None;
+    String unixText = text;
+    unixText.replaceAll(L"\r\n", L"\n");
+    const InsertedRange inserted = isXml ? insertMarkup(unixText) : insertPlainText(unixText);
+    if (selectInserted)
+        selectRange(inserted.start, inserted.end);
+    if (isXml)
+        moveCaretOutOfMarkup();
+    recordCaret();
+    return Insertion::Done;
 }
 
 void EditableDocumentBuffer::removeSelectionBeforeInsertion() {
@@ -177,7 +197,7 @@ EditableDocumentBuffer::InsertedRange EditableDocumentBuffer::insertMarkup(const
     const int start = caretPos_;
     const InsertedRange inserted =
         insertXmlTextAtEditablePosition(caretPos_, xml == L" " ? String(entity) : xml);
-    if (caretPos_ > start && !elementHasStop(start) &&
+    if (caretPos_ > start && !elementHasStop(start) && beginsLine(start) &&
         nbspFollowedByWspaceAndElementCloseTagAt(caretPos_))
         deleteSuperfluousPlaceholder();
     return inserted;
@@ -195,17 +215,23 @@ EditableDocumentBuffer::InsertedRange EditableDocumentBuffer::insertPlainText(co
         return {caretPos_, caretPos_};
     if (!startsWithSpace(text)) {
         turnEntityBeforeCaretIntoBlank();
-        if (nbspFollowedByWspaceAndElementCloseTagAt(caretPos_))
+        if (beginsLine(caretPos_) && nbspFollowedByWspaceAndElementCloseTagAt(caretPos_))
             deleteSuperfluousPlaceholder();
     }
     if (text == L" ")
         return handleInsertedSpace(text);
-    // A placeholder with the caret behind it is a blank that was typed, and stays.
-    const int element = getCurrentElementPosition(caretPos_);
-    if (caretPos_ <= getNonBreakingSpacePosition(element))
+    if (isBeforeOnlyPlaceholder(caretPos_))
         handleElementsContainingJustNonBreakingSpaces(caretPos_);
     String escaped = text;
     return insertTextAtEditablePosition(caretPos_, escaped);
+}
+
+/// Whether the element holds just a placeholder with the position before it. One with the caret
+/// behind it is a blank that was typed, and stays.
+bool EditableDocumentBuffer::isBeforeOnlyPlaceholder(int position) const {
+    const int element = getCurrentElementPosition(position);
+    return elementContainsJustNonBreakingSpace(element) &&
+           position <= getNonBreakingSpacePosition(element);
 }
 
 /// The entity that a blank became is a plain blank again once something follows it.
@@ -235,6 +261,12 @@ bool EditableDocumentBuffer::blankWouldShowAt(int position) const {
                           isInlineEditableElementName(getNameForTagAtPosition(at, true))))
         at = getPreviousEditablePositionInXml(at);
     return at > block && getNameForTagAtPosition(at, true).substringAfter(L"/") != L"fo:block";
+}
+
+/// Whether a tag stands directly before the position. Behind text, a non-breaking space at the end
+/// is no placeholder but a blank that somebody typed.
+bool EditableDocumentBuffer::beginsLine(int position) const {
+    return position > 0 && XmlScan::unitAt(text_.view(), position - 1) == L'>';
 }
 
 /// Removes from the caret up to the next tag.
@@ -270,13 +302,21 @@ EditableDocumentBuffer::insertXmlTextAtEditablePosition(int position, const Stri
         position = removePlaceholderBetweenBreaks(position);
     insertXmlTextAtPosition(position, xml);
     recordInsertion(position, xml);
-    if (elementContainsJustNonBreakingSpace(getCurrentElementPosition(caretPos_))) {
-        setCaret(false, getNonBreakingSpacePosition(getCurrentElementPosition(caretPos_)));
-        recordCaret();
-    }
+    putCaretOnInsertedPlaceholder(position, position + xml.length());
     leaveInvisibleSpaceBeforeCaret();
     recordCaret();
     return {position, position + xml.length()};
+}
+
+/// Where the range from `start` up to but excluding `end` put in what is now all that its element
+/// shows, the caret stands before that.
+void EditableDocumentBuffer::putCaretOnInsertedPlaceholder(int start, int end) {
+    const int element = getCurrentElementPosition(caretPos_);
+    const int placeholder = getNonBreakingSpacePosition(element);
+    if (!elementContainsJustNonBreakingSpace(element) || placeholder < start || end <= placeholder)
+        return;
+    setCaret(false, placeholder);
+    recordCaret();
 }
 
 /// Makes a block to type in where the caret stands beside a table; answers the offset inside it.
@@ -326,7 +366,7 @@ EditableDocumentBuffer::handleInsertedSpace(const String& text) {
         return {caretPos_, caretPos_};
     if (!inEditableElement(caretPos_))
         return insertXmlTextAtEditablePosition(caretPos_, entity);
-    if (elementContainsJustNonBreakingSpace(getCurrentElementPosition(caretPos_)))
+    if (isBeforeOnlyPlaceholder(caretPos_))
         return passPlaceholder();
     const Text content = text_.view();
     const wchar_t before = caretPos_ > 0 ? XmlScan::unitAt(content, caretPos_ - 1) : L'>';

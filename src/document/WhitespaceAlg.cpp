@@ -51,10 +51,10 @@ Values valuesAt(Text text, int element) {
     return values;
 }
 
-Values nearestValues(Text text, int element) {
+Values nearestValues(Text text, const std::vector<int>& around) {
     Values nearest;
-    for (; element >= 0; element = XmlScan::currentElement(text, element)) {
-        const Values own = valuesAt(text, element);
+    for (auto element = around.rbegin(); element != around.rend(); ++element) {
+        const Values own = valuesAt(text, *element);
         for (std::size_t property = 0; property < PropertyCount; ++property)
             if (!nearest[property])
                 nearest[property] = own[property];
@@ -89,8 +89,16 @@ int placeholderBefore(Text text, int position) {
 void WhitespaceAlg::load(int element) {
     if (!XmlScan::onTagStart(text(), element))
         return;
+    std::vector<int> around = buffer_.elementsAround(element);
+    around.push_back(element);
+    load(around);
+}
+
+void WhitespaceAlg::load(const std::vector<int>& around) {
+    if (around.empty())
+        return;
     reset();
-    const Values values = nearestValues(text(), element);
+    const Values values = nearestValues(text(), around);
     applyShorthand(values[Shorthand].value_or(Text()));
     applyTreatment(values[TreatmentProperty].value_or(Text()));
     applyCollapse(values[CollapseProperty].value_or(Text()));

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 class EditableDocumentBuffer;
 
@@ -19,6 +20,9 @@ public:
     /// Takes the properties in force at the element: of each, the value nearest to it. Does nothing
     /// unless `element` is on `<`.
     void load(int element);
+    /// The same for a caller that knows the elements around: the outermost first, the one asked for
+    /// last.
+    void load(const std::vector<int>& around);
 
     /// Whether the caret passes over the offset. False outside the text.
     bool isSkipped(int position) const;

@@ -31,17 +31,19 @@ int behindTag(Text text, int start) {
     return -1;
 }
 
-/// The offset behind a section that begins at `start`; -1 if it is not closed.
-int behindSection(Text text, int start, Text opening, Text closing) {
-    const int end = XmlScan::find(text, closing, start + static_cast<int>(opening.size()));
-    return end < 0 ? -1 : end + static_cast<int>(closing.size());
+/// The offset behind the delimiter, searched from `from` on; -1 if it is missing.
+int behindNext(Text text, Text delimiter, int from) {
+    const int found = XmlScan::find(text, delimiter, from);
+    return found < 0 ? -1 : found + static_cast<int>(delimiter.size());
 }
 
 int behindMarkup(Text text, int start) {
+    // Deliberate: the hyphens that open a comment may also close it, as in "<!-->". This is a
+    // lexical check; what only a parser refuses is found where the changed part is parsed.
     if (XmlScan::commentAt(text, start))
-        return behindSection(text, start, XmlScan::commentStart, XmlScan::commentEnd);
+        return behindNext(text, XmlScan::commentEnd, start + 2);
     if (XmlScan::cdataAt(text, start))
-        return behindSection(text, start, XmlScan::cdataStart, XmlScan::cdataEnd);
+        return behindNext(text, XmlScan::cdataEnd, start);
     return behindTag(text, start);
 }
 

@@ -6,6 +6,7 @@
 #include "document/EditableDocumentBufferState.h"
 #include "document/FreezeNotifications.h"
 #include "document/MarkupChange.h"
+#include "document/WhitespaceAlg.h"
 #include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
@@ -19,7 +20,7 @@ SelectionDeletion::SelectionDeletion(EditableDocumentBuffer& buffer, int start, 
 
 void SelectionDeletion::run() {
     takeWholeElement();
-    buffer_.deleteSpacesBetweenTags(start_);
+    takeIndentation();
     buffer_.recordCaret();
     position_ = start_;
     while (playRound()) {
@@ -34,6 +35,20 @@ void SelectionDeletion::takeWholeElement() {
     if (buffer_.canHoldCaret(element) && buffer_.getNextEditablePositionInXml(element) == start_ &&
         behind >= 0 && behind <= end_ && buffer_.getParentElementName(start_) != L"fo:flow")
         start_ = element;
+}
+
+/// The line feed and the tabs that indent the markup in front go along. Where they show, as the
+/// blank between the words of a wrapped line does, they stay.
+void SelectionDeletion::takeIndentation() {
+    int indentation = start_;
+    buffer_.deleteSpacesBetweenTags(indentation);
+    const int element = buffer_.getCurrentElementPosition(indentation);
+    BufferAlgorithms::WhitespaceAlg whitespace(buffer_);
+    whitespace.load(element);
+    for (int at = indentation; at < start_; ++at)
+        if (!whitespace.isSkipped(at, element))
+            return;
+    start_ = indentation;
 }
 
 bool SelectionDeletion::playRound() {

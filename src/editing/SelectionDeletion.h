@@ -26,6 +26,7 @@ public:
 
 private:
     void takeWholeElement();
+    void takeIndentation();
 
     // A round and its cases; each answers whether another round follows.
 

@@ -12,7 +12,7 @@ namespace {
 using Transcoding::ByteOrder;
 using Transcoding::Progress;
 
-constexpr std::size_t chunkSize = 64 * 1024;
+constexpr std::size_t chunkSize = std::size_t{64} * 1024;
 constexpr std::size_t longestText = 0x7FFFFFFF; // offsets in a text are 31 bits wide
 
 } // namespace

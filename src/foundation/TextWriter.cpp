@@ -8,7 +8,7 @@ namespace Core::IO {
 
 namespace {
 
-constexpr std::size_t chunkSize = 32 * 1024;
+constexpr std::size_t chunkSize = std::size_t{32} * 1024;
 
 /// How many units of `text` make up the next chunk, which ends with no half of a pair.
 std::size_t nextChunk(std::wstring_view text) {

@@ -104,14 +104,14 @@ wchar_t unitAt(std::string_view bytes, std::size_t offset, ByteOrder order) {
 }
 
 bool isSurrogateOrTooLarge(wchar_t unit) {
-    const auto value = static_cast<unsigned>(unit);
+    const char32_t value = unit;
     return value - 0xD800U < 0x800U || value > 0xFFFFU;
 }
 
 std::size_t sizeInUtf8(std::wstring_view units) {
     std::size_t size = 0;
     for (wchar_t unit : units) {
-        const auto value = static_cast<unsigned>(unit);
+        const char32_t value = unit;
         const bool halfPair =
             value - 0xD800U < 0x800U; // a pair takes four bytes, two for each half
         size += 1U + (value >= 0x80) + (value >= 0x800) - halfPair;
@@ -242,7 +242,7 @@ void encodeUtf16LE(std::wstring_view units, ByteArray& bytes) {
     bytes.resize(units.size() * 2);
     unsigned char* to = bytes.ptr();
     for (wchar_t unit : units) {
-        const auto value = static_cast<unsigned>(unit);
+        const char32_t value = unit;
         *to++ = static_cast<unsigned char>(value & 0xFFU);
         *to++ = static_cast<unsigned char>(value >> 8U);
     }

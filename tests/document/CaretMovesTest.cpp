@@ -63,16 +63,6 @@ TEST(CaretMoves, withoutACaretDoNothing) {
     EXPECT_EQ(buffer.getCaretPos(), -1);
 }
 
-TEST(CaretMoves, byWordAreRefused) {
-    expectMove(
-        L"<B>a^b|c</B>",
-        [](CaretBuffer& b) {
-            b.moveCaretRight(false, true, false);
-            b.moveCaretLeft(false, true, false);
-        },
-        L"<B>a^b|c</B>");
-}
-
 TEST(CaretMoves, giveOneNotice) {
     CaretBuffer buffer(expand(L"<B>a^b|c</B>"));
     RecordingMonitor monitor;
@@ -174,6 +164,9 @@ TEST(CaretMoves, aGroupWithoutAStopIsPassed) {
     const std::wstring body = L"<T><F><R><C/></R></F><D><R><C><B>d";
     const std::wstring end = L"</B></C></R></D></T>";
     expectRight(body + L"|" + end + L"<B>z</B>", body + end + L"|<B>z</B>");
+    expectLeft(body + end + L"<B>|z</B>", body + end + L"|<B>z</B>");
+    expectLeft(body + end + L"|<B>z</B>", body + L"|" + end + L"<B>z</B>");
+    expectLeft(L"<B>a</B><T><F><R><C><B>|f" + noBody, L"<B>a</B>|<T><F><R><C><B>f" + noBody);
 }
 
 TEST(CaretMoves, aTableStepDoesNotSelect) {

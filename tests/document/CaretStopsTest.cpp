@@ -145,10 +145,12 @@ TEST(CaretStops, bothWalksEndAtTheirStartWhenWrapping) {
 
 TEST(CaretStops, holdingDoesNotAskWhatShows) {
     CaretBuffer buffer = CaretBuffer::withFlow(
-        L"<B>a</B>\n<B> b</B><fo:list-item-label><B>c</B></fo:list-item-label>|");
+        L"<B>a</B>\n<B> b</B><fo:list-item-label><B>c</B></fo:list-item-label>"
+        L"<qfd:xslt-global><B>d</B></qfd:xslt-global>|");
     EXPECT_FALSE(buffer.canHoldCaret(buffer.find(L"\n<fo:block>")));
     EXPECT_TRUE(buffer.canHoldCaret(buffer.find(L" b")));
     EXPECT_FALSE(buffer.canHoldCaret(buffer.find(L"c</fo:block>")));
+    EXPECT_FALSE(buffer.canHoldCaret(buffer.find(L"d</fo:block>")));
     EXPECT_FALSE(buffer.canHoldCaret(-1));
     EXPECT_FALSE(buffer.canHoldCaret(buffer.length()));
 }

@@ -6,29 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <vector>
 
 namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<fs::path> documents() {
-    std::vector<fs::path> found;
-    for (const char* folder : {FORME_CORPUS, FORME_SAMPLES})
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
-            if (entry.path().extension() == ".fo" || entry.path().extension() == ".xml")
-                found.push_back(entry.path());
-    std::sort(found.begin(), found.end());
-    return found;
-}
-
 /// What a document is in UTF-8 with "\n" at its line ends.
 std::string asUtf8(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    std::string bytes = bytesOf(path);
     for (std::size_t at = 0; (at = bytes.find("\r\n", at)) != std::string::npos;)
         bytes.erase(at, 1);
     if (bytes.substr(0, bytes.find("?>")).find("ISO-8859-1") == std::string::npos)
@@ -52,7 +37,7 @@ TEST_P(AnyDocument, ComesBackAsItWas) {
     EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
 }
 
-INSTANTIATE_TEST_SUITE_P(CorpusAndSamples, AnyDocument, testing::ValuesIn(documents()),
+INSTANTIATE_TEST_SUITE_P(CorpusAndSamples, AnyDocument, testing::ValuesIn(corpusAndSamples()),
                          [](const testing::TestParamInfo<fs::path>& info) {
                              std::string name = info.param.stem().string();
                              std::replace_if(
@@ -96,8 +81,7 @@ TEST(Loading, OfABadFileChangesNothing) {
             messageOf([&] { buffer.setContentFromFile(folder.wide(name).c_str()); });
         EXPECT_NE(message.find((folder.path() / name).string()), std::string::npos) << message;
         EXPECT_EQ(buffer.marked(), before) << name;
-        EXPECT_EQ(monitor.take(), "") << name;
-        EXPECT_EQ(buffer.getMonitor(), &monitor) << name;
+        EXPECT_TRUE(monitor.take().empty() && buffer.getMonitor() == &monitor) << name;
         buffer.undo();
         EXPECT_EQ(buffer.marked(), L"<fo:block>a^b|c</fo:block>") << name;
     }
@@ -117,22 +101,15 @@ TEST(SetContent, StartsAfreshAtTheFirstFlow) {
     EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
     EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body"));
     EXPECT_EQ(buffer.getSelectionPivotPos(), buffer.getCaretPos());
+    buffer.setCaret(false, buffer.find(L"header"));
+    buffer.setContent(buffer.getContent(), true);
+    EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body")) << "the old caret has no say";
     buffer.setContent(L"no document at all", true);
     EXPECT_EQ(buffer.getCaretPos(), -1);
     EXPECT_EQ(buffer.getSelectionPivotPos(), -1);
 }
 
-TEST(SetContent, TheOldCaretHasNoSayInTheNewOne) {
-    const wchar_t* text = LR"(<qfd:document><fo:static-content><fo:block>ab</fo:block>
-</fo:static-content><fo:flow><fo:block>body</fo:block></fo:flow></qfd:document>)";
-    TestBuffer buffer;
-    buffer.setContent(text, true);
-    buffer.setCaret(false, buffer.find(L"ab"));
-    buffer.setContent(text, true);
-    EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body"));
-}
-
-TEST(XmlEncoding, IsChangedInTheDeclarationOnly) {
+TEST(XmlEncoding, IsChangedInTheDeclarationOnlyAndToANameOnly) {
     const auto changed = [](const wchar_t* text) {
         TestBuffer buffer;
         buffer.setContent(text, true);
@@ -144,8 +121,6 @@ TEST(XmlEncoding, IsChangedInTheDeclarationOnly) {
         EXPECT_FALSE(buffer.canUndo()) << "one step";
         return result;
     };
-    EXPECT_EQ(changed(L"<?xml version=\"1.0\" encoding=\"utf-8\" ?><a/>"),
-              L"<?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>");
     EXPECT_EQ(changed(L"<?xml version='1.0' encoding='a' standalone='yes'?><a/>"),
               L"<?xml version=\"1.0\" encoding=\"UTF-16\" standalone=\"yes\"?><a/>");
     EXPECT_EQ(changed(L"<?xml version=\"1.0\" standalone=\"no\"?><a/>"),
@@ -155,9 +130,6 @@ TEST(XmlEncoding, IsChangedInTheDeclarationOnly) {
     for (const wchar_t* none : {L"<a/>", L"", L"<?xml-stylesheet href=\"a\"?><a/>",
                                 L"<a><?xml version=\"1.0\"?></a>", L"<?xml?><a/>"})
         EXPECT_EQ(changed(none), none);
-}
-
-TEST(XmlEncoding, RefusesWhatIsNoName) {
     for (const wchar_t* bad : {L"", L"8bit", L"a b", L"a\"b", L"\xE4"}) {
         TestBuffer buffer(L"<fo:block>|</fo:block>");
         buffer.changeXmlEncoding(bad);
@@ -165,7 +137,7 @@ TEST(XmlEncoding, RefusesWhatIsNoName) {
     }
 }
 
-TEST(DocumentParts, AreFoundInTheText) {
+TEST(DocumentParts, AreFoundInTheTextOrNone) {
     TestBuffer buffer;
     buffer.setContent(L"<?xml version=\"1.0\"?><qfd:document a=\"b\">\n<qf:info/>"
                       L"<fo:layout-master-set></fo:layout-master-set>\n<fo:page-sequence/>"
@@ -183,10 +155,6 @@ TEST(DocumentParts, AreFoundInTheText) {
               L"<fo:page-sequence>b</fo:page-sequence></qfd:document>");
     for (const int outside : {-1, buffer.getFirstPageGeneratorPos(), 100000})
         EXPECT_TRUE(buffer.getQFDTemplateDefsString(outside).empty());
-}
-
-TEST(DocumentParts, ThatAreMissingAreNoneAndEmpty) {
-    TestBuffer buffer;
     for (const wchar_t* text : {L"", L"<a/>", L"<qfd:document></qfd:document>",
                                 L"<qfd:document></fo:layout-master-set><fo:page-sequence>"}) {
         buffer.setContent(text, true);
@@ -194,7 +162,6 @@ TEST(DocumentParts, ThatAreMissingAreNoneAndEmpty) {
         EXPECT_TRUE(buffer.getQFDTemplateDefsString(0).empty());
         EXPECT_TRUE(buffer.getAllPageSequencesWrappedInRoot().empty());
     }
-    EXPECT_EQ(wide(buffer.getNamespaces()), L"");
 }
 
 } // namespace

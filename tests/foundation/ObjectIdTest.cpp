@@ -4,26 +4,18 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
 
-namespace {
-
-bool isLetter(wchar_t ch) {
-    return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z');
-}
-
 TEST(ObjectId, IsAnXmlIdThatIsRandomFromItsFirstCharacter) {
+    const std::wstring letters = L"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
     std::set<std::wstring> beginnings;
     std::set<wchar_t> firsts;
     std::set<wchar_t> lasts;
     for (int i = 0; i < 4000; ++i) {
         const std::wstring id = wide(ObjectId::generate());
         ASSERT_EQ(id.size(), 22U);
-        ASSERT_TRUE(isLetter(id.front()));
-        ASSERT_TRUE(std::all_of(id.begin(), id.end(), [](wchar_t ch) {
-            return isLetter(ch) || Core::String::isDigit(ch);
-        }));
+        ASSERT_NE(letters.find(id.front()), letters.npos);
+        ASSERT_EQ(id.find_first_not_of(letters + L"0123456789"), id.npos);
         beginnings.insert(id.substr(0, 8));
         firsts.insert(id.front());
         lasts.insert(id.back());
@@ -34,17 +26,14 @@ TEST(ObjectId, IsAnXmlIdThatIsRandomFromItsFirstCharacter) {
 }
 
 TEST(ObjectId, SeedRepeatsTheSequenceUntilUnseeded) {
+    const auto generated = [] { return wide(ObjectId::generate()); };
     ObjectId::seed(5);
-    const std::wstring first = wide(ObjectId::generate());
-    const std::wstring second = wide(ObjectId::generate());
-    ObjectId::seed(5);
-    EXPECT_EQ(wide(ObjectId::generate()), first);
+    const std::wstring first = generated();
+    const std::wstring second = generated();
     ObjectId::seed(6);
-    EXPECT_NE(wide(ObjectId::generate()), first);
+    EXPECT_NE(generated(), first);
     ObjectId::seed(5);
-    static_cast<void>(ObjectId::generate());
+    EXPECT_EQ(generated(), first);
     ObjectId::unseed();
-    EXPECT_NE(wide(ObjectId::generate()), second);
+    EXPECT_NE(generated(), second);
 }
-
-} // namespace

@@ -1,70 +1,46 @@
 #include "foundation/PropertiesHelper.h"
 
-#include "foundation/Wide.h"
+#include "foundation/PropertyTesting.h"
 
 #include <gtest/gtest.h>
 
-using Core::String;
-
 namespace {
 
-/// Reads `name=value; name=value`.
-PropertyCollection read(const wchar_t* text) {
-    PropertyCollection properties;
-    for (String& piece : String(text).split(L';'))
-        properties.addProperty(
-            EditableProperty(piece.substringBefore(L"=").trim(), piece.substringAfter(L"=")),
-            false);
-    return properties;
+/// What a change makes of a list of properties.
+std::wstring after(void (*change)(PropertyCollection&), const wchar_t* list) {
+    PropertyCollection collection = properties(list);
+    change(collection);
+    return shown(collection);
 }
 
-std::wstring show(const PropertyCollection& properties) {
-    std::wstring text;
-    for (const EditableProperty& property : properties.getPropertyList())
-        text +=
-            (text.empty() ? L"" : L"; ") + wide(property.getName() + L"=" + property.getValue());
-    return text;
+std::wstring expanded(const wchar_t* list) {
+    return after(PropertiesHelper::expandShorthands, list);
 }
 
-std::wstring expanded(const wchar_t* text) {
-    PropertyCollection properties = read(text);
-    PropertiesHelper::expandShorthands(properties);
-    return show(properties);
+std::wstring collapsed(const wchar_t* list) {
+    return after(PropertiesHelper::collapseShorthands, list);
 }
 
-std::wstring collapsed(const wchar_t* text) {
-    PropertyCollection properties = read(text);
-    PropertiesHelper::collapseShorthands(properties);
-    return show(properties);
-}
-
-std::wstring withoutDefaults(const wchar_t* text) {
-    PropertyCollection properties = read(text);
-    PropertiesHelper::removeDefaultValues(properties);
-    return show(properties);
+std::wstring withoutDefaults(const wchar_t* list) {
+    return after(PropertiesHelper::removeDefaultValues, list);
 }
 
 TEST(PropertiesHelper, ExpandsOneToFourValuesInTheirPlace) {
     EXPECT_EQ(expanded(L"a=1; margin=2; b=3"),
               L"a=1; margin-top=2; margin-right=2; margin-bottom=2; margin-left=2; b=3");
-    EXPECT_EQ(expanded(L"fo:padding=1 2"),
-              L"fo:padding-top=1; fo:padding-right=2; fo:padding-bottom=1; fo:padding-left=2");
+    EXPECT_EQ(expanded(L"fo:padding=max(1, 2) 0"),
+              L"fo:padding-top=max(1, 2); fo:padding-right=0; fo:padding-bottom=max(1, 2); "
+              L"fo:padding-left=0");
     EXPECT_EQ(expanded(L"margin= 1  2\t3 "),
               L"margin-top=1; margin-right=2; margin-bottom=3; margin-left=2");
     EXPECT_EQ(expanded(L"margin=1 2 3 4"),
               L"margin-top=1; margin-right=2; margin-bottom=3; margin-left=4");
-    EXPECT_EQ(expanded(L"margin=max(1, 2) 0"),
-              L"margin-top=max(1, 2); margin-right=0; margin-bottom=max(1, 2); margin-left=0");
-    EXPECT_EQ(expanded(L"margin=inherit"), L"margin-top=inherit; margin-right=inherit; "
-                                           L"margin-bottom=inherit; margin-left=inherit");
 }
 
 TEST(PropertiesHelper, ExpandsOneBorderInAnyOrder) {
-    EXPECT_EQ(expanded(L"fo:border-top=solid rgb(1, 2, 3) .5pt"),
+    EXPECT_EQ(expanded(L"fo:border-top=solid rgb(1, 2, 3) .5pt; border-left=thin"),
               L"fo:border-top-style=solid; fo:border-top-color=rgb(1, 2, 3); "
-              L"fo:border-top-width=.5pt");
-    EXPECT_EQ(expanded(L"border-left=thin; border-right=none"),
-              L"border-left-width=thin; border-right-style=none");
+              L"fo:border-top-width=.5pt; border-left-width=thin");
     EXPECT_EQ(expanded(L"border-bottom=inherit"),
               L"border-bottom-width=inherit; border-bottom-style=inherit; "
               L"border-bottom-color=inherit");
@@ -77,30 +53,23 @@ TEST(PropertiesHelper, SinglePropertiesThatStandWinOverTheShorthand) {
               L"border-top-width=1pt; border-top-style=none");
 }
 
-TEST(PropertiesHelper, LeavesAloneWhatItCannotExpand) {
+TEST(PropertiesHelper, CollapsesFourSidesIntoTheShortestText) {
+    EXPECT_EQ(collapsed(L"a=1; margin-left=2; b=3; margin-top=2; margin-bottom=2; margin-right=2"),
+              L"a=1; margin=2; b=3");
+    EXPECT_EQ(collapsed(L"fo:padding=9; fo:padding-top=1; fo:padding-right=1; "
+                        L"fo:padding-bottom=2; fo:padding-left=1"),
+              L"fo:padding=1 1 2");
+    for (const wchar_t* margin : {L"margin=1", L"margin=1 2", L"margin=1 2 3", L"margin=1 2 3 4",
+                                  L"margin=1 2 1 3", L"margin=inherit"})
+        EXPECT_EQ(collapsed(expanded(margin).c_str()), margin);
+}
+
+TEST(PropertiesHelper, LeavesAloneWhatItCannotExpandOrCollapse) {
     for (const wchar_t* same :
          {L"margin=", L"padding=1 2 3 4 5", L"margin=1 inherit", L"border-top=1pt 2pt",
           L"border-top=1pt inherit", L"border=1pt solid red; border-style=solid; border-width=1pt",
           L"border-color=red", L"qf:margin=1", L"border-before=1pt"})
         EXPECT_EQ(expanded(same), same);
-}
-
-TEST(PropertiesHelper, CollapsesFourSidesIntoTheShortestText) {
-    EXPECT_EQ(collapsed(L"a=1; margin-left=2; b=3; margin-top=2; margin-bottom=2; margin-right=2"),
-              L"a=1; margin=2; b=3");
-    EXPECT_EQ(collapsed(L"fo:padding-top=1; fo:padding-right=2; fo:padding-bottom=1; "
-                        L"fo:padding-left=2"),
-              L"fo:padding=1 2");
-    EXPECT_EQ(collapsed(L"margin-top=1; margin-right=2; margin-bottom=3; margin-left=2"),
-              L"margin=1 2 3");
-    EXPECT_EQ(collapsed(L"margin-top=1; margin-right=1; margin-bottom=1; margin-left=2"),
-              L"margin=1 1 1 2");
-    EXPECT_EQ(collapsed(L"padding=9; padding-top=1; padding-right=1; padding-bottom=2; "
-                        L"padding-left=1"),
-              L"padding=1 1 2");
-}
-
-TEST(PropertiesHelper, LeavesAloneWhatItCannotCollapse) {
     for (const wchar_t* same :
          {L"margin-top=1; margin-right=1; margin-bottom=1",
           L"margin-top=1; margin-right=1; margin-bottom=1; fo:margin-left=1",
@@ -111,14 +80,7 @@ TEST(PropertiesHelper, LeavesAloneWhatItCannotCollapse) {
         EXPECT_EQ(collapsed(same), same);
 }
 
-TEST(PropertiesHelper, CollapsingUndoesExpanding) {
-    for (const wchar_t* value : {L"1", L"1 2", L"1 2 3", L"1 2 3 4", L"1 2 1 3", L"inherit"}) {
-        const String shorthand = String(L"margin=") + value;
-        EXPECT_EQ(collapsed(expanded(shorthand).c_str()), wide(shorthand));
-    }
-}
-
-TEST(PropertiesHelper, RemovesInitialValuesThatDoNotInherit) {
+TEST(PropertiesHelper, RemovesInitialValuesThatDoNotInheritNorOverrideAShorthand) {
     EXPECT_EQ(withoutDefaults(L"border-top-style=none; fo:border-after-style=none; "
                               L"padding-start=0; fo:padding-top=0pt; margin-left=0pt; "
                               L"background-color=transparent; background-image=none; "
@@ -126,14 +88,10 @@ TEST(PropertiesHelper, RemovesInitialValuesThatDoNotInherit) {
               L"a=0pt");
     for (const wchar_t* same :
          {L"border-top-style=solid", L"padding-top=1pt", L"color=black", L"start-indent=0pt",
-          L"qf:padding-top=0", L"border-style=none", L"background-color=none"})
-        EXPECT_EQ(withoutDefaults(same), same);
-}
-
-TEST(PropertiesHelper, KeepsInitialValuesThatOverrideAShorthand) {
-    for (const wchar_t* same :
-         {L"border=1pt solid; border-top-style=none", L"border-style=solid; border-top-style=none",
-          L"margin=1pt; margin-left=0pt", L"fo:background=red; fo:background-color=transparent"})
+          L"qf:padding-top=0", L"border-style=none", L"background-color=none",
+          L"border=1pt solid; border-top-style=none", L"border-style=solid; border-top-style=none",
+          L"border-top=1pt solid; border-top-style=none", L"margin=1pt; margin-left=0pt",
+          L"fo:background=red; fo:background-color=transparent"})
         EXPECT_EQ(withoutDefaults(same), same);
     EXPECT_EQ(withoutDefaults(L"margin=1pt; padding-left=0pt"), L"margin=1pt");
 }

@@ -19,7 +19,6 @@ TEST(String, BuildsFromEveryKindOfText) {
     EXPECT_EQ(wide(String(static_cast<const char*>(nullptr))), L"");
     EXPECT_EQ(wide(String(L"abc", 2)), L"ab");
     EXPECT_EQ(wide(String(L"abc", negative)), L"");
-    EXPECT_EQ(wide(String(L'\xA0', 1)), L"\xA0");
     EXPECT_EQ(wide(String(L'x', negative)), L"");
     EXPECT_EQ(wide(String("\xC3\xA9")), L"\xC3\xA9");
     EXPECT_EQ(wide(String::formatS(-2147483647 - 1)), L"-2147483648");
@@ -41,63 +40,28 @@ TEST(String, SplitsWideLiteralsIntoSurrogates) {
     EXPECT_EQ(wide(text), (std::wstring{L'-', L'-', 0xDBFF, 0xDFFF, L'-'}));
 }
 
-TEST(String, CopiesAreIndependent) {
+TEST(String, AUnitHeldByReferenceIsNeverThatOfACopy) {
     String original = L"abc";
-    String copy = original;
+    const String copy = original;
     wchar_t& unit = original[0];
     const String lateCopy = original;
     unit = L'X';
-    EXPECT_EQ(wide(original), L"Xbc");
-    EXPECT_EQ(wide(copy), L"abc");
-    EXPECT_EQ(wide(lateCopy), L"abc");
-    copy.reverse(0, 2);
-    copy.erase(0, 1);
-    EXPECT_EQ(wide(copy), L"ba");
-    EXPECT_EQ(wide(original), L"Xbc");
-}
-
-TEST(String, MovedFromTextIsEmptyAndUsable) {
-    String original = L"abc";
-    original[0] = L'X';
+    EXPECT_EQ(wide(original + copy + lateCopy), L"Xbcabcabc");
     String target = std::move(original);
-    const String copy = original; // NOLINT(bugprone-use-after-move): that it is safe is the point
-    EXPECT_EQ(wide(copy), L"");
+    EXPECT_EQ(wide(original), L""); // NOLINT(bugprone-use-after-move): that it is safe is the point
     target[1] = L'Y';
     original = std::move(target);
-    EXPECT_EQ(wide(original), L"XYc");
-    EXPECT_EQ(wide(String(target)), L""); // NOLINT(bugprone-use-after-move)
-}
-
-TEST(String, TakesPartsOfItselfAsArguments) {
-    String text = L"abcdef";
-    text = text.c_str() + 2;
-    EXPECT_EQ(wide(text), L"cdef");
-    text.append(text);
-    text += text.c_str() + 6;
-    EXPECT_EQ(wide(text), L"cdefcdefef");
-    text.insert(1, text.c_str() + 8);
-    EXPECT_EQ(wide(text), L"cefdefcdefef");
-    text.replace(0, 11, text);
-    EXPECT_EQ(wide(text), L"cefdefcdefeff");
-    text.insert(0, text);
-    EXPECT_EQ(text.length(), 26);
-    EXPECT_EQ(text.replaceAll(text.c_str(), text.c_str() + 25), 1);
-    EXPECT_EQ(wide(text), L"f");
-    const String& same = text;
-    text = same;
-    EXPECT_EQ(wide(text), L"f");
+    EXPECT_EQ(wide(original + target), L"XYc"); // NOLINT(bugprone-use-after-move)
 }
 
 TEST(String, SlicesIncludeTheirEndAndAreClipped) {
     const String text = L"abcd";
     EXPECT_EQ(wide(text.subString(1, 1)), L"b");
-    EXPECT_EQ(wide(text.subString(0, 3)), L"abcd");
     EXPECT_EQ(wide(text.subString(2, 1)), L"");
     EXPECT_EQ(wide(text.subString(negative, 1)), L"ab");
     EXPECT_EQ(wide(text.subString(2, 99)), L"cd");
     EXPECT_EQ(wide(text.subString(4, 99)), L"");
     EXPECT_EQ(wide(text.subString(0, negative)), L"");
-    EXPECT_EQ(wide(String().subString(0, 0)), L"");
 }
 
 TEST(String, ChangesInPlaceAreClipped) {
@@ -111,64 +75,50 @@ TEST(String, ChangesInPlaceAreClipped) {
     EXPECT_EQ(wide(text), L"<abc>");
     text.replace(4, 99, L"!");
     text.replace(negative, 1, L"?");
-    EXPECT_EQ(wide(text), L"?abc!");
     text.reverse(-5, 99);
-    EXPECT_EQ(wide(text), L"!cba?");
     text.reverse(3, 1);
     EXPECT_EQ(wide(text), L"!cba?");
 }
 
 TEST(String, EmptyTextAnswersEverything) {
     String text;
-    const String what = L"a";
-    for (int found : {text.find(L'a', 0), text.find(what, 0), text.find(String(), 0),
-                      text.rFind(L'a'), text.rFind(L'a', 0), text.rFind(what, 0),
-                      text.rFind(String(), 0), text.find(L"", negative), text.rFind(L"", negative)})
+    for (int found : {text.find(L'a', 0), text.find(L"a", 0), text.find(String(), 0),
+                      text.rFind(L'a'), text.rFind(L"a", 0), text.rFind(String(), 0),
+                      text.find(L"", negative), text.rFind(L"", negative)})
         EXPECT_EQ(found, -1);
     EXPECT_EQ(text.c_str()[0], L'\0');
     EXPECT_TRUE(text == L"" && text.compare(L"") == 0 && text.startsWith(text) && text.endsIn(L""));
-    EXPECT_EQ(text.split(L',').size(), 1U);
     EXPECT_EQ(text.replaceAll(L"", L"x"), 0);
     text.erase(0, 1);
     text.reverse(0, 0);
-    text.append(L"");
     EXPECT_EQ(wide(text.trim() + text.toUpper() + text.substringAfter(L"a")), L"");
-    text.insert(0, L"a");
-    EXPECT_EQ(wide(text), L"a");
 }
 
 TEST(String, SearchesFromTheStartGiven) {
     const String text = L"<a><b>";
-    EXPECT_EQ(text.rFind(L'>', 2), 2);
     EXPECT_EQ(text.rFind(L"<b", 3), 3);
     EXPECT_EQ(text.rFind(L"<b", 2), -1);
     EXPECT_EQ(text.rFind(L'>', negative), -1);
     EXPECT_EQ(text.rFind(L'>', 99), 5);
     EXPECT_EQ(text.find(L'>', 3), 5);
-    EXPECT_EQ(text.find(L'>', 6), -1);
     EXPECT_EQ(text.find(L"<", negative), -1);
     EXPECT_EQ(text.find(L"<", 1ULL << 32U), -1); // not cut to 32 bits
 }
 
-TEST(String, CutsAtMarks) {
+TEST(String, CutsAndReplacesAtMarks) {
     const String name = L"fo:block:x";
     EXPECT_EQ(wide(name.substringBefore(L":")), L"fo");
     EXPECT_EQ(wide(name.substringAfter(L":")), L"block:x");
     EXPECT_EQ(wide(name.substringBefore(L"/")), L"");
     EXPECT_EQ(wide(name.substringAfter(L"/")), L"fo:block:x");
     EXPECT_EQ(wide(name.substringAfter(L"x")), L"");
-    const auto pieces = String(L",a,,b,").split(L',');
-    ASSERT_EQ(pieces.size(), 5U);
-    EXPECT_EQ(wide(pieces[0] + L"|" + pieces[1] + L"|" + pieces[2] + L"|" + pieces[3] + pieces[4]),
-              L"|a||b");
-}
-
-TEST(String, ReplacesAllWithoutSearchingWhatItPutIn) {
+    EXPECT_EQ(String(L",a,,b,").split(L','), (Core::StringArray{L"", L"a", L"", L"b", L""}));
     String text = L"aaaa";
-    EXPECT_EQ(text.replaceAll(L"aa", L"aaa"), 2);
+    EXPECT_EQ(text.replaceAll(L"aa", L"aaa"), 2) << "what it put in is not searched";
     EXPECT_EQ(wide(text), L"aaaaaa");
-    EXPECT_EQ(text.replaceAll(L"a", L""), 6);
-    EXPECT_EQ(wide(text), L"");
+    text += L"b";
+    EXPECT_EQ(text.replaceAll(text.c_str(), text.c_str() + 6), 1) << "parts of itself";
+    EXPECT_EQ(wide(text), L"b");
 }
 
 TEST(String, ComparesUnitByUnit) {
@@ -192,26 +142,31 @@ TEST(String, WhiteSpaceAndCaseDoNotDependOnTheLocale) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
-/// One random change, made to a String and to a std::wstring.
+/// One random change, made to a String and to a std::wstring. A piece is now and then a part of
+/// the text itself.
 void changeBoth(String& text, std::wstring& model, std::mt19937& random) {
     const std::size_t start = random() % (model.size() + 1);
     const std::size_t count = random() % (model.size() - start + 1);
-    const std::wstring piece(random() % 4, static_cast<wchar_t>(L'a' + random() % 26));
+    const bool own = random() % 2 == 0 && model.size() < 100;
+    const std::wstring piece =
+        own ? model.substr(start)
+            : std::wstring(random() % 4, static_cast<wchar_t>(L'a' + random() % 26));
+    const wchar_t* argument = own ? text.c_str() + start : piece.c_str();
     switch (random() % 6) {
     case 0:
-        text.insert(start, piece.c_str());
-        model.insert(start, piece);
+        text.insert(start / 2, argument);
+        model.insert(start / 2, piece);
         break;
     case 1:
         text.erase(start, count);
         model.erase(start, count);
         break;
     case 2:
-        text.replace(start, count, String(piece));
-        model.replace(start, count, piece);
+        own ? text.replace(start, count, text) : text.replace(start, count, String(piece));
+        model.replace(start, count, own ? std::wstring(model) : piece);
         break;
     case 3:
-        text += piece.c_str();
+        text += argument;
         model += piece;
         break;
     case 4:

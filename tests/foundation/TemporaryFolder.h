@@ -1,13 +1,13 @@
 #pragma once
 
 #include "foundation/Encoder.h"
+#include "support/Documents.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 /// A folder for the files of one test, gone with it.
@@ -34,10 +34,7 @@ public:
         return std::wstring(Core::Encoder::convertUTF8ToString((path_ / name).string()).view());
     }
 
-    std::string bytesOf(const std::string& name) const {
-        std::ifstream file(path_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string bytesOf(const std::string& name) const { return ::bytesOf(path_ / name); }
     long fileCount() const { return std::distance(std::filesystem::directory_iterator(path_), {}); }
 
 private:

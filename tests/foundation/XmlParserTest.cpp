@@ -1,9 +1,8 @@
 #include "XmlTesting.h"
 
 #include "foundation/MemoryStream.h"
+#include "foundation/TemporaryFolder.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace {
@@ -33,49 +32,36 @@ TEST(XmlParser, ADocumentOutlivesItsParser) {
     EXPECT_EQ(narrow(document->getVersion()), "1.1");
 }
 
-TEST(XmlParser, EveryEncodingThatTheReaderKnows) {
+TEST(XmlParser, ReadsEveryEncodingAndAStreamFromItsPosition) {
     const unsigned char utf16[] = {0xFF, 0xFE, '<', 0, 0xE9, 0, '/', 0, '>', 0};
     Xml::DomParser parser;
     parser.parseMemory(utf16, sizeof utf16);
     EXPECT_EQ(written(parser.getDocument()), "<\xC3\xA9/>\n");
     EXPECT_EQ(rewritten("<?xml version='1.0' encoding='ISO-8859-1'?><a>\n\xE9</a>"),
               "<a>\n\xC3\xA9</a>\n");
-}
-
-TEST(XmlParser, AStreamIsReadFromItsPosition) {
     SmartPtr<Core::IO::Stream> stream(
         new Core::IO::MemoryStream(Core::ByteArray(std::string_view("skip<a/>"))));
     stream->seek(4, Core::IO::SeekOrigin::Begin);
-    Xml::DomParser parser;
     parser.parseStream(stream);
     EXPECT_EQ(written(parser.getDocument()), "<a/>\n");
 }
 
 TEST(XmlParser, ErrorsTellThePlaceAndTheReason) {
     EXPECT_EQ(refusalOf("<a>\n  <b>\n</a>"), "3:3: mismatched tag");
-    EXPECT_EQ(refusalOf("<a>"), "1:4: no element found");
     EXPECT_EQ(refusalOf("<a/><b/>"), "1:5: junk after document element");
     EXPECT_EQ(refusalOf("<a>\r\n\r\xF0\x9F\x98\x80\xC3\xA9 & </a>"),
               "3:6: not well-formed (invalid token)");
     EXPECT_EQ(refusalOf("<a>&nbsp;</a>"), "1:4: undefined entity");
-    EXPECT_EQ(refusalOf("<a b='1' b='2'/>"), "1:10: duplicate attribute");
-    EXPECT_EQ(refusalOf("\n<?xml version='1.0'?><a/>"),
-              "2:1: XML or text declaration not at start of entity");
-}
-
-TEST(XmlParser, ErrorsInAFileNameIt) {
-    std::string path = testing::TempDir() + "XmlParserTest.xml";
-    std::ofstream(path) << "<a>\n</b>";
+    const TemporaryFolder folder;
+    const Core::String path = folder.put("bad.xml", "<a>\n</b>").c_str();
     try {
-        Xml::DomParser().parseFile(Core::String(path.c_str()));
+        Xml::DomParser().parseFile(path);
         FAIL() << "accepted";
     } catch (const Xml::ParseException& exception) {
-        EXPECT_EQ(narrow(exception.getMessage()), path + ":2:3: mismatched tag");
+        EXPECT_EQ(narrow(exception.getMessage()), narrow(path) + ":2:3: mismatched tag");
         EXPECT_EQ(exception.getLine(), 2);
         EXPECT_EQ(exception.getColumn(), 3);
     }
-    std::filesystem::remove(path);
-    EXPECT_NE(messageOf([&] { Xml::DomParser().parseFile(Core::String(path.c_str())); }), "");
 }
 
 TEST(XmlParser, NestingIsBounded) {
@@ -118,46 +104,35 @@ TEST(XmlParser, EntitiesNestAsDeepAsTheirNumberAllows) {
         std::string last = "&e" + std::to_string(count - 1) + ";";
         return text + "]><a b='" + last + "'>" + last + "</a>";
     };
-    auto document = parse(chain(1024));
-    Xml::Element* a = document->getRootNode();
-    EXPECT_EQ(narrow(a->get_child_text()->get_content()), "x");
-    EXPECT_EQ(narrow(a->get_attribute("b")->get_value()), "x");
+    EXPECT_TRUE(rewritten(chain(1024)).ends_with("<a b=\"x\">\nx</a>\n"));
     for (int count : {1025, 100000})
         EXPECT_NE(refusalOf(chain(count)).find("more than 1024 entity declarations"),
                   std::string::npos);
 }
 
 TEST(XmlParser, NothingIsReadFromOutsideTheText) {
-    std::string path = testing::TempDir() + "XmlParserTest.ent";
-    std::ofstream(path) << "secret";
-    std::string external = "<!DOCTYPE a [<!ENTITY e SYSTEM '" + path + "'>]>";
+    const TemporaryFolder folder;
+    folder.put("secret", "secret");
+    std::string external =
+        "<!DOCTYPE a [<!ENTITY e SYSTEM '" + (folder.path() / "secret").string() + "'>]>";
     EXPECT_NE(refusalOf(external + "<a>&e;</a>").find("an entity outside the text"),
               std::string::npos);
     EXPECT_NE(refusalOf(external + "<a b='&e;'/>").find("external entity"), std::string::npos);
     EXPECT_EQ(refusalOf(external + "<a/>"), "");
-    std::filesystem::remove(path);
     // What an unread document type might declare is undeclared.
     std::string subset = "<!DOCTYPE a SYSTEM 'x.dtd'>";
     EXPECT_EQ(refusalOf(subset + "<a>&e;</a>"), "1:31: undefined entity");
     EXPECT_EQ(refusalOf(subset + "<a b='&lt;&#60;&e;'/>"), "1:28: undefined entity");
-    EXPECT_EQ(refusalOf(subset + "<a b='&lt;&#60;'>&amp;</a>"), "");
 }
 
 TEST(XmlParser, EntityReferencesCanBeKept) {
     Xml::DomParser parser;
-    EXPECT_TRUE(parser.getSubstituteEntities());
     parser.setSubstituteEntities(false);
-    EXPECT_FALSE(parser.getSubstituteEntities());
     std::string text = "<!DOCTYPE a [<!ENTITY e 'x'>]><a>\n-&e;&amp;</a>\n";
     feed(parser, text);
     EXPECT_EQ(written(parser.getDocument()), text);
     EXPECT_EQ(messageOf([&] { feed(parser, "<!DOCTYPE a SYSTEM 'x'><a>&f;</a>"); }),
               "1:27: undefined entity");
-}
-
-TEST(XmlParser, AttributesThatADocumentTypeAddsAreLeftOut) {
-    std::string text = "<!DOCTYPE a [<!ATTLIST a b CDATA 'x'>]><a c=\"1\"/>\n";
-    EXPECT_EQ(rewritten(text), text);
 }
 
 TEST(XmlParser, LineBreaksInAttributesAreKeptOnRequest) {
@@ -166,15 +141,10 @@ TEST(XmlParser, LineBreaksInAttributesAreKeptOnRequest) {
     Xml::DomParser parser;
     parser.allowNewLineInAttribute(true);
     feed(parser, text);
-    Xml::Element* a = parser.getDocument()->getRootNode();
-    EXPECT_EQ(narrow(a->get_attribute("b")->get_value()), "1\n2\n3\n\"4");
-    EXPECT_EQ(narrow(a->get_attribute("c")->get_value()), "\n");
     std::string kept = written(parser.getDocument());
-    parser.allowNewLineInAttribute(false);
-    feed(parser, text);
-    a = parser.getDocument()->getRootNode();
-    EXPECT_EQ(narrow(a->get_attribute("b")->get_value()), "1 2 3 \"4");
-    std::string plain = written(parser.getDocument());
+    std::string plain = rewritten(text);
+    EXPECT_NE(kept.find("<a b=\"1&#10;2&#10;3&#10;&quot;4\" c=\"&#10;\">"), kept.npos) << kept;
+    EXPECT_NE(plain.find("<a b=\"1 2 3 &quot;4\" c=\" \">"), plain.npos) << plain;
     EXPECT_EQ(kept.substr(kept.find(">\n\"")), plain.substr(plain.find(">\n\"")));
 }
 

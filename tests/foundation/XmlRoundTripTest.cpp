@@ -1,10 +1,8 @@
 #include "XmlTesting.h"
+#include "support/Documents.h"
 
 #include <expat.h>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 
 namespace {
 
@@ -62,22 +60,25 @@ TEST(XmlRoundTrip, WhatIsWrittenAsItWasRead) {
              "<!DOCTYPE r PUBLIC \"-//p\" \"s[\" [\n<!ENTITY e \"<!-- ] -->\">\n<!-- ' ] -->\n"
              "<?p ]?>\n]>\n<r/>\n",
              "<!DOCTYPE r SYSTEM 'never-read.dtd'><r/>\n",
+             "<!DOCTYPE a [<!ATTLIST a b CDATA 'x'>]><a c=\"1\"/>\n",
              "<r>\n\xF0\x9F\x98\x80 \xE2\x80\xA2 \"quoted\" 'so'</r>\n",
          })
         EXPECT_EQ(rewritten(text), text);
 }
 
 TEST(XmlRoundTrip, WhatComesOutInItsOneForm) {
+    EXPECT_EQ(narrow(Xml::XmlDocument::getXmlDeclaration("UTF-8")),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+    EXPECT_EQ(narrow(Xml::XmlDocument::getXmlDeclaration("")), "<?xml version=\"1.0\"?>\n");
     EXPECT_EQ(rewritten("<?xml version='1.0' encoding='UTF-8'?>\n\n<r\n a='1'  ></r >"),
               "<r a=\"1\"/>\n");
-    EXPECT_EQ(rewritten("<r>x</r>"), "<r>\nx</r>\n");
     EXPECT_EQ(rewritten("<r><![CDATA[\n]]></r>"), "<r>\n<![CDATA[\n]]></r>\n");
     EXPECT_EQ(rewritten("<r>\n&amp;&lt;&gt;&quot;&apos;&#x2022;&#160;\xC2\xA0&#13;\r\n\r.</r>"),
               "<r>\n&amp;&lt;&gt;\"'\xE2\x80\xA2&#x00A0;&#x00A0;&#13;\n\n.</r>\n");
     EXPECT_EQ(rewritten("<r a='&amp;&lt;&gt;\"&apos;\xC2\xA0&#9;&#10;&#13;' b='x\ny\tz'/>"),
               "<r a=\"&amp;&lt;&gt;&quot;'\xC2\xA0&#9;&#10;&#13;\" b=\"x y z\"/>\n");
-    EXPECT_EQ(rewritten("<r/><!--a--><!--b-->"), "<r/>\n<!--a--><!--b-->");
-    EXPECT_EQ(rewritten("<!--a-->\r\n\r<r/>"), "<!--a-->\n\n<r/>\n");
+    EXPECT_EQ(rewritten("<!--a-->\r\n\r<r/><!--b--><!--c-->"),
+              "<!--a-->\n\n<r/>\n<!--b--><!--c-->");
 }
 
 TEST(XmlRoundTrip, ASecondWritingChangesNothing) {
@@ -91,16 +92,12 @@ TEST(XmlRoundTrip, ASecondWritingChangesNothing) {
 }
 
 TEST(XmlRoundTrip, EveryDocumentOfTheCorpusSaysTheSameAfterIt) {
-    int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(FORME_CORPUS)) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        std::string text{std::istreambuf_iterator<char>(file), {}};
+    for (const std::filesystem::path& path : corpusAndSamples()) {
+        std::string text = bytesOf(path);
         std::string once = rewritten(text);
-        EXPECT_EQ(Events::of(once), Events::of(text)) << entry.path();
-        EXPECT_EQ(rewritten(once), once) << entry.path();
-        ++files;
+        EXPECT_EQ(Events::of(once), Events::of(text)) << path;
+        EXPECT_EQ(rewritten(once), once) << path;
     }
-    EXPECT_GT(files, 0);
 }
 
 TEST(XmlRoundTrip, EntityDeclarationsGoIntoTheDocumentType) {
@@ -121,7 +118,6 @@ TEST(XmlRoundTrip, EntityDeclarationsGoIntoTheDocumentType) {
         return messageOf([&] { document->setEntityDeclaration(name, type, "", systemId, "n"); });
     };
     EXPECT_NE(refuse("a b", XmlEntityType::Internal, ""), "");
-    EXPECT_NE(refuse("y", XmlEntityType::External, ""), "");
     EXPECT_NE(refuse("y", XmlEntityType::External, "'\""), "");
 }
 
@@ -135,12 +131,6 @@ TEST(XmlRoundTrip, ANewEntityDeclarationWinsOverTheOneInTheText) {
         EXPECT_EQ(narrow(parse(text)->getRootNode()->get_child_text()->get_content()), "new")
             << text;
     }
-}
-
-TEST(XmlRoundTrip, TheDeclarationNamesTheEncoding) {
-    EXPECT_EQ(narrow(Xml::XmlDocument::getXmlDeclaration("UTF-8")),
-              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-    EXPECT_EQ(narrow(Xml::XmlDocument::getXmlDeclaration("")), "<?xml version=\"1.0\"?>\n");
 }
 
 } // namespace

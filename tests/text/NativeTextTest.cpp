@@ -33,37 +33,26 @@ TEST(NativeText, BalancesTheRange) {
 }
 
 TEST(NativeText, WrapsCellsInTheirTable) {
-    const std::wstring front =
-        L"<fo:table w=\"1\" table-layout=\"auto\"><fo:table-body><fo:table-row>"
-        L"<fo:table-cell>";
+    const std::wstring front = L"<fo:table w=\"1\" table-layout=\"auto\"><fo:table-body>"
+                               L"<fo:table-row><fo:table-cell>";
     const std::wstring back = L"</fo:table-cell></fo:table-row></fo:table-body></fo:table>";
-    EXPECT_EQ(cut(table, L"b</fo:block", L"<fo:block>c"),
-              front +
-                  L"<fo:block>b</fo:block></fo:table-cell><fo:table-cell><fo:block>c</fo:block>" +
-                  back);
-    EXPECT_EQ(cut(table, L"<fo:table-cell><fo:block>c", L"d</fo:block></fo:table-cell>"),
-              front + L"<fo:block>cd</fo:block>" + back);
+    const std::wstring two =
+        L"<fo:block>b</fo:block></fo:table-cell><fo:table-cell><fo:block>c</fo:block>";
+    EXPECT_EQ(cut(table, L"b</fo:block", L"<fo:block>c"), front + two + back);
     EXPECT_EQ(cut(table, L"b</fo:block>", L"b</fo:block>"), L"<fo:block>b</fo:block>");
 }
 
 TEST(NativeText, WrapsItemBodiesWithTheirLabel) {
-    const std::wstring item = L"<fo:list-block p=\"1\"><fo:list-item>";
+    const std::wstring front = L"<fo:list-block p=\"1\"><fo:list-item>";
     const std::wstring label = L"<fo:list-item-label><b>1)</b></fo:list-item-label> ";
-    const std::wstring body = L"d</b><!-- <x> --></fo:list-item-body>";
-    const std::wstring back = L"</fo:list-item></fo:list-block>";
+    const std::wstring back =
+        L"d</b><!-- <x> --></fo:list-item-body></fo:list-item></fo:list-block>";
     EXPECT_EQ(cut(list, L"d</b>", L"--></fo:list-item-body>"),
-              item + label + L"<fo:list-item-body><b>" + body + back);
-    EXPECT_EQ(cut(list, L")</b>", L"--></fo:list-item-body>"),
-              item +
-                  L"<fo:list-item-label><b>)</b></fo:list-item-label> <fo:list-item-body>"
-                  L"<b>a<i j='1'>bc</i>" +
-                  body + back)
+              front + label + L"<fo:list-item-body><b>" + back);
+    const std::wstring labelled = L"<fo:list-item-label><b>)</b></fo:list-item-label> "
+                                  L"<fo:list-item-body><b>a<i j='1'>bc</i>";
+    EXPECT_EQ(cut(list, L")</b>", L"--></fo:list-item-body>"), front + labelled + back)
         << "the range has the label already";
-    EXPECT_EQ(cut(list, L"<fo:list-item-body><e/>", L"ef</b></fo:list-item-body>"),
-              item +
-                  L"<fo:list-item-label><b>2)</b></fo:list-item-label><fo:list-item-body><e/>"
-                  L"<b>ef</b></fo:list-item-body>" +
-                  back);
 }
 
 TEST(NativeText, EveryRangeComesOutNestedAndWhole) {

@@ -1,0 +1,276 @@
+// Backspace and Delete as commands, and what they repair afterwards.
+
+#include "document/CaretWalk.h"
+#include "document/EditActionGroup.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/EditableDocumentBufferState.h"
+#include "document/FreezeNotifications.h"
+#include "document/MarkupChange.h"
+#include "document/XmlValidator.h"
+#include "text/XmlScan.h"
+
+using Core::String;
+
+namespace {
+
+bool isInlineHolder(const String& name) {
+    return name == L"qfd:conditional-inline" || name == L"qfd:inline-repeat";
+}
+
+} // namespace
+
+// The commands
+
+void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
+    if (!isInErasablePlace())
+        return;
+    FreezeNotifications freeze(this);
+    EditableDocumentBufferState before(this);
+    const String oldText = text_;
+    endKeyTypingSequence();
+    const EditActionGroup group(this);
+    if (!hasSelectedText() && isInElementContext(L"fo:list-block", caretPos_))
+        eraseTextFromListBuffer(forward, wholeWord);
+    else if (!wholeWord || wordStaysInCell(forward))
+        eraseTextFromBuffer(forward, wholeWord, true);
+    if (!XmlValidator(text_).validate() || !MarkupChange(oldText, text_).keepsWellFormed()) {
+        before.restorePreviousState();
+        freeze.discard();
+        return;
+    }
+    notifyCaretChanged();
+}
+
+bool EditableDocumentBuffer::isInErasablePlace() const {
+    return !isOnInvalidPosition(caretPos_) && !inListItemLabel(caretPos_) &&
+           (isInFoFlow(caretPos_) || staticContentAround(caretPos_) >= 0);
+}
+
+/// Whether the deletion of a word from the caret on would not cross the edge of a table cell.
+bool EditableDocumentBuffer::wordStaysInCell(bool forward) const {
+    if (hasSelectedText() || !isInElementContext(L"fo:table", caretPos_))
+        return true;
+    const int neighbour =
+        forward ? getNextValidCaretPos(caretPos_) : getPreviousValidCaretPos(caretPos_);
+    return searchParent(L"fo:table-cell", caretPos_, false, true, L"") ==
+           searchParent(L"fo:table-cell", neighbour, false, true, L"");
+}
+
+void EditableDocumentBuffer::deleteParent(const String& elementName) {
+    const int element = searchParent(elementName, caretPos_, false, true, L"");
+    if (getCurrentElementPosition(element) < 0)
+        return;
+    FreezeNotifications freeze(this);
+    EditableDocumentBufferState before(this);
+    const String oldText = text_;
+    endKeyTypingSequence();
+    const EditActionGroup group(this);
+    recordCaret();
+    removeAndRecord(element, positionBehindElement(element));
+    setCaret(false, element);
+    handleElementsContainingJustWhiteSpaces(element, false);
+    ensureValidPositionAfterDeletion();
+    recordCaret();
+    if (!MarkupChange(oldText, text_).keepsWellFormed()) {
+        before.restorePreviousState();
+        freeze.discard();
+    }
+}
+
+// The dispatch
+
+void EditableDocumentBuffer::eraseTextFromBuffer(bool forward, bool wholeWord, bool) {
+    endKeyTypingSequence();
+    const int element = getCurrentElementPosition(caretPos_);
+    if (hasSelectedText()) {
+        deleteSelection(false);
+        // Deliberate: a word goes with the selection, not the selection alone.
+        if (wholeWord)
+            eraseTextFromBuffer(forward, true, true);
+    } else if (forward && elementContainsJustNonBreakingSpace(element) &&
+               elementIsLastBlockInFlow(element)) {
+        eraseTextFromBuffer(false, false, false);
+        return;
+    } else if (wholeWord) {
+        eraseWord(forward);
+    } else {
+        eraseUnit(forward);
+    }
+    keepInlineInHolder();
+    protectAdjacentSpaces();
+}
+
+void EditableDocumentBuffer::eraseUnit(bool forward) {
+    int place = caretPos_;
+    recordCaret();
+    if (forward)
+        deleteForward(place);
+    else
+        deleteBackwards(place);
+    // Deliberate: only Delete leaves the caret alone where the place can hold none.
+    if (!forward || canHoldCaret(place))
+        setCaret(false, place);
+    recordCaret();
+    handleElementsContainingJustWhiteSpaces(caretPos_, true);
+    ensureValidPositionAfterDeletion();
+}
+
+void EditableDocumentBuffer::eraseWord(bool forward) {
+    recordCaret();
+    if (forward ? beforeFOTable(caretPos_) : afterFOTable(caretPos_))
+        eraseTextFromBuffer(forward, false, false);
+    selectWord(forward);
+    eraseTextFromBuffer(forward, false, false);
+}
+
+void EditableDocumentBuffer::selectWord(bool forward) {
+    if (forward)
+        jumpToNextWord(true);
+    else
+        jumpToPreviousWord(true);
+}
+
+void EditableDocumentBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {
+    const int place = caretPos_;
+    if (!isInBlockOf(place,
+                     forward ? getNextValidCaretPos(place) : getPreviousValidCaretPos(place)))
+        return;
+    if (!wholeWord) {
+        eraseTextFromBuffer(forward, false, true);
+        return;
+    }
+    recordCaret();
+    selectWord(forward);
+    if (isInBlockOf(place, caretPos_))
+        deleteSelection(true);
+    else
+        setCaret(false, place);
+    protectAdjacentSpaces();
+}
+
+bool EditableDocumentBuffer::elementIsLastBlockInFlow(int element) const {
+    const int flow = searchParent(L"fo:flow", element, false, true, L"");
+    const int last = getPreviousElementByName(L"/fo:block", getClosingTagForTagAtPosition(flow));
+    return last >= 0 && last == getClosingTagForTagAtPosition(element);
+}
+
+// The repairs
+
+/// What must hold an inline and lost it gets an empty one in the place of a bare placeholder.
+void EditableDocumentBuffer::keepInlineInHolder() {
+    const int element = getCurrentElementPosition(caretPos_);
+    if (!isInlineHolder(getNameForTagAtPosition(element, true)) ||
+        getNextChildByName(L"fo:inline", element) >= 0)
+        return;
+    int place = caretPos_;
+    if (elementContainsJustNonBreakingSpace(element)) {
+        place = getNonBreakingSpacePosition(element);
+        removeAndRecord(place, place + XmlScan::placeholderLength(text_.view(), place));
+    }
+    insertAndRecord(place, L"<fo:inline>" + String(XmlScan::nbspEntity) + L"</fo:inline>");
+    setCaret(false, getNextValidCaretPos(place));
+    recordCaret();
+}
+
+/// Of two blanks that a deletion brought together and of which one would be lost, the last becomes
+/// a non-breaking space.
+void EditableDocumentBuffer::protectAdjacentSpaces() {
+    const auto isBlank = [this](int position) {
+        return XmlScan::standsAt(text_.view(), L" ", position);
+    };
+    if (!isBlank(caretPos_) || !isBlank(caretPos_ - 1) ||
+        (!isSkippedByCaret(caretPos_) && !isSkippedByCaret(caretPos_ - 1)))
+        return;
+    int last = caretPos_;
+    while (isBlank(last + 1))
+        ++last;
+    replaceXmlText(last, last, String(XmlScan::nbspEntity));
+    setCaret(false, last);
+    recordCaret();
+}
+
+void EditableDocumentBuffer::ensureValidPositionAfterDeletion() {
+    const int before = caretPos_;
+    if (isSkippedByCaret(caretPos_))
+        leaveSkippedPlace();
+    adjustCaretToAnEditablePosition();
+    const int element = getCurrentElementPosition(caretPos_);
+    if (elementContainsJustNonBreakingSpace(element))
+        setCaret(false, getNonBreakingSpacePosition(element));
+    if (caretPos_ != before)
+        recordCaret();
+}
+
+/// To the next stop, but not into another block.
+void EditableDocumentBuffer::leaveSkippedPlace() {
+    const int place = caretPos_;
+    moveCaretRight(false, false, false);
+    if (caretPos_ == place)
+        moveCaretLeft(false, false, false);
+    else if (blockTagLiesBetween(place, caretPos_))
+        comeBackFrom(caretPos_, place);
+}
+
+bool EditableDocumentBuffer::blockTagLiesBetween(int start, int end) const {
+    for (int tag = getNextTagPosition(start); tag >= 0 && tag < end;
+         tag = getNextTagPosition(getNextEditablePositionInXml(tag)))
+        if (getNameForTagAtPosition(tag, true).substringAfter(L"/") == L"fo:block")
+            return true;
+    return false;
+}
+
+/// To the stop before, unless that lies outside the element around the place.
+void EditableDocumentBuffer::comeBackFrom(int right, int place) {
+    const int element = getCurrentElementPosition(place);
+    moveCaretLeft(false, false, false);
+    if (caretPos_ <= element || caretPos_ > getClosingTagForTagAtPosition(element))
+        setCaret(false, right);
+}
+
+// What both directions share
+
+bool EditableDocumentBuffer::isSkippedByCaret(int position) const {
+    return CaretWalk(*this, position).isSkipped();
+}
+
+/// Back over the white space before the position that does not show.
+int EditableDocumentBuffer::startOfSkippedSpaces(int position) const {
+    CaretWalk walk(*this, position);
+    while (position > 0 && String::isSpace(XmlScan::unitAt(text_.view(), position - 1)) &&
+           walk.isSkippedInElement(position - 1))
+        --position;
+    return position;
+}
+
+/// On over the white space at the position that does not show.
+int EditableDocumentBuffer::endOfSkippedSpaces(int position) const {
+    CaretWalk walk(*this, position);
+    while (!isOnInvalidPosition(position) &&
+           String::isSpace(XmlScan::unitAt(text_.view(), position)) &&
+           walk.isSkippedInElement(position))
+        ++position;
+    return position;
+}
+
+/// Whether a blank stands there that shows and belongs to the element. Beside a character that is
+/// deleted it must be kept from collapsing.
+bool EditableDocumentBuffer::isKeptBlank(int position, int element) const {
+    if (isOnInvalidPosition(position) || getCurrentElementPosition(position) != element)
+        return false;
+    const wchar_t unit = XmlScan::unitAt(text_.view(), position);
+    return String::isSpace(unit) && unit != L'\n' && !isSkippedByCaret(position);
+}
+
+void EditableDocumentBuffer::insertAndRecord(int position, const String& xml) {
+    insertXmlTextAtPosition(position, xml);
+    recordInsertion(position, xml);
+    recordCaret();
+}
+
+/// Removes from `start` up to but excluding `end`; nothing if that is empty. Answers what went.
+String EditableDocumentBuffer::removeAndRecord(int start, int end) {
+    String removed = deleteXmlText(start, end - 1);
+    recordDeletion(start, removed);
+    recordCaret();
+    return removed;
+}

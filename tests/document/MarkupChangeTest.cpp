@@ -1,0 +1,103 @@
+#include "document/MarkupChange.h"
+
+#include "properties/RandomCommands.h"
+#include "support/WellFormed.h"
+
+#include "foundation/Encoder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace {
+
+using Core::String;
+
+bool isWellFormed(const std::wstring& text) {
+    return xmlError(String(text)).empty();
+}
+
+std::string shown(const std::wstring& text) {
+    return Core::Encoder::toDisplayText(String(text));
+}
+
+/// A text with every kind of markup, around which edits can go wrong.
+std::wstring anyDocument(Random& random) {
+    static constexpr std::array prologs{
+        L"", L"<?xml version=\"1.0\" encoding=\"utf-16\"?>\n", L"<!-- <x> ' -->",
+        L"<!DOCTYPE a [<!ENTITY e \"x]>\"><!-- ]> ' --><?p ]> ?>]>"};
+    static constexpr std::array pieces{L"x",
+                                       L" ",
+                                       L"&amp;",
+                                       L"<b>",
+                                       L"</b>",
+                                       L"<a>",
+                                       L"</a>",
+                                       L"<c/>",
+                                       L"<d k='>' j=\"'\"/>",
+                                       L"<!-- <b> - -->",
+                                       L"<![CDATA[<b>&]]>",
+                                       L"<?p <b> ' ?>",
+                                       L"]",
+                                       L"'",
+                                       L">",
+                                       L"\xD83D\xDE00"};
+    static constexpr std::array epilogs{L"", L"\n", L"<!-- </a> -->", L"<?p </a>?>"};
+    for (;;) {
+        std::wstring text = std::wstring(random.oneOf(prologs)) + L"<a k=\"v\">";
+        for (std::size_t count = random.below(12); count > 0; --count)
+            text += random.oneOf(pieces);
+        text += std::wstring(L"</a>") + random.oneOf(epilogs);
+        if (isWellFormed(text))
+            return text;
+    }
+}
+
+std::wstring anyEdit(Random& random, std::wstring text) {
+    static constexpr std::array pieces{
+        L"x",       L"<b>",    L"</b>",   L"</b><b>",   L"</a><a>", L"<c/>",
+        L"&",       L"&e;",    L"&amp;",  L";",         L"]]>",     L"]]",
+        L">",       L"<",      L"\"",     L"'",         L"!--",     L"-->",
+        L"<!--",    L"--",     L"<?p ?>", L"<![CDATA[", L"]",       L"</part><part>",
+        L"/",       L" k='1'", L"",       L"\xD83D",    L"\xFFFF",  L"\xDE00",
+        L"<?xml?>", L"<a>"};
+    const std::size_t from = random.below(text.size() + 1);
+    text.replace(from, random.oneIn(2) ? 0 : random.below(12), random.oneOf(pieces));
+    return text;
+}
+
+} // namespace
+
+TEST(MarkupChange, AgreesWithAParserThatReadsTheWholeText) {
+    Random random(1);
+    int accepted = 0;
+    constexpr int edits = 10000;
+    std::wstring before = anyDocument(random);
+    for (int i = 0; i < edits; ++i) {
+        const std::wstring after = anyEdit(random, before);
+        const bool expected =
+            isWellFormed(after) &&
+            Core::Encoder::toDisplayText(String(after)).find("\xEF\xBF\xBD") == std::string::npos;
+        accepted += expected ? 1 : 0;
+        ASSERT_EQ(MarkupChange(String(before), String(after)).keepsWellFormed(), expected)
+            << shown(before) << "\n"
+            << shown(after);
+        if (random.oneIn(8))
+            before = anyDocument(random);
+        else if (expected)
+            before = after;
+    }
+    EXPECT_GT(accepted, edits / 10);
+    EXPECT_LT(accepted, edits * 9 / 10);
+}
+
+TEST(MarkupChange, LetsADocumentThatIsBrokenElsewhereBeEditedAndMended) {
+    const auto keeps = [](const wchar_t* before, const wchar_t* after) {
+        return MarkupChange(String(before), String(after)).keepsWellFormed();
+    };
+    EXPECT_TRUE(keeps(L"<a>&none;<b>x</b></a>", L"<a>&none;<b>xy</b></a>"));
+    EXPECT_FALSE(keeps(L"<a>&none;<b>x</b></a>", L"<a>&none;<b>x<c></b></a>"));
+    EXPECT_TRUE(keeps(L"<a><b>x</a>", L"<a><b>x</b></a>"));
+    EXPECT_TRUE(keeps(L"<a>x & y</a>", L"<a>x & & y</a>"));
+}

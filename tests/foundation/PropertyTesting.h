@@ -1,0 +1,24 @@
+#pragma once
+
+#include "foundation/PropertyCollection.h"
+#include "foundation/Wide.h"
+
+#include <string>
+
+/// Reads `name=value; name=value`.
+inline PropertyCollection properties(const wchar_t* list) {
+    PropertyCollection result;
+    for (const Core::String& piece : Core::String(list).split(L';')) {
+        const Core::String name = piece.substringBefore(L"=").trim();
+        result.addProperty(EditableProperty(name, piece.substringAfter(L"=")), false);
+    }
+    return result;
+}
+
+/// The same form.
+inline std::wstring shown(const PropertyCollection& properties) {
+    std::wstring list;
+    for (const EditableProperty& each : properties.getPropertyList())
+        list += (list.empty() ? L"" : L"; ") + wide(each.getName() + L"=" + each.getValue());
+    return list;
+}

@@ -1,0 +1,247 @@
+// The walks from stop to stop and the moves of the caret, over documents that people wrote. With
+// FORME_ALL_STOPS set they go over every stop, and otherwise over stretches from all parts of a
+// text.
+
+#include "document/CaretWalk.h"
+#include "document/CaretTesting.h"
+#include "foundation/FileStream.h"
+#include "foundation/XmlReader.h"
+#include "text/ReferenceMarkup.h"
+#include "text/XmlScan.h"
+
+#include <climits>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const bool allStops = std::getenv("FORME_ALL_STOPS") != nullptr;
+
+bool isScript(std::wstring_view name) {
+    return name == L"qfd:xslt" || name == L"qfd:inline-xslt" || name == L"qfd:xslt-global";
+}
+
+class WalkedDocument : public CaretBuffer {
+public:
+    using CaretBuffer::getCurrentElementPosition, CaretBuffer::isInFoFlow,
+        CaretBuffer::positionsAreInTheSameStaticContent;
+
+    WalkedDocument(const Core::String& text, const wchar_t* root) {
+        setRootElement(root);
+        setContent(text, true);
+        markInaccessible();
+    }
+
+    int next(int position) const { return getNextEditablePositionInFo(position, false, false); }
+    int previous(int position) const {
+        return getPreviousEditablePositionInFo(position, false, false);
+    }
+    bool isStop(int position) const { return CaretWalk(*this, position).isStop(); }
+
+    /// Directly behind an object, where a move that passed the object whole ends in any case.
+    bool isBehindObject(int position) const {
+        return position > 0 && XmlScan::unitAt(text_.view(), position - 1) == L'>' &&
+               !elementIsEditable(getPreviousTagName(position).substringAfter(L"/"));
+    }
+
+    /// Inside markup or an entity.
+    bool isInsideUnit(int position) const {
+        return insideUnit_[static_cast<std::size_t>(position)];
+    }
+    /// In a list label or a script.
+    bool isClosed(int position) const { return closed_[static_cast<std::size_t>(position)]; }
+
+    /// So many positions from all parts of the text, the first of them its start.
+    std::vector<int> startingPoints(int count) const {
+        std::vector<int> points{0};
+        for (int part = 1; part < count; ++part) {
+            int point = length() / count * part;
+            while (isInsideUnit(point))
+                --point;
+            points.push_back(point);
+        }
+        return points;
+    }
+
+    /// What the walk left from the stop `behind` must find, if the stop before it is `stop`.
+    int expectedBefore(int stop, int behind) const {
+        int expected = stop;
+        for (int unit = stop; unit >= 0 && unit < behind; unit = unitBehind(unit)) {
+            if (isScriptAt(unit) && unit == stop)
+                expected = previous(stop); // a script goes with what stands before it
+            if (endsLikeATag(unit))
+                expected = stopAtOrBefore(XmlScan::previousTag(
+                    text_.view(), XmlScan::stepForward(text_.view(), unit) - 1));
+        }
+        return expected;
+    }
+
+    /// Whether the walk right goes from the placeholder at `stop` to the end of what holds it
+    /// alone.
+    bool leavesPlaceholder(int stop) const {
+        return elementContainsJustNonBreakingSpace(getCurrentElementPosition(stop));
+    }
+
+    bool isInVoidElement(int position) const {
+        return elementContainsJustWhitespacesOrVoid(getCurrentElementPosition(position));
+    }
+    bool canGoHomeTo(int position) const {
+        return isInFoFlow(position) && inEditableElement(position) && !isInVoidElement(position);
+    }
+
+private:
+    void mark(std::vector<bool>& marks, int start, int end) {
+        std::fill(marks.begin() + start, marks.begin() + end, true);
+    }
+
+    void markInaccessible() {
+        const auto markup = parseMarkup(text_.view());
+        ASSERT_TRUE(markup);
+        insideUnit_.assign(static_cast<std::size_t>(length()), false);
+        closed_ = insideUnit_;
+        int behind = 0;
+        for (const ReferenceMarkup& tag : *markup) {
+            markEntities(behind, tag.start);
+            behind = tag.last + 1;
+            mark(insideUnit_, tag.start + 1, behind);
+            if (tag.kind == ReferenceMarkup::Opening &&
+                (tag.name == L"fo:list-item-label" || isScript(tag.name)))
+                mark(closed_, behind, (*markup)[tag.partner].last + 1);
+        }
+    }
+
+    void markEntities(int start, int end) {
+        for (int at = text_.find(L'&', start); at >= 0 && at < end; at = text_.find(L'&', at + 1))
+            mark(insideUnit_, at + 1, text_.find(L';', at) + 1);
+    }
+
+    bool isScriptAt(int position) const {
+        return isScript(XmlScan::tagName(text_.view(), position));
+    }
+    /// The next unit; a script is one.
+    int unitBehind(int unit) const {
+        const int last = isScriptAt(unit) ? XmlScan::closingTag(text_.view(), unit) : unit;
+        return XmlScan::stepForward(text_.view(), last);
+    }
+    /// A comment, a CDATA section or a bare ">": from behind it the step left leads to the tag
+    /// before it.
+    bool endsLikeATag(int unit) const {
+        return XmlScan::commentAt(text_.view(), unit) || XmlScan::cdataAt(text_.view(), unit) ||
+               XmlScan::unitAt(text_.view(), unit) == L'>';
+    }
+    int stopAtOrBefore(int position) const {
+        return position < 0 || isStop(position) ? position : previous(position);
+    }
+
+    std::vector<bool> insideUnit_;
+    std::vector<bool> closed_;
+};
+
+Core::String read(const fs::path& path) {
+    SmartPtr<Core::IO::Stream> file =
+        new Core::IO::FileStream(path.wstring().c_str(), false, false, false);
+    return Core::IO::XmlReader(file).readToEnd();
+}
+
+Core::String withRootRenamed(Core::String text) {
+    text.replaceAll(L"<fo:root", L"<qfd:document");
+    text.replaceAll(L"</fo:root>", L"</qfd:document>");
+    return text;
+}
+
+/// Calls `check` with every document: as it is, and those with the root "fo:root" also renamed.
+template <typename Check>
+void forEachDocument(Check check) {
+    for (const char* folder : {FORME_CORPUS, FORME_SAMPLES}) {
+        for (const auto& entry : fs::directory_iterator(folder)) {
+            if (entry.path().extension() != ".fo" && entry.path().extension() != ".xml")
+                continue;
+            SCOPED_TRACE(entry.path().filename());
+            const Core::String text = read(entry.path());
+            if (text.find(L"<fo:root", 0) >= 0)
+                check(WalkedDocument(text, L"fo:root"));
+            check(WalkedDocument(withRootRenamed(text), L"qfd:document"));
+        }
+    }
+}
+
+void expectOpenStop(const WalkedDocument& document, int stop) {
+    EXPECT_TRUE(document.isStop(stop)) << stop;
+    EXPECT_FALSE(document.isInsideUnit(stop)) << stop;
+    EXPECT_FALSE(document.isClosed(stop)) << stop;
+}
+
+void expectWayBack(const WalkedDocument& document, int stop, int behind) {
+    EXPECT_LT(stop, behind);
+    const int found = document.previous(behind);
+    if (found > stop)
+        EXPECT_TRUE(document.leavesPlaceholder(stop)) << stop << ", left " << found;
+    else
+        EXPECT_EQ(found, document.expectedBefore(stop, behind)) << stop << " to " << behind;
+}
+
+void walkStretch(const WalkedDocument& document, int start, int count) {
+    int stop = document.next(start);
+    for (int steps = 0; stop >= 0 && steps < count; ++steps) {
+        expectOpenStop(document, stop);
+        const int behind = document.next(stop);
+        if (behind >= 0)
+            expectWayBack(document, stop, behind);
+        stop = behind;
+    }
+}
+
+} // namespace
+
+TEST(CaretWalkProperties, TheWalksFindTheSameStops) {
+    forEachDocument([](const WalkedDocument& document) {
+        for (const int start : document.startingPoints(allStops ? 1 : 6))
+            walkStretch(document, start, allStops ? INT_MAX : 8);
+        const int last = document.previous(document.length() - 1);
+        EXPECT_EQ(document.next(last), -1);
+        EXPECT_EQ(document.previous(document.next(0)), -1);
+    });
+}
+
+TEST(CaretWalkProperties, HomeAndEndAreTheFirstAndTheLastStopOfTheFlows) {
+    forEachDocument([](WalkedDocument document) {
+        document.moveCaretHome(false);
+        int stop = document.next(0);
+        while (stop >= 0 && !document.canGoHomeTo(stop))
+            stop = document.next(stop);
+        EXPECT_EQ(document.getCaretPos(), stop);
+        document.moveCaretToEnd(false);
+        stop = document.previous(document.length() - 1);
+        while (stop >= 0 && !document.canGoHomeTo(stop))
+            stop = document.previous(stop);
+        EXPECT_EQ(document.getCaretPos(), stop);
+    });
+}
+
+TEST(CaretWalkProperties, NoMoveLeavesItsRegion) {
+    std::mt19937 random(7);
+    forEachDocument([&random](WalkedDocument document) {
+        for (const int start : document.startingPoints(allStops ? 20 : 3)) {
+            document.setCaretPos(false, document.next(start));
+            const int from = document.getCaretPos();
+            for (int moves = allStops ? 200 : 10; from >= 0 && moves > 0; --moves) {
+                const bool byWord = random() % 2 == 0;
+                const bool merge = random() % 2 == 0;
+                if (random() % 2 == 0)
+                    document.moveCaretRight(false, byWord, merge);
+                else
+                    document.moveCaretLeft(false, byWord, merge);
+                const int caret = document.getCaretPos();
+                ASSERT_TRUE(document.isStop(caret) || document.isBehindObject(caret)) << caret;
+                ASSERT_FALSE(document.isInsideUnit(caret)) << caret;
+                ASSERT_TRUE(document.isInFoFlow(from)
+                                ? document.isInFoFlow(caret)
+                                : document.positionsAreInTheSameStaticContent(from, caret))
+                    << caret;
+            }
+        }
+    });
+}
