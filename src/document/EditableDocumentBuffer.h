@@ -279,8 +279,9 @@ public:
     /// section or processing instruction that Backspace removes does not come back by undo. One
     /// undo step.
     void erase(bool forward, bool wholeWord);
-    /// Removes the nearest element around the caret that has the name, with its content; the root
-    /// stays. What it leaves empty keeps a place for the caret. One undo step.
+    /// Removes the nearest element around the caret that has the name, with its content, if it lies
+    /// in a flow or static content. What it leaves empty keeps a place for the caret. One undo
+    /// step.
     void deleteParent(const Core::String& elementName);
     /// Deletes from `from` up to but excluding `to`, whatever is selected, and puts the caret to
     /// `from`; with `keepSelection` the selection comes back. A `from` of -1 clears the caret and
@@ -529,6 +530,7 @@ private:
     void restoreSelection(int lower, int upper, int place, int change);
 
     bool isInErasablePlace() const;
+    bool isInRegion(int position) const;
     bool wordStaysInCell(bool forward) const;
     void eraseUnit(bool forward);
     void eraseWord(bool forward);

@@ -126,13 +126,15 @@ WordWalk::WordStart WordWalk::previous() {
             return {position_, false};
         if (XmlScan::onTagStart(text(), stop))
             return hasPassed() ? startBehindTag(stop) : WordStart{stop, true};
-        if (!isSeparatorAt(stop))
+        if (!isSeparatorAt(stop)) {
             passed_ = position_ = stop;
-        else if (hasPassed())
+            continue;
+        }
+        if (hasPassed())
             return landLeft(position_);
-        else if (!isBlankAt(stop))
+        if (!isBlankAt(stop))
             return landLeft(stop);
-        else if (passBlanksBack(stop))
+        if (passBlanksBack(stop))
             return landLeft(position_);
     }
 }

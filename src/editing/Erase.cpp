@@ -42,8 +42,11 @@ void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
 }
 
 bool EditableDocumentBuffer::isInErasablePlace() const {
-    return !isOnInvalidPosition(caretPos_) && !inListItemLabel(caretPos_) &&
-           (isInFoFlow(caretPos_) || staticContentAround(caretPos_) >= 0);
+    return !isOnInvalidPosition(caretPos_) && !inListItemLabel(caretPos_) && isInRegion(caretPos_);
+}
+
+bool EditableDocumentBuffer::isInRegion(int position) const {
+    return isInFoFlow(position) || staticContentAround(position) >= 0;
 }
 
 /// Whether the deletion of a word from the caret on would not cross the edge of a table cell.
@@ -58,7 +61,7 @@ bool EditableDocumentBuffer::wordStaysInCell(bool forward) const {
 
 void EditableDocumentBuffer::deleteParent(const String& elementName) {
     const int element = searchParent(elementName, caretPos_, false, true, L"");
-    if (getCurrentElementPosition(element) < 0)
+    if (!isInRegion(element))
         return;
     FreezeNotifications freeze(this);
     EditableDocumentBufferState before(this);
