@@ -6,6 +6,7 @@
 #include "document/EditableDocumentBufferState.h"
 #include "document/FreezeNotifications.h"
 #include "document/MarkupChange.h"
+#include "document/RecordedCommand.h"
 #include "document/XmlValidator.h"
 #include "text/XmlScan.h"
 
@@ -43,11 +44,7 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
     }
     if (!canInsertText(text))
         return;
-    FreezeNotifications freeze(this);
-    EditableDocumentBufferState before(this);
-    const String oldText = text_;
-    endKeyTypingSequence();
-    const EditActionGroup group(this);
+    RecordedCommand command(this);
     const int element = getCurrentElementPosition(caretPos_);
     const bool onPlaceholder = !hasSelectedText() && isEditableElementAtPosition(element) &&
                                elementContainsJustNonBreakingSpace(element);
@@ -56,10 +53,8 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
     const Insertion insertion = onPlaceholder
                                     ? tryInsertText(text, isXml, selectInserted)
                                     : insertInline(text, properties, isXml, selectInserted);
-    if (insertion != Insertion::Done || !MarkupChange(oldText, text_).keepsWellFormed()) {
-        before.restorePreviousState();
-        freeze.discard();
-    }
+    if (insertion != Insertion::Done || !command.keepsWellFormed())
+        command.takeBack();
 }
 
 /// Inserts text in an inline of its own and leaves it selected or the caret inside, so that what is
@@ -87,18 +82,13 @@ bool EditableDocumentBuffer::insertTextAtPosition(int position, const String& te
     if (!canHoldCaret(position) || XmlScan::unitStart(text_.view(), position) != position ||
         text.empty())
         return false;
-    FreezeNotifications freeze(this);
-    EditableDocumentBufferState before(this);
-    endKeyTypingSequence();
-    const EditActionGroup group(this);
+    RecordedCommand command(this);
     recordCaret();
     setCaret(false, position); // which the editing modes may refuse
     const Insertion insertion =
         caretPos_ == position ? tryInsertText(text, isXml, selectInserted) : Insertion::None;
-    if (insertion != Insertion::Done) {
-        before.restorePreviousState();
-        freeze.discard();
-    }
+    if (insertion != Insertion::Done)
+        command.takeBack();
     return insertion != Insertion::None;
 }
 
@@ -110,21 +100,15 @@ void EditableDocumentBuffer::insertTab() {
 void EditableDocumentBuffer::replaceXmlText(int start, int end, const String& xml) {
     if (isOnInvalidPosition(start) || isOnInvalidPosition(end) || end < start)
         return;
-    FreezeNotifications freeze(this);
-    EditableDocumentBufferState before(this);
-    const String oldText = text_;
-    endKeyTypingSequence();
-    const EditActionGroup group(this);
+    RecordedCommand command(this);
     recordCaret();
     recordDeletion(start, deleteXmlText(start, end));
     insertXmlTextAtPosition(start, xml);
     recordInsertion(start, xml);
     moveCaretOutOfMarkup();
     recordCaret();
-    if (!MarkupChange(oldText, text_).keepsWellFormed()) {
-        before.restorePreviousState();
-        freeze.discard();
-    }
+    if (!command.keepsWellFormed())
+        command.takeBack();
 }
 
 /// Markup that was put in may have made the text around the caret a part of a comment or a section,

@@ -1,11 +1,8 @@
 // Backspace and Delete as commands, and what they repair afterwards.
 
 #include "document/CaretWalk.h"
-#include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
-#include "document/EditableDocumentBufferState.h"
-#include "document/FreezeNotifications.h"
-#include "document/MarkupChange.h"
+#include "document/RecordedCommand.h"
 #include "document/XmlValidator.h"
 #include "text/XmlScan.h"
 
@@ -24,18 +21,13 @@ bool isInlineHolder(const String& name) {
 void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
     if (!isInErasablePlace())
         return;
-    FreezeNotifications freeze(this);
-    EditableDocumentBufferState before(this);
-    const String oldText = text_;
-    endKeyTypingSequence();
-    const EditActionGroup group(this);
+    RecordedCommand command(this);
     if (!hasSelectedText() && isInElementContext(L"fo:list-block", caretPos_))
         eraseTextFromListBuffer(forward, wholeWord);
     else if (!wholeWord || wordStaysInCell(forward))
         eraseTextFromBuffer(forward, wholeWord, true);
-    if (!XmlValidator(text_).validate() || !MarkupChange(oldText, text_).keepsWellFormed()) {
-        before.restorePreviousState();
-        freeze.discard();
+    if (!XmlValidator(text_).validate() || !command.keepsWellFormed()) {
+        command.takeBack();
         return;
     }
     notifyCaretChanged();
@@ -63,21 +55,15 @@ void EditableDocumentBuffer::deleteParent(const String& elementName) {
     const int element = searchParent(elementName, caretPos_, false, true, L"");
     if (!isInRegion(element))
         return;
-    FreezeNotifications freeze(this);
-    EditableDocumentBufferState before(this);
-    const String oldText = text_;
-    endKeyTypingSequence();
-    const EditActionGroup group(this);
+    RecordedCommand command(this);
     recordCaret();
     removeAndRecord(element, positionBehindElement(element));
     setCaret(false, element);
     handleElementsContainingJustWhiteSpaces(element, false);
     ensureValidPositionAfterDeletion();
     recordCaret();
-    if (!MarkupChange(oldText, text_).keepsWellFormed()) {
-        before.restorePreviousState();
-        freeze.discard();
-    }
+    if (!command.keepsWellFormed())
+        command.takeBack();
 }
 
 // The dispatch

@@ -1,11 +1,8 @@
 #include "editing/SelectionDeletion.h"
 
 #include "document/CaretWalk.h"
-#include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
-#include "document/EditableDocumentBufferState.h"
-#include "document/FreezeNotifications.h"
-#include "document/MarkupChange.h"
+#include "document/RecordedCommand.h"
 #include "document/WhitespaceAlg.h"
 #include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
@@ -332,11 +329,8 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
     };
     if (from != -1 && (!isUnitStart(from) || !isUnitStart(to) || to <= from))
         return;
-    FreezeNotifications freeze(this);
-    EditableDocumentBufferState before(this);
-    const String oldText = text_;
-    endKeyTypingSequence();
-    const EditActionGroup group(this);
+    RecordedCommand command(this);
+    const int oldLength = text_.length();
     const int lower = getSelectionStartIndex();
     const int upper = selectionUpperEnd();
     recordCaret();
@@ -346,11 +340,9 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
     int end = to;
     deleteSelectedXmlText(start, end, false);
     if (keepSelection)
-        restoreSelection(lower, upper, from, text_.length() - oldText.length());
-    if (!MarkupChange(oldText, text_).keepsWellFormed()) {
-        before.restorePreviousState();
-        freeze.discard();
-    }
+        restoreSelection(lower, upper, from, text_.length() - oldLength);
+    if (!command.keepsWellFormed())
+        command.takeBack();
 }
 
 /// Selects again what was selected before the text changed its length from `place` on. An end that

@@ -1,0 +1,26 @@
+#include "document/RecordedCommand.h"
+
+#include "document/MarkupChange.h"
+
+namespace {
+
+/// For the group, which begins behind the run of typing and not within it.
+EditableDocumentBuffer* afterTyping(EditableDocumentBuffer* buffer) {
+    buffer->endKeyTypingSequence();
+    return buffer;
+}
+
+} // namespace
+
+RecordedCommand::RecordedCommand(EditableDocumentBuffer* buffer)
+    : buffer_(buffer), freeze_(buffer), before_(buffer), oldText_(buffer->getContent()),
+      group_(afterTyping(buffer)) {}
+
+bool RecordedCommand::keepsWellFormed() const {
+    return MarkupChange(oldText_, buffer_->getContent()).keepsWellFormed();
+}
+
+void RecordedCommand::takeBack() {
+    before_.restorePreviousState();
+    freeze_.discard();
+}
