@@ -32,16 +32,16 @@ public:
     std::string plainText() const { return withoutTags(0, text_.length()); }
     std::string selectedText() const { return withoutTags(selectionStart(), selectionEnd()); }
 
-    /// A range of text as a user drags it, mostly a short one.
+    /// A range of text as a user drags it, seldom a long one.
     void selectAnything(Random& random) {
         const int length = text_.length();
         const auto below = [&random](int limit) {
             return static_cast<int>(random.below(static_cast<std::size_t>(limit)));
         };
-        setCaretPos(false, getNextValidCaretPos(below(length)));
-        const int reach = random.oneIn(8) ? length : 200;
+        setCaretPos(false, stopBehind(below(length)));
+        const int reach = random.oneIn(8) ? 5000 : 200;
         const int to = std::clamp(getCaretPos() + below(2 * reach) - reach, 0, length - 1);
-        setCaretPos(true, getNextValidCaretPos(to));
+        setCaretPos(true, stopBehind(to));
     }
 
     /// The first selected stretch of text that is not bold; -1 if all is.
@@ -57,6 +57,14 @@ public:
     }
 
 private:
+    /// The next stop, but none in the middle of a surrogate pair, which no tag can part.
+    int stopBehind(int position) const {
+        int stop = getNextValidCaretPos(position);
+        if (stop >= 0 && text_[stop] >= 0xDC00 && text_[stop] < 0xE000)
+            stop = getNextValidCaretPos(stop);
+        return stop;
+    }
+
     int selectionStart() const { return std::min(getCaretPos(), getSelectionPivotPos()); }
     int selectionEnd() const { return std::max(getCaretPos(), getSelectionPivotPos()); }
 
@@ -89,10 +97,6 @@ void formatAnything(FormattedDocument& document, Random& random) {
     EXPECT_EQ(document.selectedText(), selectedText);
     EXPECT_EQ(document.firstNotBold(), -1);
 
-    document.setProperty(bold, L"");
-    EXPECT_EQ(document.state(), after) << "what is bold already stays as it is";
-    document.undo();
-
     document.undo();
     EXPECT_EQ(document.state(), before);
     EXPECT_FALSE(document.canUndo());
@@ -103,7 +107,7 @@ void formatAnything(FormattedDocument& document, Random& random) {
 
 void formatOften(FormattedDocument& document, Random& random) {
     const char* const often = std::getenv("FORME_SELECTIONS");
-    for (int i = often ? std::atoi(often) : 3; i > 0 && !testing::Test::HasFailure(); --i)
+    for (int i = often ? std::atoi(often) : 2; i > 0 && !testing::Test::HasFailure(); --i)
         formatAnything(document, random);
 }
 
@@ -116,6 +120,11 @@ TEST(Formatting, OfAnySelectionInRealDocumentsChangesNothingElse) {
         FormattedDocument document;
         loadDocument(document, Core::String(path.wstring().c_str()));
         formatOften(document, random);
+
+        document.redo();
+        const State formatted = document.state();
+        document.setProperty(bold, L"");
+        EXPECT_EQ(document.state(), formatted) << "what is bold already stays as it is";
     }
 }
 
