@@ -64,7 +64,7 @@ int EditableDocumentBuffer::startOfTextRun(int position, int limit) const {
 /// tag. Objects without content, such as a page number, belong to the text.
 int EditableDocumentBuffer::endOfTextRun(int start, int limit) const {
     int tag = getNextTagPosition(start);
-    while (tag >= 0 && tag < limit && selfClosingTagAtPosition(tag) && canHoldCaret(tag))
+    while (tag >= 0 && tag < limit && selfClosingTagAtPosition(tag))
         tag = getNextTagPosition(getNextEditablePositionInXml(tag));
     return tag < 0 ? limit : std::min(tag, limit);
 }

@@ -10,17 +10,6 @@ std::wstring propertiesOf(const wchar_t* tag) {
     return shown(buffer.getPropertiesFromElementAt(buffer.find(tag)));
 }
 
-/// The fragment after `set` was given to its first tag; checks the answer against the move of what
-/// follows.
-std::wstring afterSetting(const wchar_t* marked, const wchar_t* set) {
-    TestBuffer buffer(marked);
-    const int length = buffer.getContent().length();
-    const int element = buffer.find(L"\"body\">") + 7;
-    const int shift = buffer.setPropertiesForElementAt(element, properties(set));
-    EXPECT_EQ(shift, buffer.getContent().length() - length);
-    return buffer.marked();
-}
-
 TEST(Properties, AreReadWithTheElementsPrefix) {
     EXPECT_EQ(propertiesOf(L"<fo:block color=\"red\" qf:a='1' id = \"x\" title='\"&lt;&#38; >'/>"),
               L"fo:color=red; qf:a=1; fo:id=x; fo:title=\"&lt;&#38; >");
@@ -35,17 +24,6 @@ TEST(Properties, OnlyStartTagsHaveThem) {
     for (const int place : {buffer.find(L"t<!"), buffer.find(L"<!--"), buffer.find(L"<!["),
                             buffer.find(L"</fo:block"), -1, buffer.getContent().length()})
         EXPECT_TRUE(buffer.getPropertiesFromElementAt(place).isEmpty()) << place;
-}
-
-TEST(Properties, AreMergedInPlace) {
-    EXPECT_EQ(afterSetting(L"<fo:block id=\"x\" color=\"red\" qf:a='\"'>a|b</fo:block>",
-                           L"fo:color=blue; qc:b=<&\">'; id=y"),
-              L"<fo:block id=\"y\" color=\"blue\" qf:a=\"&quot;\" qc:b=\"&lt;&amp;&quot;>'\">"
-              L"a|b</fo:block>");
-    EXPECT_EQ(afterSetting(L"<fo:block>a|b</fo:block>", L"fo:color=red"),
-              L"<fo:block color=\"red\">a|b</fo:block>");
-    EXPECT_EQ(afterSetting(L"<fo:block\n\tid='x' />|", L"fo:id=/"), L"<fo:block id=\"/\"/>|");
-    EXPECT_EQ(afterSetting(L"<fo:block />|", L""), L"<fo:block/>|");
 }
 
 TEST(Properties, SettingTouchesNothingButStartTags) {
