@@ -326,12 +326,13 @@ public:
     /// setProperties() with one property.
     void setProperty(const EditableProperty& property, const Core::String& path);
 
-    /// Removes all attributes of the element that the path names. With an empty path and a
-    /// selection, those of every editable element around selected text.
+    /// Removes all attributes of the element that the path names but the declarations of
+    /// namespaces. With an empty path and a selection, those of every editable element directly
+    /// around selected text.
     void removeProperties(const Core::String& path);
 
     /// Sets the property fo:class of the selected element, if the selection begins at its start
-    /// tag; else of the nearest element of that name, given without prefix, around the caret or the
+    /// tag; else of the nearest element of that name, whatever its prefix, around the caret or the
     /// start of the selection.
     void applyStyleOnElement(const Core::String& className, const Core::String& elementName);
     /// What applyStyleOnElement() set for the element that it would choose, and that element's name
@@ -518,7 +519,8 @@ protected:
     static bool isNonInlineProperty(const EditableProperty& property);
     /// Takes what cannot stand on an inline out of the collection and answers it.
     static PropertyCollection getAndRemoveNonInlineProperties(PropertyCollection& properties);
-    /// Formats the text from `from` up to but excluding `to`. One undo step.
+    /// Formats the text from `from` up to but excluding `to`, as setProperties() does with what is
+    /// selected. One undo step.
     void formatInline(int from, int to, PropertyCollection properties);
 
 private:
@@ -549,7 +551,7 @@ private:
 
     int elementNamedByPath(const Core::String& path) const;
     int nearestElementNamed(const Core::String& name, int position) const;
-    int styledElement(const Core::String& localName) const;
+    int styledElement(const Core::String& name) const;
     bool isStartTagSelected() const;
     std::vector<int> elementsToClear(const Core::String& path) const;
     std::vector<int> elementsOfSelectedText() const;

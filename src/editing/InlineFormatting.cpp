@@ -30,6 +30,8 @@ EditableDocumentBuffer::getAndRemoveNonInlineProperties(PropertyCollection& prop
 }
 
 void EditableDocumentBuffer::formatSelection(const PropertyCollection& properties) {
+    if (properties.isEmpty())
+        return;
     RecordedCommand command(this);
     formatInline(getSelectionStartIndex(), selectionUpperEnd(), properties);
     if (!command.keepsWellFormed())
@@ -60,8 +62,8 @@ int EditableDocumentBuffer::startOfTextRun(int position, int limit) const {
     return position < limit ? position : -1;
 }
 
-/// Where an inline around the text that begins at `start` has to end: at the limit, or before at a
-/// tag. Objects without content, such as a page number, belong to the text.
+/// Where an inline around the text that begins at `start` has to end: at the limit or a tag before
+/// it. Objects without content, such as a page number, belong to the text.
 int EditableDocumentBuffer::endOfTextRun(int start, int limit) const {
     int tag = getNextTagPosition(start);
     while (tag >= 0 && tag < limit && selfClosingTagAtPosition(tag))

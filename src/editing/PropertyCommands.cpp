@@ -37,9 +37,7 @@ PropertyCollection declarationsAmong(const PropertyCollection& properties) {
 // Which element is meant
 
 bool EditableDocumentBuffer::isStartTagSelected() const {
-    const int lower = getSelectionStartIndex();
-    return hasSelectedText() &&
-           (XmlScan::openingAt(text_.view(), lower) || XmlScan::selfClosingAt(text_.view(), lower));
+    return hasSelectedText() && onStartTag(text_.view(), getSelectionStartIndex());
 }
 
 int EditableDocumentBuffer::elementNamedByPath(const String& path) const {
@@ -55,12 +53,12 @@ int EditableDocumentBuffer::nearestElementNamed(const String& name, int position
                : searchParent(name, position, false, true, L"");
 }
 
-int EditableDocumentBuffer::styledElement(const String& localName) const {
+int EditableDocumentBuffer::styledElement(const String& name) const {
     const int position = getSelectionStartIndex();
     if (isStartTagSelected())
         return position;
-    return localName.empty() ? getCurrentElementPosition(position)
-                             : searchParent(localName, position, false, false, L"");
+    return name.empty() ? getCurrentElementPosition(position)
+                        : searchParent(name.substringAfter(L":"), position, false, false, L"");
 }
 
 // Reading
@@ -150,7 +148,7 @@ void EditableDocumentBuffer::setParentProperty(const String& elementName, const 
 }
 
 void EditableDocumentBuffer::changeProperties(int element, const PropertyCollection& properties) {
-    if (element < 0)
+    if (element < 0 || properties.isEmpty())
         return;
     RecordedCommand command(this);
     setPropertiesForElementAt(element, properties);

@@ -97,6 +97,25 @@ TEST(Properties, ClearingAnswersWhatWasThereAndIsOneStep) {
     EXPECT_EQ(selfClosing.marked(), L"<fo:block/>|");
 }
 
+TEST(Properties, OfANameAreThoseOfTheNearestElement) {
+    TestBuffer buffer(L"<fo:block id=\"1\"><fo:block id=\"2\">a|<fo:inline id=\"3\"/></fo:block>"
+                      L"<fo:table/><!--<fo:block id=\"4\"/>--></fo:block>");
+    const auto at = [&](const wchar_t* place) { return buffer.find(place); };
+    const auto blockAt = [&](int place) { return shown(buffer.getProperties(L"fo:block", place)); };
+    EXPECT_EQ(blockAt(at(L"<fo:block id=\"2\"")), L"fo:id=2") << "the tag there";
+    EXPECT_EQ(blockAt(at(L"a<fo:inline")), L"fo:id=2");
+    EXPECT_EQ(blockAt(at(L"</fo:block><fo:table")), L"fo:id=2");
+    EXPECT_EQ(blockAt(at(L"<fo:table")), L"fo:id=1");
+    EXPECT_EQ(blockAt(at(L"<!--")), L"fo:id=1");
+    for (const int nowhere : {-1, 0, at(L"<fo:flow"), 1 << 30})
+        EXPECT_EQ(blockAt(nowhere), L"");
+
+    const int length = buffer.getContent().length();
+    buffer.setProperties(properties(L"fo:id="), L"fo:block", at(L"</fo:block><fo:table"));
+    EXPECT_EQ(blockAt(at(L"a<fo:inline")), L"fo:id=");
+    EXPECT_EQ(buffer.getContent().length(), length - 1);
+}
+
 TEST(RootNamespaces, TakeOneDeclarationAndRefuseAnythingElse) {
     TestBuffer buffer(L"<fo:block>a|b</fo:block>");
     const std::wstring before = buffer.text();
