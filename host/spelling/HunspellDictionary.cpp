@@ -152,9 +152,10 @@ bool HunspellDictionary::knows(const String& word) {
     return false;
 }
 
-StringArray HunspellDictionary::suggestionsFor(const String& word) {
-    StringArray suggestions;
-    if (const auto encoded = encoding_.encode(withPlainApostrophes(word)))
+const StringArray& HunspellDictionary::suggestionsFor(const String& word) {
+    const auto [entry, isNew] = suggested_.try_emplace(word);
+    StringArray& suggestions = entry->second;
+    if (const auto encoded = encoding_.encode(withPlainApostrophes(word)); isNew && encoded)
         for (const std::string& suggestion : hunspell_.suggest(*encoded))
             suggestions.push_back(encoding_.decode(suggestion));
     return suggestions;

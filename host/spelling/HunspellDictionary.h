@@ -8,6 +8,7 @@
 #include <hunspell.hxx>
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 /// One Hunspell dictionary, asked in the library's own text.
@@ -19,10 +20,11 @@ public:
     const Core::String& wordChars() const { return wordChars_; }
     bool knows(const Core::String& word);
     /// What could be meant by a word, the likeliest first.
-    Core::StringArray suggestionsFor(const Core::String& word);
+    const Core::StringArray& suggestionsFor(const Core::String& word);
 
 private:
     Hunspell hunspell_;
     DictionaryEncoding encoding_;
     Core::String wordChars_;
+    std::map<Core::String, Core::StringArray> suggested_; // they take far longer than a check
 };

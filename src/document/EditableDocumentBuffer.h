@@ -748,6 +748,7 @@ private:
 
     SmartPtr<Drawing::SpellingError> selectMisspeltWord(Drawing::SpellChecker& checker,
                                                         const Core::StringArray& dictionaries);
+    Core::String wordBetween(int start, int end) const;
     Core::StringArray dictionariesAtCaret(const Core::String& defaultDictionaries) const;
 
     int homePosition(int region) const;

@@ -176,13 +176,19 @@ EditableDocumentBuffer::selectMisspeltWord(SpellChecker& checker, const StringAr
         const int end = walk.toWordEnd();
         if (end < 0)
             return nullptr;
-        String word = getPlainText(start, end);
-        if (const auto error = check(checker, dictionaries, word.trim(), start, end)) {
+        if (const auto error = check(checker, dictionaries, wordBetween(start, end), start, end)) {
             selectRange(start, end);
             return error;
         }
     }
     return nullptr;
+}
+
+/// The word without markup.
+String EditableDocumentBuffer::wordBetween(int start, int end) const {
+    const Text markup = XmlScan::slice(text_.view(), start, end);
+    String word = markup.find(L'<') == Text::npos ? String(markup) : getPlainText(start, end);
+    return word.trim();
 }
 
 StringArray EditableDocumentBuffer::dictionariesAtCaret(const String& defaultDictionaries) const {
