@@ -122,7 +122,8 @@ int listMisspeltWords(const SpellOptions& options, Drawing::SpellChecker& checke
     // From here on all text follows, that of headers and footers too.
     document->setCaretPos(false, std::max(document->getFirstPageGeneratorPos(), 0));
     int words = 0;
-    for (; const auto error = document->getNextSpellingError(L"", false); ++words)
+    const String dictionaries = document->getSpellingDictionaries();
+    for (; const auto error = document->getNextSpellingError(dictionaries, false); ++words)
         monitor.onMisspeltWord(describe(*error, content, shift, options.document));
     return words;
 }

@@ -11,8 +11,6 @@ using Core::String;
 
 namespace {
 
-const iconv_t unknown = reinterpret_cast<iconv_t>(-1);
-
 /// What iconv calls an encoding that dictionaries have other names for.
 std::string iconvName(const std::string& name) {
     if (name == "TIS620-2533")
@@ -30,7 +28,8 @@ bool convertSome(iconv_t conversion, std::string_view& bytes, std::string& conve
     while (left > 0) {
         char* out = piece.data();
         std::size_t room = piece.size();
-        const bool stopped = iconv(conversion, &in, &left, &out, &room) == std::size_t(-1);
+        const bool stopped =
+            iconv(conversion, &in, &left, &out, &room) == static_cast<std::size_t>(-1);
         converted.append(piece.data(), piece.size() - room);
         if (stopped && errno != E2BIG)
             break;
@@ -41,21 +40,22 @@ bool convertSome(iconv_t conversion, std::string_view& bytes, std::string& conve
 
 } // namespace
 
-DictionaryEncoding::DictionaryEncoding(const std::string& name,
-                                       const std::filesystem::path& affixes)
-    : toDictionary_(iconv_open(iconvName(name).c_str(), "UTF-8")),
-      fromDictionary_(iconv_open("UTF-8", iconvName(name).c_str())) {
-    if (toDictionary_ != unknown && fromDictionary_ != unknown)
-        return;
-    if (toDictionary_ != unknown)
-        iconv_close(toDictionary_);
-    throw Core::Exception(Encoder::convertUTF8ToString(affixes.string() + ": the encoding \"" +
-                                                       name + "\" is not known"));
+/// Null if one of the encodings is not known.
+DictionaryEncoding::Conversion DictionaryEncoding::open(const std::string& to,
+                                                        const std::string& from) {
+    const iconv_t conversion = iconv_open(to.c_str(), from.c_str());
+    if (conversion == reinterpret_cast<iconv_t>(-1)) // NOLINT: iconv's way to say no
+        return nullptr;
+    return Conversion(conversion);
 }
 
-DictionaryEncoding::~DictionaryEncoding() {
-    iconv_close(toDictionary_);
-    iconv_close(fromDictionary_);
+DictionaryEncoding::DictionaryEncoding(const std::string& name,
+                                       const std::filesystem::path& affixes)
+    : toDictionary_(open(iconvName(name), "UTF-8")),
+      fromDictionary_(open("UTF-8", iconvName(name))) {
+    if (!toDictionary_ || !fromDictionary_)
+        throw Core::Exception(Encoder::convertUTF8ToString(affixes.string() + ": the encoding \"" +
+                                                           name + "\" is not known"));
 }
 
 std::optional<std::string> DictionaryEncoding::encode(const String& text) const {
@@ -65,16 +65,16 @@ std::optional<std::string> DictionaryEncoding::encode(const String& text) const 
     } catch (const Core::Exception&) {
         return std::nullopt; // half a surrogate pair
     }
-    iconv(toDictionary_, nullptr, nullptr, nullptr, nullptr);
+    iconv(toDictionary_.get(), nullptr, nullptr, nullptr, nullptr);
     std::string encoded;
     std::string_view rest = utf8;
-    return convertSome(toDictionary_, rest, encoded) ? std::optional(encoded) : std::nullopt;
+    return convertSome(toDictionary_.get(), rest, encoded) ? std::optional(encoded) : std::nullopt;
 }
 
 String DictionaryEncoding::decode(std::string_view bytes) const {
-    iconv(fromDictionary_, nullptr, nullptr, nullptr, nullptr);
+    iconv(fromDictionary_.get(), nullptr, nullptr, nullptr, nullptr);
     std::string utf8;
-    while (!convertSome(fromDictionary_, bytes, utf8))
+    while (!convertSome(fromDictionary_.get(), bytes, utf8))
         bytes.remove_prefix(1);
     return Encoder::convertUTF8ToString(utf8);
 }

@@ -5,6 +5,7 @@
 #include <iconv.h>
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,10 +16,6 @@ public:
     /// Takes the name as the affix file writes it. Throws Core::Exception for one that is not
     /// known.
     DictionaryEncoding(const std::string& name, const std::filesystem::path& affixes);
-    ~DictionaryEncoding();
-
-    DictionaryEncoding(const DictionaryEncoding&) = delete;
-    DictionaryEncoding& operator=(const DictionaryEncoding&) = delete;
 
     /// Nothing if the text holds a character that the encoding lacks.
     std::optional<std::string> encode(const Core::String& text) const;
@@ -26,6 +23,13 @@ public:
     Core::String decode(std::string_view bytes) const;
 
 private:
-    iconv_t toDictionary_;
-    iconv_t fromDictionary_;
+    struct Close {
+        void operator()(iconv_t conversion) const { iconv_close(conversion); }
+    };
+    using Conversion = std::unique_ptr<void, Close>;
+
+    static Conversion open(const std::string& to, const std::string& from);
+
+    Conversion toDictionary_;
+    Conversion fromDictionary_;
 };

@@ -736,6 +736,7 @@ private:
     /// Where the running search began, -1 while none runs, and how far it came with its last match.
     struct RunningSearch {
         int start = -1;
+        bool beganBehindStart = false; // which was the last selected unit
         bool hasMatched = false;
         bool hasWrapped = false;
         Core::String text;

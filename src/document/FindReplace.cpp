@@ -57,6 +57,7 @@ private:
     bool wrap();
 
     bool hasComeRound(int position) const;
+    bool wasFoundBefore(int match) const;
     int answerAtTheEnd() const { return running_.hasMatched ? comeRound : nothingFound; }
 
     Text text() const { return buffer_.text_.view(); }
@@ -81,7 +82,7 @@ int TextSearch::next() {
             return answerAtTheEnd();
         const int match = matchFromStart();
         if (match >= 0)
-            return isForward() && hasComeRound(match) ? answerAtTheEnd() : match;
+            return wasFoundBefore(match) ? answerAtTheEnd() : match;
     } while (toNextStart());
     return nothingFound;
 }
@@ -198,6 +199,12 @@ bool TextSearch::hasComeRound(int position) const {
     return isForward() ? position >= running_.start : position <= running_.start;
 }
 
+/// Whether the search met the match before it went past the end of the document. The stretch that
+/// holds its start begins before it.
+bool TextSearch::wasFoundBefore(int match) const {
+    return isForward() && hasComeRound(running_.beganBehindStart ? match - 1 : match);
+}
+
 // The commands
 
 int EditableDocumentBuffer::findReplace(const String& find, const String& replacement, bool,
@@ -225,7 +232,8 @@ int EditableDocumentBuffer::findReplace(const String& find, const String& replac
         const int pivot = selectionPivotPos_;
         const int caret = caretPos_;
         command.takeBack();
-        selectRange(pivot, caret);
+        if (match >= 0)
+            selectRange(pivot, caret);
     }
     return match;
 }
@@ -247,13 +255,18 @@ bool EditableDocumentBuffer::replaceSelectedMatch(const String& find, const Stri
 }
 
 int EditableDocumentBuffer::selectNextMatch(const SearchRequest& request) {
-    if (search_.start < 0)
+    if (search_.start < 0) {
         search_.start = searchOrigin(request.direction);
+        search_.beganBehindStart = hasSelectedText();
+    }
     TextSearch search(*this, request);
     const int match = search.next();
     if (match < 0)
         return match;
-    search_ = {search_.start, true, search.hasWrapped(), request.text, request.direction};
+    search_.hasMatched = true;
+    search_.hasWrapped = search.hasWrapped();
+    search_.text = request.text;
+    search_.direction = request.direction;
     // Going backward the answer may lie inside markup, where the caret cannot stand.
     const bool isOnMatch = request.direction == Direction::Forward;
     const int end = match + request.text.length();

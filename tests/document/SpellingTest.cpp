@@ -37,7 +37,6 @@ public:
 
 class SpelledBuffer : public TestBuffer {
 public:
-    using EditableDocumentBuffer::findNextString;
     using EditableDocumentBuffer::getNextWordStartPosition;
     using EditableDocumentBuffer::getWordEndPosition;
     using EditableDocumentBuffer::getWordStartPosition;
@@ -170,13 +169,4 @@ TEST(Spelling, FindsTheEndsOfWords) {
         EXPECT_EQ(buffer.getWordEndPosition(outside, letters), -1);
         EXPECT_EQ(buffer.getNextWordStartPosition(outside, letters), -1);
     }
-}
-
-TEST(Search, CountsBackwardFromWhereItBegan) {
-    SpelledBuffer buffer(L"<fo:block>ab cd| efgh ijkl</fo:block><fo:block>m</fo:block>");
-    const int start = buffer.getCaretPos();
-    // The stretch is ">ab cd ".
-    EXPECT_EQ(buffer.findNextString(L"ab", 0, true, false, Direction::Backward), start + 1);
-    EXPECT_EQ(buffer.findNextString(L"cd ", 0, true, false, Direction::Backward), start + 4);
-    EXPECT_EQ(buffer.getCaretPos(), start);
 }
