@@ -246,9 +246,8 @@ bool EditableDocumentBuffer::replaceSelectedMatch(const String& find, const Stri
         XmlScan::slice(text_.view(), start, selectionUpperEnd()) != find.view() ||
         tryInsertText(replacement, false, true) != Insertion::Done)
         return false;
-    if (search_.start < 0)
-        search_.start =
-            start; // so that the replacement is not searched when the search comes round
+    if (search_.start < 0) // in front of the replacement, which is not searched at the round's end
+        search_.start = start;
     else if (start < search_.start)
         search_.start = std::max(start, search_.start + text_.length() - oldLength);
     return true;
