@@ -170,11 +170,10 @@ bool TextSearch::isBetweenUnits(const Stretch& stretch, int position) const {
     return unit == position;
 }
 
-/// Whether the text at a start is there for the reader and may be selected.
+/// Whether the caret may be put there.
 bool TextSearch::isReachable(int position) const {
-    return buffer_.isEditableElementAtPosition(walk_.element()) &&
-           (!buffer_.pageMasterEditingMode_ ||
-            buffer_.isInElementContext(L"fo:static-content", position));
+    return !buffer_.pageMasterEditingMode_ ||
+           buffer_.isInElementContext(L"fo:static-content", position);
 }
 
 /// Whether the text itself stands at the answer, with no tag before its end.
