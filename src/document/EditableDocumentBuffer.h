@@ -305,7 +305,8 @@ public:
     /// is selected. False where nothing can be inserted: no caret, a list label, an empty text.
     bool insertText(const Core::String& text, bool isXml, bool selectInserted);
     /// Inserts text with formatting: an inline of its own or, in an element that holds only its
-    /// placeholder, properties of that element.
+    /// placeholder, properties of that element. Alignment, which no inline can have, goes to the
+    /// block around. One undo step.
     void insertText(const Core::String& text, const PropertyCollection& properties, bool isXml,
                     bool selectInserted);
     /// Moves the caret and inserts there, as one undo step. False where the caret cannot stand.
@@ -354,7 +355,8 @@ public:
     // that would break the markup is refused. Each command is one undo step.
     //
     // A path names one of the elements around the caret or, when an element is selected with its
-    // start tag, that element; an empty path means the innermost one.
+    // start tag, that element; an empty path means the innermost one. Without a path nothing is
+    // written where that is not editable, as beside a table, where it is the flow or a cell.
 
     /// The properties of the element that the path names; none where it names no element.
     PropertyCollection getProperties(const Core::String& path) const;
@@ -376,14 +378,15 @@ public:
     /// setProperties() with one property.
     void setProperty(const EditableProperty& property, const Core::String& path);
 
-    /// Removes all attributes of the element that the path names but the declarations of
-    /// namespaces. With an empty path and a selection, those of every editable element directly
-    /// around selected text.
+    /// Removes all attributes but the declarations of namespaces from the element around the caret
+    /// that the path names; where it names none, from the one whose start tag begins the selection,
+    /// if any. With an empty path and a selection, from every editable element directly around
+    /// selected text.
     void removeProperties(const Core::String& path);
 
     /// Sets the property fo:class of the selected element, if the selection begins at its start
     /// tag; else of the nearest element of that name, whatever its prefix, around the caret or the
-    /// start of the selection.
+    /// start of the selection. An empty name means the innermost element there.
     void applyStyleOnElement(const Core::String& className, const Core::String& elementName);
     /// What applyStyleOnElement() set for the element that it would choose, and that element's name
     /// without prefix; both empty without one. An empty name asks for the innermost element.
@@ -616,6 +619,7 @@ private:
     int replaceProperties(int element, const PropertyCollection& properties);
 
     int elementNamedByPath(const Core::String& path) const;
+    int editableElementAround(int position) const;
     int nearestElementNamed(const Core::String& name, int position) const;
     int styledElement(const Core::String& name) const;
     bool isStartTagSelected() const;
@@ -627,6 +631,7 @@ private:
     int endOfTextRun(int start, int limit) const;
     int formatTextRun(int start, int end, const PropertyCollection& properties);
     int wrapInInline(int start, int end, const PropertyCollection& properties);
+    int formatBlockAround(int position, const PropertyCollection& properties);
 
     int tableAroundCaret() const;
 
@@ -645,6 +650,7 @@ private:
     enum class Insertion { None, Done, RolledBack };
 
     Insertion tryInsertText(const Core::String& text, bool isXml, bool selectInserted);
+    bool isOnlyPlaceholderAround(int element) const;
     Insertion insertInline(Core::String text, PropertyCollection properties, bool isXml,
                            bool selectInserted);
     Insertion insertInPlaceOfSelection(const Core::String& text, bool isXml, bool selectInserted);
