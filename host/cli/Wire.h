@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <set>
 #include <string>
+#include <vector>
 
 /// How the values of the library's operations travel as JSON. For each type: what it is called,
 /// whether a JSON value is one, and the ways there and back.
@@ -62,6 +64,13 @@ struct Wire<DocumentEncoding> {
 };
 
 template <>
+struct Wire<Xml::PDFConformance> {
+    static constexpr const char* name =
+        "PDF conformance (0 default, 1 X-1a:2003, 2 A-1a:2005, 3 A-1b:2005, 4 508)";
+    static Json write(Xml::PDFConformance value) { return static_cast<int>(value); }
+};
+
+template <>
 struct Wire<TextFormat> {
     static constexpr const char* name = "text format (0 plain, 2 native)";
     static bool matches(const Json& value) { return Wire<int>::matches(value); }
@@ -103,4 +112,42 @@ struct Wire<PropertyCollection> {
             properties.push_back(Wire<EditableProperty>::write(property));
         return properties;
     }
+};
+
+template <>
+struct Wire<ElementInfo> {
+    static Json write(const ElementInfo& value) {
+        return {{"name", Wire<Core::String>::write(value.name)},
+                {"id", Wire<Core::String>::write(value.id)},
+                {"repeats", value.repeats},
+                {"xpath", Wire<Core::String>::write(value.xpath)},
+                {"sort", Wire<Core::String>::write(value.sort)}};
+    }
+};
+
+/// Lists of values only come as results.
+template <typename List>
+Json writeList(const List& values) {
+    Json list = Json::array();
+    for (const auto& value : values)
+        list.push_back(Wire<typename List::value_type>::write(value));
+    return list;
+}
+
+template <>
+struct Wire<std::set<Core::String>> {
+    static constexpr const char* name = "strings [string, ...]";
+    static Json write(const std::set<Core::String>& values) { return writeList(values); }
+};
+
+template <>
+struct Wire<Core::Vector<PropertyCollection>> {
+    static constexpr const char* name = "list of properties [[[name, value], ...], ...]";
+    static Json write(const Core::Vector<PropertyCollection>& values) { return writeList(values); }
+};
+
+template <>
+struct Wire<std::vector<ElementInfo>> {
+    static constexpr const char* name = "elements [{name, id, repeats, xpath, sort}, ...]";
+    static Json write(const std::vector<ElementInfo>& values) { return writeList(values); }
 };
