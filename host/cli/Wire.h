@@ -116,6 +116,7 @@ struct Wire<PropertyCollection> {
 
 template <>
 struct Wire<ElementInfo> {
+    static constexpr const char* name = "element {name, id, repeats, xpath, sort}";
     static Json write(const ElementInfo& value) {
         return {{"name", Wire<Core::String>::write(value.name)},
                 {"id", Wire<Core::String>::write(value.id)},
@@ -125,29 +126,22 @@ struct Wire<ElementInfo> {
     }
 };
 
-/// Lists of values only come as results.
+/// Lists, which only come as results.
 template <typename List>
-Json writeList(const List& values) {
-    Json list = Json::array();
-    for (const auto& value : values)
-        list.push_back(Wire<typename List::value_type>::write(value));
-    return list;
-}
-
-template <>
-struct Wire<std::set<Core::String>> {
-    static constexpr const char* name = "strings [string, ...]";
-    static Json write(const std::set<Core::String>& values) { return writeList(values); }
+struct ListWire {
+    using Value = typename List::value_type;
+    static inline const std::string name = std::string("list of ") + Wire<Value>::name;
+    static Json write(const List& values) {
+        Json list = Json::array();
+        for (const Value& value : values)
+            list.push_back(Wire<Value>::write(value));
+        return list;
+    }
 };
 
-template <>
-struct Wire<Core::Vector<PropertyCollection>> {
-    static constexpr const char* name = "list of properties [[[name, value], ...], ...]";
-    static Json write(const Core::Vector<PropertyCollection>& values) { return writeList(values); }
-};
-
-template <>
-struct Wire<std::vector<ElementInfo>> {
-    static constexpr const char* name = "elements [{name, id, repeats, xpath, sort}, ...]";
-    static Json write(const std::vector<ElementInfo>& values) { return writeList(values); }
-};
+template <typename T>
+struct Wire<Core::Vector<T>> : ListWire<Core::Vector<T>> {};
+template <typename T>
+struct Wire<std::vector<T>> : ListWire<std::vector<T>> {};
+template <typename T>
+struct Wire<std::set<T>> : ListWire<std::set<T>> {};

@@ -33,10 +33,15 @@ void EditableDocumentBuffer::deleteObject(const String& path, const String& cont
     RecordedCommand command(this);
     recordCaret();
     recordDeletion(object, deleteXmlText(object, end));
-    const RemovedObject removed{object, container, inlineContext ? inlineFiller : blockFiller};
-    if (isContainerLost(removed))
-        return; // the caret stays where the object was
-    setCaret(false, stopForRemoved(removed));
+    const int stop = nearestStop(object);
+    const int around = searchParent(container, caretPos_, false, true, L"");
+    if (stop >= 0 && !container.empty() && around < 0)
+        return; // with no container to stay in, the caret stays where the object was
+    int target =
+        container.empty() ? stopInRegion(object, stop) : stopInContainer(object, stop, around);
+    if (target < 0)
+        target = stopInFiller(object, inlineContext ? inlineFiller : blockFiller);
+    setCaret(false, target);
     handleElementsContainingJustWhiteSpaces(object, false);
     recordCaret();
     if (command.keepsWellFormed())
@@ -45,51 +50,39 @@ void EditableDocumentBuffer::deleteObject(const String& path, const String& cont
         command.takeBack();
 }
 
-/// The next stop, or if there is none the previous.
+/// The next stop behind the place, or if there is none the previous.
 int EditableDocumentBuffer::nearestStop(int place) const {
+    // Deliberate: a place in the middle of a line is a stop itself, and is passed over.
     const int next = getNextEditablePositionInFo(place, false, false);
     return next >= 0 ? next : getPreviousEditablePositionInFo(place, false, false);
 }
 
-/// Whether the caret is to stay in an element that is not around it.
-bool EditableDocumentBuffer::isContainerLost(const RemovedObject& removed) const {
-    return !removed.container.empty() && nearestStop(removed.place) >= 0 &&
-           lastOffsetOfElement(searchParent(removed.container, caretPos_, false, true, L"")) < 0;
-}
-
-int EditableDocumentBuffer::stopForRemoved(const RemovedObject& removed) {
-    const int stop =
-        removed.container.empty() ? stopInRegion(removed.place) : stopInContainer(removed);
-    return stop >= 0 ? stop : stopInFiller(removed);
-}
-
-/// A stop near the place: in a flow if that lies in one, else in its static content.
-int EditableDocumentBuffer::stopInRegion(int place) const {
-    const int stop = nearestStop(place);
-    if (isInFoFlow(place) && positionsAreInSameFlowTypes(place, stop))
-        return stop;
-    for (const int near : {stop, getPreviousEditablePositionInFo(place, false, false)})
-        if (positionsAreInTheSameStaticContent(place, near))
-            return near;
+/// In a flow the nearest stop, if that lies in a flow too; in a static content the nearest or else
+/// the previous, if that lies in the same. -1 if neither does.
+int EditableDocumentBuffer::stopInRegion(int place, int nearest) const {
+    if (isInFoFlow(place) && isInFoFlow(nearest))
+        return nearest;
+    for (const int stop : {nearest, getPreviousEditablePositionInFo(place, false, false)})
+        if (positionsAreInTheSameStaticContent(place, stop))
+            return stop;
     return -1;
 }
 
-int EditableDocumentBuffer::stopInContainer(const RemovedObject& removed) const {
-    const int start = searchParent(removed.container, caretPos_, false, true, L"");
-    const int end = lastOffsetOfElement(start);
-    const int stop = nearestStop(removed.place);
-    if (start <= stop && stop <= end)
-        return stop;
-    const int previous = getPreviousEditablePositionInFo(removed.place, false, false);
-    return start < previous && previous < end ? previous : -1;
+/// The nearest stop or else the previous, if that lies in the container.
+int EditableDocumentBuffer::stopInContainer(int place, int nearest, int container) const {
+    const int end = lastOffsetOfElement(container);
+    if (container <= nearest && nearest <= end)
+        return nearest;
+    const int previous = getPreviousEditablePositionInFo(place, false, false);
+    return container < previous && previous < end ? previous : -1;
 }
 
-/// Puts something to stand in where the object was.
-int EditableDocumentBuffer::stopInFiller(const RemovedObject& removed) {
-    setCaret(false, removed.place);
-    insertText(removed.filler, true, false);
+/// Puts something to stand in where an object was.
+int EditableDocumentBuffer::stopInFiller(int place, const String& filler) {
+    setCaret(false, place); // a selection that reached beyond the object stays in the text
+    insertText(filler, true, false);
     endKeyTypingSequence();
-    return getNextEditablePositionInFo(removed.place, false, false);
+    return getNextEditablePositionInFo(place, false, false);
 }
 
 // Objects that have a command of their own

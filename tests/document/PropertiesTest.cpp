@@ -10,17 +10,6 @@ std::wstring propertiesOf(const wchar_t* tag) {
     return shown(buffer.getPropertiesFromElementAt(buffer.find(tag)));
 }
 
-/// The fragment after `set` was given to its first tag; checks the answer against the move of what
-/// follows.
-std::wstring afterSetting(const wchar_t* marked, const wchar_t* set) {
-    TestBuffer buffer(marked);
-    const int length = buffer.getContent().length();
-    const int element = buffer.find(L"\"body\">") + 7;
-    const int shift = buffer.setPropertiesForElementAt(element, properties(set));
-    EXPECT_EQ(shift, buffer.getContent().length() - length);
-    return buffer.marked();
-}
-
 TEST(Properties, AreReadWithTheElementsPrefix) {
     EXPECT_EQ(propertiesOf(L"<fo:block color=\"red\" qf:a='1' id = \"x\" title='\"&lt;&#38; >'/>"),
               L"fo:color=red; qf:a=1; fo:id=x; fo:title=\"&lt;&#38; >");
@@ -35,17 +24,6 @@ TEST(Properties, OnlyStartTagsHaveThem) {
     for (const int place : {buffer.find(L"t<!"), buffer.find(L"<!--"), buffer.find(L"<!["),
                             buffer.find(L"</fo:block"), -1, buffer.getContent().length()})
         EXPECT_TRUE(buffer.getPropertiesFromElementAt(place).isEmpty()) << place;
-}
-
-TEST(Properties, AreMergedInPlace) {
-    EXPECT_EQ(afterSetting(L"<fo:block id=\"x\" color=\"red\" qf:a='\"'>a|b</fo:block>",
-                           L"fo:color=blue; qc:b=<&\">'; id=y"),
-              L"<fo:block id=\"y\" color=\"blue\" qf:a=\"&quot;\" qc:b=\"&lt;&amp;&quot;>'\">"
-              L"a|b</fo:block>");
-    EXPECT_EQ(afterSetting(L"<fo:block>a|b</fo:block>", L"fo:color=red"),
-              L"<fo:block color=\"red\">a|b</fo:block>");
-    EXPECT_EQ(afterSetting(L"<fo:block\n\tid='x' />|", L"fo:id=/"), L"<fo:block id=\"/\"/>|");
-    EXPECT_EQ(afterSetting(L"<fo:block />|", L""), L"<fo:block/>|");
 }
 
 TEST(Properties, SettingTouchesNothingButStartTags) {
@@ -117,6 +95,25 @@ TEST(Properties, ClearingAnswersWhatWasThereAndIsOneStep) {
     EXPECT_EQ(wide(selfClosing.clearPropertiesForElementAt(selfClosing.find(L"<fo:block"))),
               L" a=\"1\" ");
     EXPECT_EQ(selfClosing.marked(), L"<fo:block/>|");
+}
+
+TEST(Properties, OfANameAreThoseOfTheNearestElement) {
+    TestBuffer buffer(L"<fo:block id=\"1\"><fo:block id=\"2\">a|<fo:inline id=\"3\"/></fo:block>"
+                      L"<fo:table/><!--<fo:block id=\"4\"/>--></fo:block>");
+    const auto at = [&](const wchar_t* place) { return buffer.find(place); };
+    const auto blockAt = [&](int place) { return shown(buffer.getProperties(L"fo:block", place)); };
+    EXPECT_EQ(blockAt(at(L"<fo:block id=\"2\"")), L"fo:id=2") << "the tag there";
+    EXPECT_EQ(blockAt(at(L"a<fo:inline")), L"fo:id=2");
+    EXPECT_EQ(blockAt(at(L"</fo:block><fo:table")), L"fo:id=2");
+    EXPECT_EQ(blockAt(at(L"<fo:table")), L"fo:id=1");
+    EXPECT_EQ(blockAt(at(L"<!--")), L"fo:id=1");
+    for (const int nowhere : {-1, 0, at(L"<fo:flow"), 1 << 30})
+        EXPECT_EQ(blockAt(nowhere), L"");
+
+    const int length = buffer.getContent().length();
+    buffer.setProperties(properties(L"fo:id="), L"fo:block", at(L"</fo:block><fo:table"));
+    EXPECT_EQ(blockAt(at(L"a<fo:inline")), L"fo:id=");
+    EXPECT_EQ(buffer.getContent().length(), length - 1);
 }
 
 TEST(RootNamespaces, TakeOneDeclarationAndRefuseAnythingElse) {

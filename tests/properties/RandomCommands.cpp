@@ -106,11 +106,20 @@ const char* anyPath(Random& random) {
 }
 
 Json anyProperties(Random& random) {
-    static const std::array<Json, 5> properties{
-        Json::parse(R"([["fo:color","red"]])"), Json::parse(R"([["font-weight","bold"]])"),
-        Json::parse(R"([["fo:src","a\"<&b"]])"), Json::parse(R"([["qf:kind","k"],["fo:id","x"]])"),
+    static const std::array<Json, 7> properties{
+        Json::parse(R"([["fo:color","red"]])"),
+        Json::parse(R"([["font-weight","bold"]])"),
+        Json::parse(R"([["fo:src","a\"<&b"]])"),
+        Json::parse(R"([["qf:kind","k"],["fo:id","x"]])"),
+        Json::parse(R"([["text-align","end"],["xsl:a","1"]])"),
+        Json::parse(R"([["a b","1"]])"),
         Json::array()};
     return random.oneOf(properties);
+}
+
+const char* anyElementName(Random& random) {
+    static constexpr std::array names{"fo:block", "fo:inline", "fo:table-cell", "fo:flow", ""};
+    return random.oneOf(names);
 }
 
 /// The path of an element around the caret, down from the page sequence.
@@ -202,6 +211,25 @@ constexpr std::array commandKinds{
     CommandKind{20,
                 [](Random& r, const Document&) -> Json {
                     return {"erase", coin(r), r.oneIn(6)};
+                }},
+
+    // Formatting
+    CommandKind{8,
+                [](Random& r, const Document&) -> Json {
+                    return {"setProperties", anyProperties(r), anyPath(r)};
+                }},
+    CommandKind{
+        2,
+        [](Random& r, const Document& d) -> Json {
+            return {"setProperties", anyProperties(r), anyElementName(r), anyPosition(r, d)};
+        }},
+    CommandKind{2,
+                [](Random& r, const Document&) -> Json {
+                    return {"removeProperties", anyPath(r)};
+                }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"applyStyleOnElement", "style", coin(r) ? "block" : "inline"};
                 }},
 
     // Moving
