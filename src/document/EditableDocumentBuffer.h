@@ -764,6 +764,7 @@ private:
     void appendElementsWithId(int generator, std::vector<ElementInfo>& found) const;
 
     void deleteElementAround(const Core::String& name, bool removeEmptyInlines);
+    void placeCaretForRemoved(int place, const Core::String& container, bool inlineContext);
     int nearestStop(int place) const;
     int stopInRegion(int place, int nearest) const;
     int stopInContainer(int place, int nearest, int container) const;

@@ -33,21 +33,25 @@ void EditableDocumentBuffer::deleteObject(const String& path, const String& cont
     RecordedCommand command(this);
     recordCaret();
     recordDeletion(object, deleteXmlText(object, end));
-    const int stop = nearestStop(object);
-    const int around = searchParent(container, caretPos_, false, true, L"");
-    if (stop >= 0 && !container.empty() && around < 0)
-        return; // with no container to stay in, the caret stays where the object was
-    int target =
-        container.empty() ? stopInRegion(object, stop) : stopInContainer(object, stop, around);
-    if (target < 0)
-        target = stopInFiller(object, inlineContext ? inlineFiller : blockFiller);
-    setCaret(false, target);
+    placeCaretForRemoved(object, container, inlineContext);
     handleElementsContainingJustWhiteSpaces(object, false);
     recordCaret();
     if (command.keepsWellFormed())
         notifyCaretChanged();
     else
         command.takeBack();
+}
+
+void EditableDocumentBuffer::placeCaretForRemoved(int place, const String& container,
+                                                  bool inlineContext) {
+    const int nearest = nearestStop(place);
+    const int around = searchParent(container, place, false, true, L"");
+    if (nearest >= 0 && !container.empty() && around < 0)
+        return; // with no container to stay in, the caret stays where the object was
+    const int stop =
+        container.empty() ? stopInRegion(place, nearest) : stopInContainer(place, nearest, around);
+    setCaret(false,
+             stop >= 0 ? stop : stopInFiller(place, inlineContext ? inlineFiller : blockFiller));
 }
 
 /// The next stop behind the place, or if there is none the previous.
