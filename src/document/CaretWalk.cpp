@@ -9,8 +9,8 @@ using XmlScan::Text;
 
 namespace {
 
-/// Whether a step back may have ended inside a section: from behind a `>` that is text it leads to
-/// the last `<`, whatever that is.
+/// Whether a step back may have ended inside a section, where one holds what looks like the start
+/// of another kind.
 bool passesSectionEnd(Text text, int previous, int position) {
     const Text passed = XmlScan::slice(text, previous, position);
     const auto holds = [&](Text end) { return passed.find(end) != Text::npos; };
@@ -51,7 +51,7 @@ bool CaretWalk::stepBackward() {
         previous = XmlScan::unitStart(text, previous);
     position_ = previous;
     if (XmlScan::closingAt(text, previous))
-        around_.push_back(XmlScan::currentElement(text, previous));
+        around_.push_back(buffer_.getCurrentElementPosition(previous));
     else if (XmlScan::openingAt(text, previous))
         leaveElement();
     return true;

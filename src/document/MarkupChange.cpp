@@ -1,5 +1,6 @@
 #include "document/MarkupChange.h"
 
+#include "document/XmlValidator.h"
 #include "foundation/DomParser.h"
 #include "foundation/Encoder.h"
 #include "foundation/Exception.h"
@@ -54,6 +55,17 @@ int behindDocumentType(Text text, int position) {
             ++at;
     }
     return length(text);
+}
+
+/// How many units two texts have in common at an end, up to `most`; `areSame` compares so many of
+/// them at a time, which the library does much faster than one by one.
+template <typename AreSame>
+std::size_t commonLength(std::size_t most, AreSame areSame) {
+    std::size_t common = 0;
+    for (std::size_t count = 1024; count > 0; count /= 2)
+        while (common + count <= most && areSame(common, count))
+            common += count;
+    return common;
 }
 
 int rootStart(Text text) {
@@ -124,7 +136,8 @@ bool isLowSurrogate(wchar_t unit) {
 } // namespace
 
 MarkupChange::MarkupChange(const String& before, const String& after)
-    : before_(before.view()), after_(after.view()), root_(rootStart(before_)),
+    : oldText_(before), newText_(after), before_(before.view()), after_(after.view()),
+      root_(rootStart(before_)),
       content_(root_ < 0 ? length(before_) : behindUnit(before_, root_)) {
     findDifference();
     if (!isInRoot())
@@ -134,12 +147,17 @@ MarkupChange::MarkupChange(const String& before, const String& after)
 }
 
 void MarkupChange::findDifference() {
-    const auto first = std::mismatch(before_.begin(), before_.end(), after_.begin(), after_.end());
-    const auto same = first.first - before_.begin();
-    const auto last = std::mismatch(before_.rbegin(), before_.rend() - same, after_.rbegin(),
-                                    after_.rend() - same);
-    start_ = static_cast<int>(same);
-    behind_ = static_cast<int>(last.first - before_.rbegin());
+    const std::size_t shorter = std::min(before_.size(), after_.size());
+    const std::size_t start = commonLength(shorter, [this](std::size_t at, std::size_t count) {
+        return before_.substr(at, count) == after_.substr(at, count);
+    });
+    const std::size_t behind =
+        commonLength(shorter - start, [this](std::size_t at, std::size_t count) {
+            return before_.substr(before_.size() - at - count, count) ==
+                   after_.substr(after_.size() - at - count, count);
+        });
+    start_ = static_cast<int>(start);
+    behind_ = static_cast<int>(behind);
 }
 
 bool MarkupChange::isInRoot() const {
@@ -203,6 +221,13 @@ bool MarkupChange::fits(Text text) const {
     return parses(String(document.append(L"</part>")));
 }
 
+/// A document type that declares something does not pass for tags; such a text is only parsed.
+bool MarkupChange::keepsLexicallyValid() const {
+    return XmlValidator(newText_).validate() || !XmlValidator(oldText_).validate();
+}
+
 bool MarkupChange::keepsWellFormed() const {
-    return fits(after_) || parses(String(after_)) || (!fits(before_) && !parses(String(before_)));
+    if (!keepsLexicallyValid())
+        return false;
+    return fits(after_) || parses(newText_) || (!fits(before_) && !parses(oldText_));
 }

@@ -2,6 +2,9 @@
 
 #include "foundation/String.h"
 #include "foundation/UnitSearch.h"
+#include "text/ElementMemo.h"
+
+#include <optional>
 
 namespace XmlScan {
 
@@ -46,26 +49,65 @@ int stepOverCData(Text text, int position, Source source) noexcept {
     return validOrNone(text, behind(end, cdataEnd));
 }
 
-/// The last `>` at or before `position` that ends no comment and no CDATA section; -1 if none.
-int previousTagEnd(Text text, int position, Source source) noexcept {
-    while (position >= 0) {
-        if (standsAt(text, cdataEnd, position - 2)) {
-            position = rFind(text, cdataStart, position - 2);
+/// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
+/// text "a --> b". What looks like another start in a section belongs to it.
+int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
+    const int delimiter = last + 1 - length(end);
+    if (!standsAt(text, end, delimiter))
+        return -1;
+    const int endBefore = rFind(text, end, delimiter - 1);
+    const int section = find(text, start, endBefore < 0 ? 0 : endBefore);
+    return section >= 0 && find(text, end, section + length(start)) == delimiter ? section : -1;
+}
+
+/// The start of the comment or CDATA section whose last unit stands at `last`; -1 if none does.
+int ignoredEndingAt(Text text, int last) noexcept {
+    const int comment = sectionEndingAt(text, last, commentStart, commentEnd);
+    return comment >= 0 ? comment : sectionEndingAt(text, last, cdataStart, cdataEnd);
+}
+
+/// The last tag whose `>` stands at or before `position`.
+int tagEndingBefore(Text text, int position) noexcept {
+    for (int end = rFind(text, L'>', position); end >= 0; end = rFind(text, L'>', position)) {
+        const int ignored = ignoredEndingAt(text, end);
+        if (ignored >= 0) {
+            position = ignored;
             continue;
         }
-        const int end = rFind(text, L'>', position);
-        // Deliberate: in a fragment only a CDATA section directly before the position is skipped,
-        // so a comment can be the answer; detached page text was arranged around it.
-        if (source == Source::Fragment)
-            return end;
-        if (standsAt(text, commentEnd, end - 2))
-            position = rFind(text, commentStart, end - 2);
-        else if (standsAt(text, cdataEnd, end - 2))
-            position = rFind(text, cdataStart, end);
-        else
-            return end;
+        const int instruction = sectionEndingAt(text, end, instructionStart, instructionEnd);
+        if (instruction >= 0)
+            return instruction;
+        const int tag = rFind(text, L'<', end);
+        const int ownEnd = tagEnd(text, tag + 1);
+        if (tag < 0 || ownEnd == end)
+            return tag;
+        // The `>` is text, and the `<` may belong to a section between.
+        position = 0 <= ownEnd && ownEnd < end ? ownEnd : end - 1;
     }
     return -1;
+}
+
+/// Deliberate: in a fragment only a CDATA section directly before the position is skipped, so a
+/// comment can be the answer; detached page text was arranged around it.
+int tagEndingBeforeInFragment(Text text, int position) noexcept {
+    while (standsAt(text, cdataEnd, position - 2))
+        position = rFind(text, cdataStart, position - 2);
+    return rFind(text, L'<', rFind(text, L'>', position));
+}
+
+/// Whether the `>` at a valid position is text and ends no markup.
+bool isBareBracket(Text text, int position) noexcept {
+    return tagEnd(text, rFind(text, L'<', position) + 1) != position &&
+           ignoredEndingAt(text, position) < 0 &&
+           sectionEndingAt(text, position, instructionStart, instructionEnd) < 0;
+}
+
+/// Whether the position lies between the halves of a surrogate pair.
+bool isInsidePair(Text text, int position) noexcept {
+    const auto isSurrogate = [text](int at, wchar_t first) {
+        return isValid(text, at) && (unitAt(text, at) & 0xFC00) == first;
+    };
+    return isSurrogate(position - 1, 0xD800) && isSurrogate(position, 0xDC00);
 }
 
 /// The first unit at or after `from` that ends the name of a tag; -1 if none.
@@ -122,9 +164,10 @@ bool closesElement(Text text, int position, Text name) noexcept {
 }
 
 /// Walks backward over tags to the innermost one that is opened and not closed before `position`;
-/// `isOpening` says which tags open an element.
-template <typename IsOpening>
-int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening) noexcept {
+/// `isOpening` says which tags open an element, and `knownAround` may know what is around one.
+template <typename IsOpening, typename KnownAround>
+int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening,
+                     KnownAround knownAround) {
     int depth = 0;
     for (int at = previousTag(text, position, source); at >= 0;
          at = previousTag(text, at, source)) {
@@ -133,10 +176,16 @@ int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening
         } else if (isOpening(at)) {
             if (depth < 1)
                 return at;
-            --depth;
+            const std::optional<int> known = --depth == 0 ? knownAround(at) : std::nullopt;
+            if (known)
+                return *known;
         }
     }
     return -1;
+}
+
+std::optional<int> nothingKnown(int /*tag*/) {
+    return std::nullopt;
 }
 
 } // namespace
@@ -235,7 +284,7 @@ int stepForward(Text text, int position, Source source) noexcept {
     if (unit == L'&')
         return stepOverEntity(text, position);
     if (unit != L'<')
-        return position + 1;
+        return isInsidePair(text, position + 1) ? position + 2 : position + 1;
     if (commentAt(text, position))
         return stepOverComment(text, position, source);
     if (standsAt(text, foRootEnd, position))
@@ -254,10 +303,10 @@ int stepBackward(Text text, int position, Text rootName) noexcept {
     const wchar_t before = unitAt(text, position - 1);
     // Deliberate: behind a comment or CDATA section this is the tag before it, while a step forward
     // passes the section as one unit; the deletion commands depend on the difference.
-    if (before == L'>')
+    if (before == L'>' && !isBareBracket(text, position - 1))
         return previousTag(text, position - 1);
     if (before != L';')
-        return position - 1;
+        return isInsidePair(text, position - 1) ? position - 2 : position - 1;
     for (int start = position - 2; start >= 0; --start) {
         const wchar_t unit = unitAt(text, start);
         if (unit == L'&')
@@ -273,7 +322,7 @@ int unitStart(Text text, int position) noexcept {
     while (at < position) {
         at = skipPlainText(text, at);
         if (at < 0 || at >= position)
-            return position;
+            return isInsidePair(text, position) ? position - 1 : position;
         const int end = markupEnd(text, at);
         if (end < 0 || end > position)
             return at;
@@ -334,7 +383,8 @@ int nextTag(Text text, int position) noexcept {
 int previousTag(Text text, int position, Source source) noexcept {
     if (!isValid(text, position))
         return -1;
-    return rFind(text, L'<', previousTagEnd(text, position, source));
+    return source == Source::Fragment ? tagEndingBeforeInFragment(text, position)
+                                      : tagEndingBefore(text, position);
 }
 
 int closingTag(Text text, int position, Source source) noexcept {
@@ -393,19 +443,40 @@ int startTag(Text text, int position) noexcept {
 
 int currentElement(Text text, int position, Source source) noexcept {
     if (source == Source::Document)
-        return innermostOpenTag(text, position, source,
-                                [text](int at) { return openingAt(text, at); });
+        return innermostOpenTag(
+            text, position, source, [text](int at) { return openingAt(text, at); }, nothingKnown);
     // Deliberate: in a fragment a CDATA section that the walk meets counts as a start tag; detached
     // page text holds none.
-    const int found = innermostOpenTag(text, position, source, [text](int at) {
-        return !commentAt(text, at) && !instructionAt(text, at) && !selfClosingAt(text, at);
-    });
+    const int found = innermostOpenTag(
+        text, position, source,
+        [text](int at) {
+            return !commentAt(text, at) && !instructionAt(text, at) && !selfClosingAt(text, at);
+        },
+        nothingKnown);
     return tagName(text, found).empty() ? -1 : found;
 }
 
+int currentElement(Text text, int position, ElementMemo& memo) {
+    int tag = onTagStart(text, position) ? position : -1;
+    if (const auto known = memo.find(tag))
+        return *known;
+    // What is around a sibling in front is around the position too.
+    const auto knownAround = [&](int sibling) {
+        tag = tag < 0 ? sibling : tag;
+        return memo.find(sibling);
+    };
+    const int element = innermostOpenTag(
+        text, position, Source::Document, [text](int at) { return openingAt(text, at); },
+        knownAround);
+    if (tag >= 0)
+        memo.remember(tag, element);
+    return element;
+}
+
 Text fragmentElementName(Text text, int position) noexcept {
-    const int element = innermostOpenTag(text, position, Source::Fragment,
-                                         [text](int at) { return openingAt(text, at); });
+    const int element = innermostOpenTag(
+        text, position, Source::Fragment, [text](int at) { return openingAt(text, at); },
+        nothingKnown);
     // Deliberate: a tag at the very start of a fragment is not recognised; closingTag() depends on
     // it.
     return element <= 0 ? Text() : tagName(text, element);

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+class ElementMemo;
+
 /// The tag level of scanning: pure functions that answer questions about a text of XML from a given
 /// offset. No tree is built and nothing is remembered; every scan is linear in the distance walked.
 ///
@@ -70,9 +72,9 @@ Text localName(Text name) noexcept;
 /// The first `>` at or after `from` that stands in no quotes; -1 if none.
 int tagEnd(Text text, int from) noexcept;
 
-/// One step forward over one unit of text: a character, an entity, a tag, a comment, a CDATA
-/// section or a processing instruction. -1 at "</fo:root>" and where the text ends; after a plain
-/// last character the answer is the length of the text.
+/// One step forward over one unit of text: a character (a surrogate pair is one), an entity, a tag,
+/// a comment, a CDATA section or a processing instruction. -1 at "</fo:root>" and where the text
+/// ends; after a plain last character the answer is the length of the text.
 int stepForward(Text text, int position, Source source = Source::Document) noexcept;
 
 /// One step backward. -1 at the start of the text and on the tag named `rootName`, if that is not
@@ -80,8 +82,9 @@ int stepForward(Text text, int position, Source source = Source::Document) noexc
 int stepBackward(Text text, int position, Text rootName) noexcept;
 
 /// Where the unit that holds a valid position begins: that position itself, unless it lies inside a
-/// tag, an entity, a comment, a CDATA section, a processing instruction or a document type. Scans
-/// from the start of the text, since what looks like markup may be the content of a section.
+/// tag, an entity, a surrogate pair, a comment, a CDATA section, a processing instruction or a
+/// document type. Scans from the start of the text, since what looks like markup may be the content
+/// of a section.
 int unitStart(Text text, int position) noexcept;
 
 /// The first offset after the root element's start tag.
@@ -104,6 +107,8 @@ int startTag(Text text, int position) noexcept;
 
 /// The innermost start tag before `position` that has not been closed there.
 int currentElement(Text text, int position, Source source = Source::Document) noexcept;
+/// The same, with what is known of the text and what is found out now.
+int currentElement(Text text, int position, ElementMemo& memo);
 
 /// The name of the element that is current at `position` of a fragment; empty if there is none.
 Text fragmentElementName(Text text, int position) noexcept;

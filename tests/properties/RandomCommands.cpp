@@ -117,11 +117,6 @@ Json anyProperties(Random& random) {
     return random.oneOf(properties);
 }
 
-const char* anyElementName(Random& random) {
-    static constexpr std::array names{"fo:block", "fo:inline", "fo:table-cell", "fo:flow", ""};
-    return random.oneOf(names);
-}
-
 /// The path of an element around the caret, down from the page sequence.
 std::string anyPathAround(Random& random, const Document& document) {
     static constexpr std::array names{"fo:block", "fo:block-container", "fo:table", "fo:inline",
@@ -214,22 +209,13 @@ constexpr std::array commandKinds{
                 }},
 
     // Formatting
-    CommandKind{8,
+    CommandKind{10,
                 [](Random& r, const Document&) -> Json {
                     return {"setProperties", anyProperties(r), anyPath(r)};
                 }},
-    CommandKind{
-        2,
-        [](Random& r, const Document& d) -> Json {
-            return {"setProperties", anyProperties(r), anyElementName(r), anyPosition(r, d)};
-        }},
     CommandKind{2,
                 [](Random& r, const Document&) -> Json {
                     return {"removeProperties", anyPath(r)};
-                }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"applyStyleOnElement", "style", coin(r) ? "block" : "inline"};
                 }},
 
     // Moving
