@@ -183,6 +183,15 @@ std::vector<Operation> makeTable() {
         document("getPreviousWordPos", &D::getPreviousWordPos, {"position"}),
         document("getPreviousWord", &D::getPreviousWord),
 
+        document("findReplace", &D::findReplace,
+                 {"find", "replacement", "matchCase", "wholeWord", "direction", "replace"}),
+        document("resetfindReplaceStartPos", &D::resetfindReplaceStartPos),
+        document("getNextSpellingError", &D::getNextSpellingError,
+                 {"defaultDictionaries", "restart"}),
+        document("getSpellingDictionaries", &D::getSpellingDictionaries),
+        document("setSpellingDictionaries", &D::setSpellingDictionaries, {"dictionaries"}),
+        document("syncSpellerMap", &D::syncSpellerMap, {"dictionaries"}),
+
         document("hasSelectedText", &D::hasSelectedText),
         document("offsetIsInSelection", &D::offsetIsInSelection, {"offset"}),
         document("resetSelection", &D::resetSelection),

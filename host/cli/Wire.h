@@ -78,6 +78,37 @@ struct Wire<TextFormat> {
 };
 
 template <>
+struct Wire<Direction> {
+    static constexpr const char* name = "direction (0 forward, 2 backward)";
+    static bool matches(const Json& value) { return Wire<int>::matches(value); }
+    static Direction read(const Json& value) { return static_cast<Direction>(value.get<int>()); }
+};
+
+template <>
+struct Wire<Core::StringArray> {
+    static Json write(const Core::StringArray& value) {
+        Json strings = Json::array();
+        for (const Core::String& string : value)
+            strings.push_back(Wire<Core::String>::write(string));
+        return strings;
+    }
+};
+
+template <>
+struct Wire<SmartPtr<Drawing::SpellingError>> {
+    static constexpr const char* name =
+        "spelling error {start, end, dictionaries, suggestions} or null";
+    static Json write(const SmartPtr<Drawing::SpellingError>& value) {
+        if (!value)
+            return nullptr;
+        return {{"start", value->start},
+                {"end", value->end},
+                {"dictionaries", Wire<Core::StringArray>::write(value->dictionaries)},
+                {"suggestions", Wire<Core::StringArray>::write(value->suggestions)}};
+    }
+};
+
+template <>
 struct Wire<EditableProperty> {
     static constexpr const char* name = "property [name, value]";
     static bool matches(const Json& value) {

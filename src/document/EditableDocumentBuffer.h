@@ -9,6 +9,8 @@
 #include "foundation/Object.h"
 #include "foundation/PropertyCollection.h"
 #include "foundation/SmartPtr.h"
+#include "foundation/SpellChecker.h"
+#include "foundation/SpellingError.h"
 #include "foundation/String.h"
 #include "foundation/Vector.h"
 #include "text/EditableXmlBuffer.h"
@@ -46,6 +48,9 @@ enum class PDFConformance {
 
 /// What selected text is read as.
 enum class TextFormat { Plain = 0, Native = 2 };
+
+/// Where a search goes. Any other value finds nothing.
+enum class Direction { Forward = 0, Backward = 2 };
 
 /// A document that is being edited: its text, the caret and the selection, the history, and the
 /// monitor that hears of changes. The text is one XML text that is never reserialised; commands
@@ -237,6 +242,51 @@ public:
     int getPreviousWordPos(int position) const;
     /// The text from there up to but excluding the caret, markup included.
     Core::String getPreviousWord() const;
+
+    // Finding and replacing. A search runs over the text between tags, in flows and static contents
+    // alike, and goes on from the other end of the document. It is running from the first call on
+    // until the host ends it: when the user changes the text, the caret or what is searched for.
+
+    /// Selects the next match of `find`, which is compared as the markup has it, so that "&" is
+    /// found as "&amp;", and answers its first offset: -1 when there is none, -2 when the running
+    /// search has come round after at least one match. Then caret and selection stay.
+    ///
+    /// With `replace` a match that is selected is first replaced by the plain text `replacement`;
+    /// without a selection the next match is replaced at once and the caret stands behind it. A
+    /// selection of anything else is never replaced. One undo step; so replacing until the answer
+    /// is negative replaces every match once.
+    ///
+    /// Case always counts, whatever `matchCase` says. `wholeWord` is meant for single characters: a
+    /// match counts at the start of a stretch of text between tags, before white space. Going
+    /// backward, the answer is the offset where the search started in its stretch, plus the index
+    /// of the stretch's first match counted from the `>` before it; what is selected is then not
+    /// the match, and nothing but the text itself is replaced.
+    int findReplace(const Core::String& find, const Core::String& replacement, bool matchCase,
+                    bool wholeWord, Direction direction, bool replace);
+    /// Ends the running search.
+    void resetfindReplaceStartPos() { search_ = {}; }
+
+    // Spelling. Dictionaries have names such as "en_US", and a list of them has ":" in between. A
+    // spelling operation without a checker raises Core::NullPointerException and changes nothing;
+    // what the checker raises passes through in the same way.
+
+    void setSpellChecker(const SmartPtr<Drawing::SpellChecker>& checker) {
+        spellChecker_ = checker;
+    }
+    /// Selects the next word that no dictionary knows, at or behind the caret or, with `restart`,
+    /// the start of the first flow. Null without one; the caret then stays, with `restart` at that
+    /// start. The next call goes on behind the word. The dictionaries are those that the document
+    /// names for the caret's place, else the given ones, else "en_US". Of each, the error holds the
+    /// suggestions and then an empty text.
+    SmartPtr<Drawing::SpellingError> getNextSpellingError(const Core::String& defaultDictionaries,
+                                                          bool restart);
+    /// The dictionaries that the root names; empty if it names none.
+    Core::String getSpellingDictionaries() const;
+    /// Lets the root name them. One undo step.
+    void setSpellingDictionaries(const Core::String& dictionaries);
+    /// Makes the checker load the root's dictionaries or, if it names none, the given ones. With
+    /// none given, a root that names some gets "en_US" loaded.
+    void syncSpellerMap(const Core::String& dictionaries);
 
     // Selecting
 
@@ -583,6 +633,20 @@ protected:
     /// The text of a range without its tags; `end` is excluded.
     Core::String getPlainText(int start, int end) const;
 
+    // Finding and spelling
+
+    /// What findReplace() would select next. The second and third argument have no effect.
+    int findNextString(const Core::String& find, int from, bool matchCase, bool wholeWord,
+                       Direction direction) const;
+    /// The first unit of the word around the position; the position itself, or from a tag the next
+    /// stop behind it, where there is none. -1 behind the last stop. Words, here and below, are
+    /// runs of `wordChars` that go on across the edges of inlines.
+    int getWordStartPosition(int position, const Core::String& wordChars) const;
+    /// The first offset at or behind the position that is in no word.
+    int getWordEndPosition(int position, const Core::String& wordChars) const;
+    /// The first offset at or behind the position that is in a word; -1 if there is none.
+    int getNextWordStartPosition(int position, const Core::String& wordChars) const;
+
     // Typing
 
     /// What was inserted, the end excluded.
@@ -660,6 +724,8 @@ private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
     friend class WordWalk;
+    friend class TextSearch;
+    friend class SpellingWalk;
     friend class BufferAlgorithms::BufferAlg;
     friend class BufferAlgorithms::WhitespaceAlg;
     friend class SelectionDeletion;
@@ -821,6 +887,33 @@ private:
     bool isInlineEdgeAt(int position) const;
     bool closesInlineAt(int position) const;
 
+    /// What a search looks for.
+    struct SearchRequest {
+        const Core::String& text;
+        bool wholeWord;
+        Direction direction;
+        bool replaces; // so that nothing but the text itself counts
+    };
+
+    /// Where the running search began, -1 while none runs, and how far it came with its last match.
+    struct RunningSearch {
+        int start = -1;
+        bool beganBehindStart = false; // which was the last selected unit
+        bool hasMatched = false;
+        bool hasWrapped = false;
+        Core::String text;
+        Direction direction = Direction::Forward;
+    };
+
+    int searchOrigin(Direction direction) const;
+    int selectNextMatch(const SearchRequest& request);
+    bool replaceSelectedMatch(const Core::String& find, const Core::String& replacement);
+
+    SmartPtr<Drawing::SpellingError> selectMisspeltWord(Drawing::SpellChecker& checker,
+                                                        const Core::StringArray& dictionaries);
+    Core::String wordBetween(int start, int end) const;
+    Core::StringArray dictionariesAtCaret(const Core::String& defaultDictionaries) const;
+
     int homePosition(int region) const;
     int endPosition(int region) const;
     bool isInTextOfRegion(int position, int region) const;
@@ -838,6 +931,8 @@ private:
     Core::StringArray editableElements_;
     Core::StringArray inlineEditableElements_;
     SmartPtr<Core::Object> tableBufferCache_;
+    RunningSearch search_;
+    SmartPtr<Drawing::SpellChecker> spellChecker_;
     bool pageMasterEditingMode_ = false;
     bool editingDummyPage_ = false;
 };

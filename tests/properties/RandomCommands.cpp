@@ -246,6 +246,21 @@ constexpr std::array commandKinds{
                             static_cast<int>(r.below(300))};
                 }},
 
+    // Searching
+    CommandKind{10,
+                [](Random& r, const Document&) -> Json {
+                    static constexpr std::array texts{"e",   "an", " ", "&amp;", "amp", "&#x00A0;",
+                                                      "0A0", "x",  ">", "<fo",   "\n",  ""};
+                    return {"findReplace", r.oneOf(texts), anyPlainText(r),
+                            coin(r),       r.oneIn(4),     static_cast<int>(r.below(8)) % 3,
+                            coin(r)};
+                }},
+    CommandKind{2, [](Random&, const Document&) -> Json { return {"resetfindReplaceStartPos"}; }},
+    CommandKind{1,
+                [](Random&, const Document&) -> Json {
+                    return {"setSpellingDictionaries", "en_US"};
+                }},
+
     // Selecting
     CommandKind{2, [](Random&, const Document&) -> Json { return {"selectCurrentElement"}; }},
     CommandKind{1,
