@@ -2,6 +2,9 @@
 
 #include "Session.h"
 
+#include <forme/document/InlineRepeatAlg.h>
+#include <forme/document/PageSequenceAlg.h>
+
 #include <algorithm>
 #include <stdexcept>
 #include <type_traits>
@@ -76,6 +79,21 @@ Operation history(const char* name, R (EditActionStack::*member)(A...), const Na
     });
 }
 
+/// An operation of a small algorithm on the document.
+template <typename Algorithm, typename R, typename C, typename... A>
+Operation algorithm(const char* name, R (C::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (Algorithm(&session.document()).*member)(arguments...);
+    });
+}
+
+template <typename Algorithm, typename R, typename C, typename... A>
+Operation algorithm(const char* name, R (C::*member)(A...) const, const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (Algorithm(&session.document()).*member)(arguments...);
+    });
+}
+
 /// An operation of this program.
 template <typename R, typename... A>
 Operation program(const char* name, R (Session::*member)(A...), const Names& names = {}) {
@@ -92,6 +110,8 @@ constexpr auto overload(Signature EditableDocumentBuffer::*member) {
 
 std::vector<Operation> makeTable() {
     using D = EditableDocumentBuffer;
+    using BufferAlgorithms::InlineRepeatAlg;
+    using BufferAlgorithms::PageSequenceAlg;
     using Core::String;
     return {
         program("open", &Session::open, {"path"}),
@@ -245,12 +265,71 @@ std::vector<Operation> makeTable() {
             }),
         document("setParentProperty", &D::setParentProperty, {"elementName", "property", "value"}),
 
+        document("deleteObject", &D::deleteObject, {"path", "container", "inlineContext"}),
+        document("removeComponent", &D::removeComponent, {"position"}),
+        document("deleteFloatingRegion", &D::deleteFloatingRegion),
+        document("deleteCurrentConditionalBlock", &D::deleteCurrentConditionalBlock),
+        document("deleteConditionalBlockSequence", &D::deleteConditionalBlockSequence),
+        document("deleteCurrentConditionalInline", &D::deleteCurrentConditionalInline),
+        document("deleteConditionalInlineSequence", &D::deleteConditionalInlineSequence),
+        document("deleteRepeatingSection", &D::deleteRepeatingSection),
+        algorithm<InlineRepeatAlg>("inlineRepeat.deleteInlineRepeat",
+                                   &InlineRepeatAlg::deleteInlineRepeat),
+        document("isRepeatingElement", &D::isRepeatingElement, {"name"}),
+        document("getComponentContentFromPath", &D::getComponentContentFromPath, {"path"}),
+        document("canDeleteListItem", &D::canDeleteListItem, {"path"}),
+        document("insertAutotext", &D::insertAutotext, {"text", "replaceWord"}),
+
         document("setPageMasterEditingMode", &D::setPageMasterEditingMode, {"on"}),
         document("getPageMasterEditingMode", &D::getPageMasterEditingMode),
         document("setEditingDummyPage", &D::setEditingDummyPage, {"on"}),
         document("isEditingDummyPage", &D::isEditingDummyPage),
         document("saveInitialPosition", &D::saveInitialPosition, {"save"}),
         document("loadInitialPosition", &D::loadInitialPosition),
+
+        document("hasStyleSheet", &D::hasStyleSheet),
+        document("getStylesheetPath", &D::getStylesheetPath),
+        document("getStyleSheetString", &D::getStyleSheetString),
+        document("getStyleSheetAttributes", &D::getStyleSheetAttributes),
+        document("setStyleSheetProperties", &D::setStyleSheetProperties, {"properties"}),
+        document("insertStyleSheet", &D::insertStyleSheet, {"xml"}),
+        document("removeStyleSheet", &D::removeStyleSheet),
+        document("hasDocumentInformation", &D::hasDocumentInformation),
+        document("getDocumentInformationAttributes", &D::getDocumentInformationAttributes),
+        document("setDocumentInformationProperties", &D::setDocumentInformationProperties,
+                 {"properties"}),
+        document("insertDocumentInformation", &D::insertDocumentInformation, {"xml"}),
+        document("removeDocumentInformation", &D::removeDocumentInformation),
+        document("getPDFCompliance", &D::getPDFCompliance),
+        document("setPDFCompliance", &D::setPDFCompliance, {"level"}),
+        document("vdpIsSet", &D::vdpIsSet),
+        document("enableDisableVdp", &D::enableDisableVdp),
+
+        document("getCurrentFlowName", &D::getCurrentFlowName),
+        document("getCurrentFlowContent", &D::getCurrentFlowContent),
+        document("getFlowReferenceToCurrentPos", &D::getFlowReferenceToCurrentPos),
+        document("isInFoStaticContent", &D::isInFoStaticContent, {"position", "flowName"}),
+        document("getCrtObjectContent",
+                 overload<String(const String&) const>(&D::getCrtObjectContent), {"path"}),
+        document("getCrtObjectContent",
+                 overload<String(const String&, bool) const>(&D::getCrtObjectContent),
+                 {"name", "outermost"}),
+        document("getIdForCurrentPos", &D::getIdForCurrentPos),
+        document("setIdForCurrentPos", &D::setIdForCurrentPos, {"id"}),
+        document("getUsedComponents", &D::getUsedComponents),
+        document("getMediaObjectParams", &D::getMediaObjectParams),
+        document("getComponentParams", &D::getComponentParams),
+        document("getElementsWithIdInfo", &D::getElementsWithIdInfo),
+
+        document("getNextPageSeq", &D::getNextPageSeq, {"position"}),
+        document("getPageSequencePosition", &D::getPageSequencePosition, {"index"}),
+        document("getPageSequenceIdxFromPos", &D::getPageSequenceIdxFromPos, {"position"}),
+        document("getPageSeqPosFrom", &D::getPageSeqPosFrom, {"position"}),
+        document("getCurrentPageSequenceIdx", &D::getCurrentPageSequenceIdx),
+        algorithm<PageSequenceAlg>("pageSequence.getPageSequenceIdxFromPos",
+                                   &PageSequenceAlg::getPageSequenceIdxFromPos, {"position"}),
+        algorithm<PageSequenceAlg>("pageSequence.getCurrentPageSequenceIdx",
+                                   &PageSequenceAlg::getCurrentPageSequenceIdx),
 
         document("updateCacheOnBufferChange", &D::updateCacheOnBufferChange),
         document("updateCacheOnCaretChange", &D::updateCacheOnCaretChange),

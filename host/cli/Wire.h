@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <set>
 #include <string>
+#include <vector>
 
 /// How the values of the library's operations travel as JSON. For each type: what it is called,
 /// whether a JSON value is one, and the ways there and back.
@@ -59,6 +61,13 @@ struct Wire<DocumentEncoding> {
     static DocumentEncoding read(const Json& value) {
         return static_cast<DocumentEncoding>(value.get<int>());
     }
+};
+
+template <>
+struct Wire<Xml::PDFConformance> {
+    static constexpr const char* name =
+        "PDF conformance (0 default, 1 X-1a:2003, 2 A-1a:2005, 3 A-1b:2005, 4 508)";
+    static Json write(Xml::PDFConformance value) { return static_cast<int>(value); }
 };
 
 template <>
@@ -136,13 +145,34 @@ struct Wire<PropertyCollection> {
     }
 };
 
-template <typename T>
-struct Wire<Core::Vector<T>> {
-    static inline const std::string name = std::string("list of ") + Wire<T>::name;
-    static Json write(const Core::Vector<T>& values) {
+template <>
+struct Wire<ElementInfo> {
+    static constexpr const char* name = "element {name, id, repeats, xpath, sort}";
+    static Json write(const ElementInfo& value) {
+        return {{"name", Wire<Core::String>::write(value.name)},
+                {"id", Wire<Core::String>::write(value.id)},
+                {"repeats", value.repeats},
+                {"xpath", Wire<Core::String>::write(value.xpath)},
+                {"sort", Wire<Core::String>::write(value.sort)}};
+    }
+};
+
+/// Lists, which only come as results.
+template <typename List>
+struct ListWire {
+    using Value = typename List::value_type;
+    static inline const std::string name = std::string("list of ") + Wire<Value>::name;
+    static Json write(const List& values) {
         Json list = Json::array();
-        for (const T& value : values)
-            list.push_back(Wire<T>::write(value));
+        for (const Value& value : values)
+            list.push_back(Wire<Value>::write(value));
         return list;
     }
 };
+
+template <typename T>
+struct Wire<Core::Vector<T>> : ListWire<Core::Vector<T>> {};
+template <typename T>
+struct Wire<std::vector<T>> : ListWire<std::vector<T>> {};
+template <typename T>
+struct Wire<std::set<T>> : ListWire<std::set<T>> {};

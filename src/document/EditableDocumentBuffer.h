@@ -3,6 +3,7 @@
 #include "document/EditAction.h"
 #include "document/EditActionGroup.h"
 #include "document/EditActionStack.h"
+#include "document/ElementInfo.h"
 #include "document/IEditableBufferMonitor.h"
 #include "foundation/Api.h"
 #include "foundation/Object.h"
@@ -15,11 +16,13 @@
 #include "text/EditableXmlBuffer.h"
 
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace BufferAlgorithms {
+class BufferAlg;
 class WhitespaceAlg;
-}
+} // namespace BufferAlgorithms
 
 struct PlaceholderRepair;
 
@@ -29,6 +32,19 @@ enum class DocumentEncoding {
     Utf8WithMark = 2, ///< UTF-8 with a byte order mark
     Utf16WithMark = 3 ///< UTF-16 little-endian with a byte order mark
 };
+
+namespace Xml {
+
+/// What a document promises to be when it is printed to PDF.
+enum class PDFConformance {
+    Default = 0,
+    PDFX1a2003 = 1,
+    PDFA1a2005 = 2,
+    PDFA1b2005 = 3,
+    PDF508 = 4
+};
+
+} // namespace Xml
 
 /// What selected text is read as.
 enum class TextFormat { Plain = 0, Native = 2 };
@@ -404,6 +420,43 @@ public:
     void setParentProperty(const Core::String& elementName, const Core::String& property,
                            const Core::String& value);
 
+    // Objects: what a host shows as a unit, such as a chart, a repeated or conditional section, a
+    // floating region or another document
+
+    /// Deletes the element that the path names among those around the caret, if it lies in a flow
+    /// or static content. The caret goes to the next stop, else to the previous; it stays in a flow
+    /// if it was in one, and in its static content. A `container` that is not empty names the
+    /// element around that the caret is to stay in. Where there is no such stop an empty block is
+    /// made to stand in or, with `inlineContext`, an empty inline. One undo step.
+    void deleteObject(const Core::String& path, const Core::String& container, bool inlineContext);
+    /// Deletes the "qfd:subdocument-content" whose tag is at the position, and with it an editable
+    /// element without attributes that holds nothing else; any other tag stays. What is left empty
+    /// gets no placeholder. The records stand alone: bracket the call with an EditActionGroup for
+    /// one undo step.
+    void removeComponent(int position);
+    /// Delete the nearest element of that kind around the caret, as deleteParent() does.
+    void deleteFloatingRegion();
+    void deleteCurrentConditionalBlock();
+    void deleteConditionalBlockSequence();
+    void deleteCurrentConditionalInline();
+    void deleteConditionalInlineSequence();
+    void deleteRepeatingSection();
+
+    /// Whether an element of that name is written once for each node of the data.
+    static bool isRepeatingElement(const Core::String& name);
+    /// The markup of the element that the path names among those around the caret; empty without
+    /// one. Where the selection begins on the element itself, it comes in a block.
+    Core::String getComponentContentFromPath(const Core::String& path) const;
+    /// Whether the list would keep an item without the one that the path names among those around
+    /// the caret or, with an empty path, the nearest.
+    bool canDeleteListItem(const Core::String& path) const;
+
+    /// Inserts a stored text at the caret. What is selected stays and is no longer selected. Text
+    /// behind "xml:" is markup. In any other, each "\r" or "\r\n" is a soft break and blanks in a
+    /// row all show. With `replaceWord` it takes the place of the word before the caret. One undo
+    /// step, in which a text that would break the markup is taken back whole.
+    void insertAutotext(const Core::String& text, bool replaceWord);
+
     /// While set, the caret may only stand in static content.
     void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
     bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
@@ -420,6 +473,91 @@ public:
     /// Puts the caret to the stored place. The search starts at the caret, so call it right after
     /// loading.
     void loadInitialPosition();
+
+    // Settings of the document: the elements qf:stylesheet, qf:info and qf:pdf-page-settings, and
+    // an attribute of the root. What is not there has no attributes, and setting or removing it
+    // does nothing. Each change is one undo step and refused where it would break the markup.
+
+    bool hasStyleSheet() const;
+    /// The path that the element has, whether it is there or not.
+    Core::String getStylesheetPath() const;
+    /// The start tag; empty if there is none.
+    Core::String getStyleSheetString() const;
+    PropertyCollection getStyleSheetAttributes() const;
+    /// Gives the element these attributes and no others.
+    void setStyleSheetProperties(const PropertyCollection& properties);
+    /// Inserts markup directly behind the root's start tag, whatever is there already.
+    void insertStyleSheet(const Core::String& xml);
+    /// Removes the element, with what it holds.
+    void removeStyleSheet();
+
+    /// The same for the document information.
+    bool hasDocumentInformation() const;
+    PropertyCollection getDocumentInformationAttributes() const;
+    void setDocumentInformationProperties(const PropertyCollection& properties);
+    void insertDocumentInformation(const Core::String& xml);
+    void removeDocumentInformation();
+
+    /// Default where nothing is set, and where it is no known level.
+    Xml::PDFConformance getPDFCompliance() const;
+    /// Sets the level by its name, "Default", "PDF/X-1a:2003", "PDF/A-1a:2005", "PDF/A-1b:2005" or
+    /// "PDF508" in any case; any other name sets Default. The element is made if it is not there.
+    void setPDFCompliance(const Core::String& level);
+
+    /// Whether variable data printing is on.
+    bool vdpIsSet() const;
+    void enableDisableVdp();
+
+    // The place of the caret
+
+    /// The name of the flow or else of the static content around the caret.
+    Core::String getCurrentFlowName() const;
+    /// What stands in the flow around the caret, from its first tag through its last; empty outside
+    /// a flow.
+    Core::String getCurrentFlowContent() const;
+    /// How many units the caret stands behind the start tag of its flow; -1 outside a flow. With
+    /// the index of the page sequence moveCaretToReference() takes it back.
+    int getFlowReferenceToCurrentPos() const;
+    /// Whether the position lies in a static content, of that flow name if it is not empty.
+    bool isInFoStaticContent(int position, const Core::String& flowName) const;
+
+    /// The markup of the element that the path names among those around the caret; empty without
+    /// one.
+    Core::String getCrtObjectContent(const Core::String& path) const;
+    /// The same for the nearest element of that name around the caret, or for the outermost.
+    Core::String getCrtObjectContent(const Core::String& name, bool outermost) const;
+
+    /// The id of the editable element that the caret stands in directly; empty if that has none or
+    /// is not editable.
+    Core::String getIdForCurrentPos() const;
+    /// Sets it, and answers whether the caret stands in such an element. One undo step.
+    bool setIdForCurrentPos(const Core::String& id);
+
+    // What the document uses
+
+    /// Where the documents lie that it takes content from.
+    std::set<Core::String> getUsedComponents() const;
+    /// The attributes of each parameter of media objects, or of components, in the selection.
+    Core::Vector<PropertyCollection> getMediaObjectParams() const;
+    Core::Vector<PropertyCollection> getComponentParams() const;
+    /// The elements with an id from the page sequences on, in the order of the text.
+    std::vector<ElementInfo> getElementsWithIdInfo() const;
+
+    // Page sequences: fo:page-sequence, qfd:page-sequence-repeat and qf:insert-document, counted
+    // together from 0
+
+    /// The next one behind the position; -1 if there is none.
+    int getNextPageSeq(int position) const;
+    /// The one with that index; -1 if there are fewer.
+    int getPageSequencePosition(int index) const;
+    /// The index of the last one that begins at or before the position; -1 if none does, or outside
+    /// the root element.
+    int getPageSequenceIdxFromPos(int position) const;
+    /// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in
+    /// neither.
+    int getPageSeqPosFrom(int position) const;
+    /// The index of the one around the caret; -1 in neither.
+    int getCurrentPageSequenceIdx() const;
 
     // The cached table around the caret, to be brought up to date from the host's monitor
 
@@ -479,11 +617,6 @@ protected:
     /// The name of the first side region of a page master or, of one that refers to others, of the
     /// first of these; empty if it has none.
     Core::String getFirstPageRegionNameFromMaster(const Core::String& masterName) const;
-
-    /// The next page sequence, repeat or inserted document behind the position; -1 if none.
-    int getNextPageSeq(int position) const;
-    /// The one with that index, counted from 0; -1 if there are fewer.
-    int getPageSequencePosition(int index) const;
 
     /// Sets the caret, with the checks that the editing modes and the selection ask for.
     void setCaret(bool extend, int position);
@@ -596,6 +729,7 @@ private:
     friend class WordWalk;
     friend class TextSearch;
     friend class SpellingWalk;
+    friend class BufferAlgorithms::BufferAlg;
     friend class BufferAlgorithms::WhitespaceAlg;
     friend class SelectionDeletion;
     friend class Backspace;
@@ -688,6 +822,32 @@ private:
     bool blockTagLiesBetween(int start, int end) const;
     void keepInlineInHolder();
     void protectAdjacentSpaces();
+
+    int headerElement(const Core::String& name) const;
+    void setHeaderAttributes(const Core::String& name, const PropertyCollection& properties);
+    void insertHeader(const Core::String& xml);
+    void removeHeader(const Core::String& name);
+    void insertPDFSettings(const Core::String& level);
+
+    int flowAroundCaret() const;
+    int lastOffsetOfElement(int element) const;
+    Core::String markupOfElement(int element) const;
+    Core::Vector<PropertyCollection> selectedParameters(const Core::String& name) const;
+    void appendElementsWithId(int generator, std::vector<ElementInfo>& found) const;
+
+    void deleteElementAround(const Core::String& name, bool removeEmptyInlines);
+    void placeCaretForRemoved(int place, const Core::String& container, bool inlineContext);
+    int nearestStop(int place) const;
+    int stopInRegion(int place, int nearest) const;
+    int stopInContainer(int place, int nearest, int container) const;
+    int stopInFiller(int place, const Core::String& filler);
+    bool isWrapperOf(int element, int only) const;
+    bool hasItemBehind(int item) const;
+
+    void selectWordBeforeCaret();
+    bool prepareAutotext(Core::String& text) const;
+    Core::String linesWithSoftBreaks(Core::String text) const;
+    Core::String withVisibleBlanks(Core::String text) const;
 
     bool isSkippedByCaret(int position) const;
     int startOfSkippedSpaces(int position) const;

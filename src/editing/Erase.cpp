@@ -54,14 +54,18 @@ bool EditableDocumentBuffer::wordStaysInCell(bool forward) const {
 }
 
 void EditableDocumentBuffer::deleteParent(const String& elementName) {
-    const int element = searchParent(elementName, caretPos_, false, true, L"");
+    deleteElementAround(elementName, false);
+}
+
+void EditableDocumentBuffer::deleteElementAround(const String& name, bool removeEmptyInlines) {
+    const int element = searchParent(name, caretPos_, false, true, L"");
     if (!isInRegion(element))
         return;
     RecordedCommand command(this);
     recordCaret();
     removeAndRecord(element, positionBehindElement(element));
     setCaret(false, element);
-    handleElementsContainingJustWhiteSpaces(element, false);
+    handleElementsContainingJustWhiteSpaces(element, removeEmptyInlines);
     ensureValidPositionAfterDeletion();
     recordCaret();
     if (!command.keepsWellFormed())

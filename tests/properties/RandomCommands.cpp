@@ -117,6 +117,38 @@ Json anyProperties(Random& random) {
     return random.oneOf(properties);
 }
 
+/// The path of an element around the caret, down from the page sequence.
+std::string anyPathAround(Random& random, const Document& document) {
+    static constexpr std::array names{"fo:block", "fo:block-container", "fo:table", "fo:inline",
+                                      "qfd:block-repeat"};
+    const std::string path = "/qfd:document/fo:page-sequence/fo:flow";
+    if (random.oneIn(8))
+        return anyPath(random);
+    const std::string outer = path + "/" + random.oneOf(names);
+    return document.getCrtObjectContent(String(outer.c_str())).empty() || coin(random)
+               ? outer + "/" + random.oneOf(names)
+               : outer;
+}
+
+const char* anyContainer(Random& random) {
+    static constexpr std::array names{"", "", "fo:block", "fo:flow", "fo:table-cell"};
+    return random.oneOf(names);
+}
+
+const char* anyObjectCommand(Random& random) {
+    static constexpr std::array names{
+        "deleteFloatingRegion", "deleteRepeatingSection", "deleteCurrentConditionalBlock",
+        "deleteCurrentConditionalInline", "inlineRepeat.deleteInlineRepeat"};
+    return random.oneOf(names);
+}
+
+const char* anyStoredText(Random& random) {
+    static constexpr std::array texts{
+        "a\rb",           "a\r\r\n", "one  two   three", "\r", "xml:<fo:inline>x</fo:inline>",
+        " xml:<fo:block>"};
+    return random.oneOf(texts);
+}
+
 Json move(const char* name, Random& random) {
     return {name, random.oneIn(3), random.oneIn(8), coin(random)};
 }
@@ -255,6 +287,44 @@ constexpr std::array commandKinds{
     CommandKind{1,
                 [](Random&, const Document&) -> Json {
                     return {"updateRootNamespaces", "xmlns:a=\"urn:a\""};
+                }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {coin(r) ? "insertStyleSheet" : "insertDocumentInformation",
+                            r.oneIn(3) ? anyMarkup(r) : "<qf:stylesheet href=\"a\"/>"};
+                }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"setStyleSheetProperties", anyProperties(r)};
+                }},
+    CommandKind{1, [](Random&, const Document&) -> Json { return {"removeStyleSheet"}; }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"setPDFCompliance", coin(r) ? "PDF508" : "x"};
+                }},
+    CommandKind{1, [](Random&, const Document&) -> Json { return {"enableDisableVdp"}; }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"setIdForCurrentPos", anyPlainText(r)};
+                }},
+
+    // Objects
+    CommandKind{5,
+                [](Random& r, const Document& d) -> Json {
+                    return {"deleteObject", anyPathAround(r, d), anyContainer(r), coin(r)};
+                }},
+    CommandKind{2, [](Random& r, const Document&) -> Json { return {anyObjectCommand(r)}; }},
+    CommandKind{2,
+                [](Random& r, const Document& d) -> Json {
+                    const String content = d.getContent();
+                    return {"removeComponent",
+                            content.find(L"<qfd:subdocument-content",
+                                         static_cast<unsigned>(anyPosition(r, d)))};
+                }},
+    CommandKind{5,
+                [](Random& r, const Document&) -> Json {
+                    const std::string text = coin(r) ? anyPlainText(r) : anyStoredText(r);
+                    return {"insertAutotext", text, coin(r)};
                 }},
 };
 
@@ -508,6 +578,8 @@ private:
             return list(depth - 1);
         if (depth > 0 && random_.oneIn(8))
             return "<fo:block>" + blocks(depth - 1) + "</fo:block>";
+        if (depth > 0 && random_.oneIn(8))
+            return object(depth - 1);
         return "<fo:block>" + content(2) + "</fo:block>";
     }
 
@@ -541,6 +613,15 @@ private:
         return "<fo:table>" + (coin(random_) ? group("fo:table-header") : "") +
                (coin(random_) ? group("fo:table-footer") : "") + group("fo:table-body") +
                "</fo:table>";
+    }
+
+    std::string object(int depth) {
+        static constexpr std::array names{"fo:block-container", "qfd:block-repeat",
+                                          "qfd:conditional-block"};
+        if (random_.oneIn(4))
+            return "<fo:block><qfd:subdocument-content src=\"url(a)\"/></fo:block>";
+        const std::string name = random_.oneOf(names);
+        return "<" + name + ">" + blocks(depth) + "</" + name + ">";
     }
 
     std::string cell(int depth) { return "<fo:table-cell>" + block(depth) + "</fo:table-cell>"; }
