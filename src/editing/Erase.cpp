@@ -4,6 +4,7 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
 #include "document/XmlValidator.h"
+#include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -23,7 +24,7 @@ void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
         return;
     RecordedCommand command(this);
     if (!hasSelectedText() && isInElementContext(L"fo:list-block", caretPos_))
-        eraseTextFromListBuffer(forward, wholeWord);
+        getListBuffer().eraseTextFromListBuffer(forward, wholeWord);
     else if (!wholeWord || wordStaysInCell(forward))
         eraseTextFromBuffer(forward, wholeWord, true);
     if (!XmlValidator(text_).validate() || !command.keepsWellFormed()) {
@@ -117,24 +118,6 @@ void EditableDocumentBuffer::selectWord(bool forward) {
         jumpToNextWord(true);
     else
         jumpToPreviousWord(true);
-}
-
-void EditableDocumentBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {
-    const int place = caretPos_;
-    if (!isInBlockOf(place,
-                     forward ? getNextValidCaretPos(place) : getPreviousValidCaretPos(place)))
-        return;
-    if (!wholeWord) {
-        eraseTextFromBuffer(forward, false, true);
-        return;
-    }
-    recordCaret();
-    selectWord(forward);
-    if (isInBlockOf(place, caretPos_))
-        deleteSelection(true);
-    else
-        setCaret(false, place);
-    protectAdjacentSpaces();
 }
 
 bool EditableDocumentBuffer::elementIsLastBlockInFlow(int element) const {

@@ -1,6 +1,7 @@
 #include "editing/ForwardDelete.h"
 
 #include "document/EditableDocumentBuffer.h"
+#include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -142,7 +143,7 @@ bool ForwardDelete::eraseInFollowingList() {
     buffer_.recordCaret();
     buffer_.moveCaretRight(false, false, false);
     if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_)) {
-        buffer_.eraseTextFromListBuffer(false, false);
+        buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
         buffer_.erase(false, false);
     }
     buffer_.recordCaret();
