@@ -4,6 +4,8 @@
 #include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
+#include <algorithm>
+
 using Core::String;
 using XmlScan::Text;
 
@@ -138,13 +140,19 @@ String ForwardDelete::followingName() const {
     return name;
 }
 
-/// The caret steps into the first item of the list, from where Backspace pulls the item out.
+/// The caret steps into the first item of the list, from where Backspace pulls the item out and
+/// into the block. It takes the place of an empty one.
 bool ForwardDelete::eraseInFollowingList() {
+    const bool isEmpty = buffer_.elementContainsJustWhitespacesOrVoid(element_);
     buffer_.recordCaret();
     buffer_.moveCaretRight(false, false, false);
     if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_)) {
         buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
-        buffer_.erase(false, false);
+        if (isEmpty)
+            buffer_.removeAndRecord(element_, buffer_.positionBehindElement(element_));
+        else
+            buffer_.erase(false, false);
+        moveTo(isEmpty ? buffer_.caretPos_ : std::min(place_, buffer_.caretPos_));
     }
     buffer_.recordCaret();
     return false;

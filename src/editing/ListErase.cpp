@@ -12,7 +12,8 @@ using XmlScan::Text;
 
 void ListBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {
     const int item = getItemPos(document_.caretPos_);
-    if (item >= 0 && getListPos(item) >= 0 && document_.isInErasablePlace())
+    // A host can put the caret between the tags of an item, where Delete would take its label.
+    if (item >= 0 && document_.isInErasablePlace() && document_.canHoldCaret(document_.caretPos_))
         carryOut([&] { eraseInItem(item, forward, wholeWord); });
 }
 
@@ -91,7 +92,8 @@ void ListBuffer::joinItems(int first, int second) {
     const int caret = document_.caretPos_;
     document_.recordCaret();
     const Move move = appendItem(first, second);
-    document_.setCaret(false, caret < second ? caret : move.to + std::max(0, caret - move.from));
+    document_.setCaret(false, caret < second ? std::min(caret, move.to)
+                                             : move.to + std::max(0, caret - move.from));
     if (isNumbered)
         renumber(list);
     document_.recordCaret();
@@ -162,22 +164,23 @@ void ListBuffer::pullFollowingBlockIn(int item) {
     if (XmlScan::tagName(text, block) != L"fo:block" || !XmlScan::openingAt(text, block) ||
         last < 0)
         return;
-    const int caret = document_.caretPos_;
     const bool isEmpty = document_.elementContainsJustNonBreakingSpace(block);
     const String content = isEmpty ? String() : slice(textStart(block), closingTag(block));
     document_.recordCaret();
     document_.removeAndRecord(behind, document_.positionBehindElement(block));
     if (!content.empty())
         continueBlock(last, content);
-    document_.setCaret(false, caret);
     document_.recordCaret();
 }
 
+/// The caret stays before what comes in.
 void ListBuffer::continueBlock(int block, const String& content) {
     const int end = closingTag(block);
     const int start = document_.elementContainsJustNonBreakingSpace(block)
                           ? document_.getNonBreakingSpacePosition(block)
                           : document_.startOfSkippedSpaces(end);
+    const int caret = std::min(start, document_.caretPos_);
     document_.removeAndRecord(start, end);
     document_.insertAndRecord(start, content);
+    document_.setCaret(false, caret);
 }

@@ -257,7 +257,7 @@ constexpr std::array workInListsKinds{
     CommandKind{1, [](Random&, const Document&) -> Json { return {"selectListLabel"}; }},
     CommandKind{8,
                 [](Random& r, const Document&) -> Json {
-                    return {"insertText", anyPlainText(r), false, false};
+                    return {"insertText", r.oneIn(4) ? " " : "word", false, false};
                 }},
     CommandKind{6,
                 [](Random& r, const Document& d) -> Json {
@@ -517,10 +517,9 @@ std::string failureOn(const std::string& document, Random& random, std::size_t c
     return brokenPromise(small, 1, mix) + "\n" + small.script();
 }
 
-std::string failureOnNew(const std::string& text, std::uint32_t seed, Random& random,
+std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
                          std::size_t count, const CommandMix& mix) {
-    const std::string path =
-        std::filesystem::temp_directory_path() / ("forme-random-" + std::to_string(seed) + ".xml");
+    const std::string path = std::filesystem::temp_directory_path() / ("forme-" + name + ".xml");
     std::ofstream(path) << text;
     const std::string failure = failureOn(path, random, count, mix);
     if (failure.empty())

@@ -77,7 +77,7 @@ std::size_t setting(const char* name, std::size_t usual);
 std::string failureOn(const std::string& document, Random& random, std::size_t count,
                       const CommandMix& mix);
 
-/// The same on a document that is made for it, which stays on the disk after a failure, for the
-/// script to be replayed on it.
-std::string failureOnNew(const std::string& text, std::uint32_t seed, Random& random,
+/// The same on a document that is made for it, which stays on the disk under that name after a
+/// failure, for the script to be replayed on it.
+std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
                          std::size_t count, const CommandMix& mix);

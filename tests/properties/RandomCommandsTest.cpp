@@ -15,8 +15,8 @@ TEST(RandomCommands, LeaveSmallDocumentsWhole) {
     for (std::uint32_t seed = first; seed < first + total / perDocument; ++seed) {
         Random random(seed);
         const std::string document = randomDocument(random);
-        const std::string failure =
-            failureOnNew(document, seed, random, perDocument, everyCommand());
+        const std::string failure = failureOnNew(document, "random-" + std::to_string(seed), random,
+                                                 perDocument, everyCommand());
         EXPECT_TRUE(failure.empty()) << "seed " << seed << ": " << failure;
     }
 }
