@@ -4,8 +4,6 @@
 #include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
-
 using Core::String;
 using XmlScan::Text;
 
@@ -148,11 +146,13 @@ bool ForwardDelete::eraseInFollowingList() {
     buffer_.moveCaretRight(false, false, false);
     if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_)) {
         buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
+        const int length = buffer_.text_.length();
         if (isEmpty)
             buffer_.removeAndRecord(element_, buffer_.positionBehindElement(element_));
         else
             buffer_.erase(false, false);
-        moveTo(isEmpty ? buffer_.caretPos_ : std::min(place_, buffer_.caretPos_));
+        if (buffer_.text_.length() != length)
+            moveTo(buffer_.caretPos_);
     }
     buffer_.recordCaret();
     return false;

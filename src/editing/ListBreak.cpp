@@ -35,9 +35,9 @@ void ListBuffer::breakList() {
     });
 }
 
-/// In the body of an item. A table in it would not survive being split.
+/// Where the caret can stand in the body of an item. A table in it would not survive being split.
 bool ListBuffer::canBreakAt(int position) const {
-    return isInItemBody(position) &&
+    return document_.canHoldCaret(position) && isInItemBody(position) &&
            document_.searchParent(L"fo:table", position, false, true, L"fo:list-item") < 0;
 }
 

@@ -153,6 +153,7 @@ private:
     bool isInItemBody(int position) const;
     bool isFirstPositionIn(int element, int position) const;
     bool isLastPositionInItemBody(int position) const;
+    bool isEndOfLine(int position) const;
     Core::String placeholderAt(int position) const;
     static Core::String numberLabel(std::int64_t number);
     Core::String labelFor(ListType type, std::size_t number) const;

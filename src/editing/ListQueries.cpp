@@ -235,10 +235,18 @@ String ListBuffer::createNewItemBody(int position) const {
     String text = startTag(body);
     for (const int element : elementsWithin(body, position))
         text += startTag(element);
-    if (XmlScan::skipSpaces(document_.text_.view(), position) ==
-        document_.getLastPositionInElementContaining(position))
+    if (isEndOfLine(position))
         text += placeholderAt(position);
     return text + slice(position, document_.positionBehindElement(body));
+}
+
+/// Whether nothing but white space stands between the position and the end of the element around it
+/// or a line break.
+bool ListBuffer::isEndOfLine(int position) const {
+    const Text text = document_.text_.view();
+    const int next = XmlScan::skipSpaces(text, position);
+    return next == document_.getLastPositionInElementContaining(position) ||
+           (XmlScan::selfClosingAt(text, next) && XmlScan::tagName(text, next) == L"fo:block");
 }
 
 /// What keeps a place for the caret at the position if nothing else stands there.
