@@ -136,7 +136,7 @@ bool ListBuffer::isFirstPositionIn(int element, int position) const {
     int stop = document_.getNextValidCaretPos(element);
     while (stop >= 0 && stop < position && document_.isInlineName(XmlScan::tagName(text, stop)))
         stop = document_.getNextValidCaretPos(stop);
-    return stop == position;
+    return stop < 0 || position <= stop;
 }
 
 /// Whether nothing but the closing tags of inlines stands between the position and the body's own.

@@ -78,7 +78,7 @@ bool ListBuffer::isCovered(int item, const Range& range) const {
     const int last = document_.getPreviousValidCaretPos(closingTag(body));
     if (first < body || last < first)
         return range.start <= item && document_.positionBehindElement(item) <= range.end;
-    return (range.start <= first || isFirstPositionIn(body, range.start)) &&
+    return isFirstPositionIn(body, range.start) &&
            (last <= range.end || isLastPositionInItemBody(range.end));
 }
 
