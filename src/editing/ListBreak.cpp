@@ -165,8 +165,8 @@ void ListBuffer::replaceListByBlock(int list) {
     document_.recordCaret();
 }
 
-/// What goes with the block: each element in the list that begins with it goes on behind it or not
-/// at all, and each that ends with it ends before it or does not begin.
+/// The block with the tags that would be left around nothing: the start tags of what begins with it
+/// in the list, which begin again behind it, and the closing tags of what ends with it.
 ListBuffer::Range ListBuffer::widen(int block, int list) const {
     Range range{block, document_.positionBehindElement(block)};
     const int behindList = document_.positionBehindElement(list);

@@ -193,6 +193,7 @@ private:
     Move appendItem(int first, int second);
     void moveContent(int second, int body, int end);
     Move appendBlocks(int body, int second);
+    bool hasOpenBody(int item) const;
     int blockThatBegins(int body) const;
     bool isInTableWithin(int body, int position) const;
     int textStart(int block) const;

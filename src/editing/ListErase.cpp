@@ -23,8 +23,8 @@ void ListBuffer::eraseInItem(int item, bool forward, bool wholeWord) {
         unwrap(getListPos(item));
     else if (document_.hasSelectedText())
         eraseListSelection();
-    else if (isOwnItem(item) && document_.inEditableElement(caret) &&
-             (forward ? isAtEnd(caret) : isFirstPositionInItemBody(caret)))
+    else if (document_.inEditableElement(caret) &&
+             (forward ? isAtEnd(caret) : isFirstPositionInItemBody(caret)) && isOwnItem(item))
         forward ? eraseForward(item) : eraseBackward(item);
     else
         document_.eraseTextFromBuffer(forward, wholeWord, true);
@@ -87,6 +87,8 @@ void ListBuffer::moveItemOut(int item) {
 
 /// The caret stays where it is in the text.
 void ListBuffer::joinItems(int first, int second) {
+    if (!hasOpenBody(first) || !hasOpenBody(second))
+        return;
     const int list = getListPos(first);
     const bool isNumbered = typeOf(list) == ListType::Numbering;
     const int caret = document_.caretPos_;
@@ -136,6 +138,10 @@ ListBuffer::Move ListBuffer::appendBlocks(int body, int second) {
     const int end = closingTag(body);
     document_.insertAndRecord(end, blocks);
     return {content.start, end};
+}
+
+bool ListBuffer::hasOpenBody(int item) const {
+    return XmlScan::openingAt(document_.text_.view(), getItemBodyPos(item));
 }
 
 int ListBuffer::blockThatBegins(int body) const {
