@@ -119,7 +119,7 @@ CommandMix workInLists() {
 } // namespace
 
 TEST(ListStress, KeepsListsWholeInSmallDocuments) {
-    const std::size_t total = setting("FORME_RANDOM_LIST_COMMANDS", 2000);
+    const std::size_t total = setting("FORME_RANDOM_LIST_COMMANDS", 1000);
     const auto first = static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1));
     constexpr std::size_t perDocument = 100;
     std::size_t done = 0;
@@ -136,7 +136,7 @@ TEST(ListStress, KeepsListsWholeInSmallDocuments) {
 }
 
 TEST(ListStress, KeepsListsWholeInRealDocuments) {
-    const std::size_t perDocument = setting("FORME_RANDOM_LIST_COMMANDS", 2000) / 50;
+    const std::size_t perDocument = setting("FORME_RANDOM_LIST_COMMANDS", 1000) / 50;
     Random random(static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1)));
     int tried = 0;
     for (const auto& document : corpusAndSamples()) {
