@@ -119,14 +119,24 @@ int ListBuffer::emptyBlockAround(int position) const {
     return element;
 }
 
-/// Whether only white space stands between the element's start tag and the position.
+/// Whether nothing shows between the element's start tag and the position.
 bool ListBuffer::beginsContent(int element, int position) const {
-    return XmlScan::skipSpaces(document_.text_.view(), contentOf(element).start) == position;
+    return skipVoid(contentOf(element).start) == position;
 }
 
-/// Whether only white space stands between the position and the element's closing tag.
+/// Whether nothing shows between the position and the element's closing tag.
 bool ListBuffer::endsContent(int element, int position) const {
-    return XmlScan::skipSpaces(document_.text_.view(), position) == closingTag(element);
+    return skipVoid(position) == closingTag(element);
+}
+
+/// On over white space and blocks that hold nothing else.
+int ListBuffer::skipVoid(int position) const {
+    const Text text = document_.text_.view();
+    int at = XmlScan::skipSpaces(text, position);
+    while (XmlScan::tagName(text, at) == L"fo:block" && XmlScan::openingAt(text, at) &&
+           document_.elementContainsJustWhitespacesOrVoid(at))
+        at = XmlScan::skipSpaces(text, document_.positionBehindElement(at));
+    return at;
 }
 
 /// The block becomes one of its own, and what stands before and behind it a list of its own each.

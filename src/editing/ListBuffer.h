@@ -177,6 +177,7 @@ private:
     void replaceListByBlock(int list);
     bool beginsContent(int element, int position) const;
     bool endsContent(int element, int position) const;
+    int skipVoid(int position) const;
     Range widen(int block, int list) const;
     int itemOfBody(int element) const;
     Core::String reopenedTags(int list, int position) const;

@@ -57,6 +57,13 @@ bool holdsAnything(const Node& node) {
                        [](const Node* child) { return holdsAnything(*child); });
 }
 
+/// A host can put the caret between tags and type there.
+bool holdsText(const Node& node) {
+    const auto children = node.get_children();
+    return std::any_of(children.begin(), children.end(),
+                       [](const Node* child) { return child->is_text() && holdsAnything(*child); });
+}
+
 std::string brokenItem(const Node& item) {
     const Node* const label = childNamed(item, L"fo:list-item-label");
     const Node* const body = childNamed(item, L"fo:list-item-body");
@@ -65,18 +72,13 @@ std::string brokenItem(const Node& item) {
     const auto blocks = body->get_children();
     const bool hasBlock = std::any_of(blocks.begin(), blocks.end(),
                                       [](const Node* child) { return child->is_element(); });
-    return hasBlock && holdsAnything(*body) ? "" : describe("an item without a place: ", item);
-}
-
-/// A host can put the caret between items and type there.
-bool holdsTextBesideItems(const Node& list) {
-    const auto children = list.get_children();
-    return std::any_of(children.begin(), children.end(),
-                       [](const Node* child) { return child->is_text() && holdsAnything(*child); });
+    return (hasBlock && holdsAnything(*body)) || holdsText(*body)
+               ? ""
+               : describe("an item without a place: ", item);
 }
 
 std::string brokenList(const Node& list) {
-    if (holdsTextBesideItems(list))
+    if (holdsText(list))
         return {};
     const auto items = list.get_children(L"fo:list-item");
     if (items.empty())
