@@ -71,6 +71,21 @@ Operation document(const char* name, R (*function)(A...), const Names& names = {
         name, names, [function](Session&, A... arguments) -> R { return function(arguments...); });
 }
 
+/// An operation of the view of the document's lists.
+template <typename R, typename... A>
+Operation lists(const char* name, R (ListBuffer::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().getListBuffer().*member)(arguments...);
+    });
+}
+
+template <typename R, typename... A>
+Operation lists(const char* name, R (ListBuffer::*member)(A...) const, const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().getListBuffer().*member)(arguments...);
+    });
+}
+
 /// An operation of the history.
 template <typename R, typename... A>
 Operation history(const char* name, R (EditActionStack::*member)(A...), const Names& names = {}) {
@@ -112,6 +127,7 @@ std::vector<Operation> makeTable() {
     using D = EditableDocumentBuffer;
     using BufferAlgorithms::InlineRepeatAlg;
     using BufferAlgorithms::PageSequenceAlg;
+    using L = ListBuffer;
     using Core::String;
     return {
         program("open", &Session::open, {"path"}),
@@ -279,6 +295,50 @@ std::vector<Operation> makeTable() {
         document("getComponentContentFromPath", &D::getComponentContentFromPath, {"path"}),
         document("canDeleteListItem", &D::canDeleteListItem, {"path"}),
         document("insertAutotext", &D::insertAutotext, {"text", "replaceWord"}),
+        lists("makeList", &L::makeList, {"type"}),
+        lists("createList", &L::createList, {"type"}),
+        lists("removeList", &L::removeList),
+        lists("changeLabelType", &L::changeLabelType, {"type"}),
+        lists("breakList", &L::breakList),
+        lists("eraseTextFromListBuffer", &L::eraseTextFromListBuffer, {"forward", "wholeWord"}),
+        makeOperation<std::tuple<int, int, int>, int, int>(
+            "eraseListSelection", {"start", "end"},
+            [](Session& session, int start, int end) {
+                const int done = session.document().getListBuffer().eraseListSelection(start, end);
+                return std::tuple(done, start, end);
+            }),
+        makeOperation<int>("eraseListSelection", {},
+                           [](Session& session) {
+                               return session.document().getListBuffer().eraseListSelection();
+                           }),
+        lists("recalculateNumbering", &L::recalculateNumbering, {"position"}),
+        lists("selectListLabel", &L::selectListLabel),
+        lists("getListType", &L::getListType),
+        lists("getCurrentListSize", &L::getCurrentListSize),
+        lists("getCurrentItemNumber", &L::getCurrentItemNumber),
+        lists("getListPos", &L::getListPos, {"position"}),
+        lists("getItemPos", &L::getItemPos, {"position"}),
+        lists("getNextItemPos", &L::getNextItemPos, {"item"}),
+        lists("getPreviousItemPos", &L::getPreviousItemPos, {"item"}),
+        lists("getItemLabelPos", &L::getItemLabelPos, {"item"}),
+        lists("getItemBodyPos", &L::getItemBodyPos, {"item"}),
+        lists("getFirstBlockInElement", &L::getFirstBlockInElement, {"element"}),
+        lists("getLastBlockInElement", &L::getLastBlockInElement, {"element"}),
+        lists("getListItemNumber", &L::getListItemNumber, {"item"}),
+        lists("isFirstPositionInItemBody", &L::isFirstPositionInItemBody, {"position"}),
+        lists("getItemLabelValue", &L::getItemLabelValue, {"item"}),
+        lists("setItemLabelValue", &L::setItemLabelValue, {"item", "value"}),
+        lists("getFirstListLabel", &L::getFirstListLabel, {"type"}),
+        makeOperation<std::tuple<String, int>, String>(
+            "getNextLabel", {"label"},
+            [](Session& session, const String& label) {
+                std::tuple<String, int> next;
+                session.document().getListBuffer().getNextLabel(label, std::get<0>(next),
+                                                                std::get<1>(next));
+                return next;
+            }),
+        lists("createNewItem", &L::createNewItem, {"label", "position"}),
+        lists("createNewItemBody", &L::createNewItemBody, {"position"}),
 
         document("setPageMasterEditingMode", &D::setPageMasterEditingMode, {"on"}),
         document("getPageMasterEditingMode", &D::getPageMasterEditingMode),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <forme/document/EditableDocumentBuffer.h>
+#include <forme/editing/ListBuffer.h>
 #include <forme/foundation/Encoder.h>
 
 #include <nlohmann/json.hpp>
@@ -10,6 +11,7 @@
 #include <limits>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 /// How the values of the library's operations travel as JSON. For each type: what it is called,
@@ -105,6 +107,26 @@ struct Wire<SmartPtr<Drawing::SpellingError>> {
                 {"end", value->end},
                 {"dictionaries", Wire<Core::StringArray>::write(value->dictionaries)},
                 {"suggestions", Wire<Core::StringArray>::write(value->suggestions)}};
+    }
+};
+
+template <>
+struct Wire<ListType> {
+    static constexpr const char* name = "list type (0 numbering, 1 bullets, 2 none)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 2;
+    }
+    static ListType read(const Json& value) { return static_cast<ListType>(value.get<int>()); }
+    static Json write(ListType value) { return static_cast<int>(value); }
+};
+
+/// The results of an operation that gives several.
+template <typename... T>
+struct Wire<std::tuple<T...>> {
+    static constexpr const char* name = "array";
+    static Json write(const std::tuple<T...>& values) {
+        return std::apply([](const T&... value) { return Json::array({Wire<T>::write(value)...}); },
+                          values);
     }
 };
 

@@ -24,6 +24,7 @@ class BufferAlg;
 class WhitespaceAlg;
 } // namespace BufferAlgorithms
 
+class ListBuffer;
 struct PlaceholderRepair;
 
 /// How a document is saved.
@@ -457,6 +458,10 @@ public:
     /// step, in which a text that would break the markup is taken back whole.
     void insertAutotext(const Core::String& text, bool replaceWord);
 
+    // Views: the operations on one subject, which act on this document
+
+    ListBuffer getListBuffer();
+
     /// While set, the caret may only stand in static content.
     void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
     bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
@@ -669,8 +674,6 @@ protected:
 
     /// What erase() does outside lists. The last argument is ignored.
     void eraseTextFromBuffer(bool forward, bool wholeWord, bool);
-    /// The same in a list. Only what stays inside the block around the caret is done.
-    void eraseTextFromListBuffer(bool forward, bool wholeWord);
     /// Delete one unit before or behind the position, which becomes where the caret belongs. They
     /// record what they do.
     void deleteBackwards(int& caret);
@@ -686,9 +689,6 @@ protected:
     /// The same for the range from `start` up to but excluding `end`. Afterwards `start` is where
     /// the caret belongs and `end` where the text behind the range begins.
     Core::String deleteSelectedXmlText(int& start, int& end, bool listHandled);
-    /// Removes from the list around `start` what lies before `end`, and moves both along. Answers
-    /// an offset from which on the list holds nothing more to remove.
-    int eraseListSelection(int& start, int& end);
 
     /// Puts a placeholder into the element at the position if nothing shows in it. With
     /// `removeEmptyInlines` an inline goes instead, and the same is asked of its parent. Answers
@@ -734,6 +734,7 @@ private:
     friend class SelectionDeletion;
     friend class Backspace;
     friend class ForwardDelete;
+    friend class ListBuffer;
 
     void recordCaret();
     void recordInsertion(int position, const Core::String& xml);
