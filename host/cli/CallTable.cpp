@@ -200,6 +200,10 @@ std::vector<Operation> makeTable() {
         document("selectionCrossTable", &D::selectionCrossTable),
         document("entireSelectionisInTheSameFloatingRegion",
                  &D::entireSelectionisInTheSameFloatingRegion),
+
+        document("insertBreak", &D::insertBreak, {"type", "after"}),
+        document("insertListBreak", &D::insertListBreak),
+
         document("setPageMasterEditingMode", &D::setPageMasterEditingMode, {"on"}),
         document("getPageMasterEditingMode", &D::getPageMasterEditingMode),
         document("setEditingDummyPage", &D::setEditingDummyPage, {"on"}),
