@@ -68,7 +68,17 @@ String HardBreak::startTag(int element) const {
 // Splitting a block
 
 void HardBreak::split() {
-    repair(buffer_.insertXmlTextAtEditablePosition(caret(), splittingText()).start);
+    const bool wasLine = !endsBlockAtCaret();
+    repairHalves(buffer_.insertXmlTextAtEditablePosition(caret(), splittingText()).start);
+    if (wasLine)
+        keepLineBefore();
+    keepLineBehind();
+    endDecoration();
+}
+
+/// Whether nothing shows between the caret and the end of the block.
+bool HardBreak::endsBlockAtCaret() const {
+    return buffer_.endOfSkippedSpaces(caret()) == buffer_.getClosingTagForTagAtPosition(holder_);
 }
 
 String HardBreak::splittingText() const {
@@ -106,13 +116,10 @@ String HardBreak::newStartTag() const {
 // What the halves need
 
 /// The first half ends at `end`, the new one begins at the caret.
-void HardBreak::repair(int end) {
+void HardBreak::repairHalves(int end) {
     fillNewLine();
     buffer_.handleElementsContainingJustWhiteSpaces(end, true);
     buffer_.handleElementsContainingJustWhiteSpaces(caret(), true);
-    keepLineBefore();
-    keepLineBehind();
-    endDecoration();
 }
 
 void HardBreak::fillNewLine() {
@@ -191,14 +198,18 @@ void HardBreak::wrapLooseContent() {
     buffer_.recordCaret();
 }
 
-/// Where something begins in the same element that is no line of text, or the element ends. White
-/// space alone is no content.
+/// Where something begins in the same element that is no line of text, or the element ends; the
+/// caret, if only white space and comments stand before that.
 int HardBreak::endOfLooseContent() const {
     const int closing = buffer_.getClosingTagForTagAtPosition(element_);
     int end = buffer_.getNextTagPosition(caret());
     while (end < closing && !isBlockLevel(XmlScan::tagName(buffer_.text_.view(), end)))
         end = buffer_.getNextTagPosition(buffer_.positionBehindElement(end));
-    return XmlScan::skipSpaces(buffer_.text_.view(), caret()) == end ? caret() : end;
+    int content = XmlScan::skipSpaces(buffer_.text_.view(), caret());
+    while (XmlScan::ignoredAt(buffer_.text_.view(), content))
+        content = XmlScan::skipSpaces(buffer_.text_.view(),
+                                      buffer_.getNextEditablePositionInXml(content));
+    return content == end ? caret() : end;
 }
 
 int HardBreak::caret() const {

@@ -20,12 +20,13 @@ private:
     Core::String startTag(int element) const;
 
     void split();
+    bool endsBlockAtCaret() const;
     Core::String splittingText() const;
     bool isFirstInBlock() const;
     Core::String indentation() const;
     Core::String newStartTag() const;
 
-    void repair(int end);
+    void repairHalves(int end);
     void fillNewLine();
     void takeInPlaceholderBehind(int element);
     void keepLineBefore();

@@ -55,6 +55,21 @@ std::string joined(const std::vector<std::string>& lines) {
     return all;
 }
 
+std::string flat(std::string s) {
+    std::string r;
+    for (char c : s) { if (c=='\n') r += "~"; else r += c; }
+    return r;
+}
+std::string diff(const std::vector<std::string>& a, const std::vector<std::string>& b) {
+    std::size_t i = 0;
+    while (i < a.size() && i < b.size() && a[i] == b[i]) ++i;
+    std::size_t j = a.size(), k = b.size();
+    while (j > i && k > i && a[j-1] == b[k-1]) { --j; --k; }
+    std::string r;
+    for (std::size_t x = i; x < j; ++x) r += "   -" + a[x] + "\n";
+    for (std::size_t x = i; x < k; ++x) r += "   +" + b[x] + "\n";
+    return r;
+}
 class BreakAndJoin : public testing::TestWithParam<std::filesystem::path> {
 protected:
     void tryAt(StopsDocument& document, int stop) {
@@ -83,15 +98,16 @@ protected:
         };
         if (linesAfter.size() != linesBefore.size() + 1)
             printf("LINES %zu %zu @%d\n   [%s]\n   [%s]\n", linesBefore.size(), linesAfter.size(),
-                   stop, around(before.text, before.caret).c_str(),
-                   around(after.text, after.caret).c_str());
+                   stop, flat(around(before.text, before.caret)).c_str(),
+                   flat(around(after.text, after.caret)).c_str());
         document.erase(false, false);
         const CaretInText rejoined = document.state();
         if (linesOf(document, rejoined.text) != linesBefore)
             printf("JOIN @%d\n   [%s]\n   [%s]\n   [%s]\n", stop,
-                   around(before.text, before.caret).c_str(),
-                   around(after.text, after.caret).c_str(),
-                   around(rejoined.text, rejoined.caret).c_str());
+                   flat(around(before.text, before.caret)).c_str(),
+                   flat(around(after.text, after.caret)).c_str(),
+                   flat(around(rejoined.text, rejoined.caret)).c_str());
+        if (linesOf(document, rejoined.text) != linesBefore) printf("%s", diff(linesBefore, linesOf(document, rejoined.text)).c_str());
         while (document.state().text != before.text && document.canUndo())
             document.undo();
     }
