@@ -3,7 +3,6 @@
 #include "EditingTrace.h"
 #include "GeneratedDocument.h"
 
-#include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
 #include "foundation/Encoder.h"
 #include "foundation/SmartPtr.h"
@@ -57,12 +56,26 @@ public:
         ++index_;
     }
 
-    void deleteCharacter() {
-        endKeyTypingSequence();
-        const EditActionGroup group(this);
-        const int last = getNextEditablePositionInXml(at_) - 1;
-        getEditActionStack().addAction(
-            EditAction(EditAction::EditDelete, at_, -1, -1, deleteXmlText(at_, last)));
+    int index() const { return index_; }
+
+    /// Delete.
+    void eraseNextCharacter() {
+        erase(true, false);
+        at_ = getCaretPos();
+    }
+
+    /// Backspace. The character between two blanks is deleted from its front, since Backspace would
+    /// leave one blank of the two.
+    void erasePreviousCharacter() {
+        const int character = getPreviousEditablePositionInXml(at_);
+        if (text_[character - 1] == L' ' && text_[at_] == L' ') {
+            goTo(index_ - 1);
+            eraseNextCharacter();
+            return;
+        }
+        erase(false, false);
+        at_ = getCaretPos();
+        --index_;
     }
 
     /// What was typed, with each kind of white space as a blank.
@@ -71,6 +84,7 @@ public:
         Core::String text =
             text_.subString(static_cast<unsigned>(start_), static_cast<unsigned>(end - 1));
         text.replaceAll(L"&#x00A0;", L" ");
+        text.replaceAll(L"\x00A0", L" ");
         text.replaceAll(L"&lt;", L"<");
         text.replaceAll(L"&gt;", L">");
         text.replaceAll(L"&quot;", L"\"");
@@ -107,9 +121,13 @@ void timed(std::vector<Clock::duration>& times, Operation operation) {
 void replay(Typist& typist, const EditingTrace& trace, std::size_t most,
             std::vector<Clock::duration>& times) {
     for (const Patch& patch : trace.patches) {
-        typist.goTo(patch.position);
+        const int behind = patch.position + patch.deleted;
+        const bool backward = typist.index() == behind;
+        typist.goTo(backward ? behind : patch.position);
         for (int i = 0; i < patch.deleted; ++i)
-            timed(times, [&] { typist.deleteCharacter(); });
+            timed(times, [&] {
+                backward ? typist.erasePreviousCharacter() : typist.eraseNextCharacter();
+            });
         for (const char character : patch.inserted)
             timed(times, [&] { typist.typeCharacter(character); });
         if (times.size() >= most)

@@ -296,8 +296,8 @@ public:
     void deleteParent(const Core::String& elementName);
     /// Deletes from `from` up to but excluding `to`, whatever is selected, and puts the caret to
     /// `from`; with `keepSelection` the selection comes back. A `from` of -1 clears the caret and
-    /// deletes nothing. Refused where a position lies inside markup or `to` is not behind `from`.
-    /// One undo step.
+    /// deletes nothing. Where both are the same it acts as Delete there. Refused where a position
+    /// lies inside markup or `to` stands before `from`. One undo step.
     void deleteContentAtPosition(bool keepSelection, int from, int to);
     /// Moves a position back over the indentation before it: tabs, and then one line feed.
     void deleteSpacesBetweenTags(int& position) const;

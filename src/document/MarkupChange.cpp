@@ -1,5 +1,6 @@
 #include "document/MarkupChange.h"
 
+#include "document/XmlValidator.h"
 #include "foundation/DomParser.h"
 #include "foundation/Encoder.h"
 #include "foundation/Exception.h"
@@ -124,7 +125,8 @@ bool isLowSurrogate(wchar_t unit) {
 } // namespace
 
 MarkupChange::MarkupChange(const String& before, const String& after)
-    : before_(before.view()), after_(after.view()), root_(rootStart(before_)),
+    : oldText_(before), newText_(after), before_(before.view()), after_(after.view()),
+      root_(rootStart(before_)),
       content_(root_ < 0 ? length(before_) : behindUnit(before_, root_)) {
     findDifference();
     if (!isInRoot())
@@ -203,6 +205,13 @@ bool MarkupChange::fits(Text text) const {
     return parses(String(document.append(L"</part>")));
 }
 
+/// A document type that declares something does not pass for tags; such a text is only parsed.
+bool MarkupChange::keepsLexicallyValid() const {
+    return XmlValidator(newText_).validate() || !XmlValidator(oldText_).validate();
+}
+
 bool MarkupChange::keepsWellFormed() const {
-    return fits(after_) || parses(String(after_)) || (!fits(before_) && !parses(String(before_)));
+    if (!keepsLexicallyValid())
+        return false;
+    return fits(after_) || parses(newText_) || (!fits(before_) && !parses(oldText_));
 }

@@ -13,8 +13,8 @@ public:
     /// Both texts must outlive the change.
     MarkupChange(const Core::String& before, const Core::String& after);
 
-    /// Whether the text is as good as before: well formed if it was. A change of what was not well
-    /// formed may be anything.
+    /// Whether the text is as good as before: well formed if it was, and lexically valid if it was.
+    /// A change of what was neither may be anything.
     bool keepsWellFormed() const;
 
 private:
@@ -26,7 +26,10 @@ private:
     bool isInRoot() const;
     XmlScan::Text part(XmlScan::Text text) const;
     bool fits(XmlScan::Text text) const;
+    bool keepsLexicallyValid() const;
 
+    const Core::String& oldText_;
+    const Core::String& newText_;
     XmlScan::Text before_;
     XmlScan::Text after_;
     int root_;       // where the root element of the text before begins

@@ -7,7 +7,6 @@
 #include "document/FreezeNotifications.h"
 #include "document/MarkupChange.h"
 #include "document/RecordedCommand.h"
-#include "document/XmlValidator.h"
 #include "text/XmlScan.h"
 
 #include <optional>
@@ -137,8 +136,7 @@ EditableDocumentBuffer::tryInsertText(const String& text, bool isXml, bool selec
     if (!keyTypingGroup_)
         keyTypingGroup_ = std::make_unique<EditActionGroup>(this);
     Insertion insertion = insertInPlaceOfSelection(text, isXml, selectInserted);
-    if (insertion == Insertion::Done &&
-        !(XmlValidator(text_).validate() && MarkupChange(oldText, text_).keepsWellFormed()))
+    if (insertion == Insertion::Done && !MarkupChange(oldText, text_).keepsWellFormed())
         insertion = Insertion::RolledBack;
     if (insertion != Insertion::Done) {
         before.restorePreviousState();

@@ -281,9 +281,7 @@ bool Backspace::removeCharacter() {
         buffer_.removeAndRecord(element_, buffer_.positionBehindElement(element_));
         return false;
     }
-    const bool isBareBracket = XmlScan::unitAt(buffer_.text_.view(), spaces_ - 1) == L'>';
-    const int character =
-        isBareBracket ? spaces_ - 1 : buffer_.getPreviousEditablePositionInXml(spaces_);
+    const int character = buffer_.getPreviousEditablePositionInXml(spaces_);
     const int start = startWithBlank(character);
     const int end = endWithBlank();
     const bool blankBefore = start < character;

@@ -3,7 +3,6 @@
 #include "document/CaretWalk.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
-#include "document/XmlValidator.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -21,12 +20,15 @@ bool isInlineHolder(const String& name) {
 void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
     if (!isInErasablePlace())
         return;
+    const bool inList = !hasSelectedText() && isInElementContext(L"fo:list-block", caretPos_);
+    if (wholeWord && !inList && !wordStaysInCell(forward))
+        return;
     RecordedCommand command(this);
-    if (!hasSelectedText() && isInElementContext(L"fo:list-block", caretPos_))
+    if (inList)
         eraseTextFromListBuffer(forward, wholeWord);
-    else if (!wholeWord || wordStaysInCell(forward))
+    else
         eraseTextFromBuffer(forward, wholeWord, true);
-    if (!XmlValidator(text_).validate() || !command.keepsWellFormed()) {
+    if (!command.keepsWellFormed()) {
         command.takeBack();
         return;
     }

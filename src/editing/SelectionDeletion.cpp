@@ -327,7 +327,7 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
         return !isOnInvalidPosition(position) &&
                XmlScan::unitStart(text_.view(), position) == position;
     };
-    if (from != -1 && (!isUnitStart(from) || !isUnitStart(to) || to <= from))
+    if (from != -1 && (!isUnitStart(from) || !isUnitStart(to) || to < from))
         return;
     RecordedCommand command(this);
     const int oldLength = text_.length();
@@ -338,7 +338,10 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
     recordCaret();
     int start = from;
     int end = to;
-    deleteSelectedXmlText(start, end, false);
+    if (from == to)
+        erase(true, false);
+    else
+        deleteSelectedXmlText(start, end, false);
     if (keepSelection)
         restoreSelection(lower, upper, from, text_.length() - oldLength);
     if (!command.keepsWellFormed())

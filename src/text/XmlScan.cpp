@@ -46,26 +46,64 @@ int stepOverCData(Text text, int position, Source source) noexcept {
     return validOrNone(text, behind(end, cdataEnd));
 }
 
-/// The last `>` at or before `position` that ends no comment and no CDATA section; -1 if none.
-int previousTagEnd(Text text, int position, Source source) noexcept {
-    while (position >= 0) {
-        if (standsAt(text, cdataEnd, position - 2)) {
-            position = rFind(text, cdataStart, position - 2);
+/// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
+/// text "a --> b".
+int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
+    const int delimiter = last + 1 - length(end);
+    if (!standsAt(text, end, delimiter))
+        return -1;
+    const int section = rFind(text, start, delimiter);
+    return section >= 0 && find(text, end, section + length(start)) == delimiter ? section : -1;
+}
+
+/// The start of the comment or CDATA section whose last unit stands at `last`; -1 if none does.
+int ignoredEndingAt(Text text, int last) noexcept {
+    const int comment = sectionEndingAt(text, last, commentStart, commentEnd);
+    return comment >= 0 ? comment : sectionEndingAt(text, last, cdataStart, cdataEnd);
+}
+
+/// The last tag whose `>` stands at or before `position`.
+int tagEndingBefore(Text text, int position) noexcept {
+    for (int end = rFind(text, L'>', position); end >= 0; end = rFind(text, L'>', position)) {
+        const int ignored = ignoredEndingAt(text, end);
+        if (ignored >= 0) {
+            position = ignored;
             continue;
         }
-        const int end = rFind(text, L'>', position);
-        // Deliberate: in a fragment only a CDATA section directly before the position is skipped,
-        // so a comment can be the answer; detached page text was arranged around it.
-        if (source == Source::Fragment)
-            return end;
-        if (standsAt(text, commentEnd, end - 2))
-            position = rFind(text, commentStart, end - 2);
-        else if (standsAt(text, cdataEnd, end - 2))
-            position = rFind(text, cdataStart, end);
-        else
-            return end;
+        const int instruction = sectionEndingAt(text, end, instructionStart, instructionEnd);
+        if (instruction >= 0)
+            return instruction;
+        const int tag = rFind(text, L'<', end);
+        const int ownEnd = tagEnd(text, tag + 1);
+        if (tag < 0 || ownEnd == end)
+            return tag;
+        // The `>` is text, and the `<` may belong to a section between.
+        position = 0 <= ownEnd && ownEnd < end ? ownEnd : end - 1;
     }
     return -1;
+}
+
+/// Deliberate: in a fragment only a CDATA section directly before the position is skipped, so a
+/// comment can be the answer; detached page text was arranged around it.
+int tagEndingBeforeInFragment(Text text, int position) noexcept {
+    while (standsAt(text, cdataEnd, position - 2))
+        position = rFind(text, cdataStart, position - 2);
+    return rFind(text, L'<', rFind(text, L'>', position));
+}
+
+/// Whether the `>` at a valid position is text and ends no markup.
+bool isBareBracket(Text text, int position) noexcept {
+    return tagEnd(text, rFind(text, L'<', position) + 1) != position &&
+           ignoredEndingAt(text, position) < 0 &&
+           sectionEndingAt(text, position, instructionStart, instructionEnd) < 0;
+}
+
+/// Whether the position lies between the halves of a surrogate pair.
+bool isInsidePair(Text text, int position) noexcept {
+    const auto isSurrogate = [text](int at, wchar_t first) {
+        return isValid(text, at) && (unitAt(text, at) & 0xFC00) == first;
+    };
+    return isSurrogate(position - 1, 0xD800) && isSurrogate(position, 0xDC00);
 }
 
 /// The first unit at or after `from` that ends the name of a tag; -1 if none.
@@ -235,7 +273,7 @@ int stepForward(Text text, int position, Source source) noexcept {
     if (unit == L'&')
         return stepOverEntity(text, position);
     if (unit != L'<')
-        return position + 1;
+        return isInsidePair(text, position + 1) ? position + 2 : position + 1;
     if (commentAt(text, position))
         return stepOverComment(text, position, source);
     if (standsAt(text, foRootEnd, position))
@@ -254,10 +292,10 @@ int stepBackward(Text text, int position, Text rootName) noexcept {
     const wchar_t before = unitAt(text, position - 1);
     // Deliberate: behind a comment or CDATA section this is the tag before it, while a step forward
     // passes the section as one unit; the deletion commands depend on the difference.
-    if (before == L'>')
+    if (before == L'>' && !isBareBracket(text, position - 1))
         return previousTag(text, position - 1);
     if (before != L';')
-        return position - 1;
+        return isInsidePair(text, position - 1) ? position - 2 : position - 1;
     for (int start = position - 2; start >= 0; --start) {
         const wchar_t unit = unitAt(text, start);
         if (unit == L'&')
@@ -273,7 +311,7 @@ int unitStart(Text text, int position) noexcept {
     while (at < position) {
         at = skipPlainText(text, at);
         if (at < 0 || at >= position)
-            return position;
+            return isInsidePair(text, position) ? position - 1 : position;
         const int end = markupEnd(text, at);
         if (end < 0 || end > position)
             return at;
@@ -334,7 +372,8 @@ int nextTag(Text text, int position) noexcept {
 int previousTag(Text text, int position, Source source) noexcept {
     if (!isValid(text, position))
         return -1;
-    return rFind(text, L'<', previousTagEnd(text, position, source));
+    return source == Source::Fragment ? tagEndingBeforeInFragment(text, position)
+                                      : tagEndingBefore(text, position);
 }
 
 int closingTag(Text text, int position, Source source) noexcept {

@@ -70,9 +70,9 @@ Text localName(Text name) noexcept;
 /// The first `>` at or after `from` that stands in no quotes; -1 if none.
 int tagEnd(Text text, int from) noexcept;
 
-/// One step forward over one unit of text: a character, an entity, a tag, a comment, a CDATA
-/// section or a processing instruction. -1 at "</fo:root>" and where the text ends; after a plain
-/// last character the answer is the length of the text.
+/// One step forward over one unit of text: a character (a surrogate pair is one), an entity, a tag,
+/// a comment, a CDATA section or a processing instruction. -1 at "</fo:root>" and where the text
+/// ends; after a plain last character the answer is the length of the text.
 int stepForward(Text text, int position, Source source = Source::Document) noexcept;
 
 /// One step backward. -1 at the start of the text and on the tag named `rootName`, if that is not
@@ -80,8 +80,9 @@ int stepForward(Text text, int position, Source source = Source::Document) noexc
 int stepBackward(Text text, int position, Text rootName) noexcept;
 
 /// Where the unit that holds a valid position begins: that position itself, unless it lies inside a
-/// tag, an entity, a comment, a CDATA section, a processing instruction or a document type. Scans
-/// from the start of the text, since what looks like markup may be the content of a section.
+/// tag, an entity, a surrogate pair, a comment, a CDATA section, a processing instruction or a
+/// document type. Scans from the start of the text, since what looks like markup may be the content
+/// of a section.
 int unitStart(Text text, int position) noexcept;
 
 /// The first offset after the root element's start tag.

@@ -109,9 +109,13 @@ TEST(CaretStops, theWalkLeftPassesScriptWithWhatStandsBeforeIt) {
                 L"<B>|a<qfd:inline-xslt>if <B>x</B></qfd:inline-xslt>|b|</B>");
 }
 
-TEST(CaretStops, theWalkLeftFromBehindABareAngleBracketGoesToTheTagBeforeIt) {
-    expectStops(L"<B>|a|&gt;|b|</B>");
-    expectStops(L"<B>|a|<I>|b|</I>|c|>|d|</B>", L"<B>|a|<I>|b|</I>c>|d|</B>");
+TEST(CaretStops, whatOnlyLooksLikeTheEndOfMarkupIsText) {
+    expectStops(L"<B>|a|>|b|-|-|>|<I>|c|?|>|d|</I>|e|</B>");
+    expectStops(L"<B>|a|<![CDATA[x < 'y']]>| |>|b|</B>", L"<B>a<![CDATA[x < 'y']]>| |>|b|</B>");
+}
+
+TEST(CaretStops, aSurrogatePairIsOneCharacter) {
+    expectStops(L"<B>|a|\xD83D\xDE00|\xD83D\xDE01|b|</B>");
 }
 
 TEST(CaretStops, theWalkLeftFromBehindACommentGoesToTheTagBeforeIt) {

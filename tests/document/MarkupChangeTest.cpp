@@ -1,5 +1,6 @@
 #include "document/MarkupChange.h"
 
+#include "document/XmlValidator.h"
 #include "properties/RandomCommands.h"
 #include "support/WellFormed.h"
 
@@ -16,6 +17,11 @@ using Core::String;
 
 bool isWellFormed(const std::wstring& text) {
     return xmlError(String(text)).empty();
+}
+
+bool isLexicallyValid(const std::wstring& text) {
+    const String string(text);
+    return XmlValidator(string).validate();
 }
 
 std::string shown(const std::wstring& text) {
@@ -77,7 +83,7 @@ TEST(MarkupChange, AgreesWithAParserThatReadsTheWholeText) {
     for (int i = 0; i < edits; ++i) {
         const std::wstring after = anyEdit(random, before);
         const bool expected =
-            isWellFormed(after) &&
+            isWellFormed(after) && (isLexicallyValid(after) || !isLexicallyValid(before)) &&
             Core::Encoder::toDisplayText(String(after)).find("\xEF\xBF\xBD") == std::string::npos;
         accepted += expected ? 1 : 0;
         ASSERT_EQ(MarkupChange(String(before), String(after)).keepsWellFormed(), expected)

@@ -72,7 +72,7 @@ public:
         for (int unit = stop; unit >= 0 && unit < behind; unit = unitBehind(unit)) {
             if (isScriptAt(unit) && unit == stop)
                 expected = previous(stop); // a script goes with what stands before it
-            if (endsLikeATag(unit))
+            if (isSection(unit))
                 expected = stopAtOrBefore(XmlScan::previousTag(
                     text_.view(), XmlScan::stepForward(text_.view(), unit) - 1));
         }
@@ -126,11 +126,9 @@ private:
         const int last = isScriptAt(unit) ? XmlScan::closingTag(text_.view(), unit) : unit;
         return XmlScan::stepForward(text_.view(), last);
     }
-    /// A comment, a CDATA section or a bare ">": from behind it the step left leads to the tag
-    /// before it.
-    bool endsLikeATag(int unit) const {
-        return XmlScan::commentAt(text_.view(), unit) || XmlScan::cdataAt(text_.view(), unit) ||
-               XmlScan::unitAt(text_.view(), unit) == L'>';
+    /// A comment or a CDATA section: from behind it the step left leads to the tag before it.
+    bool isSection(int unit) const {
+        return XmlScan::commentAt(text_.view(), unit) || XmlScan::cdataAt(text_.view(), unit);
     }
     int stopAtOrBefore(int position) const {
         return position < 0 || isStop(position) ? position : previous(position);

@@ -97,9 +97,8 @@ TEST(ScanProperties, StepsReachTheEndAndLeadBack) {
                 tagBefore = next->kind == ReferenceMarkup::Section ? tagBefore : next->start,
                 ++next;
             const int to = xml.getNextEditablePositionInXml(from);
-            // From behind a section or a plain ">" the step backward goes to the tag before.
-            const bool jumps = xml.commentTagAtPosition(from) || xml.cdataSectionAtPosition(from) ||
-                               xml.text()[from] == L'>';
+            // From behind a section the step backward goes to the tag before.
+            const bool jumps = xml.commentTagAtPosition(from) || xml.cdataSectionAtPosition(from);
             EXPECT_EQ(xml.getPreviousEditablePositionInXml(to), jumps ? tagBefore : from);
             from = to;
         }
