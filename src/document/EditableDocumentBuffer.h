@@ -585,6 +585,8 @@ private:
     bool isSkippedByCaret(int position) const;
     int startOfSkippedSpaces(int position) const;
     int endOfSkippedSpaces(int position) const;
+    int startOfLayout(int position) const;
+    int endOfLayout(int position) const;
     bool isKeptBlank(int position, int element) const;
     void insertAndRecord(int position, const Core::String& xml);
     Core::String removeAndRecord(int start, int end);

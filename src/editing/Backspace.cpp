@@ -98,7 +98,7 @@ bool Backspace::removeIgnoredMarkup() {
 // White space behind a tag
 
 bool Backspace::removeSkippedSpaces() {
-    buffer_.removeAndRecord(spaces_, origin_);
+    buffer_.removeAndRecord(buffer_.startOfLayout(origin_), origin_);
     caret_ = spaces_;
     return true;
 }
@@ -209,14 +209,33 @@ bool Backspace::joinPreviousBlock() {
         return eraseInPreviousList();
     if (name != L"fo:block" || isSeparatedFrom(block))
         return false;
-    const int end = buffer_.elementContainsJustNonBreakingSpace(block)
-                        ? buffer_.getNonBreakingSpacePosition(block)
-                        : buffer_.getClosingTagForTagAtPosition(block);
-    caret_ = buffer_.startOfSkippedSpaces(end);
-    buffer_.removeAndRecord(caret_, origin_);
+    const int closing = buffer_.getClosingTagForTagAtPosition(block);
+    const int end = endOfLastLine(block);
+    caret_ = buffer_.startOfLayout(end);
+    buffer_.removeAndRecord(caret_, end == closing ? behindPlaceholderLine() : origin_);
     const int before = buffer_.getPreviousEditablePositionInXml(caret_);
     return buffer_.closingElementTagAtPosition(before) && buffer_.onTagStartPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
+}
+
+/// Where the last line of the block ends that goes on: before its placeholder if it is empty.
+int Backspace::endOfLastLine(int block) const {
+    if (buffer_.elementContainsJustNonBreakingSpace(block))
+        return buffer_.getNonBreakingSpacePosition(block);
+    const int closing = buffer_.getClosingTagForTagAtPosition(block);
+    const int last = buffer_.getPreviousEditablePositionInXml(closing);
+    const bool isEmpty = XmlScan::placeholderLength(buffer_.text_.view(), last) > 0 &&
+                         isBlockBoundaryBefore(buffer_.startOfSkippedSpaces(last));
+    return isEmpty && !buffer_.elementContainsJustWhitespacesOrVoid(element_) ? last : closing;
+}
+
+/// Where what joins a line begins: behind the placeholder if that was all of its own line.
+int Backspace::behindPlaceholderLine() const {
+    bool isCharacter = false;
+    bool follows = false;
+    if (!buffer_.singleNbspBetweenLineBreakTags(origin_, isCharacter, follows) || !follows)
+        return origin_;
+    return origin_ + XmlScan::placeholderLength(buffer_.text_.view(), origin_);
 }
 
 /// The element before the block, void blocks passed over.

@@ -43,6 +43,8 @@ private:
     bool takeInlineBefore();
 
     bool joinPreviousBlock();
+    int endOfLastLine(int block) const;
+    int behindPlaceholderLine() const;
     int previousBlock(Core::String& name) const;
     bool eraseInPreviousList();
     bool isSeparatedFrom(int block) const;

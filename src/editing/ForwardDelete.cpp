@@ -275,7 +275,7 @@ int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     if (mustStayApart(emptied))
         buffer_.insertAndRecord(emptied, L"<fo:block/>");
     clearBoundary(emptied, run.firstTag);
-    const int target = buffer_.startOfSkippedSpaces(run.firstTag);
+    const int target = buffer_.startOfLayout(run.firstTag);
     buffer_.removeAndRecord(target, run.firstTag);
     if (!isPlaceholder(moved))
         buffer_.insertAndRecord(target, moved);
@@ -289,7 +289,7 @@ int ForwardDelete::startOfRun(int runEnd) const {
             tag = buffer_.getCurrentElementPosition(tag);
         tag = buffer_.getPreviousTagPosition(tag);
     }
-    return buffer_.endOfSkippedSpaces(buffer_.getNextEditablePositionInXml(tag));
+    return buffer_.endOfLayout(buffer_.getNextEditablePositionInXml(tag));
 }
 
 /// The blocks that the line left empty go, and the white space behind them which does not show.
