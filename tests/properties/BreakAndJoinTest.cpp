@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int stopsPerDocument = 6;
+constexpr int stopsPerDocument = 4;
 
 class BrokenDocument : public StopsDocument {
 public:
