@@ -203,6 +203,40 @@ std::vector<Operation> makeTable() {
 
         document("insertBreak", &D::insertBreak, {"type", "after"}),
         document("insertListBreak", &D::insertListBreak),
+        document("getProperties",
+                 overload<PropertyCollection(const String&) const>(&D::getProperties), {"path"}),
+        document("getProperties",
+                 overload<PropertyCollection(const String&, int) const>(&D::getProperties),
+                 {"elementName", "position"}),
+        document("getPropertiesList", &D::getPropertiesList, {"elementName"}),
+        document("setProperties",
+                 overload<void(const PropertyCollection&, const String&)>(&D::setProperties),
+                 {"properties", "path"}),
+        document("setProperties",
+                 overload<void(const PropertyCollection&, const String&, int)>(&D::setProperties),
+                 {"properties", "elementName", "position"}),
+        document("setProperty", &D::setProperty, {"property", "path"}),
+        document("removeProperties", &D::removeProperties, {"path"}),
+        document("applyStyleOnElement", &D::applyStyleOnElement, {"className", "elementName"}),
+        makeOperation<Core::Vector<String>, String>(
+            "getCrtElementClassName", {"elementName"},
+            [](Session& session, const String& elementName) {
+                String name = elementName;
+                String className;
+                session.document().getCrtElementClassName(className, name);
+                return Core::Vector<String>{className, name};
+            }),
+        document("getInheritablePropertyValueAtPosition", &D::getInheritablePropertyValueAtPosition,
+                 {"name", "position"}),
+        makeOperation<Core::Vector<String>, String, String>(
+            "getParentProperty", {"elementName", "property"},
+            [](Session& session, const String& elementName, const String& property) {
+                String value;
+                return session.document().getParentProperty(elementName, property, value)
+                           ? Core::Vector<String>{value}
+                           : Core::Vector<String>();
+            }),
+        document("setParentProperty", &D::setParentProperty, {"elementName", "property", "value"}),
 
         document("setPageMasterEditingMode", &D::setPageMasterEditingMode, {"on"}),
         document("getPageMasterEditingMode", &D::getPageMasterEditingMode),

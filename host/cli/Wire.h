@@ -114,3 +114,14 @@ struct Wire<PropertyCollection> {
         return properties;
     }
 };
+
+template <typename T>
+struct Wire<Core::Vector<T>> {
+    static inline const std::string name = std::string("list of ") + Wire<T>::name;
+    static Json write(const Core::Vector<T>& values) {
+        Json list = Json::array();
+        for (const T& value : values)
+            list.push_back(Wire<T>::write(value));
+        return list;
+    }
+};

@@ -7,6 +7,18 @@
 
 using XmlScan::Text;
 
+namespace {
+
+/// Whether a step back may have ended inside a section, where one holds what looks like the start
+/// of another kind.
+bool passesSectionEnd(Text text, int previous, int position) {
+    const Text passed = XmlScan::slice(text, previous, position);
+    const auto holds = [&](Text end) { return passed.find(end) != Text::npos; };
+    return holds(XmlScan::cdataEnd) || holds(XmlScan::commentEnd) || holds(XmlScan::instructionEnd);
+}
+
+} // namespace
+
 CaretWalk::CaretWalk(const EditableDocumentBuffer& buffer, int position)
     : buffer_(buffer), whitespace_(buffer) {
     restartAt(position);
@@ -32,12 +44,14 @@ bool CaretWalk::stepForward() {
 
 bool CaretWalk::stepBackward() {
     const Text text = buffer_.text_.view();
-    const int previous = buffer_.getPreviousEditablePositionInXml(position_);
+    int previous = buffer_.getPreviousEditablePositionInXml(position_);
     if (previous < 0)
         return false;
+    if (passesSectionEnd(text, previous, position_))
+        previous = XmlScan::unitStart(text, previous);
     position_ = previous;
     if (XmlScan::closingAt(text, previous))
-        around_.push_back(XmlScan::currentElement(text, previous));
+        around_.push_back(buffer_.getCurrentElementPosition(previous));
     else if (XmlScan::openingAt(text, previous))
         leaveElement();
     return true;

@@ -80,6 +80,7 @@ void EditableDocumentBuffer::setContent(const String& content, bool resetHistory
 /// The old caret belongs to the old text and has no say in where the new one goes.
 void EditableDocumentBuffer::replaceText(const String& content) {
     text_ = content;
+    textChangedFrom(0);
     if (hasSelectedText())
         notifySelectionChanged();
     if (caretPos_ != -1)

@@ -322,6 +322,60 @@ public:
     /// Enter in a list.
     void insertListBreak();
 
+    // Formatting. Properties are the attributes of an element, named with a prefix as in
+    // "fo:font-weight"; one without a prefix is in the element's own, so that "color" on a block is
+    // read as "fo:color". Values are those of the markup, entities included. What is written with
+    // the prefixes fo, xsl, qf and qfd declares them on the root where they are not. A property
+    // that would break the markup is refused. Each command is one undo step.
+    //
+    // A path names one of the elements around the caret or, when an element is selected with its
+    // start tag, that element; an empty path means the innermost one.
+
+    /// The properties of the element that the path names; none where it names no element.
+    PropertyCollection getProperties(const Core::String& path) const;
+    /// The properties of the nearest element of that name: the one whose start tag is at the
+    /// position, else the innermost around it.
+    PropertyCollection getProperties(const Core::String& elementName, int position) const;
+    /// The properties of each element of that name that begins in the selection, in the order of
+    /// the text.
+    Core::Vector<PropertyCollection> getPropertiesList(const Core::String& elementName) const;
+
+    /// Formats what is selected, or gives the properties to one element; others that it has stay.
+    /// With an empty path and a selection every run of text gets them, as the whole of an inline on
+    /// that inline and else in an inline of its own; alignment, which no inline can have, goes to
+    /// the blocks around. Otherwise the element that the path names gets them.
+    void setProperties(const PropertyCollection& properties, const Core::String& path);
+    /// Gives them to the nearest element of that name, chosen as getProperties() does.
+    void setProperties(const PropertyCollection& properties, const Core::String& elementName,
+                       int position);
+    /// setProperties() with one property.
+    void setProperty(const EditableProperty& property, const Core::String& path);
+
+    /// Removes all attributes of the element that the path names but the declarations of
+    /// namespaces. With an empty path and a selection, those of every editable element directly
+    /// around selected text.
+    void removeProperties(const Core::String& path);
+
+    /// Sets the property fo:class of the selected element, if the selection begins at its start
+    /// tag; else of the nearest element of that name, whatever its prefix, around the caret or the
+    /// start of the selection.
+    void applyStyleOnElement(const Core::String& className, const Core::String& elementName);
+    /// What applyStyleOnElement() set for the element that it would choose, and that element's name
+    /// without prefix; both empty without one. An empty name asks for the innermost element.
+    void getCrtElementClassName(Core::String& className, Core::String& elementName) const;
+
+    /// The value that the nearest of the elements around the position, or with -1 the caret, has
+    /// for a property; empty where none has it.
+    Core::String getInheritablePropertyValueAtPosition(const Core::String& name,
+                                                       int position) const;
+    /// Reads a property of the nearest element of that name around the caret; false, with `value`
+    /// as it was, where there is none.
+    bool getParentProperty(const Core::String& elementName, const Core::String& property,
+                           Core::String& value) const;
+    /// Writes it; without such an element nothing happens.
+    void setParentProperty(const Core::String& elementName, const Core::String& property,
+                           const Core::String& value);
+
     /// While set, the caret may only stand in static content.
     void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
     bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
@@ -494,6 +548,15 @@ protected:
     /// Removes all attributes; answers their text. One undo step.
     Core::String clearPropertiesForElementAt(int element);
 
+    /// The names of what cannot stand on an inline and goes to the block around it.
+    static const Core::StringArray nonInlineProperties;
+    static bool isNonInlineProperty(const EditableProperty& property);
+    /// Takes what cannot stand on an inline out of the collection and answers it.
+    static PropertyCollection getAndRemoveNonInlineProperties(PropertyCollection& properties);
+    /// Formats the text from `from` up to but excluding `to`, as setProperties() does with what is
+    /// selected. One undo step.
+    void formatInline(int from, int to, PropertyCollection properties);
+
 private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
@@ -521,6 +584,19 @@ private:
     bool isNamespaceDeclaredAt(const Core::String& prefix, int element) const;
     int declareNamespaces(const PropertyCollection& properties, int& element);
     int replaceProperties(int element, const PropertyCollection& properties);
+
+    int elementNamedByPath(const Core::String& path) const;
+    int nearestElementNamed(const Core::String& name, int position) const;
+    int styledElement(const Core::String& name) const;
+    bool isStartTagSelected() const;
+    std::vector<int> elementsToClear(const Core::String& path) const;
+    std::vector<int> elementsOfSelectedText() const;
+    void changeProperties(int element, const PropertyCollection& properties);
+    void formatSelection(const PropertyCollection& properties);
+    int startOfTextRun(int position, int limit) const;
+    int endOfTextRun(int start, int limit) const;
+    int formatTextRun(int start, int end, const PropertyCollection& properties);
+    int wrapInInline(int start, int end, const PropertyCollection& properties);
 
     int tableAroundCaret() const;
 

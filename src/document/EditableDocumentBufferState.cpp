@@ -15,6 +15,7 @@ void EditableDocumentBufferState::restorePreviousState() {
     buffer_->keyTypingGroup_ =
         nullptr; // before the stack: what this closes is taken back with the rest
     buffer_->text_ = text_;
+    buffer_->textChangedFrom(0);
     buffer_->caretPos_ = caretPos_;
     buffer_->selectionPivotPos_ = selectionPivotPos_;
     buffer_->editActionStack_.restore(editActionStack_);

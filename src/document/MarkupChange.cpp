@@ -57,6 +57,17 @@ int behindDocumentType(Text text, int position) {
     return length(text);
 }
 
+/// How many units two texts have in common at an end, up to `most`; `areSame` compares so many of
+/// them at a time, which the library does much faster than one by one.
+template <typename AreSame>
+std::size_t commonLength(std::size_t most, AreSame areSame) {
+    std::size_t common = 0;
+    for (std::size_t count = 1024; count > 0; count /= 2)
+        while (common + count <= most && areSame(common, count))
+            common += count;
+    return common;
+}
+
 int rootStart(Text text) {
     int at = XmlScan::find(text, L'<', 0);
     while (at >= 0 && (XmlScan::ignoredAt(text, at) || XmlScan::standsAt(text, L"<!", at))) {
@@ -136,12 +147,17 @@ MarkupChange::MarkupChange(const String& before, const String& after)
 }
 
 void MarkupChange::findDifference() {
-    const auto first = std::mismatch(before_.begin(), before_.end(), after_.begin(), after_.end());
-    const auto same = first.first - before_.begin();
-    const auto last = std::mismatch(before_.rbegin(), before_.rend() - same, after_.rbegin(),
-                                    after_.rend() - same);
-    start_ = static_cast<int>(same);
-    behind_ = static_cast<int>(last.first - before_.rbegin());
+    const std::size_t shorter = std::min(before_.size(), after_.size());
+    const std::size_t start = commonLength(shorter, [this](std::size_t at, std::size_t count) {
+        return before_.substr(at, count) == after_.substr(at, count);
+    });
+    const std::size_t behind =
+        commonLength(shorter - start, [this](std::size_t at, std::size_t count) {
+            return before_.substr(before_.size() - at - count, count) ==
+                   after_.substr(after_.size() - at - count, count);
+        });
+    start_ = static_cast<int>(start);
+    behind_ = static_cast<int>(behind);
 }
 
 bool MarkupChange::isInRoot() const {

@@ -26,6 +26,7 @@ void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String&
         return offset >= position ? offset + xml.length() : offset;
     };
     text_.insert(static_cast<unsigned>(position), xml);
+    textChangedFrom(position);
     placeCaretAfterEdit(moved(caretPos_), moved(selectionPivotPos_));
 }
 
@@ -34,6 +35,7 @@ String EditableDocumentBuffer::deleteXmlText(int start, int end) {
         return {};
     String removed = text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end));
     text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start + 1));
+    textChangedFrom(start);
     placeCaretAfterEdit(offsetAfterDeletion(caretPos_, start, end),
                         offsetAfterDeletion(selectionPivotPos_, start, end));
     return removed;

@@ -142,7 +142,7 @@ void WhitespaceAlg::applyLinefeedTreatment(Text value) {
 }
 
 bool WhitespaceAlg::isSkipped(int position) const {
-    return isSkipped(position, XmlScan::currentElement(text(), position));
+    return isSkipped(position, buffer_.getCurrentElementPosition(position));
 }
 
 bool WhitespaceAlg::isSkipped(int position, int element) const {
@@ -279,7 +279,7 @@ bool WhitespaceAlg::standsBackToBack(int position) const {
 /// Whether anything shows between the start of the block around the element and the position.
 bool WhitespaceAlg::blockShowsDataBefore(int position, int element) const {
     while (element >= 0 && XmlScan::tagName(text(), element) != block)
-        element = XmlScan::currentElement(text(), element);
+        element = buffer_.getCurrentElementPosition(element);
     int at = XmlScan::stepForward(text(), element);
     while (at >= 0 && at < position) {
         const bool shows = XmlScan::onTagStart(text(), at)

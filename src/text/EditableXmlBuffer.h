@@ -4,6 +4,7 @@
 #include "foundation/Object.h"
 #include "foundation/String.h"
 #include "foundation/Vector.h"
+#include "text/ElementMemo.h"
 
 #include <set>
 
@@ -271,10 +272,14 @@ protected:
     /// be a placeholder.
     int getNonBreakingSpacePosition(int position) const;
 
+    /// Has to follow every change of `text_`: what stands from the position on may be new.
+    void textChangedFrom(int position);
+
     /// The document. Derived buffers read and write it directly.
     Core::String text_;
 
 private:
+    mutable ElementMemo elementMemo_;
     Core::String pathUpTo(int position, int root) const;
     int positionBehindNeighbor(int position, bool useCurrent) const;
 

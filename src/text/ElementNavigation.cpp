@@ -20,7 +20,11 @@ bool contains(const StringArray& names, Text wanted) {
 // The current element
 
 int EditableXmlBuffer::getCurrentElementPosition(int position) const {
-    return XmlScan::currentElement(text_.view(), position);
+    return XmlScan::currentElement(text_.view(), position, elementMemo_);
+}
+
+void EditableXmlBuffer::textChangedFrom(int position) {
+    elementMemo_.forgetBehind(position);
 }
 
 int EditableXmlBuffer::getCurrentElementPosition(int position, const String& text) {
@@ -222,7 +226,7 @@ int EditableXmlBuffer::getPreviousNeighborPosition(int position, bool useCurrent
     while (XmlScan::commentAt(text, tag))
         tag = XmlScan::previousTag(text, tag);
     if (XmlScan::closingAt(text, tag))
-        return XmlScan::currentElement(text, tag);
+        return getCurrentElementPosition(tag);
     return XmlScan::selfClosingAt(text, tag) ? tag : -1;
 }
 

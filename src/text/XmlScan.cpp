@@ -2,6 +2,9 @@
 
 #include "foundation/String.h"
 #include "foundation/UnitSearch.h"
+#include "text/ElementMemo.h"
+
+#include <optional>
 
 namespace XmlScan {
 
@@ -47,12 +50,13 @@ int stepOverCData(Text text, int position, Source source) noexcept {
 }
 
 /// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
-/// text "a --> b".
+/// text "a --> b". What looks like another start in a section belongs to it.
 int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
     const int delimiter = last + 1 - length(end);
     if (!standsAt(text, end, delimiter))
         return -1;
-    const int section = rFind(text, start, delimiter);
+    const int endBefore = rFind(text, end, delimiter - 1);
+    const int section = find(text, start, endBefore < 0 ? 0 : endBefore);
     return section >= 0 && find(text, end, section + length(start)) == delimiter ? section : -1;
 }
 
@@ -160,9 +164,10 @@ bool closesElement(Text text, int position, Text name) noexcept {
 }
 
 /// Walks backward over tags to the innermost one that is opened and not closed before `position`;
-/// `isOpening` says which tags open an element.
-template <typename IsOpening>
-int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening) noexcept {
+/// `isOpening` says which tags open an element, and `knownAround` may know what is around one.
+template <typename IsOpening, typename KnownAround>
+int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening,
+                     KnownAround knownAround) {
     int depth = 0;
     for (int at = previousTag(text, position, source); at >= 0;
          at = previousTag(text, at, source)) {
@@ -171,10 +176,16 @@ int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening
         } else if (isOpening(at)) {
             if (depth < 1)
                 return at;
-            --depth;
+            const std::optional<int> known = --depth == 0 ? knownAround(at) : std::nullopt;
+            if (known)
+                return *known;
         }
     }
     return -1;
+}
+
+std::optional<int> nothingKnown(int /*tag*/) {
+    return std::nullopt;
 }
 
 } // namespace
@@ -432,19 +443,40 @@ int startTag(Text text, int position) noexcept {
 
 int currentElement(Text text, int position, Source source) noexcept {
     if (source == Source::Document)
-        return innermostOpenTag(text, position, source,
-                                [text](int at) { return openingAt(text, at); });
+        return innermostOpenTag(
+            text, position, source, [text](int at) { return openingAt(text, at); }, nothingKnown);
     // Deliberate: in a fragment a CDATA section that the walk meets counts as a start tag; detached
     // page text holds none.
-    const int found = innermostOpenTag(text, position, source, [text](int at) {
-        return !commentAt(text, at) && !instructionAt(text, at) && !selfClosingAt(text, at);
-    });
+    const int found = innermostOpenTag(
+        text, position, source,
+        [text](int at) {
+            return !commentAt(text, at) && !instructionAt(text, at) && !selfClosingAt(text, at);
+        },
+        nothingKnown);
     return tagName(text, found).empty() ? -1 : found;
 }
 
+int currentElement(Text text, int position, ElementMemo& memo) {
+    int tag = onTagStart(text, position) ? position : -1;
+    if (const auto known = memo.find(tag))
+        return *known;
+    // What is around a sibling in front is around the position too.
+    const auto knownAround = [&](int sibling) {
+        tag = tag < 0 ? sibling : tag;
+        return memo.find(sibling);
+    };
+    const int element = innermostOpenTag(
+        text, position, Source::Document, [text](int at) { return openingAt(text, at); },
+        knownAround);
+    if (tag >= 0)
+        memo.remember(tag, element);
+    return element;
+}
+
 Text fragmentElementName(Text text, int position) noexcept {
-    const int element = innermostOpenTag(text, position, Source::Fragment,
-                                         [text](int at) { return openingAt(text, at); });
+    const int element = innermostOpenTag(
+        text, position, Source::Fragment, [text](int at) { return openingAt(text, at); },
+        nothingKnown);
     // Deliberate: a tag at the very start of a fragment is not recognised; closingTag() depends on
     // it.
     return element <= 0 ? Text() : tagName(text, element);

@@ -10,17 +10,6 @@ std::wstring propertiesOf(const wchar_t* tag) {
     return shown(buffer.getPropertiesFromElementAt(buffer.find(tag)));
 }
 
-/// The fragment after `set` was given to its first tag; checks the answer against the move of what
-/// follows.
-std::wstring afterSetting(const wchar_t* marked, const wchar_t* set) {
-    TestBuffer buffer(marked);
-    const int length = buffer.getContent().length();
-    const int element = buffer.find(L"\"body\">") + 7;
-    const int shift = buffer.setPropertiesForElementAt(element, properties(set));
-    EXPECT_EQ(shift, buffer.getContent().length() - length);
-    return buffer.marked();
-}
-
 TEST(Properties, AreReadWithTheElementsPrefix) {
     EXPECT_EQ(propertiesOf(L"<fo:block color=\"red\" qf:a='1' id = \"x\" title='\"&lt;&#38; >'/>"),
               L"fo:color=red; qf:a=1; fo:id=x; fo:title=\"&lt;&#38; >");
@@ -35,17 +24,6 @@ TEST(Properties, OnlyStartTagsHaveThem) {
     for (const int place : {buffer.find(L"t<!"), buffer.find(L"<!--"), buffer.find(L"<!["),
                             buffer.find(L"</fo:block"), -1, buffer.getContent().length()})
         EXPECT_TRUE(buffer.getPropertiesFromElementAt(place).isEmpty()) << place;
-}
-
-TEST(Properties, AreMergedInPlace) {
-    EXPECT_EQ(afterSetting(L"<fo:block id=\"x\" color=\"red\" qf:a='\"'>a|b</fo:block>",
-                           L"fo:color=blue; qc:b=<&\">'; id=y"),
-              L"<fo:block id=\"y\" color=\"blue\" qf:a=\"&quot;\" qc:b=\"&lt;&amp;&quot;>'\">"
-              L"a|b</fo:block>");
-    EXPECT_EQ(afterSetting(L"<fo:block>a|b</fo:block>", L"fo:color=red"),
-              L"<fo:block color=\"red\">a|b</fo:block>");
-    EXPECT_EQ(afterSetting(L"<fo:block\n\tid='x' />|", L"fo:id=/"), L"<fo:block id=\"/\"/>|");
-    EXPECT_EQ(afterSetting(L"<fo:block />|", L""), L"<fo:block/>|");
 }
 
 TEST(Properties, SettingTouchesNothingButStartTags) {
@@ -64,27 +42,15 @@ TEST(Properties, SettingTouchesNothingButStartTags) {
     }
 }
 
-TEST(Properties, NamespacesAreDeclaredOnTheRootWhenNeeded) {
+TEST(Properties, TheShiftCoversADeclarationOnTheRoot) {
     TestBuffer buffer(L"<fo:block>a|b</fo:block>");
-    const std::wstring before = buffer.text();
-    const std::wstring marked = buffer.marked();
-    const int end = buffer.find(L"</fo:block>");
-    const int shift = buffer.setPropertiesForElementAt(buffer.find(L"<fo:block"),
-                                                       properties(L"qf:a=1; qf:b=2; zz:c=3"));
-    EXPECT_EQ(buffer.find(L"</fo:block>"), end + shift);
-    EXPECT_EQ(wide(buffer.getNamespaces()),
-              L" xmlns:fo=\"http://www.w3.org/1999/XSL/Format\" xmlns:qf=\"urn:forme:qf/1.0\""
-              L" xmlns:qfd=\"urn:forme:qfd/1.0\"");
-    EXPECT_NE(buffer.find(L"<fo:block qf:a=\"1\" qf:b=\"2\" zz:c=\"3\">ab"), -1);
-    buffer.undo();
-    EXPECT_EQ(buffer.text(), before);
-    EXPECT_EQ(buffer.marked(), marked);
-    EXPECT_FALSE(buffer.canUndo()) << "the declaration belongs to the step";
-
-    const int root = buffer.getRootElementPos();
-    const int moved = buffer.setPropertiesForElementAt(root, properties(L"xsl:a=1"));
-    EXPECT_EQ(moved, buffer.getContent().length() - static_cast<int>(before.size()));
-    EXPECT_EQ(buffer.getRootElementPos(), root);
+    const auto shiftIsExact = [&](const wchar_t* tag, const wchar_t* list) {
+        const int length = buffer.getContent().length();
+        return length + buffer.setPropertiesForElementAt(buffer.find(tag), properties(list)) ==
+               buffer.getContent().length();
+    };
+    EXPECT_TRUE(shiftIsExact(L"<fo:block", L"qf:a=1"));
+    EXPECT_TRUE(shiftIsExact(L"<qfd:document", L"xsl:a=1"));
     EXPECT_NE(buffer.find(L" xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\" xsl:a=\"1\">"), -1);
 }
 
@@ -117,6 +83,17 @@ TEST(Properties, ClearingAnswersWhatWasThereAndIsOneStep) {
     EXPECT_EQ(wide(selfClosing.clearPropertiesForElementAt(selfClosing.find(L"<fo:block"))),
               L" a=\"1\" ");
     EXPECT_EQ(selfClosing.marked(), L"<fo:block/>|");
+}
+
+TEST(Properties, OfANameAreThoseOfTheNearestElement) {
+    TestBuffer buffer(L"<fo:block id=\"1\"><fo:block id=\"2\">a|</fo:block><fo:table/></fo:block>");
+    buffer.setProperties(properties(L"fo:id=3"), L"fo:block", buffer.find(L"</fo:block><fo:table"));
+    const auto blockAt = [&](int place) { return shown(buffer.getProperties(L"fo:block", place)); };
+    EXPECT_EQ(blockAt(buffer.find(L"<fo:block id=\"3\"")), L"fo:id=3") << "the tag there";
+    EXPECT_EQ(blockAt(buffer.find(L"a</fo:block")), L"fo:id=3");
+    EXPECT_EQ(blockAt(buffer.find(L"<fo:table")), L"fo:id=1");
+    for (const int nowhere : {-1, buffer.find(L"<fo:flow"), 1 << 30})
+        EXPECT_EQ(blockAt(nowhere), L"");
 }
 
 TEST(RootNamespaces, TakeOneDeclarationAndRefuseAnythingElse) {

@@ -106,9 +106,13 @@ const char* anyPath(Random& random) {
 }
 
 Json anyProperties(Random& random) {
-    static const std::array<Json, 5> properties{
-        Json::parse(R"([["fo:color","red"]])"), Json::parse(R"([["font-weight","bold"]])"),
-        Json::parse(R"([["fo:src","a\"<&b"]])"), Json::parse(R"([["qf:kind","k"],["fo:id","x"]])"),
+    static const std::array<Json, 7> properties{
+        Json::parse(R"([["fo:color","red"]])"),
+        Json::parse(R"([["font-weight","bold"]])"),
+        Json::parse(R"([["fo:src","a\"<&b"]])"),
+        Json::parse(R"([["qf:kind","k"],["fo:id","x"]])"),
+        Json::parse(R"([["text-align","end"],["xsl:a","1"]])"),
+        Json::parse(R"([["a b","1"]])"),
         Json::array()};
     return random.oneOf(properties);
 }
@@ -170,6 +174,16 @@ constexpr std::array commandKinds{
     CommandKind{20,
                 [](Random& r, const Document&) -> Json {
                     return {"erase", coin(r), r.oneIn(6)};
+                }},
+
+    // Formatting
+    CommandKind{10,
+                [](Random& r, const Document&) -> Json {
+                    return {"setProperties", anyProperties(r), anyPath(r)};
+                }},
+    CommandKind{2,
+                [](Random& r, const Document&) -> Json {
+                    return {"removeProperties", anyPath(r)};
                 }},
 
     // Moving

@@ -1,0 +1,100 @@
+// Formatting of text: a range gets properties by inlines around its runs of text.
+
+#include "document/EditableDocumentBuffer.h"
+
+#include "document/EditActionGroup.h"
+#include "document/FreezeNotifications.h"
+#include "document/RecordedCommand.h"
+
+#include <algorithm>
+
+using Core::String;
+
+const Core::StringArray EditableDocumentBuffer::nonInlineProperties{L"fo:text-align"};
+
+bool EditableDocumentBuffer::isNonInlineProperty(const EditableProperty& property) {
+    return std::find(nonInlineProperties.begin(), nonInlineProperties.end(), property.getName()) !=
+           nonInlineProperties.end();
+}
+
+PropertyCollection
+EditableDocumentBuffer::getAndRemoveNonInlineProperties(PropertyCollection& properties) {
+    PropertyCollection taken;
+    for (const EditableProperty& property : properties.getPropertyList()) {
+        if (!isNonInlineProperty(property))
+            continue;
+        taken.addProperty(property, true);
+        properties.removePropertyByName(property.getName());
+    }
+    return taken;
+}
+
+void EditableDocumentBuffer::formatSelection(const PropertyCollection& properties) {
+    if (properties.isEmpty())
+        return;
+    RecordedCommand command(this);
+    formatInline(getSelectionStartIndex(), selectionUpperEnd(), properties);
+    if (!command.keepsWellFormed())
+        command.takeBack();
+}
+
+void EditableDocumentBuffer::formatInline(int from, int to, PropertyCollection properties) {
+    if (isOnInvalidPosition(from) || isOnInvalidPosition(to))
+        return;
+    FreezeNotifications freeze(this);
+    EditActionGroup group(this);
+    recordCaret();
+    properties.setNamespaceForProperties(L"fo");
+    const int behind = text_.length() - to; // which no change in the range touches
+    const auto limit = [&] { return text_.length() - behind; };
+    for (int run = startOfTextRun(from, limit()); run >= 0;) {
+        const int end = formatTextRun(run, endOfTextRun(run, limit()), properties);
+        run = startOfTextRun(getNextValidCaretPos(end), limit());
+    }
+    recordCaret();
+}
+
+/// The first stop from the position on, and before the limit, that has text behind it; -1 if none.
+int EditableDocumentBuffer::startOfTextRun(int position, int limit) const {
+    while (position >= 0 && position < limit &&
+           (onTagStartPosition(position) || !inEditableElement(position)))
+        position = getNextValidCaretPos(position);
+    return position < limit ? position : -1;
+}
+
+/// Where an inline around the text that begins at `start` has to end: at the limit or a tag before
+/// it. Objects without content, such as a page number, belong to the text.
+int EditableDocumentBuffer::endOfTextRun(int start, int limit) const {
+    int tag = getNextTagPosition(start);
+    while (tag >= 0 && tag < limit && selfClosingTagAtPosition(tag))
+        tag = getNextTagPosition(getNextEditablePositionInXml(tag));
+    return tag < 0 ? limit : std::min(tag, limit);
+}
+
+/// Gives the properties to a run of text and to the block around it, each what it can have; answers
+/// where the run ends now.
+int EditableDocumentBuffer::formatTextRun(int start, int end,
+                                          const PropertyCollection& properties) {
+    PropertyCollection inlineProperties = properties;
+    const PropertyCollection blockProperties = getAndRemoveNonInlineProperties(inlineProperties);
+    if (!inlineProperties.isEmpty()) {
+        const bool isWholeInline = selectionIsEntireElementContent(start, end) &&
+                                   isInlineEditableElementName(getCurrentElementName(start));
+        end += isWholeInline
+                   ? setPropertiesForElementAt(getCurrentElementPosition(start), inlineProperties)
+                   : wrapInInline(start, end, inlineProperties);
+    }
+    if (!blockProperties.isEmpty())
+        end += setPropertiesForElementAt(searchParent(L"fo:block", end, false, true, L""),
+                                         blockProperties);
+    return end;
+}
+
+/// Puts an inline around the range; answers by how much the text up to its closing tag moved.
+int EditableDocumentBuffer::wrapInInline(int start, int end, const PropertyCollection& properties) {
+    static const String opening = L"<fo:inline>";
+    recordCaret();
+    insertAndRecord(start, opening);
+    insertAndRecord(end + opening.length(), L"</fo:inline>");
+    return opening.length() + setPropertiesForElementAt(start, properties);
+}

@@ -1,0 +1,23 @@
+#include "text/ElementMemo.h"
+
+namespace {
+
+/// Far more than the tags around a caret. A walk over a whole document begins anew now and then.
+constexpr std::size_t limit = 1024;
+
+} // namespace
+
+std::optional<int> ElementMemo::find(int tag) const {
+    const auto known = elements_.find(tag);
+    return known == elements_.end() ? std::nullopt : std::optional(known->second);
+}
+
+void ElementMemo::remember(int tag, int element) {
+    if (elements_.size() >= limit)
+        elements_.clear();
+    elements_[tag] = element;
+}
+
+void ElementMemo::forgetBehind(int position) {
+    elements_.erase(elements_.upper_bound(position), elements_.end());
+}
