@@ -110,10 +110,11 @@ bool Backspace::removeEmptyElement() {
     const bool isSkipped = buffer_.isSkippedByCaret(tag_);
     int start = tag_;
     buffer_.deleteSpacesBetweenTags(start);
-    start = buffer_.startOfSkippedSpaces(start);
+    start = buffer_.startOfLayout(start);
     caret_ = start;
     buffer_.removeAndRecord(start, origin_);
-    const int before = buffer_.getPreviousEditablePositionInXml(start);
+    const int before =
+        buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(start));
     return isSkipped && !buffer_.selfClosingTagAtPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
 }
@@ -139,7 +140,7 @@ bool Backspace::moveRunIntoNestedBlock() {
         buffer_.removeAndRecord(caret_, origin_);
         return false;
     }
-    caret_ = buffer_.startOfSkippedSpaces(tag_);
+    caret_ = buffer_.startOfLayout(tag_);
     buffer_.removeAndRecord(caret_, origin_);
     return isBlockBoundaryBefore(caret_);
 }
@@ -160,7 +161,7 @@ int Backspace::endOfRun() const {
 
 /// The tags of the nested block go, so that its content continues the line before it.
 bool Backspace::dissolveNestedBlock() {
-    const int end = buffer_.startOfSkippedSpaces(tag_);
+    const int end = buffer_.startOfLayout(tag_);
     const int closing = buffer_.getClosingTagForTagAtPosition(tag_);
     buffer_.removeAndRecord(closing, buffer_.getNextEditablePositionInXml(closing));
     if (mustStayApart(closing))

@@ -53,7 +53,9 @@ void EditableDocumentBuffer::insertBreak(BreakType type, bool after) {
         command.takeBack();
 }
 
-void EditableDocumentBuffer::insertListBreak() {}
+void EditableDocumentBuffer::insertListBreak() {
+    // Lists cannot be edited yet.
+}
 
 /// Gives the block the property. Of its other attributes those stay that say how it looks, and what
 /// its content needs to be understood.

@@ -75,7 +75,7 @@ bool ForwardDelete::isBeforeEmptyElement() const {
 /// A soft break that was the last thing in a block takes the block's boundary along.
 bool ForwardDelete::removeEmptyElement() {
     const int behind = buffer_.getNextEditablePositionInXml(position_);
-    buffer_.removeAndRecord(place_, buffer_.endOfSkippedSpaces(behind));
+    buffer_.removeAndRecord(place_, buffer_.endOfLayout(behind));
     const int next = buffer_.endOfSkippedSpaces(place_);
     return !buffer_.selfClosingTagAtPosition(next) &&
            buffer_.isBlockEditableElementName(
