@@ -3,6 +3,8 @@
 #include "document/EditableDocumentBuffer.h"
 #include "text/XmlScan.h"
 
+#include <algorithm>
+
 using Core::String;
 using XmlScan::Text;
 
@@ -98,7 +100,7 @@ bool Backspace::removeIgnoredMarkup() {
 // White space behind a tag
 
 bool Backspace::removeSkippedSpaces() {
-    buffer_.removeAndRecord(buffer_.startOfLayout(origin_), origin_);
+    buffer_.removeAndRecord(spaces_, startOfJoined());
     caret_ = spaces_;
     return true;
 }
@@ -112,7 +114,7 @@ bool Backspace::removeEmptyElement() {
     buffer_.deleteSpacesBetweenTags(start);
     start = buffer_.startOfLayout(start);
     caret_ = start;
-    buffer_.removeAndRecord(start, origin_);
+    buffer_.removeAndRecord(start, startOfJoined());
     const int before =
         buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(start));
     return isSkipped && !buffer_.selfClosingTagAtPosition(before) &&
@@ -141,7 +143,7 @@ bool Backspace::moveRunIntoNestedBlock() {
         return false;
     }
     caret_ = buffer_.startOfLayout(tag_);
-    buffer_.removeAndRecord(caret_, origin_);
+    buffer_.removeAndRecord(caret_, startOfJoined());
     return isBlockBoundaryBefore(caret_);
 }
 
@@ -166,7 +168,7 @@ bool Backspace::dissolveNestedBlock() {
     buffer_.removeAndRecord(closing, buffer_.getNextEditablePositionInXml(closing));
     if (mustStayApart(closing))
         buffer_.insertAndRecord(closing, L"<fo:block />");
-    buffer_.removeAndRecord(end, origin_);
+    buffer_.removeAndRecord(end, startOfJoined());
     caret_ = end;
     return isBlockBoundaryBefore(end);
 }
@@ -210,10 +212,10 @@ bool Backspace::joinPreviousBlock() {
         return eraseInPreviousList();
     if (name != L"fo:block" || isSeparatedFrom(block))
         return false;
-    const int closing = buffer_.getClosingTagForTagAtPosition(block);
     const int end = endOfLastLine(block);
+    const bool isLineEmpty = end < buffer_.getClosingTagForTagAtPosition(block);
     caret_ = buffer_.startOfLayout(end);
-    buffer_.removeAndRecord(caret_, end == closing ? behindPlaceholderLine() : origin_);
+    buffer_.removeAndRecord(caret_, isLineEmpty ? startOfJoined() : behindJoinedPlaceholder());
     const int before = buffer_.getPreviousEditablePositionInXml(caret_);
     return buffer_.closingElementTagAtPosition(before) && buffer_.onTagStartPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
@@ -230,13 +232,20 @@ int Backspace::endOfLastLine(int block) const {
     return isEmpty && !buffer_.elementContainsJustWhitespacesOrVoid(element_) ? last : closing;
 }
 
-/// Where what joins a line begins: behind the placeholder if that was all of its own line.
-int Backspace::behindPlaceholderLine() const {
+/// Where what joins a line begins: at the caret, with the blanks that the start of its own line
+/// hid.
+int Backspace::startOfJoined() const {
+    return std::min(buffer_.endOfLayout(spaces_), origin_);
+}
+
+/// The same, but behind its placeholder if that is all of the line.
+int Backspace::behindJoinedPlaceholder() const {
+    const int start = startOfJoined();
     bool isCharacter = false;
     bool follows = false;
-    if (!buffer_.singleNbspBetweenLineBreakTags(origin_, isCharacter, follows) || !follows)
-        return origin_;
-    return origin_ + XmlScan::placeholderLength(buffer_.text_.view(), origin_);
+    if (!buffer_.singleNbspBetweenLineBreakTags(start, isCharacter, follows) || !follows)
+        return start;
+    return start + XmlScan::placeholderLength(buffer_.text_.view(), start);
 }
 
 /// The element before the block, void blocks passed over.

@@ -44,7 +44,8 @@ private:
 
     bool joinPreviousBlock();
     int endOfLastLine(int block) const;
-    int behindPlaceholderLine() const;
+    int startOfJoined() const;
+    int behindJoinedPlaceholder() const;
     int previousBlock(Core::String& name) const;
     bool eraseInPreviousList();
     bool isSeparatedFrom(int block) const;
