@@ -56,7 +56,7 @@ public:
 
     void typeCharacter(char character) {
         if (character == '\n')
-            insertBreak(BreakType::Hard, false);
+            typeLineFeed();
         else
             insertText(Core::String(character == '\t' ? L' ' : character, 1), false, false);
     }
@@ -127,6 +127,16 @@ public:
     }
 
 private:
+    /// Where only blanks stand before the caret, that line is empty to us and gets a placeholder,
+    /// which is one of the blanks.
+    void typeLineFeed() {
+        const int start = getNextEditablePositionInXml(getCurrentElementPosition(getCaretPos()));
+        const bool hidesBlank = isHidden(start);
+        insertBreak(BreakType::Hard, false);
+        if (hidesBlank && elementContainsJustNonBreakingSpace(getCurrentElementPosition(start)))
+            deleteContentAtPosition(true, start, start + 1);
+    }
+
     Core::String lineAt(int line) const {
         const int start = getNextEditablePositionInXml(line);
         const int end = getClosingTagForTagAtPosition(line);
