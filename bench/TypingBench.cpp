@@ -21,8 +21,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr long long megabytes = 1024LL * 1024;
 
-/// Types into the first block of the last flow. A character of the person's text is one unit of
-/// ours: a character, an entity, or for a blank that would not show, the entity of the non-breaking
+/// Types into the last flow. A line of the person's text is a block of ours, and a character a
+/// unit: a character, an entity, or for a blank that would not show, the entity of the non-breaking
 /// space.
 class Typist : public EditableDocumentBuffer {
 public:
@@ -40,49 +40,82 @@ public:
         setCaretPos(false, start_);
     }
 
-    void goTo(int index) {
+    /// Goes to a place in the person's text, which is `written` so far.
+    void goTo(int index, const std::string& written) {
+        const auto isLineFeed = [&](int at) {
+            return at < 0 || written[static_cast<std::size_t>(at)] == '\n';
+        };
         for (; index_ < index; ++index_)
-            at_ = getNextEditablePositionInXml(at_);
+            at_ = isLineFeed(index_) ? startOfNextLine() : getNextEditablePositionInXml(at_);
         for (; index_ > index; --index_)
-            at_ = getPreviousEditablePositionInXml(at_);
+            at_ = isLineFeed(index_ - 1) ? endOfPreviousLine(isLineFeed(index_ - 2))
+                                         : getPreviousEditablePositionInXml(at_);
         if (getCaretPos() != at_)
             setCaretPos(false, at_);
     }
 
     void typeCharacter(char character) {
-        insertText(Core::String(character == '\n' || character == '\t' ? L' ' : character, 1),
-                   false, false);
-        at_ = getCaretPos();
-        ++index_;
+        if (character == '\n')
+            typeLineFeed();
+        else
+            insertText(Core::String(character == '\t' ? L' ' : character, 1), false, false);
     }
 
     int index() const { return index_; }
 
+    /// Whether the line holds but blanks, of which one is the placeholder of an empty line.
+    bool isInBlankLine() const {
+        return elementContainsJustNonBreakingSpace(getCurrentElementPosition(at_));
+    }
+
+    /// Any of the line's blanks; the placeholder stays.
+    void eraseBlankInBlankLine() {
+        const int end = getLastPositionInElementContaining(at_);
+        if (text_[end - 1] == L' ')
+            deleteContentAtPosition(false, end - 1, end);
+    }
+
     /// Delete.
     void eraseNextCharacter() {
-        erase(true, false);
-        at_ = getCaretPos();
+        if (isHidden(at_))
+            deleteContentAtPosition(false, at_, at_ + 1);
+        else
+            erase(true, false);
     }
 
     /// Backspace. The character between two blanks is deleted from its front, since Backspace would
     /// leave one blank of the two.
     void erasePreviousCharacter() {
         const int character = getPreviousEditablePositionInXml(at_);
-        if (text_[character - 1] == L' ' && text_[at_] == L' ') {
-            goTo(index_ - 1);
+        if (isHidden(character) || (text_[character - 1] == L' ' && text_[at_] == L' ')) {
+            at_ = character;
+            setCaretPos(false, at_);
             eraseNextCharacter();
             return;
         }
         erase(false, false);
-        at_ = getCaretPos();
-        --index_;
     }
 
-    /// What was typed, with each kind of white space as a blank.
+    /// Takes note that the caret is at a place in the person's text, which is `column` characters
+    /// into its line. A line of blanks that starts with a placeholder is empty to us, and the caret
+    /// stands before it.
+    void noteIndex(int index, int column) {
+        index_ = index;
+        at_ = getCaretPos();
+        const int line = getCurrentElementPosition(at_);
+        if (!elementContainsJustNonBreakingSpace(line))
+            return;
+        at_ = getNextEditablePositionInXml(line);
+        for (; column > 0; --column)
+            at_ = getNextEditablePositionInXml(at_);
+    }
+
+    /// What was typed, with blanks for tabs and non-breaking spaces.
     std::string plainText() const {
-        const int end = getLastPositionInElementContaining(start_);
-        Core::String text =
-            text_.subString(static_cast<unsigned>(start_), static_cast<unsigned>(end - 1));
+        Core::String text;
+        const int firstLine = getCurrentElementPosition(start_);
+        for (int line = firstLine; line >= 0; line = getNextElementPosition(line))
+            text += (line > firstLine ? L"\n" : L"") + lineAt(line);
         text.replaceAll(L"&#x00A0;", L" ");
         text.replaceAll(L"\x00A0", L" ");
         text.replaceAll(L"&lt;", L"<");
@@ -94,15 +127,54 @@ public:
     }
 
 private:
+    /// Where only blanks stand before the caret, that line is empty to us and gets a placeholder,
+    /// which is one of the blanks.
+    void typeLineFeed() {
+        const int start = getNextEditablePositionInXml(getCurrentElementPosition(getCaretPos()));
+        const bool hidesBlank = isHidden(start);
+        insertBreak(BreakType::Hard, false);
+        if (hidesBlank && elementContainsJustNonBreakingSpace(getCurrentElementPosition(start)))
+            deleteContentAtPosition(true, start, start + 1);
+    }
+
+    Core::String lineAt(int line) const {
+        const int start = getNextEditablePositionInXml(line);
+        const int end = getClosingTagForTagAtPosition(line);
+        const Core::String content =
+            text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end - 1));
+        return content == L"&#x00A0;" || content == L"\x00A0" ? Core::String() : content;
+    }
+
+    /// Whether a blank stands there that does not show, as at the end of a line.
+    bool isHidden(int position) const {
+        int shown = position;
+        skipSpacesFromPos(shown, false);
+        return text_[position] == L' ' && shown > position;
+    }
+
+    int startOfNextLine() const {
+        const int end = getLastPositionInElementContaining(at_);
+        return getNextEditablePositionInXml(getNextElementPosition(end));
+    }
+
+    /// An empty line has its placeholder, before which it ends.
+    int endOfPreviousLine(bool isEmpty) const {
+        const int line = getPreviousElementPosition(at_);
+        return isEmpty ? getNonBreakingSpacePosition(line) : getClosingTagForTagAtPosition(line);
+    }
+
     int start_ = 0;
     int index_ = 0; // in the person's text
     int at_ = 0;    // the same place in ours
 };
 
-std::string withBlanks(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char ch) { return ch == '\n' || ch == '\t'; }, ' ');
-    return text;
+/// A tab counts as a blank, and a line of a single blank as an empty one.
+std::string asBlocks(std::string text) {
+    std::replace(text.begin(), text.end(), '\t', ' ');
+    std::string lines = "\n" + text + "\n";
+    for (std::size_t at = 0; (at = lines.find("\n \n", at)) != std::string::npos;)
+        lines.erase(at + 1, 1);
+    return lines.substr(1, lines.size() - 2);
 }
 
 double medianMicroseconds(std::vector<Clock::duration>& times) {
@@ -118,18 +190,40 @@ void timed(std::vector<Clock::duration>& times, Operation operation) {
     times.push_back(Clock::now() - begun);
 }
 
+int columnOf(int index, const std::string& text) {
+    const std::size_t end =
+        index == 0 ? std::string::npos : text.rfind('\n', static_cast<std::size_t>(index - 1));
+    return end == std::string::npos ? index : index - static_cast<int>(end) - 1;
+}
+
 void replay(Typist& typist, const EditingTrace& trace, std::size_t most,
             std::vector<Clock::duration>& times) {
+    std::string written;
     for (const Patch& patch : trace.patches) {
         const int behind = patch.position + patch.deleted;
         const bool backward = typist.index() == behind;
-        typist.goTo(backward ? behind : patch.position);
-        for (int i = 0; i < patch.deleted; ++i)
+        for (int i = 0; i < patch.deleted; ++i) {
+            typist.goTo(backward ? behind - i : patch.position, written);
+            const char character =
+                written[static_cast<std::size_t>(typist.index() - (backward ? 1 : 0))];
             timed(times, [&] {
-                backward ? typist.erasePreviousCharacter() : typist.eraseNextCharacter();
+                if (character != '\n' && typist.isInBlankLine())
+                    typist.eraseBlankInBlankLine();
+                else if (backward)
+                    typist.erasePreviousCharacter();
+                else
+                    typist.eraseNextCharacter();
             });
+            const int at = backward ? behind - i - 1 : patch.position;
+            written.erase(static_cast<std::size_t>(at), 1);
+            typist.noteIndex(at, columnOf(at, written));
+        }
+        typist.goTo(patch.position, written);
         for (const char character : patch.inserted)
             timed(times, [&] { typist.typeCharacter(character); });
+        written.insert(static_cast<std::size_t>(patch.position), patch.inserted);
+        const int end = patch.position + static_cast<int>(patch.inserted.size());
+        typist.noteIndex(end, columnOf(end, written));
         if (times.size() >= most)
             return;
     }
@@ -149,7 +243,7 @@ void typing(benchmark::State& state, const char* name, std::size_t most) {
         state.SetIterationTime(std::chrono::duration<double>(total).count());
         state.counters["operations"] = static_cast<double>(times.size());
         state.counters["median_us"] = medianMicroseconds(times);
-        if (times.size() < most && typist->plainText() != withBlanks(trace.endContent))
+        if (times.size() < most && typist->plainText() != asBlocks(trace.endContent))
             state.SkipWithError("the text at the end is not what was typed");
     }
 }

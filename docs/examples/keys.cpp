@@ -6,9 +6,10 @@
 
 namespace {
 
-enum class Key { Left, Right, Home, End, Escape, Tab, Undo, Redo };
+enum class Key { Left, Right, Home, End, Escape, Tab, Enter, Undo, Redo };
 
-/// What a key means to the document. With `shift` the caret takes the selection along.
+/// What a key means to the document. With `shift` the caret takes the selection along, and Enter
+/// begins a line and no block.
 void press(EditableDocumentBuffer& document, Key key, bool shift = false) {
     switch (key) {
     case Key::Left:
@@ -23,6 +24,8 @@ void press(EditableDocumentBuffer& document, Key key, bool shift = false) {
         return document.resetSelection();
     case Key::Tab:
         return document.insertTab();
+    case Key::Enter:
+        return document.insertBreak(shift ? BreakType::Soft : BreakType::Hard, false);
     case Key::Undo:
         return document.undo();
     case Key::Redo:
@@ -59,6 +62,10 @@ int main(int argc, char** argv) try {
     press(*document, Key::Undo);       // the tab
     press(*document, Key::Undo);       // all that was typed in one run
     press(*document, Key::Redo);
+
+    press(*document, Key::Enter);       // a block begins ...
+    press(*document, Key::Enter, true); // ... and in it a line
+    press(*document, Key::Undo);
 
     press(*document, Key::Home);
     press(*document, Key::End, true);

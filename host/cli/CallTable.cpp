@@ -246,6 +246,8 @@ std::vector<Operation> makeTable() {
         document("entireSelectionisInTheSameFloatingRegion",
                  &D::entireSelectionisInTheSameFloatingRegion),
 
+        document("insertBreak", &D::insertBreak, {"type", "after"}),
+        document("insertListBreak", &D::insertListBreak),
         document("getProperties",
                  overload<PropertyCollection(const String&) const>(&D::getProperties), {"path"}),
         document("getProperties",

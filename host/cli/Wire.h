@@ -131,6 +131,16 @@ struct Wire<std::tuple<T...>> {
 };
 
 template <>
+struct Wire<BreakType> {
+    static constexpr const char* name =
+        "break type (0 page, 1 column, 2 soft, 3 odd page, 4 even page, 5 hard, 6 list)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 6;
+    }
+    static BreakType read(const Json& value) { return static_cast<BreakType>(value.get<int>()); }
+};
+
+template <>
 struct Wire<EditableProperty> {
     static constexpr const char* name = "property [name, value]";
     static bool matches(const Json& value) {

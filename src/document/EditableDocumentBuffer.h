@@ -53,6 +53,17 @@ enum class TextFormat { Plain = 0, Native = 2 };
 /// Where a search goes. Any other value finds nothing.
 enum class Direction { Forward = 0, Backward = 2 };
 
+/// What EditableDocumentBuffer::insertBreak() makes.
+enum class BreakType {
+    Page = 0,     ///< a new block on a new page
+    Column = 1,   ///< a new block in a new column
+    Soft = 2,     ///< a new line in the same block
+    OddPage = 3,  ///< a new block on the next odd page
+    EvenPage = 4, ///< a new block on the next even page
+    Hard = 5,     ///< a new block
+    List = 6      ///< a new item of the list around the caret
+};
+
 /// A document that is being edited: its text, the caret and the selection, the history, and the
 /// monitor that hears of changes. The text is one XML text that is never reserialised; commands
 /// edit it in place.
@@ -364,6 +375,20 @@ public:
     /// Whether the caret lies in a fo:block-container, with both ends of the selection, if any,
     /// valid.
     bool entireSelectionisInTheSameFloatingRegion() const;
+
+    // Breaks
+
+    /// Enter, Shift+Enter and their kin, in the place of what is selected. A hard break splits the
+    /// block around the caret in two that have the same attributes, and the inlines around the
+    /// caret with it; a soft break is an empty block. At the very start of a table or a form Enter
+    /// makes a line before it, at its very end a line behind it. A break of a page or a column is a
+    /// hard break whose new block begins there or, with `after`, ends there; where Enter puts a
+    /// block around what stood in none, the property is not set. A line that a break leaves empty
+    /// keeps a place for the caret. Refused in a list label and where the caret cannot stand. One
+    /// undo step.
+    void insertBreak(BreakType type, bool after);
+    /// Enter in a list.
+    void insertListBreak();
 
     // Formatting. Properties are the attributes of an element, named with a prefix as in
     // "fo:font-weight"; one without a prefix is in the element's own, so that "color" on a block is
@@ -703,6 +728,15 @@ protected:
     /// position and not before; otherwise they mean nothing.
     bool singleNbspBetweenLineBreakTags(int position, bool& isCharacter, bool& follows) const;
 
+    // Breaks
+
+    /// A break at the caret, hard or soft, where it can stand and nothing is selected. Answers
+    /// where the block begins that a hard break made; -1 if it made none by splitting.
+    int insertLineBreak(bool hard);
+    /// The same for a hard break right at the caret, whatever table or form is around it.
+    int insertHardBreak();
+    void insertSoftBreak();
+
     // Attributes as properties
 
     /// The attributes of the tag at the position; one without a prefix gets its element's.
@@ -735,6 +769,8 @@ private:
     friend class Backspace;
     friend class ForwardDelete;
     friend class ListBuffer;
+    friend class LineBreak;
+    friend class HardBreak;
 
     void recordCaret();
     void recordInsertion(int position, const Core::String& xml);
@@ -850,9 +886,16 @@ private:
     Core::String linesWithSoftBreaks(Core::String text) const;
     Core::String withVisibleBlanks(Core::String text) const;
 
+    void setBreakProperty(int block, const EditableProperty& property);
+    bool isFirstOnLine(int position) const;
+    bool isLastInBlock(int position) const;
+    void leaveSkippedPlaceInLine();
+
     bool isSkippedByCaret(int position) const;
     int startOfSkippedSpaces(int position) const;
     int endOfSkippedSpaces(int position) const;
+    int startOfLayout(int position) const;
+    int endOfLayout(int position) const;
     bool isKeptBlank(int position, int element) const;
     void insertAndRecord(int position, const Core::String& xml);
     Core::String removeAndRecord(int start, int end);

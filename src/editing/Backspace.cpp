@@ -4,6 +4,8 @@
 #include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
+#include <algorithm>
+
 using Core::String;
 using XmlScan::Text;
 
@@ -99,7 +101,7 @@ bool Backspace::removeIgnoredMarkup() {
 // White space behind a tag
 
 bool Backspace::removeSkippedSpaces() {
-    buffer_.removeAndRecord(spaces_, origin_);
+    buffer_.removeAndRecord(spaces_, startOfJoined());
     caret_ = spaces_;
     return true;
 }
@@ -111,10 +113,11 @@ bool Backspace::removeEmptyElement() {
     const bool isSkipped = buffer_.isSkippedByCaret(tag_);
     int start = tag_;
     buffer_.deleteSpacesBetweenTags(start);
-    start = buffer_.startOfSkippedSpaces(start);
+    start = buffer_.startOfLayout(start);
     caret_ = start;
-    buffer_.removeAndRecord(start, origin_);
-    const int before = buffer_.getPreviousEditablePositionInXml(start);
+    buffer_.removeAndRecord(start, startOfJoined());
+    const int before =
+        buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(start));
     return isSkipped && !buffer_.selfClosingTagAtPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
 }
@@ -140,8 +143,8 @@ bool Backspace::moveRunIntoNestedBlock() {
         buffer_.removeAndRecord(caret_, origin_);
         return false;
     }
-    caret_ = buffer_.startOfSkippedSpaces(tag_);
-    buffer_.removeAndRecord(caret_, origin_);
+    caret_ = buffer_.startOfLayout(tag_);
+    buffer_.removeAndRecord(caret_, startOfJoined());
     return isBlockBoundaryBefore(caret_);
 }
 
@@ -161,12 +164,12 @@ int Backspace::endOfRun() const {
 
 /// The tags of the nested block go, so that its content continues the line before it.
 bool Backspace::dissolveNestedBlock() {
-    const int end = buffer_.startOfSkippedSpaces(tag_);
+    const int end = buffer_.startOfLayout(tag_);
     const int closing = buffer_.getClosingTagForTagAtPosition(tag_);
     buffer_.removeAndRecord(closing, buffer_.getNextEditablePositionInXml(closing));
     if (mustStayApart(closing))
         buffer_.insertAndRecord(closing, L"<fo:block />");
-    buffer_.removeAndRecord(end, origin_);
+    buffer_.removeAndRecord(end, startOfJoined());
     caret_ = end;
     return isBlockBoundaryBefore(end);
 }
@@ -210,14 +213,40 @@ bool Backspace::joinPreviousBlock() {
         return eraseInPreviousList();
     if (name != L"fo:block" || isSeparatedFrom(block))
         return false;
-    const int end = buffer_.elementContainsJustNonBreakingSpace(block)
-                        ? buffer_.getNonBreakingSpacePosition(block)
-                        : buffer_.getClosingTagForTagAtPosition(block);
-    caret_ = buffer_.startOfSkippedSpaces(end);
-    buffer_.removeAndRecord(caret_, origin_);
+    const int end = endOfLastLine(block);
+    const bool isLineEmpty = end < buffer_.getClosingTagForTagAtPosition(block);
+    caret_ = buffer_.startOfLayout(end);
+    buffer_.removeAndRecord(caret_, isLineEmpty ? startOfJoined() : behindJoinedPlaceholder());
     const int before = buffer_.getPreviousEditablePositionInXml(caret_);
     return buffer_.closingElementTagAtPosition(before) && buffer_.onTagStartPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
+}
+
+/// Where the last line of the block ends that goes on: before its placeholder if it is empty.
+int Backspace::endOfLastLine(int block) const {
+    if (buffer_.elementContainsJustNonBreakingSpace(block))
+        return buffer_.getNonBreakingSpacePosition(block);
+    const int closing = buffer_.getClosingTagForTagAtPosition(block);
+    const int last = buffer_.getPreviousEditablePositionInXml(closing);
+    const bool isEmpty = XmlScan::placeholderLength(buffer_.text_.view(), last) > 0 &&
+                         isBlockBoundaryBefore(buffer_.startOfSkippedSpaces(last));
+    return isEmpty && !buffer_.elementContainsJustWhitespacesOrVoid(element_) ? last : closing;
+}
+
+/// Where what joins a line begins: at the caret, with the blanks that the start of its own line
+/// hid.
+int Backspace::startOfJoined() const {
+    return std::min(buffer_.endOfLayout(spaces_), origin_);
+}
+
+/// The same, but behind its placeholder if that is all of the line.
+int Backspace::behindJoinedPlaceholder() const {
+    const int start = startOfJoined();
+    bool isCharacter = false;
+    bool follows = false;
+    if (!buffer_.singleNbspBetweenLineBreakTags(start, isCharacter, follows) || !follows)
+        return start;
+    return start + XmlScan::placeholderLength(buffer_.text_.view(), start);
 }
 
 /// The element before the block, void blocks passed over.

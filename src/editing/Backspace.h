@@ -43,6 +43,9 @@ private:
     bool takeInlineBefore();
 
     bool joinPreviousBlock();
+    int endOfLastLine(int block) const;
+    int startOfJoined() const;
+    int behindJoinedPlaceholder() const;
     int previousBlock(Core::String& name) const;
     bool eraseInPreviousList();
     bool isSeparatedFrom(int block) const;

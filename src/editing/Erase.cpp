@@ -7,6 +7,7 @@
 #include "text/XmlScan.h"
 
 using Core::String;
+using XmlScan::Text;
 
 namespace {
 
@@ -228,6 +229,20 @@ int EditableDocumentBuffer::endOfSkippedSpaces(int position) const {
            walk.isSkippedInElement(position))
         ++position;
     return position;
+}
+
+/// The same, but blanks alone are not passed over: they are no layout of the markup, somebody typed
+/// them, and they show again when the break beside which they do not is deleted.
+int EditableDocumentBuffer::startOfLayout(int position) const {
+    const int start = startOfSkippedSpaces(position);
+    const Text passed = XmlScan::slice(text_.view(), start, position);
+    return passed.find_first_not_of(L' ') == Text::npos ? position : start;
+}
+
+int EditableDocumentBuffer::endOfLayout(int position) const {
+    const int end = endOfSkippedSpaces(position);
+    const Text passed = XmlScan::slice(text_.view(), position, end);
+    return passed.find_first_not_of(L' ') == Text::npos ? position : end;
 }
 
 /// Whether a blank stands there that shows and belongs to the element. Beside a character that is

@@ -76,7 +76,7 @@ bool ForwardDelete::isBeforeEmptyElement() const {
 /// A soft break that was the last thing in a block takes the block's boundary along.
 bool ForwardDelete::removeEmptyElement() {
     const int behind = buffer_.getNextEditablePositionInXml(position_);
-    buffer_.removeAndRecord(place_, buffer_.endOfSkippedSpaces(behind));
+    buffer_.removeAndRecord(place_, buffer_.endOfLayout(behind));
     const int next = buffer_.endOfSkippedSpaces(place_);
     return !buffer_.selfClosingTagAtPosition(next) &&
            buffer_.isBlockEditableElementName(
@@ -284,7 +284,7 @@ int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     if (mustStayApart(emptied))
         buffer_.insertAndRecord(emptied, L"<fo:block/>");
     clearBoundary(emptied, run.firstTag);
-    const int target = buffer_.startOfSkippedSpaces(run.firstTag);
+    const int target = buffer_.startOfLayout(run.firstTag);
     buffer_.removeAndRecord(target, run.firstTag);
     if (!isPlaceholder(moved))
         buffer_.insertAndRecord(target, moved);
@@ -298,7 +298,7 @@ int ForwardDelete::startOfRun(int runEnd) const {
             tag = buffer_.getCurrentElementPosition(tag);
         tag = buffer_.getPreviousTagPosition(tag);
     }
-    return buffer_.endOfSkippedSpaces(buffer_.getNextEditablePositionInXml(tag));
+    return buffer_.endOfLayout(buffer_.getNextEditablePositionInXml(tag));
 }
 
 /// The blocks that the line left empty go, and the white space behind them which does not show.

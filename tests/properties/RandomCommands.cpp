@@ -215,6 +215,12 @@ constexpr std::array commandKinds{
                     return {"removeProperties", anyPath(r)};
                 }},
 
+    // Breaks
+    CommandKind{8,
+                [](Random& r, const Document&) -> Json {
+                    return {"insertBreak", r.oneIn(2) ? 5 : static_cast<int>(r.below(7)), coin(r)};
+                }},
+
     // Moving
     CommandKind{12, [](Random& r, const Document&) { return move("moveCaretLeft", r); }},
     CommandKind{12, [](Random& r, const Document&) { return move("moveCaretRight", r); }},

@@ -1,0 +1,108 @@
+#include "editing/LineBreak.h"
+
+#include "document/EditableDocumentBuffer.h"
+
+#include <algorithm>
+
+LineBreak::LineBreak(EditableDocumentBuffer& buffer)
+    : buffer_(buffer), table_(buffer.searchParent(L"fo:table", caret(), false, true, L"")),
+      form_(buffer.searchParent(L"qf:form", caret(), false, true, L"")),
+      container_(std::max(table_, form_)) {}
+
+int LineBreak::run() {
+    if (container_ < 0 || !(breakBeforeContainer() || breakBehindContainer()))
+        breakInPlace();
+    buffer_.leaveSkippedPlaceInLine();
+    buffer_.recordCaret();
+    return newBlock_;
+}
+
+/// At the very start of a table or a form: a line before it, where the caret goes.
+bool LineBreak::breakBeforeContainer() {
+    // Deliberate: of a table without a header but with a footer, the first position is the
+    // footer's, which stands first in the text.
+    if (caret() != buffer_.getNextValidCaretPos(container_))
+        return false;
+    const int place = caret();
+    buffer_.recordCaret();
+    buffer_.moveCaretLeft(false, false, false);
+    if (hasLeftContainerFrom(place)) {
+        const bool isBeside = elementAt(caret()) == elementAt(container_);
+        breakAtCaret();
+        buffer_.recordCaret();
+        if (newBlock_ >= 0 && (container_ == table_ || isBeside))
+            buffer_.moveCaretLeft(false, false, false);
+        return true;
+    }
+    const int block = blockAroundForm();
+    buffer_.setCaret(false, block < 0 ? place : buffer_.getNextEditablePositionInXml(block));
+    if (block < 0)
+        return false;
+    breakAtCaret();
+    buffer_.moveCaretLeft(false, false, false);
+    return true;
+}
+
+/// At the very end: a line behind it.
+bool LineBreak::breakBehindContainer() {
+    const int footer =
+        container_ == table_ ? buffer_.getNextChildByName(L"fo:table-footer", table_) : -1;
+    const int end = buffer_.getClosingTagForTagAtPosition(footer < 0 ? container_ : footer);
+    if (caret() != buffer_.getPreviousValidCaretPos(end))
+        return false;
+    const int place = caret();
+    buffer_.recordCaret();
+    buffer_.moveCaretRight(false, false, false);
+    if (hasLeftContainerFrom(place)) {
+        const bool isBeside = elementAt(caret()) == elementAt(container_);
+        breakAtCaret();
+        if (container_ == form_ && !isBeside)
+            buffer_.moveCaretLeft(false, false, false);
+        return true;
+    }
+    const int block = blockAroundForm();
+    buffer_.setCaret(false, block < 0 ? place : buffer_.getClosingTagForTagAtPosition(block));
+    if (block < 0)
+        return false;
+    breakAtCaret();
+    return true;
+}
+
+/// Whether a move has taken the caret out of the container, and neither into another cell nor into
+/// another flow or static content.
+bool LineBreak::hasLeftContainerFrom(int place) const {
+    return caret() != place && !buffer_.elementContainsPosition(container_, caret()) &&
+           buffer_.positionsAreInTheSameFlowElement(place, caret()) &&
+           (container_ == table_ ||
+            buffer_.searchParent(L"fo:table-cell", place, false, true, L"") ==
+                buffer_.searchParent(L"fo:table-cell", caret(), false, true, L""));
+}
+
+/// The block that holds the form, if that is the container; -1 if none.
+int LineBreak::blockAroundForm() const {
+    return container_ == form_ ? buffer_.searchParent(L"fo:block", form_, false, true, L"") : -1;
+}
+
+/// The placeholder of an empty block stays in the first half.
+void LineBreak::breakInPlace() {
+    const int element = elementAt(caret());
+    if (buffer_.elementContainsJustNonBreakingSpace(element) &&
+        !buffer_.isInlineEditableElementName(buffer_.getNameForTagAtPosition(element, true)) &&
+        caret() == buffer_.getNonBreakingSpacePosition(element)) {
+        buffer_.recordCaret();
+        buffer_.setCaret(false, buffer_.getNextEditablePositionInXml(caret()));
+    }
+    breakAtCaret();
+}
+
+void LineBreak::breakAtCaret() {
+    newBlock_ = buffer_.insertHardBreak();
+}
+
+int LineBreak::caret() const {
+    return buffer_.caretPos_;
+}
+
+int LineBreak::elementAt(int position) const {
+    return buffer_.getCurrentElementPosition(position);
+}

@@ -1,0 +1,150 @@
+// Enter and then Backspace, from the stops of documents that people wrote.
+
+#include "properties/EveryStop.h"
+
+#include <sstream>
+#include <vector>
+
+namespace {
+
+constexpr int stopsPerDocument = 4;
+
+class BrokenDocument : public StopsDocument {
+public:
+    using StopsDocument::StopsDocument;
+
+    /// What a reader sees: the lines, without their formatting. "_" is a non-breaking space, "*" an
+    /// object.
+    std::vector<std::string> lines() const {
+        std::istringstream all(readableText());
+        std::vector<std::string> lines;
+        for (std::string line; std::getline(all, line);) {
+            const auto bothBlank = [](char a, char b) { return a == ' ' && b == ' '; };
+            line.erase(std::unique(line.begin(), line.end(), bothBlank), line.end());
+            line.erase(0, line.starts_with(' ') ? 1 : 0);
+            if (line.ends_with(' '))
+                line.pop_back();
+            if (!line.empty())
+                lines.push_back(line);
+        }
+        return lines;
+    }
+
+    /// Whether a line feed of the markup stands beside the caret. It separates words, and goes with
+    /// the break as the layout of the markup does.
+    bool isBesideLineFeed() const {
+        const XmlScan::Text text = text_.view();
+        int start = getCaretPos();
+        while (start > 0 && Core::String::isSpace(XmlScan::unitAt(text, start - 1)))
+            --start;
+        const XmlScan::Text run = XmlScan::slice(text, start, XmlScan::skipSpaces(text, start));
+        return run.find(L'\n') != XmlScan::Text::npos;
+    }
+
+    /// Whether Backspace leaves the line alone: in a list, and behind what is no block.
+    bool isLineKept() const {
+        return isInElementContext(L"fo:list-block", getCaretPos()) ||
+               getPreviousNeighborName(getCaretPos(), true) != L"fo:block";
+    }
+
+private:
+    std::string readableText() const {
+        const XmlScan::Text text = text_.view();
+        std::string read;
+        for (int at = 0, next = 0; XmlScan::isValid(text, at); at = next) {
+            next = std::max(XmlScan::stepForward(text, at), at + 1);
+            if (XmlScan::onTagStart(text, at))
+                read += readableTag(at);
+            else if (XmlScan::placeholderLength(text, at) > 0)
+                read += '_';
+            else if (Core::String::isSpace(XmlScan::unitAt(text, at)))
+                read += ' ';
+            else
+                read += Core::Encoder::toDisplayText(Core::String(XmlScan::slice(text, at, next)));
+        }
+        return read;
+    }
+
+    const char* readableTag(int tag) const {
+        const Core::String name = getNameForTagAtPosition(tag, true).substringAfter(L"/");
+        if (isInlineEditableElementName(name) || XmlScan::ignoredAt(text_.view(), tag))
+            return "";
+        const bool isLine = isBlockEditableElementName(name) || name.startsWith(L"fo:table") ||
+                            name.startsWith(L"fo:list") || name == L"fo:block-container";
+        return isLine ? "\n" : "*";
+    }
+};
+
+std::string withoutBlanks(const std::vector<std::string>& lines) {
+    std::string all;
+    for (const std::string& line : lines)
+        std::copy_if(line.begin(), line.end(), std::back_inserter(all),
+                     [](char ch) { return ch != ' ' && ch != '_'; });
+    return all;
+}
+
+/// The first line that differs, as it reads in both; empty if none does.
+std::string firstDifference(const std::vector<std::string>& expected,
+                            const std::vector<std::string>& actual) {
+    const auto [at, other] =
+        std::mismatch(expected.begin(), expected.end(), actual.begin(), actual.end());
+    if (at == expected.end() && other == actual.end())
+        return {};
+    return "expected \"" + (at == expected.end() ? "" : *at) + "\", but it is \"" +
+           (other == actual.end() ? "" : *other) + '"';
+}
+
+class BreakAndJoin : public testing::TestWithParam<std::filesystem::path> {
+protected:
+    void tryAt(BrokenDocument& document, int stop) {
+        SCOPED_TRACE(GetParam().filename().string() + " at " + std::to_string(stop));
+        document.setCaretPos(false, stop);
+        const CaretInText before = document.state();
+        const std::vector<std::string> lines = document.lines();
+        const bool isBesideLineFeed = document.isBesideLineFeed();
+        document.insertBreak(BreakType::Hard, false);
+        if (document.state().text == before.text)
+            return;
+        checkBreak(document, before);
+        EXPECT_EQ(withoutBlanks(document.lines()), withoutBlanks(lines));
+        checkJoin(document, lines, isBesideLineFeed);
+        while (document.state() != before && document.canUndo())
+            document.undo();
+    }
+
+private:
+    static void checkBreak(BrokenDocument& document, const CaretInText& before) {
+        const CaretInText after = document.state();
+        EXPECT_EQ(xmlError(after.text), "");
+        EXPECT_TRUE(document.canHoldCaret(after.caret)) << after.caret;
+        document.undo();
+        EXPECT_EQ(document.state(), before);
+        document.redo();
+        EXPECT_EQ(document.state(), after);
+    }
+
+    static void checkJoin(BrokenDocument& document, std::vector<std::string> expected,
+                          bool losesBlank) {
+        const Core::String broken = document.state().text;
+        const bool isLineKept = document.isLineKept();
+        document.erase(false, false);
+        if (document.state().text == broken && isLineKept)
+            return;
+        std::vector<std::string> lines = document.lines();
+        if (losesBlank)
+            for (std::vector<std::string>* read : {&expected, &lines})
+                for (std::string& line : *read)
+                    std::erase(line, ' ');
+        EXPECT_EQ(firstDifference(expected, lines), "");
+    }
+};
+
+TEST_P(BreakAndJoin, ReadsAsBefore) {
+    BrokenDocument document(GetParam());
+    document.fromEachStop(stopsPerDocument, [&](int stop) { tryAt(document, stop); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Documents, BreakAndJoin, testing::ValuesIn(corpusAndSamples()),
+                         nameOfDocument);
+
+} // namespace

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Session.h"
+#include "document/DocumentTesting.h"
+#include "support/Documents.h"
+#include "support/WellFormed.h"
+#include "text/XmlScan.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+/// What a user sees change: the text, and the caret in it.
+struct CaretInText {
+    Core::String text;
+    int caret;
+
+    bool operator==(const CaretInText&) const = default;
+};
+
+/// A document that people wrote, on which a command is tried from its stops. With FORME_ALL_STOPS
+/// set these are all, and otherwise some of all parts of the text.
+class StopsDocument : public TestBuffer {
+public:
+    using TestBuffer::canHoldCaret;
+
+    explicit StopsDocument(const std::filesystem::path& path) {
+        loadDocument(*this, Core::String(path.wstring().c_str()));
+    }
+
+    CaretInText state() const { return {text_, getCaretPos()}; }
+
+    /// Calls `attempt` with each of the stops until it has failed.
+    template <typename Attempt>
+    void fromEachStop(int stopsWanted, Attempt attempt) const {
+        const int distance = std::getenv("FORME_ALL_STOPS") ? 0 : text_.length() / stopsWanted;
+        for (int stop = stopBehind(0, 0); stop >= 0 && !testing::Test::HasFailure();
+             stop = stopBehind(stop, distance))
+            attempt(stop);
+    }
+
+    /// How many editable elements hold nothing that a caret could stand on.
+    int countEmptied() const {
+        int count = 0;
+        for (int tag = getNextTagPosition(0); tag >= 0;
+             tag = getNextTagPosition(getNextEditablePositionInXml(tag)))
+            if (isEditableElementAtPosition(tag) && !selfClosingTagAtPosition(tag) &&
+                elementContainsJustWhitespacesOrVoid(tag))
+                ++count;
+        return count;
+    }
+
+private:
+    /// The next stop behind a position or at least `distance` units further; -1 if there is none.
+    int stopBehind(int position, int distance) const {
+        const int from = XmlScan::unitStart(text_.view(), position + distance);
+        return getNextValidCaretPos(std::max(position, from));
+    }
+};
+
+inline std::string nameOfDocument(const testing::TestParamInfo<std::filesystem::path>& info) {
+    std::string name = info.param.stem().string();
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char ch) { return !std::isalnum(ch); }, '_');
+    return name;
+}
