@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs a build into a temporary prefix and builds a program outside the tree against it, once
-# through find_package(Forme) and once through pkg-config.
+# through find_package(Forme) and once through pkg-config; the same for the spell checker, if the
+# build has it.
 #   scripts/test-package.sh BUILD
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -24,6 +25,14 @@ export PKG_CONFIG_PATH=$library/pkgconfig
 ${CXX:-g++} -std=c++20 "$work/consumer/main.cpp" -o "$work/by-pkg-config" \
     $(pkg-config --cflags --libs forme)
 LD_LIBRARY_PATH=$library "$work/by-pkg-config" samples/letter.xml "$work/out.xml"
+
+if [ -e "$library/pkgconfig/forme-hunspell.pc" ]; then
+    echo "A program with the spell checker, in both ways:"
+    "$work/build/spelling" samples/letter.xml
+    ${CXX:-g++} -std=c++20 "$work/consumer/spelling.cpp" -o "$work/spelling-by-pkg-config" \
+        $(pkg-config --cflags --libs forme-hunspell)
+    LD_LIBRARY_PATH=$library "$work/spelling-by-pkg-config" samples/letter.xml
+fi
 
 echo "All the headers, with nothing but what is installed:"
 (cd "$prefix/include" && find forme -name '*.h' -printf '#include <%p>\n') >"$work/all.cpp"

@@ -2,6 +2,9 @@
 
 #include "Session.h"
 
+#include <forme/document/InlineRepeatAlg.h>
+#include <forme/document/PageSequenceAlg.h>
+
 #include <algorithm>
 #include <stdexcept>
 #include <type_traits>
@@ -68,11 +71,41 @@ Operation document(const char* name, R (*function)(A...), const Names& names = {
         name, names, [function](Session&, A... arguments) -> R { return function(arguments...); });
 }
 
+/// An operation of the view of the document's lists.
+template <typename R, typename... A>
+Operation lists(const char* name, R (ListBuffer::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().getListBuffer().*member)(arguments...);
+    });
+}
+
+template <typename R, typename... A>
+Operation lists(const char* name, R (ListBuffer::*member)(A...) const, const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (session.document().getListBuffer().*member)(arguments...);
+    });
+}
+
 /// An operation of the history.
 template <typename R, typename... A>
 Operation history(const char* name, R (EditActionStack::*member)(A...), const Names& names = {}) {
     return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
         return (session.document().getEditActionStack().*member)(arguments...);
+    });
+}
+
+/// An operation of a small algorithm on the document.
+template <typename Algorithm, typename R, typename C, typename... A>
+Operation algorithm(const char* name, R (C::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (Algorithm(&session.document()).*member)(arguments...);
+    });
+}
+
+template <typename Algorithm, typename R, typename C, typename... A>
+Operation algorithm(const char* name, R (C::*member)(A...) const, const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (Algorithm(&session.document()).*member)(arguments...);
     });
 }
 
@@ -92,6 +125,9 @@ constexpr auto overload(Signature EditableDocumentBuffer::*member) {
 
 std::vector<Operation> makeTable() {
     using D = EditableDocumentBuffer;
+    using BufferAlgorithms::InlineRepeatAlg;
+    using BufferAlgorithms::PageSequenceAlg;
+    using L = ListBuffer;
     using Core::String;
     return {
         program("open", &Session::open, {"path"}),
@@ -162,6 +198,15 @@ std::vector<Operation> makeTable() {
         document("jumpToPreviousWord", &D::jumpToPreviousWord, {"extend"}),
         document("getPreviousWordPos", &D::getPreviousWordPos, {"position"}),
         document("getPreviousWord", &D::getPreviousWord),
+
+        document("findReplace", &D::findReplace,
+                 {"find", "replacement", "matchCase", "wholeWord", "direction", "replace"}),
+        document("resetfindReplaceStartPos", &D::resetfindReplaceStartPos),
+        document("getNextSpellingError", &D::getNextSpellingError,
+                 {"defaultDictionaries", "restart"}),
+        document("getSpellingDictionaries", &D::getSpellingDictionaries),
+        document("setSpellingDictionaries", &D::setSpellingDictionaries, {"dictionaries"}),
+        document("syncSpellerMap", &D::syncSpellerMap, {"dictionaries"}),
 
         document("hasSelectedText", &D::hasSelectedText),
         document("offsetIsInSelection", &D::offsetIsInSelection, {"offset"}),
@@ -238,12 +283,115 @@ std::vector<Operation> makeTable() {
             }),
         document("setParentProperty", &D::setParentProperty, {"elementName", "property", "value"}),
 
+        document("deleteObject", &D::deleteObject, {"path", "container", "inlineContext"}),
+        document("removeComponent", &D::removeComponent, {"position"}),
+        document("deleteFloatingRegion", &D::deleteFloatingRegion),
+        document("deleteCurrentConditionalBlock", &D::deleteCurrentConditionalBlock),
+        document("deleteConditionalBlockSequence", &D::deleteConditionalBlockSequence),
+        document("deleteCurrentConditionalInline", &D::deleteCurrentConditionalInline),
+        document("deleteConditionalInlineSequence", &D::deleteConditionalInlineSequence),
+        document("deleteRepeatingSection", &D::deleteRepeatingSection),
+        algorithm<InlineRepeatAlg>("inlineRepeat.deleteInlineRepeat",
+                                   &InlineRepeatAlg::deleteInlineRepeat),
+        document("isRepeatingElement", &D::isRepeatingElement, {"name"}),
+        document("getComponentContentFromPath", &D::getComponentContentFromPath, {"path"}),
+        document("canDeleteListItem", &D::canDeleteListItem, {"path"}),
+        document("insertAutotext", &D::insertAutotext, {"text", "replaceWord"}),
+        lists("makeList", &L::makeList, {"type"}),
+        lists("createList", &L::createList, {"type"}),
+        lists("removeList", &L::removeList),
+        lists("changeLabelType", &L::changeLabelType, {"type"}),
+        lists("breakList", &L::breakList),
+        lists("eraseTextFromListBuffer", &L::eraseTextFromListBuffer, {"forward", "wholeWord"}),
+        makeOperation<std::tuple<int, int, int>, int, int>(
+            "eraseListSelection", {"start", "end"},
+            [](Session& session, int start, int end) {
+                const int done = session.document().getListBuffer().eraseListSelection(start, end);
+                return std::tuple(done, start, end);
+            }),
+        makeOperation<int>("eraseListSelection", {},
+                           [](Session& session) {
+                               return session.document().getListBuffer().eraseListSelection();
+                           }),
+        lists("recalculateNumbering", &L::recalculateNumbering, {"position"}),
+        lists("selectListLabel", &L::selectListLabel),
+        lists("getListType", &L::getListType),
+        lists("getCurrentListSize", &L::getCurrentListSize),
+        lists("getCurrentItemNumber", &L::getCurrentItemNumber),
+        lists("getListPos", &L::getListPos, {"position"}),
+        lists("getItemPos", &L::getItemPos, {"position"}),
+        lists("getNextItemPos", &L::getNextItemPos, {"item"}),
+        lists("getPreviousItemPos", &L::getPreviousItemPos, {"item"}),
+        lists("getItemLabelPos", &L::getItemLabelPos, {"item"}),
+        lists("getItemBodyPos", &L::getItemBodyPos, {"item"}),
+        lists("getFirstBlockInElement", &L::getFirstBlockInElement, {"element"}),
+        lists("getLastBlockInElement", &L::getLastBlockInElement, {"element"}),
+        lists("getListItemNumber", &L::getListItemNumber, {"item"}),
+        lists("isFirstPositionInItemBody", &L::isFirstPositionInItemBody, {"position"}),
+        lists("getItemLabelValue", &L::getItemLabelValue, {"item"}),
+        lists("setItemLabelValue", &L::setItemLabelValue, {"item", "value"}),
+        lists("getFirstListLabel", &L::getFirstListLabel, {"type"}),
+        makeOperation<std::tuple<String, int>, String>(
+            "getNextLabel", {"label"},
+            [](Session& session, const String& label) {
+                std::tuple<String, int> next;
+                session.document().getListBuffer().getNextLabel(label, std::get<0>(next),
+                                                                std::get<1>(next));
+                return next;
+            }),
+        lists("createNewItem", &L::createNewItem, {"label", "position"}),
+        lists("createNewItemBody", &L::createNewItemBody, {"position"}),
+
         document("setPageMasterEditingMode", &D::setPageMasterEditingMode, {"on"}),
         document("getPageMasterEditingMode", &D::getPageMasterEditingMode),
         document("setEditingDummyPage", &D::setEditingDummyPage, {"on"}),
         document("isEditingDummyPage", &D::isEditingDummyPage),
         document("saveInitialPosition", &D::saveInitialPosition, {"save"}),
         document("loadInitialPosition", &D::loadInitialPosition),
+
+        document("hasStyleSheet", &D::hasStyleSheet),
+        document("getStylesheetPath", &D::getStylesheetPath),
+        document("getStyleSheetString", &D::getStyleSheetString),
+        document("getStyleSheetAttributes", &D::getStyleSheetAttributes),
+        document("setStyleSheetProperties", &D::setStyleSheetProperties, {"properties"}),
+        document("insertStyleSheet", &D::insertStyleSheet, {"xml"}),
+        document("removeStyleSheet", &D::removeStyleSheet),
+        document("hasDocumentInformation", &D::hasDocumentInformation),
+        document("getDocumentInformationAttributes", &D::getDocumentInformationAttributes),
+        document("setDocumentInformationProperties", &D::setDocumentInformationProperties,
+                 {"properties"}),
+        document("insertDocumentInformation", &D::insertDocumentInformation, {"xml"}),
+        document("removeDocumentInformation", &D::removeDocumentInformation),
+        document("getPDFCompliance", &D::getPDFCompliance),
+        document("setPDFCompliance", &D::setPDFCompliance, {"level"}),
+        document("vdpIsSet", &D::vdpIsSet),
+        document("enableDisableVdp", &D::enableDisableVdp),
+
+        document("getCurrentFlowName", &D::getCurrentFlowName),
+        document("getCurrentFlowContent", &D::getCurrentFlowContent),
+        document("getFlowReferenceToCurrentPos", &D::getFlowReferenceToCurrentPos),
+        document("isInFoStaticContent", &D::isInFoStaticContent, {"position", "flowName"}),
+        document("getCrtObjectContent",
+                 overload<String(const String&) const>(&D::getCrtObjectContent), {"path"}),
+        document("getCrtObjectContent",
+                 overload<String(const String&, bool) const>(&D::getCrtObjectContent),
+                 {"name", "outermost"}),
+        document("getIdForCurrentPos", &D::getIdForCurrentPos),
+        document("setIdForCurrentPos", &D::setIdForCurrentPos, {"id"}),
+        document("getUsedComponents", &D::getUsedComponents),
+        document("getMediaObjectParams", &D::getMediaObjectParams),
+        document("getComponentParams", &D::getComponentParams),
+        document("getElementsWithIdInfo", &D::getElementsWithIdInfo),
+
+        document("getNextPageSeq", &D::getNextPageSeq, {"position"}),
+        document("getPageSequencePosition", &D::getPageSequencePosition, {"index"}),
+        document("getPageSequenceIdxFromPos", &D::getPageSequenceIdxFromPos, {"position"}),
+        document("getPageSeqPosFrom", &D::getPageSeqPosFrom, {"position"}),
+        document("getCurrentPageSequenceIdx", &D::getCurrentPageSequenceIdx),
+        algorithm<PageSequenceAlg>("pageSequence.getPageSequenceIdxFromPos",
+                                   &PageSequenceAlg::getPageSequenceIdxFromPos, {"position"}),
+        algorithm<PageSequenceAlg>("pageSequence.getCurrentPageSequenceIdx",
+                                   &PageSequenceAlg::getCurrentPageSequenceIdx),
 
         document("updateCacheOnBufferChange", &D::updateCacheOnBufferChange),
         document("updateCacheOnCaretChange", &D::updateCacheOnCaretChange),

@@ -3,6 +3,7 @@
 #include "CallTable.h"
 #include "ReadableText.h"
 #include "Session.h"
+#include "Spelling.h"
 #include "StopList.h"
 
 #include <forme/foundation/Encoder.h>
@@ -11,7 +12,10 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <stdexcept>
 #include <string>
+
+#include <unistd.h>
 
 namespace {
 
@@ -80,6 +84,38 @@ bool serveScript(Session& session, const std::string& path, Summary& summary) {
     return true;
 }
 
+/// Prints misspelt words and, where standard error is a terminal, keeps a bar below them.
+class SpellingPrinter : public SpellingMonitor {
+public:
+    ~SpellingPrinter() override { clearBar(); }
+
+    void onProgress(double part) override {
+        const int percent = static_cast<int>(part * 100);
+        if (!hasBar_ || percent == percent_)
+            return;
+        percent_ = percent;
+        const auto done = static_cast<std::size_t>(percent * barWidth / 100);
+        std::cerr << "\r[" << std::string(done, '#') << std::string(barWidth - done, ' ') << "] "
+                  << percent << " %" << std::flush;
+    }
+    void onMisspeltWord(const std::string& lines) override {
+        clearBar();
+        std::cout << lines << std::flush;
+    }
+
+private:
+    static constexpr std::size_t barWidth = 40;
+
+    void clearBar() {
+        if (hasBar_)
+            std::cerr << "\r\033[K" << std::flush;
+        percent_ = -1; // so that it is drawn again
+    }
+
+    bool hasBar_ = isatty(STDERR_FILENO) != 0;
+    int percent_ = -1;
+};
+
 } // namespace
 
 int runScript(const RunOptions& options) try {
@@ -136,4 +172,15 @@ int printCalls() {
                   << '\n';
     }
     return 0;
+}
+
+int spellDocument(const SpellOptions& options) try {
+    const SmartPtr<Drawing::SpellChecker> checker = systemSpellChecker();
+    if (!checker)
+        throw std::runtime_error("this program was built without a spell checker");
+    SpellingPrinter printer;
+    return listMisspeltWords(options, *checker, printer) > 0 ? 1 : 0;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 2;
 }

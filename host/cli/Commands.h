@@ -22,3 +22,9 @@ int serveRequests(const std::string& document);
 int printStops(const std::string& document);
 
 int printCalls();
+
+struct SpellOptions;
+
+/// Lists the words of a document that no dictionary knows. Answers 0 when there are none, 1 when
+/// there are some, and 2 after a failure that it has told on standard error.
+int spellDocument(const SpellOptions& options);

@@ -1,6 +1,7 @@
 #include "Session.h"
 
 #include "CallTable.h"
+#include "Spelling.h"
 
 #include <forme/foundation/Exception.h>
 
@@ -17,6 +18,7 @@ bool hasFoRoot(const Core::String& content) {
 SmartPtr<EditableDocumentBuffer> makeDocument() {
     SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
     setUpAsHost(*document);
+    document->setSpellChecker(systemSpellChecker());
     return document;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <forme/document/EditableDocumentBuffer.h>
+#include <forme/editing/ListBuffer.h>
 #include <forme/foundation/Encoder.h>
 
 #include <nlohmann/json.hpp>
@@ -8,7 +9,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <set>
 #include <string>
+#include <tuple>
+#include <vector>
 
 /// How the values of the library's operations travel as JSON. For each type: what it is called,
 /// whether a JSON value is one, and the ways there and back.
@@ -62,6 +66,13 @@ struct Wire<DocumentEncoding> {
 };
 
 template <>
+struct Wire<Xml::PDFConformance> {
+    static constexpr const char* name =
+        "PDF conformance (0 default, 1 X-1a:2003, 2 A-1a:2005, 3 A-1b:2005, 4 508)";
+    static Json write(Xml::PDFConformance value) { return static_cast<int>(value); }
+};
+
+template <>
 struct Wire<TextFormat> {
     static constexpr const char* name = "text format (0 plain, 2 native)";
     static bool matches(const Json& value) { return Wire<int>::matches(value); }
@@ -76,6 +87,57 @@ struct Wire<BreakType> {
         return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 6;
     }
     static BreakType read(const Json& value) { return static_cast<BreakType>(value.get<int>()); }
+};
+
+template <>
+struct Wire<Direction> {
+    static constexpr const char* name = "direction (0 forward, 2 backward)";
+    static bool matches(const Json& value) { return Wire<int>::matches(value); }
+    static Direction read(const Json& value) { return static_cast<Direction>(value.get<int>()); }
+};
+
+template <>
+struct Wire<Core::StringArray> {
+    static Json write(const Core::StringArray& value) {
+        Json strings = Json::array();
+        for (const Core::String& string : value)
+            strings.push_back(Wire<Core::String>::write(string));
+        return strings;
+    }
+};
+
+template <>
+struct Wire<SmartPtr<Drawing::SpellingError>> {
+    static constexpr const char* name =
+        "spelling error {start, end, dictionaries, suggestions} or null";
+    static Json write(const SmartPtr<Drawing::SpellingError>& value) {
+        if (!value)
+            return nullptr;
+        return {{"start", value->start},
+                {"end", value->end},
+                {"dictionaries", Wire<Core::StringArray>::write(value->dictionaries)},
+                {"suggestions", Wire<Core::StringArray>::write(value->suggestions)}};
+    }
+};
+
+template <>
+struct Wire<ListType> {
+    static constexpr const char* name = "list type (0 numbering, 1 bullets, 2 none)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 2;
+    }
+    static ListType read(const Json& value) { return static_cast<ListType>(value.get<int>()); }
+    static Json write(ListType value) { return static_cast<int>(value); }
+};
+
+/// The results of an operation that gives several.
+template <typename... T>
+struct Wire<std::tuple<T...>> {
+    static constexpr const char* name = "array";
+    static Json write(const std::tuple<T...>& values) {
+        return std::apply([](const T&... value) { return Json::array({Wire<T>::write(value)...}); },
+                          values);
+    }
 };
 
 template <>
@@ -115,13 +177,34 @@ struct Wire<PropertyCollection> {
     }
 };
 
-template <typename T>
-struct Wire<Core::Vector<T>> {
-    static inline const std::string name = std::string("list of ") + Wire<T>::name;
-    static Json write(const Core::Vector<T>& values) {
+template <>
+struct Wire<ElementInfo> {
+    static constexpr const char* name = "element {name, id, repeats, xpath, sort}";
+    static Json write(const ElementInfo& value) {
+        return {{"name", Wire<Core::String>::write(value.name)},
+                {"id", Wire<Core::String>::write(value.id)},
+                {"repeats", value.repeats},
+                {"xpath", Wire<Core::String>::write(value.xpath)},
+                {"sort", Wire<Core::String>::write(value.sort)}};
+    }
+};
+
+/// Lists, which only come as results.
+template <typename List>
+struct ListWire {
+    using Value = typename List::value_type;
+    static inline const std::string name = std::string("list of ") + Wire<Value>::name;
+    static Json write(const List& values) {
         Json list = Json::array();
-        for (const T& value : values)
-            list.push_back(Wire<T>::write(value));
+        for (const Value& value : values)
+            list.push_back(Wire<Value>::write(value));
         return list;
     }
 };
+
+template <typename T>
+struct Wire<Core::Vector<T>> : ListWire<Core::Vector<T>> {};
+template <typename T>
+struct Wire<std::vector<T>> : ListWire<std::vector<T>> {};
+template <typename T>
+struct Wire<std::set<T>> : ListWire<std::set<T>> {};

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "Spelling.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,6 +27,15 @@ int main(int argc, char** argv) {
         app.add_subcommand("stops", "Print a document with a mark at every caret stop");
     stops->add_option("document", document, "The document")->required();
 
+    SpellOptions spelling;
+    CLI::App* spell = app.add_subcommand("spell", "List the misspelt words of a document");
+    spell->add_option("document", spelling.document, "The document")->required();
+    spell->add_option("--dict", spelling.dictionaries,
+                      "The dictionaries, as in en_US or en_US:de_DE, in the place of those that "
+                      "the document names; en_US if neither names any");
+    spell->footer("Each word with its offset in 16-bit code units, suggestions and context.\n"
+                  "The exit status is 0 without misspelt words, 1 with some, 2 after an error.");
+
     app.add_subcommand("calls", "List every operation with its arguments and result");
 
     CLI11_PARSE(app, argc, argv);
@@ -35,5 +45,7 @@ int main(int argc, char** argv) {
         return serveRequests(document);
     if (stops->parsed())
         return printStops(document);
+    if (spell->parsed())
+        return spellDocument(spelling);
     return printCalls();
 }

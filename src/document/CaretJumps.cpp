@@ -11,12 +11,6 @@ using Core::StringArray;
 
 namespace {
 
-const StringArray& pageGenerators() {
-    static const StringArray names{L"fo:page-sequence", L"qf:insert-document",
-                                   L"qfd:page-sequence-repeat"};
-    return names;
-}
-
 const StringArray& pageMasters() {
     static const StringArray names{L"fo:simple-page-master", L"fo:page-sequence-master"};
     return names;
@@ -142,22 +136,4 @@ int EditableDocumentBuffer::pageMasterNamed(const String& name) const {
            getPropertiesFromElementAt(master).getPropertyValue(L"fo:master-name") != name)
         master = getFirstElementByName(pageMasters(), master);
     return master;
-}
-
-// Page sequences
-
-int EditableDocumentBuffer::getNextPageSeq(int position) const {
-    return getFirstElementByName(pageGenerators(), position);
-}
-
-int EditableDocumentBuffer::getPageSequencePosition(int index) const {
-    int generator = index < 0 ? -1 : getNextPageSeq(0);
-    for (int i = 0; i < index && generator >= 0; ++i)
-        generator = getNextPageSeq(generator);
-    return generator;
-}
-
-int EditableDocumentBuffer::firstFlowOf(int generator) const {
-    const int flow = getNextElementByName(L"fo:flow", generator);
-    return flow < getClosingTagForTagAtPosition(generator) ? flow : -1;
 }

@@ -5,35 +5,7 @@
 #include "document/CaretWalk.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
-#include <array>
-
 using XmlScan::Text;
-
-namespace {
-
-constexpr std::array<Text, 3> scripts{L"qfd:xslt-global", L"qfd:xslt", L"qfd:inline-xslt"};
-
-bool isScript(Text name) {
-    return std::find(scripts.begin(), scripts.end(), name) != scripts.end();
-}
-
-/// One step on; a script element is one unit.
-bool stepForwardOverScript(CaretWalk& walk, Text text) {
-    if (isScript(XmlScan::tagName(text, walk.position())))
-        walk.restartAt(XmlScan::closingTag(text, walk.position()));
-    return walk.stepForward();
-}
-
-/// One step back; from the end of a script the step leads to what stands before it.
-bool stepBackwardOverScript(CaretWalk& walk, Text text) {
-    const Text name = XmlScan::tagName(text, walk.position());
-    if (name.starts_with(L'/') && isScript(name.substr(1)))
-        walk.restartAt(XmlScan::startTag(text, walk.position()));
-    return walk.stepBackward();
-}
-
-} // namespace
 
 bool EditableDocumentBuffer::canHoldCaret(int position) const {
     return CaretWalk(*this, position).canHoldCaret();
@@ -53,7 +25,7 @@ int EditableDocumentBuffer::getNextEditablePositionInFo(int position, bool wrap,
     int remembered = -1;
     bool wrapped = false;
     for (;;) {
-        if (!stepForwardOverScript(walk, text_.view())) {
+        if (!walk.stepForwardOverScript()) {
             if (remembered >= 0 || !wrap || wrapped)
                 return remembered;
             wrapped = true;
@@ -81,7 +53,7 @@ int EditableDocumentBuffer::getPreviousEditablePositionInFo(int position, bool w
     int previous = position;
     bool wrapped = false;
     for (;;) {
-        if (!stepBackwardOverScript(walk, text_.view())) {
+        if (!walk.stepBackwardOverScript()) {
             if (!wrap || wrapped)
                 return -1;
             wrapped = true;

@@ -4,6 +4,7 @@
 #include "text/XmlScan.h"
 
 #include <algorithm>
+#include <array>
 
 using XmlScan::Text;
 
@@ -15,6 +16,12 @@ bool passesSectionEnd(Text text, int previous, int position) {
     const Text passed = XmlScan::slice(text, previous, position);
     const auto holds = [&](Text end) { return passed.find(end) != Text::npos; };
     return holds(XmlScan::cdataEnd) || holds(XmlScan::commentEnd) || holds(XmlScan::instructionEnd);
+}
+
+constexpr std::array<Text, 3> scripts{L"qfd:xslt-global", L"qfd:xslt", L"qfd:inline-xslt"};
+
+bool isScript(Text name) {
+    return std::find(scripts.begin(), scripts.end(), name) != scripts.end();
 }
 
 } // namespace
@@ -55,6 +62,35 @@ bool CaretWalk::stepBackward() {
     else if (XmlScan::openingAt(text, previous))
         leaveElement();
     return true;
+}
+
+bool CaretWalk::stepForwardOverScript() {
+    const Text text = buffer_.text_.view();
+    if (isScript(XmlScan::tagName(text, position_)))
+        restartAt(XmlScan::closingTag(text, position_));
+    return stepForward();
+}
+
+bool CaretWalk::stepBackwardOverScript() {
+    const Text text = buffer_.text_.view();
+    const Text name = XmlScan::tagName(text, position_);
+    if (name.starts_with(L'/') && isScript(name.substr(1)))
+        restartAt(XmlScan::startTag(text, position_));
+    return stepBackward();
+}
+
+bool CaretWalk::toNextStop() {
+    while (stepForwardOverScript())
+        if (isStop())
+            return true;
+    return false;
+}
+
+bool CaretWalk::toPreviousStop() {
+    while (stepBackwardOverScript())
+        if (isStop())
+            return true;
+    return false;
 }
 
 void CaretWalk::leaveElement() {

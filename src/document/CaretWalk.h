@@ -21,6 +21,14 @@ public:
     /// One unit on or back. False, with the position as it was, where the text ends.
     bool stepForward();
     bool stepBackward();
+    /// The same, with a script as one unit: from its start tag on, and back from its closing tag.
+    bool stepForwardOverScript();
+    bool stepBackwardOverScript();
+    /// To the next or the previous stop. False, at that end of the text, where there is none.
+    bool toNextStop();
+    bool toPreviousStop();
+    /// To a later position, or the length of the text, with no tag in between.
+    void passText(int position) { position_ = position; }
     /// Goes on from another place.
     void restartAt(int position);
 

@@ -3,22 +3,28 @@
 #include "document/EditAction.h"
 #include "document/EditActionGroup.h"
 #include "document/EditActionStack.h"
+#include "document/ElementInfo.h"
 #include "document/IEditableBufferMonitor.h"
 #include "foundation/Api.h"
 #include "foundation/Object.h"
 #include "foundation/PropertyCollection.h"
 #include "foundation/SmartPtr.h"
+#include "foundation/SpellChecker.h"
+#include "foundation/SpellingError.h"
 #include "foundation/String.h"
 #include "foundation/Vector.h"
 #include "text/EditableXmlBuffer.h"
 
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace BufferAlgorithms {
+class BufferAlg;
 class WhitespaceAlg;
-}
+} // namespace BufferAlgorithms
 
+class ListBuffer;
 struct PlaceholderRepair;
 
 /// How a document is saved.
@@ -27,6 +33,19 @@ enum class DocumentEncoding {
     Utf8WithMark = 2, ///< UTF-8 with a byte order mark
     Utf16WithMark = 3 ///< UTF-16 little-endian with a byte order mark
 };
+
+namespace Xml {
+
+/// What a document promises to be when it is printed to PDF.
+enum class PDFConformance {
+    Default = 0,
+    PDFX1a2003 = 1,
+    PDFA1a2005 = 2,
+    PDFA1b2005 = 3,
+    PDF508 = 4
+};
+
+} // namespace Xml
 
 /// What selected text is read as.
 enum class TextFormat { Plain = 0, Native = 2 };
@@ -41,6 +60,8 @@ enum class BreakType {
     Hard = 5,     ///< a new block
     List = 6      ///< a new item of the list around the caret
 };
+/// Where a search goes. Any other value finds nothing.
+enum class Direction { Forward = 0, Backward = 2 };
 
 /// A document that is being edited: its text, the caret and the selection, the history, and the
 /// monitor that hears of changes. The text is one XML text that is never reserialised; commands
@@ -233,6 +254,51 @@ public:
     /// The text from there up to but excluding the caret, markup included.
     Core::String getPreviousWord() const;
 
+    // Finding and replacing. A search runs over the text between tags, in flows and static contents
+    // alike, and goes on from the other end of the document. It is running from the first call on
+    // until the host ends it: when the user changes the text, the caret or what is searched for.
+
+    /// Selects the next match of `find`, which is compared as the markup has it, so that "&" is
+    /// found as "&amp;", and answers its first offset: -1 when there is none, -2 when the running
+    /// search has come round after at least one match. Then caret and selection stay.
+    ///
+    /// With `replace` a match that is selected is first replaced by the plain text `replacement`;
+    /// without a selection the next match is replaced at once and the caret stands behind it. A
+    /// selection of anything else is never replaced. One undo step; so replacing until the answer
+    /// is negative replaces every match once.
+    ///
+    /// Case always counts, whatever `matchCase` says. `wholeWord` is meant for single characters: a
+    /// match counts at the start of a stretch of text between tags, before white space. Going
+    /// backward, the answer is the offset where the search started in its stretch, plus the index
+    /// of the stretch's first match counted from the `>` before it; what is selected is then not
+    /// the match, and nothing but the text itself is replaced.
+    int findReplace(const Core::String& find, const Core::String& replacement, bool matchCase,
+                    bool wholeWord, Direction direction, bool replace);
+    /// Ends the running search.
+    void resetfindReplaceStartPos() { search_ = {}; }
+
+    // Spelling. Dictionaries have names such as "en_US", and a list of them has ":" in between. A
+    // spelling operation without a checker raises Core::NullPointerException and changes nothing;
+    // what the checker raises passes through in the same way.
+
+    void setSpellChecker(const SmartPtr<Drawing::SpellChecker>& checker) {
+        spellChecker_ = checker;
+    }
+    /// Selects the next word that no dictionary knows, at or behind the caret or, with `restart`,
+    /// the start of the first flow. Null without one; the caret then stays, with `restart` at that
+    /// start. The next call goes on behind the word. The dictionaries are those that the document
+    /// names for the caret's place, else the given ones, else "en_US". Of each, the error holds the
+    /// suggestions and then an empty text.
+    SmartPtr<Drawing::SpellingError> getNextSpellingError(const Core::String& defaultDictionaries,
+                                                          bool restart);
+    /// The dictionaries that the root names; empty if it names none.
+    Core::String getSpellingDictionaries() const;
+    /// Lets the root name them. One undo step.
+    void setSpellingDictionaries(const Core::String& dictionaries);
+    /// Makes the checker load the root's dictionaries or, if it names none, the given ones. With
+    /// none given, a root that names some gets "en_US" loaded.
+    void syncSpellerMap(const Core::String& dictionaries);
+
     // Selecting
 
     bool hasSelectedText() const { return caretPos_ != selectionPivotPos_; }
@@ -266,7 +332,8 @@ public:
     /// is selected. False where nothing can be inserted: no caret, a list label, an empty text.
     bool insertText(const Core::String& text, bool isXml, bool selectInserted);
     /// Inserts text with formatting: an inline of its own or, in an element that holds only its
-    /// placeholder, properties of that element.
+    /// placeholder, properties of that element. Alignment, which no inline can have, goes to the
+    /// block around. One undo step.
     void insertText(const Core::String& text, const PropertyCollection& properties, bool isXml,
                     bool selectInserted);
     /// Moves the caret and inserts there, as one undo step. False where the caret cannot stand.
@@ -329,7 +396,8 @@ public:
     // that would break the markup is refused. Each command is one undo step.
     //
     // A path names one of the elements around the caret or, when an element is selected with its
-    // start tag, that element; an empty path means the innermost one.
+    // start tag, that element; an empty path means the innermost one. Without a path nothing is
+    // written where that is not editable, as beside a table, where it is the flow or a cell.
 
     /// The properties of the element that the path names; none where it names no element.
     PropertyCollection getProperties(const Core::String& path) const;
@@ -351,14 +419,15 @@ public:
     /// setProperties() with one property.
     void setProperty(const EditableProperty& property, const Core::String& path);
 
-    /// Removes all attributes of the element that the path names but the declarations of
-    /// namespaces. With an empty path and a selection, those of every editable element directly
-    /// around selected text.
+    /// Removes all attributes but the declarations of namespaces from the element around the caret
+    /// that the path names; where it names none, from the one whose start tag begins the selection,
+    /// if any. With an empty path and a selection, from every editable element directly around
+    /// selected text.
     void removeProperties(const Core::String& path);
 
     /// Sets the property fo:class of the selected element, if the selection begins at its start
     /// tag; else of the nearest element of that name, whatever its prefix, around the caret or the
-    /// start of the selection.
+    /// start of the selection. An empty name means the innermost element there.
     void applyStyleOnElement(const Core::String& className, const Core::String& elementName);
     /// What applyStyleOnElement() set for the element that it would choose, and that element's name
     /// without prefix; both empty without one. An empty name asks for the innermost element.
@@ -376,6 +445,47 @@ public:
     void setParentProperty(const Core::String& elementName, const Core::String& property,
                            const Core::String& value);
 
+    // Objects: what a host shows as a unit, such as a chart, a repeated or conditional section, a
+    // floating region or another document
+
+    /// Deletes the element that the path names among those around the caret, if it lies in a flow
+    /// or static content. The caret goes to the next stop, else to the previous; it stays in a flow
+    /// if it was in one, and in its static content. A `container` that is not empty names the
+    /// element around that the caret is to stay in. Where there is no such stop an empty block is
+    /// made to stand in or, with `inlineContext`, an empty inline. One undo step.
+    void deleteObject(const Core::String& path, const Core::String& container, bool inlineContext);
+    /// Deletes the "qfd:subdocument-content" whose tag is at the position, and with it an editable
+    /// element without attributes that holds nothing else; any other tag stays. What is left empty
+    /// gets no placeholder. The records stand alone: bracket the call with an EditActionGroup for
+    /// one undo step.
+    void removeComponent(int position);
+    /// Delete the nearest element of that kind around the caret, as deleteParent() does.
+    void deleteFloatingRegion();
+    void deleteCurrentConditionalBlock();
+    void deleteConditionalBlockSequence();
+    void deleteCurrentConditionalInline();
+    void deleteConditionalInlineSequence();
+    void deleteRepeatingSection();
+
+    /// Whether an element of that name is written once for each node of the data.
+    static bool isRepeatingElement(const Core::String& name);
+    /// The markup of the element that the path names among those around the caret; empty without
+    /// one. Where the selection begins on the element itself, it comes in a block.
+    Core::String getComponentContentFromPath(const Core::String& path) const;
+    /// Whether the list would keep an item without the one that the path names among those around
+    /// the caret or, with an empty path, the nearest.
+    bool canDeleteListItem(const Core::String& path) const;
+
+    /// Inserts a stored text at the caret. What is selected stays and is no longer selected. Text
+    /// behind "xml:" is markup. In any other, each "\r" or "\r\n" is a soft break and blanks in a
+    /// row all show. With `replaceWord` it takes the place of the word before the caret. One undo
+    /// step, in which a text that would break the markup is taken back whole.
+    void insertAutotext(const Core::String& text, bool replaceWord);
+
+    // Views: the operations on one subject, which act on this document
+
+    ListBuffer getListBuffer();
+
     /// While set, the caret may only stand in static content.
     void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
     bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
@@ -392,6 +502,91 @@ public:
     /// Puts the caret to the stored place. The search starts at the caret, so call it right after
     /// loading.
     void loadInitialPosition();
+
+    // Settings of the document: the elements qf:stylesheet, qf:info and qf:pdf-page-settings, and
+    // an attribute of the root. What is not there has no attributes, and setting or removing it
+    // does nothing. Each change is one undo step and refused where it would break the markup.
+
+    bool hasStyleSheet() const;
+    /// The path that the element has, whether it is there or not.
+    Core::String getStylesheetPath() const;
+    /// The start tag; empty if there is none.
+    Core::String getStyleSheetString() const;
+    PropertyCollection getStyleSheetAttributes() const;
+    /// Gives the element these attributes and no others.
+    void setStyleSheetProperties(const PropertyCollection& properties);
+    /// Inserts markup directly behind the root's start tag, whatever is there already.
+    void insertStyleSheet(const Core::String& xml);
+    /// Removes the element, with what it holds.
+    void removeStyleSheet();
+
+    /// The same for the document information.
+    bool hasDocumentInformation() const;
+    PropertyCollection getDocumentInformationAttributes() const;
+    void setDocumentInformationProperties(const PropertyCollection& properties);
+    void insertDocumentInformation(const Core::String& xml);
+    void removeDocumentInformation();
+
+    /// Default where nothing is set, and where it is no known level.
+    Xml::PDFConformance getPDFCompliance() const;
+    /// Sets the level by its name, "Default", "PDF/X-1a:2003", "PDF/A-1a:2005", "PDF/A-1b:2005" or
+    /// "PDF508" in any case; any other name sets Default. The element is made if it is not there.
+    void setPDFCompliance(const Core::String& level);
+
+    /// Whether variable data printing is on.
+    bool vdpIsSet() const;
+    void enableDisableVdp();
+
+    // The place of the caret
+
+    /// The name of the flow or else of the static content around the caret.
+    Core::String getCurrentFlowName() const;
+    /// What stands in the flow around the caret, from its first tag through its last; empty outside
+    /// a flow.
+    Core::String getCurrentFlowContent() const;
+    /// How many units the caret stands behind the start tag of its flow; -1 outside a flow. With
+    /// the index of the page sequence moveCaretToReference() takes it back.
+    int getFlowReferenceToCurrentPos() const;
+    /// Whether the position lies in a static content, of that flow name if it is not empty.
+    bool isInFoStaticContent(int position, const Core::String& flowName) const;
+
+    /// The markup of the element that the path names among those around the caret; empty without
+    /// one.
+    Core::String getCrtObjectContent(const Core::String& path) const;
+    /// The same for the nearest element of that name around the caret, or for the outermost.
+    Core::String getCrtObjectContent(const Core::String& name, bool outermost) const;
+
+    /// The id of the editable element that the caret stands in directly; empty if that has none or
+    /// is not editable.
+    Core::String getIdForCurrentPos() const;
+    /// Sets it, and answers whether the caret stands in such an element. One undo step.
+    bool setIdForCurrentPos(const Core::String& id);
+
+    // What the document uses
+
+    /// Where the documents lie that it takes content from.
+    std::set<Core::String> getUsedComponents() const;
+    /// The attributes of each parameter of media objects, or of components, in the selection.
+    Core::Vector<PropertyCollection> getMediaObjectParams() const;
+    Core::Vector<PropertyCollection> getComponentParams() const;
+    /// The elements with an id from the page sequences on, in the order of the text.
+    std::vector<ElementInfo> getElementsWithIdInfo() const;
+
+    // Page sequences: fo:page-sequence, qfd:page-sequence-repeat and qf:insert-document, counted
+    // together from 0
+
+    /// The next one behind the position; -1 if there is none.
+    int getNextPageSeq(int position) const;
+    /// The one with that index; -1 if there are fewer.
+    int getPageSequencePosition(int index) const;
+    /// The index of the last one that begins at or before the position; -1 if none does, or outside
+    /// the root element.
+    int getPageSequenceIdxFromPos(int position) const;
+    /// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in
+    /// neither.
+    int getPageSeqPosFrom(int position) const;
+    /// The index of the one around the caret; -1 in neither.
+    int getCurrentPageSequenceIdx() const;
 
     // The cached table around the caret, to be brought up to date from the host's monitor
 
@@ -452,11 +647,6 @@ protected:
     /// first of these; empty if it has none.
     Core::String getFirstPageRegionNameFromMaster(const Core::String& masterName) const;
 
-    /// The next page sequence, repeat or inserted document behind the position; -1 if none.
-    int getNextPageSeq(int position) const;
-    /// The one with that index, counted from 0; -1 if there are fewer.
-    int getPageSequencePosition(int index) const;
-
     /// Sets the caret, with the checks that the editing modes and the selection ask for.
     void setCaret(bool extend, int position);
 
@@ -474,6 +664,20 @@ protected:
     Core::String getSelectionAsNativeText() const;
     /// The text of a range without its tags; `end` is excluded.
     Core::String getPlainText(int start, int end) const;
+
+    // Finding and spelling
+
+    /// What findReplace() would select next. The second and third argument have no effect.
+    int findNextString(const Core::String& find, int from, bool matchCase, bool wholeWord,
+                       Direction direction) const;
+    /// The first unit of the word around the position; the position itself, or from a tag the next
+    /// stop behind it, where there is none. -1 behind the last stop. Words, here and below, are
+    /// runs of `wordChars` that go on across the edges of inlines.
+    int getWordStartPosition(int position, const Core::String& wordChars) const;
+    /// The first offset at or behind the position that is in no word.
+    int getWordEndPosition(int position, const Core::String& wordChars) const;
+    /// The first offset at or behind the position that is in a word; -1 if there is none.
+    int getNextWordStartPosition(int position, const Core::String& wordChars) const;
 
     // Typing
 
@@ -494,8 +698,6 @@ protected:
 
     /// What erase() does outside lists. The last argument is ignored.
     void eraseTextFromBuffer(bool forward, bool wholeWord, bool);
-    /// The same in a list. Only what stays inside the block around the caret is done.
-    void eraseTextFromListBuffer(bool forward, bool wholeWord);
     /// Delete one unit before or behind the position, which becomes where the caret belongs. They
     /// record what they do.
     void deleteBackwards(int& caret);
@@ -511,9 +713,6 @@ protected:
     /// The same for the range from `start` up to but excluding `end`. Afterwards `start` is where
     /// the caret belongs and `end` where the text behind the range begins.
     Core::String deleteSelectedXmlText(int& start, int& end, bool listHandled);
-    /// Removes from the list around `start` what lies before `end`, and moves both along. Answers
-    /// an offset from which on the list holds nothing more to remove.
-    int eraseListSelection(int& start, int& end);
 
     /// Puts a placeholder into the element at the position if nothing shows in it. With
     /// `removeEmptyInlines` an inline goes instead, and the same is asked of its parent. Answers
@@ -561,12 +760,16 @@ private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
     friend class WordWalk;
+    friend class TextSearch;
+    friend class SpellingWalk;
+    friend class BufferAlgorithms::BufferAlg;
     friend class BufferAlgorithms::WhitespaceAlg;
     friend class SelectionDeletion;
     friend class Backspace;
     friend class ForwardDelete;
     friend class LineBreak;
     friend class HardBreak;
+    friend class ListBuffer;
 
     void recordCaret();
     void recordInsertion(int position, const Core::String& xml);
@@ -586,6 +789,7 @@ private:
     int replaceProperties(int element, const PropertyCollection& properties);
 
     int elementNamedByPath(const Core::String& path) const;
+    int editableElementAround(int position) const;
     int nearestElementNamed(const Core::String& name, int position) const;
     int styledElement(const Core::String& name) const;
     bool isStartTagSelected() const;
@@ -597,6 +801,7 @@ private:
     int endOfTextRun(int start, int limit) const;
     int formatTextRun(int start, int end, const PropertyCollection& properties);
     int wrapInInline(int start, int end, const PropertyCollection& properties);
+    int formatBlockAround(int position, const PropertyCollection& properties);
 
     int tableAroundCaret() const;
 
@@ -615,6 +820,7 @@ private:
     enum class Insertion { None, Done, RolledBack };
 
     Insertion tryInsertText(const Core::String& text, bool isXml, bool selectInserted);
+    bool isOnlyPlaceholderAround(int element) const;
     Insertion insertInline(Core::String text, PropertyCollection properties, bool isXml,
                            bool selectInserted);
     Insertion insertInPlaceOfSelection(const Core::String& text, bool isXml, bool selectInserted);
@@ -657,6 +863,31 @@ private:
     bool isFirstOnLine(int position) const;
     bool isLastInBlock(int position) const;
     void leaveSkippedPlaceInLine();
+    int headerElement(const Core::String& name) const;
+    void setHeaderAttributes(const Core::String& name, const PropertyCollection& properties);
+    void insertHeader(const Core::String& xml);
+    void removeHeader(const Core::String& name);
+    void insertPDFSettings(const Core::String& level);
+
+    int flowAroundCaret() const;
+    int lastOffsetOfElement(int element) const;
+    Core::String markupOfElement(int element) const;
+    Core::Vector<PropertyCollection> selectedParameters(const Core::String& name) const;
+    void appendElementsWithId(int generator, std::vector<ElementInfo>& found) const;
+
+    void deleteElementAround(const Core::String& name, bool removeEmptyInlines);
+    void placeCaretForRemoved(int place, const Core::String& container, bool inlineContext);
+    int nearestStop(int place) const;
+    int stopInRegion(int place, int nearest) const;
+    int stopInContainer(int place, int nearest, int container) const;
+    int stopInFiller(int place, const Core::String& filler);
+    bool isWrapperOf(int element, int only) const;
+    bool hasItemBehind(int item) const;
+
+    void selectWordBeforeCaret();
+    bool prepareAutotext(Core::String& text) const;
+    Core::String linesWithSoftBreaks(Core::String text) const;
+    Core::String withVisibleBlanks(Core::String text) const;
 
     bool isSkippedByCaret(int position) const;
     int startOfSkippedSpaces(int position) const;
@@ -704,6 +935,33 @@ private:
     bool isInlineEdgeAt(int position) const;
     bool closesInlineAt(int position) const;
 
+    /// What a search looks for.
+    struct SearchRequest {
+        const Core::String& text;
+        bool wholeWord;
+        Direction direction;
+        bool replaces; // so that nothing but the text itself counts
+    };
+
+    /// Where the running search began, -1 while none runs, and how far it came with its last match.
+    struct RunningSearch {
+        int start = -1;
+        bool beganBehindStart = false; // which was the last selected unit
+        bool hasMatched = false;
+        bool hasWrapped = false;
+        Core::String text;
+        Direction direction = Direction::Forward;
+    };
+
+    int searchOrigin(Direction direction) const;
+    int selectNextMatch(const SearchRequest& request);
+    bool replaceSelectedMatch(const Core::String& find, const Core::String& replacement);
+
+    SmartPtr<Drawing::SpellingError> selectMisspeltWord(Drawing::SpellChecker& checker,
+                                                        const Core::StringArray& dictionaries);
+    Core::String wordBetween(int start, int end) const;
+    Core::StringArray dictionariesAtCaret(const Core::String& defaultDictionaries) const;
+
     int homePosition(int region) const;
     int endPosition(int region) const;
     bool isInTextOfRegion(int position, int region) const;
@@ -721,6 +979,8 @@ private:
     Core::StringArray editableElements_;
     Core::StringArray inlineEditableElements_;
     SmartPtr<Core::Object> tableBufferCache_;
+    RunningSearch search_;
+    SmartPtr<Drawing::SpellChecker> spellChecker_;
     bool pageMasterEditingMode_ = false;
     bool editingDummyPage_ = false;
 };

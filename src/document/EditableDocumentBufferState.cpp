@@ -23,3 +23,19 @@ void EditableDocumentBufferState::restorePreviousState() {
         buffer_->keyTypingGroup_.reset(
             new EditActionGroup(&buffer_->editActionStack_, *typingGroup_));
 }
+
+void EditableDocumentBufferState::recordReplacement() {
+    EditActionStack& history = buffer_->editActionStack_;
+    buffer_->endKeyTypingSequence();
+    const int tracked = history.retrieveTrackingPos(); // which the records have kept valid
+    history.restore(editActionStack_);
+    if (typingGroup_)
+        history.closeGroup(*typingGroup_);
+    const EditActionGroup group(buffer_);
+    history.addAction(
+        EditAction(EditAction::EditCaret, -1, caretPos_, selectionPivotPos_, Core::String()));
+    history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, text_));
+    buffer_->recordContent();
+    buffer_->recordCaret();
+    history.startTrackingPos(tracked);
+}

@@ -23,6 +23,10 @@ public:
     /// snapshot adds nothing to the history when its scope ends.
     void restorePreviousState();
 
+    /// Puts one undo step, the replacement of the text as it was by what it is now, in the place of
+    /// all that was recorded since the snapshot.
+    void recordReplacement();
+
 private:
     EditableDocumentBuffer* buffer_;
     Core::String text_;

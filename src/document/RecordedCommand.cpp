@@ -16,6 +16,13 @@ RecordedCommand::RecordedCommand(EditableDocumentBuffer* buffer)
     : buffer_(buffer), freeze_(buffer), before_(buffer), oldText_(buffer->getContent()),
       group_(afterTyping(buffer)) {}
 
+/// The step is closed before the monitor hears.
+RecordedCommand::~RecordedCommand() {
+    group_.reset();
+    if (!buffer_->getEditActionStack().nextUndoStepIsWhole() && buffer_->getContent() != oldText_)
+        before_.recordReplacement();
+}
+
 bool RecordedCommand::keepsWellFormed() const {
     return MarkupChange(oldText_, buffer_->getContent()).keepsWellFormed();
 }

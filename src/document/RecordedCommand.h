@@ -6,11 +6,19 @@
 #include "document/FreezeNotifications.h"
 #include "foundation/String.h"
 
+#include <optional>
+
 /// The scope of a command that is one undo step and is taken back whole when it fails: notices are
-/// held back, the run of typing ends, and what is recorded belongs to one group.
+/// held back, the run of typing ends, and what is recorded belongs to one group. A command with
+/// more records than the history holds is recorded as one replacement of the text, so that it can
+/// be undone like any other.
 class RecordedCommand {
 public:
     explicit RecordedCommand(EditableDocumentBuffer* buffer);
+    ~RecordedCommand();
+
+    RecordedCommand(const RecordedCommand&) = delete;
+    RecordedCommand& operator=(const RecordedCommand&) = delete;
 
     /// Whether the document is as well formed as it was before the command.
     bool keepsWellFormed() const;
@@ -24,6 +32,5 @@ private:
     FreezeNotifications freeze_;
     EditableDocumentBufferState before_;
     Core::String oldText_;
-    EditActionGroup
-        group_; // the last to begin, so that the step is closed before the monitor hears
+    std::optional<EditActionGroup> group_;
 };

@@ -37,7 +37,7 @@ bool EditableDocumentBuffer::insertText(const String& text, bool isXml, bool sel
 
 void EditableDocumentBuffer::insertText(const String& text, const PropertyCollection& properties,
                                         bool isXml, bool selectInserted) {
-    if (properties.isEmpty()) {
+    if (properties.isEmpty() || text.empty()) {
         insertText(text, isXml, selectInserted);
         return;
     }
@@ -45,15 +45,28 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
         return;
     RecordedCommand command(this);
     const int element = getCurrentElementPosition(caretPos_);
-    const bool onPlaceholder = !hasSelectedText() && isEditableElementAtPosition(element) &&
-                               elementContainsJustNonBreakingSpace(element);
-    if (onPlaceholder)
-        setPropertiesForElementAt(element, properties);
-    const Insertion insertion = onPlaceholder
+    const bool onPlaceholder = isOnlyPlaceholderAround(element);
+    PropertyCollection own = properties;
+    PropertyCollection ofBlock;
+    if (!onPlaceholder || isInlineEditableElementName(getNameForTagAtPosition(element, true))) {
+        own.setNamespaceForProperties(L"fo");
+        ofBlock = getAndRemoveNonInlineProperties(own);
+    }
+    if (onPlaceholder && !own.isEmpty())
+        setPropertiesForElementAt(element, own);
+    const Insertion insertion = onPlaceholder || own.isEmpty()
                                     ? tryInsertText(text, isXml, selectInserted)
-                                    : insertInline(text, properties, isXml, selectInserted);
+                                    : insertInline(text, own, isXml, selectInserted);
+    if (insertion == Insertion::Done)
+        formatBlockAround(getSelectionStartIndex(), ofBlock);
     if (insertion != Insertion::Done || !command.keepsWellFormed())
         command.takeBack();
+}
+
+/// Whether nothing is selected and the element is editable and holds just its placeholder.
+bool EditableDocumentBuffer::isOnlyPlaceholderAround(int element) const {
+    return !hasSelectedText() && isEditableElementAtPosition(element) &&
+           elementContainsJustNonBreakingSpace(element);
 }
 
 /// Inserts text in an inline of its own and leaves it selected or the caret inside, so that what is

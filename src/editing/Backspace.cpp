@@ -1,6 +1,7 @@
 #include "editing/Backspace.h"
 
 #include "document/EditableDocumentBuffer.h"
+#include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -278,7 +279,7 @@ bool Backspace::eraseInPreviousList() {
     buffer_.recordCaret();
     buffer_.moveCaretLeft(false, false, false);
     if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_))
-        buffer_.eraseTextFromListBuffer(true, false);
+        buffer_.getListBuffer().eraseTextFromListBuffer(true, false);
     if (buffer_.text_.length() == length)
         buffer_.setCaret(false, place);
     buffer_.recordCaret();

@@ -5,6 +5,7 @@
 #include "document/RecordedCommand.h"
 #include "editing/HardBreak.h"
 #include "editing/LineBreak.h"
+#include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -54,7 +55,7 @@ void EditableDocumentBuffer::insertBreak(BreakType type, bool after) {
 }
 
 void EditableDocumentBuffer::insertListBreak() {
-    // Lists cannot be edited yet.
+    getListBuffer().breakList();
 }
 
 /// Gives the block the property. Of its other attributes those stay that say how it looks, and what

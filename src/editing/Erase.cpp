@@ -3,6 +3,7 @@
 #include "document/CaretWalk.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
+#include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -26,7 +27,7 @@ void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
         return;
     RecordedCommand command(this);
     if (inList)
-        eraseTextFromListBuffer(forward, wholeWord);
+        getListBuffer().eraseTextFromListBuffer(forward, wholeWord);
     else
         eraseTextFromBuffer(forward, wholeWord, true);
     if (!command.keepsWellFormed()) {
@@ -55,14 +56,18 @@ bool EditableDocumentBuffer::wordStaysInCell(bool forward) const {
 }
 
 void EditableDocumentBuffer::deleteParent(const String& elementName) {
-    const int element = searchParent(elementName, caretPos_, false, true, L"");
+    deleteElementAround(elementName, false);
+}
+
+void EditableDocumentBuffer::deleteElementAround(const String& name, bool removeEmptyInlines) {
+    const int element = searchParent(name, caretPos_, false, true, L"");
     if (!isInRegion(element))
         return;
     RecordedCommand command(this);
     recordCaret();
     removeAndRecord(element, positionBehindElement(element));
     setCaret(false, element);
-    handleElementsContainingJustWhiteSpaces(element, false);
+    handleElementsContainingJustWhiteSpaces(element, removeEmptyInlines);
     ensureValidPositionAfterDeletion();
     recordCaret();
     if (!command.keepsWellFormed())
@@ -120,24 +125,6 @@ void EditableDocumentBuffer::selectWord(bool forward) {
         jumpToNextWord(true);
     else
         jumpToPreviousWord(true);
-}
-
-void EditableDocumentBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {
-    const int place = caretPos_;
-    if (!isInBlockOf(place,
-                     forward ? getNextValidCaretPos(place) : getPreviousValidCaretPos(place)))
-        return;
-    if (!wholeWord) {
-        eraseTextFromBuffer(forward, false, true);
-        return;
-    }
-    recordCaret();
-    selectWord(forward);
-    if (isInBlockOf(place, caretPos_))
-        deleteSelection(true);
-    else
-        setCaret(false, place);
-    protectAdjacentSpaces();
 }
 
 bool EditableDocumentBuffer::elementIsLastBlockInFlow(int element) const {

@@ -1,6 +1,7 @@
 #include "editing/ForwardDelete.h"
 
 #include "document/EditableDocumentBuffer.h"
+#include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -137,13 +138,21 @@ String ForwardDelete::followingName() const {
     return name;
 }
 
-/// The caret steps into the first item of the list, from where Backspace pulls the item out.
+/// The caret steps into the first item of the list, from where Backspace pulls the item out and
+/// into the block. It takes the place of an empty one.
 bool ForwardDelete::eraseInFollowingList() {
+    const bool isEmpty = buffer_.elementContainsJustWhitespacesOrVoid(element_);
     buffer_.recordCaret();
     buffer_.moveCaretRight(false, false, false);
     if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_)) {
-        buffer_.eraseTextFromListBuffer(false, false);
-        buffer_.erase(false, false);
+        buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
+        const int length = buffer_.text_.length();
+        if (isEmpty)
+            buffer_.removeAndRecord(element_, buffer_.positionBehindElement(element_));
+        else
+            buffer_.erase(false, false);
+        if (buffer_.text_.length() != length)
+            moveTo(buffer_.caretPos_);
     }
     buffer_.recordCaret();
     return false;

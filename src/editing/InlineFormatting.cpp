@@ -33,7 +33,16 @@ void EditableDocumentBuffer::formatSelection(const PropertyCollection& propertie
     if (properties.isEmpty())
         return;
     RecordedCommand command(this);
-    formatInline(getSelectionStartIndex(), selectionUpperEnd(), properties);
+    recordCaret();
+    // A caret is moved along with each change in no time, while for a selection its flow is read.
+    const bool caretIsLower = caretPos_ < selectionPivotPos_;
+    const int behind = text_.length() - selectionUpperEnd();
+    setCaret(false, getSelectionStartIndex());
+    formatInline(getSelectionStartIndex(), text_.length() - behind, properties);
+    const int lower = getSelectionStartIndex();
+    const int upper = text_.length() - behind;
+    selectRange(caretIsLower ? upper : lower, caretIsLower ? lower : upper);
+    recordCaret();
     if (!command.keepsWellFormed())
         command.takeBack();
 }
@@ -42,6 +51,7 @@ void EditableDocumentBuffer::formatInline(int from, int to, PropertyCollection p
     if (isOnInvalidPosition(from) || isOnInvalidPosition(to))
         return;
     FreezeNotifications freeze(this);
+    endKeyTypingSequence();
     EditActionGroup group(this);
     recordCaret();
     properties.setNamespaceForProperties(L"fo");
@@ -84,10 +94,7 @@ int EditableDocumentBuffer::formatTextRun(int start, int end,
                    ? setPropertiesForElementAt(getCurrentElementPosition(start), inlineProperties)
                    : wrapInInline(start, end, inlineProperties);
     }
-    if (!blockProperties.isEmpty())
-        end += setPropertiesForElementAt(searchParent(L"fo:block", end, false, true, L""),
-                                         blockProperties);
-    return end;
+    return end + formatBlockAround(end, blockProperties);
 }
 
 /// Puts an inline around the range; answers by how much the text up to its closing tag moved.
@@ -97,4 +104,12 @@ int EditableDocumentBuffer::wrapInInline(int start, int end, const PropertyColle
     insertAndRecord(start, opening);
     insertAndRecord(end + opening.length(), L"</fo:inline>");
     return opening.length() + setPropertiesForElementAt(start, properties);
+}
+
+/// Answers by how much the text behind the block's start tag moved.
+int EditableDocumentBuffer::formatBlockAround(int position, const PropertyCollection& properties) {
+    if (properties.isEmpty())
+        return 0;
+    return setPropertiesForElementAt(searchParent(L"fo:block", position, false, true, L""),
+                                     properties);
 }

@@ -47,6 +47,11 @@ int EditableDocumentBuffer::elementNamedByPath(const String& path) const {
                : getElementPositionFromPath(path, caretPos_);
 }
 
+/// What a command without a path is about: never the flow or the cell beside a table.
+int EditableDocumentBuffer::editableElementAround(int position) const {
+    return inEditableElement(position) ? getCurrentElementPosition(position) : -1;
+}
+
 int EditableDocumentBuffer::nearestElementNamed(const String& name, int position) const {
     return onStartTag(text_.view(), position) && getNameForTagAtPosition(position, true) == name
                ? position
@@ -116,10 +121,12 @@ bool EditableDocumentBuffer::getParentProperty(const String& elementName, const 
 
 void EditableDocumentBuffer::setProperties(const PropertyCollection& properties,
                                            const String& path) {
-    if (path.empty() && hasSelectedText())
+    if (!path.empty())
+        changeProperties(elementNamedByPath(path), properties);
+    else if (hasSelectedText())
         formatSelection(properties);
     else
-        changeProperties(elementNamedByPath(path), properties);
+        changeProperties(editableElementAround(caretPos_), properties);
 }
 
 void EditableDocumentBuffer::setProperties(const PropertyCollection& properties,
@@ -137,7 +144,10 @@ void EditableDocumentBuffer::applyStyleOnElement(const String& className,
                                                  const String& elementName) {
     PropertyCollection properties;
     properties.addProperty({styleName, className}, true);
-    changeProperties(styledElement(elementName), properties);
+    const bool isInnermost = elementName.empty() && !isStartTagSelected();
+    changeProperties(isInnermost ? editableElementAround(getSelectionStartIndex())
+                                 : styledElement(elementName),
+                     properties);
 }
 
 void EditableDocumentBuffer::setParentProperty(const String& elementName, const String& property,
@@ -178,7 +188,8 @@ void EditableDocumentBuffer::removeProperties(const String& path) {
 std::vector<int> EditableDocumentBuffer::elementsToClear(const String& path) const {
     if (path.empty() && hasSelectedText())
         return elementsOfSelectedText();
-    int element = getElementPositionFromPath(path, caretPos_);
+    int element = path.empty() ? editableElementAround(caretPos_)
+                               : getElementPositionFromPath(path, caretPos_);
     if (element < 0 && isStartTagSelected())
         element = getSelectionStartIndex();
     return element < 0 ? std::vector<int>() : std::vector<int>{element};

@@ -4,6 +4,7 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
 #include "document/WhitespaceAlg.h"
+#include "editing/ListBuffer.h"
 #include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
@@ -12,8 +13,8 @@
 using Core::String;
 
 SelectionDeletion::SelectionDeletion(EditableDocumentBuffer& buffer, int start, int end,
-                                     bool listHandled)
-    : buffer_(buffer), start_(start), end_(end), position_(start), listHandled_(listHandled) {}
+                                     int handledList)
+    : buffer_(buffer), start_(start), end_(end), position_(start), handledList_(handledList) {}
 
 void SelectionDeletion::run() {
     takeWholeElement();
@@ -53,7 +54,7 @@ bool SelectionDeletion::playRound() {
         return finishAtStart();
     if (end_ <= position_)
         return finishAtCaret();
-    if (const int list = listAround(); list >= 0)
+    if (const int list = listAround(position_); list >= 0)
         return deleteFromList(list);
     const int tag = buffer_.getNextTagPosition(position_);
     if (tag < 0 || tag >= end_)
@@ -74,14 +75,15 @@ bool SelectionDeletion::isNothingEditableLeft() const {
 
 // A list
 
-int SelectionDeletion::listAround() const {
-    return listHandled_ ? -1 : buffer_.searchParent(L"fo:list-block", position_, false, true, L"");
+int SelectionDeletion::listAround(int position) const {
+    const int list = buffer_.searchParent(L"fo:list-block", position, false, true, L"");
+    return list > handledList_ ? list : -1;
 }
 
 bool SelectionDeletion::deleteFromList(int list) {
     if (!isWhollySelected(list))
         return passList();
-    const int outer = buffer_.searchParent(L"fo:list-block", list, false, true, L"");
+    const int outer = listAround(list);
     return outer >= 0 && isWhollySelected(outer) ? deleteFromList(outer) : deleteWholeList(list);
 }
 
@@ -108,7 +110,11 @@ bool SelectionDeletion::deleteWholeList(int list) {
 
 /// What is left of the list stays, and the walk goes on behind it.
 bool SelectionDeletion::passList() {
-    const int done = buffer_.eraseListSelection(position_, end_);
+    ListBuffer::Range range{position_, end_};
+    const int done = buffer_.getListBuffer().eraseRange(range);
+    if (start_ == position_)
+        start_ = range.start;
+    end_ = range.end;
     position_ = buffer_.getNextValidCaretPos(done);
     if (position_ < 0)
         position_ = end_ = buffer_.getPreviousValidCaretPos(done);
@@ -310,16 +316,11 @@ String EditableDocumentBuffer::deleteSelection(bool listHandled) {
 String EditableDocumentBuffer::deleteSelectedXmlText(int& start, int& end, bool listHandled) {
     if (isOnInvalidPosition(start) || isOnInvalidPosition(end))
         return {};
-    SelectionDeletion deletion(*this, start, end, listHandled);
+    SelectionDeletion deletion(*this, start, end, listHandled ? text_.length() : -1);
     deletion.run();
     start = deletion.start();
     end = deletion.end();
     return {};
-}
-
-/// Items are not taken apart: a list that the range cuts stays as it is.
-int EditableDocumentBuffer::eraseListSelection(int& start, int& /*end*/) {
-    return getClosingTagForTagAtPosition(searchParent(L"fo:list-block", start, false, true, L""));
 }
 
 void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int from, int to) {

@@ -13,9 +13,9 @@ struct PlaceholderRepair;
 /// boundary before that was stepped over.
 class SelectionDeletion {
 public:
-    /// The range from `start` up to but excluding `end`, both valid. With `listHandled` lists are
-    /// treated as any other element.
-    SelectionDeletion(EditableDocumentBuffer& buffer, int start, int end, bool listHandled);
+    /// The range from `start` up to but excluding `end`, both valid. The list that begins at
+    /// `handledList`, and each that begins before it, is treated as any other element; -1 for none.
+    SelectionDeletion(EditableDocumentBuffer& buffer, int start, int end, int handledList);
 
     void run();
 
@@ -34,7 +34,7 @@ private:
 
     bool isNothingEditableLeft() const;
 
-    int listAround() const;
+    int listAround(int position) const;
     bool deleteFromList(int list);
     bool isWhollySelected(int list) const;
     bool deleteWholeList(int list);
@@ -65,5 +65,5 @@ private:
     int start_;
     int end_;
     int position_; // up to here the range has been dealt with
-    bool listHandled_;
+    int handledList_;
 };

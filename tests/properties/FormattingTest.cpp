@@ -123,3 +123,30 @@ TEST(Formatting, OfAnySelectionInStrangeDocumentsChangesNothingElse) {
         formatAnything(document, random);
     }
 }
+
+TEST(Formatting, OfMoreTextThanTheHistoryHasRecordsIsUndoneWhole) {
+    FormattedDocument document;
+    Core::String flow;
+    for (int i = 0; i < 1500; ++i)
+        flow += L"<fo:block>a</fo:block>";
+    document.setContent(L"<qfd:document><fo:flow>" + flow + L"</fo:flow></qfd:document>", true);
+    document.insertText(L"x", false, false);
+    document.moveCaretToEnd(false);
+    document.moveCaretHome(true);
+    const State before = document.state();
+    document.getEditActionStack().startTrackingPos(before.text.length());
+
+    document.setProperty(bold, L"");
+    const State after = document.state();
+    EXPECT_EQ(document.firstNotBold(), -1);
+    EXPECT_EQ(document.getEditActionStack().retrieveTrackingPos(), after.text.length());
+
+    document.undo();
+    EXPECT_TRUE(document.state() == before);
+    document.redo();
+    EXPECT_TRUE(document.state() == after);
+    document.undo();
+    document.undo();
+    EXPECT_FALSE(document.canUndo()) << "the typing before is a step as ever";
+    EXPECT_EQ(document.state().text.find(L"x", 0), -1);
+}

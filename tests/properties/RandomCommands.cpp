@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <set>
 
@@ -117,15 +120,41 @@ Json anyProperties(Random& random) {
     return random.oneOf(properties);
 }
 
+/// The path of an element around the caret, down from the page sequence.
+std::string anyPathAround(Random& random, const Document& document) {
+    static constexpr std::array names{"fo:block", "fo:block-container", "fo:table", "fo:inline",
+                                      "qfd:block-repeat"};
+    const std::string path = "/qfd:document/fo:page-sequence/fo:flow";
+    if (random.oneIn(8))
+        return anyPath(random);
+    const std::string outer = path + "/" + random.oneOf(names);
+    return document.getCrtObjectContent(String(outer.c_str())).empty() || coin(random)
+               ? outer + "/" + random.oneOf(names)
+               : outer;
+}
+
+const char* anyContainer(Random& random) {
+    static constexpr std::array names{"", "", "fo:block", "fo:flow", "fo:table-cell"};
+    return random.oneOf(names);
+}
+
+const char* anyObjectCommand(Random& random) {
+    static constexpr std::array names{
+        "deleteFloatingRegion", "deleteRepeatingSection", "deleteCurrentConditionalBlock",
+        "deleteCurrentConditionalInline", "inlineRepeat.deleteInlineRepeat"};
+    return random.oneOf(names);
+}
+
+const char* anyStoredText(Random& random) {
+    static constexpr std::array texts{
+        "a\rb",           "a\r\r\n", "one  two   three", "\r", "xml:<fo:inline>x</fo:inline>",
+        " xml:<fo:block>"};
+    return random.oneOf(texts);
+}
+
 Json move(const char* name, Random& random) {
     return {name, random.oneIn(3), random.oneIn(8), coin(random)};
 }
-
-/// A kind of command and how often it comes.
-struct CommandKind {
-    std::size_t weight;
-    Json (*make)(Random& random, const Document& document);
-};
 
 constexpr std::array commandKinds{
     // Typing
@@ -220,6 +249,21 @@ constexpr std::array commandKinds{
                             static_cast<int>(r.below(300))};
                 }},
 
+    // Searching
+    CommandKind{10,
+                [](Random& r, const Document&) -> Json {
+                    static constexpr std::array texts{"e",   "an", " ", "&amp;", "amp", "&#x00A0;",
+                                                      "0A0", "x",  ">", "<fo",   "\n",  ""};
+                    return {"findReplace", r.oneOf(texts), anyPlainText(r),
+                            coin(r),       r.oneIn(4),     static_cast<int>(r.below(8)) % 3,
+                            coin(r)};
+                }},
+    CommandKind{2, [](Random&, const Document&) -> Json { return {"resetfindReplaceStartPos"}; }},
+    CommandKind{1,
+                [](Random&, const Document&) -> Json {
+                    return {"setSpellingDictionaries", "en_US"};
+                }},
+
     // Selecting
     CommandKind{2, [](Random&, const Document&) -> Json { return {"selectCurrentElement"}; }},
     CommandKind{1,
@@ -247,20 +291,120 @@ constexpr std::array commandKinds{
                 [](Random&, const Document&) -> Json {
                     return {"updateRootNamespaces", "xmlns:a=\"urn:a\""};
                 }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {coin(r) ? "insertStyleSheet" : "insertDocumentInformation",
+                            r.oneIn(3) ? anyMarkup(r) : "<qf:stylesheet href=\"a\"/>"};
+                }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"setStyleSheetProperties", anyProperties(r)};
+                }},
+    CommandKind{1, [](Random&, const Document&) -> Json { return {"removeStyleSheet"}; }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"setPDFCompliance", coin(r) ? "PDF508" : "x"};
+                }},
+    CommandKind{1, [](Random&, const Document&) -> Json { return {"enableDisableVdp"}; }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"setIdForCurrentPos", anyPlainText(r)};
+                }},
+
+    // Objects
+    CommandKind{5,
+                [](Random& r, const Document& d) -> Json {
+                    return {"deleteObject", anyPathAround(r, d), anyContainer(r), coin(r)};
+                }},
+    CommandKind{2, [](Random& r, const Document&) -> Json { return {anyObjectCommand(r)}; }},
+    CommandKind{2,
+                [](Random& r, const Document& d) -> Json {
+                    const String content = d.getContent();
+                    return {"removeComponent",
+                            content.find(L"<qfd:subdocument-content",
+                                         static_cast<unsigned>(anyPosition(r, d)))};
+                }},
+    CommandKind{5,
+                [](Random& r, const Document&) -> Json {
+                    const std::string text = coin(r) ? anyPlainText(r) : anyStoredText(r);
+                    return {"insertAutotext", text, coin(r)};
+                }},
 };
 
-std::string randomCommand(Random& random, const Document& document) {
+constexpr std::array listKinds{
+    CommandKind{4,
+                [](Random& r, const Document&) -> Json {
+                    return {"makeList", static_cast<int>(r.below(3))};
+                }},
+    CommandKind{2,
+                [](Random& r, const Document&) -> Json {
+                    return {"createList", static_cast<int>(r.below(3))};
+                }},
+    CommandKind{1,
+                [](Random& r, const Document&) -> Json {
+                    return {"changeLabelType", static_cast<int>(r.below(3))};
+                }},
+    CommandKind{1, [](Random&, const Document&) -> Json { return {"removeList"}; }},
+    CommandKind{12, [](Random&, const Document&) -> Json { return {"breakList"}; }},
+};
+
+/// What people do in lists besides.
+constexpr std::array workInListsKinds{
+    CommandKind{24,
+                [](Random& r, const Document&) -> Json {
+                    return {"erase", coin(r), r.oneIn(6)};
+                }},
+    CommandKind{3, [](Random&, const Document&) -> Json { return {"eraseListSelection"}; }},
+    CommandKind{1,
+                [](Random& r, const Document& d) -> Json {
+                    return {"recalculateNumbering", anyPosition(r, d)};
+                }},
+    CommandKind{1, [](Random&, const Document&) -> Json { return {"selectListLabel"}; }},
+    CommandKind{8,
+                [](Random& r, const Document&) -> Json {
+                    return {"insertText", r.oneIn(4) ? " " : "word", false, false};
+                }},
+    CommandKind{6,
+                [](Random& r, const Document& d) -> Json {
+                    const int from = anyPosition(r, d);
+                    return {"deleteContentAtPosition", coin(r), from,
+                            from % 100000 + static_cast<int>(r.below(400))};
+                }},
+    CommandKind{10, [](Random& r, const Document&) { return move("moveCaretLeft", r); }},
+    CommandKind{10, [](Random& r, const Document&) { return move("moveCaretRight", r); }},
+    CommandKind{20,
+                [](Random& r, const Document& d) -> Json {
+                    return {"setCaretPos", r.oneIn(3), anyPosition(r, d)};
+                }},
+    CommandKind{3, [](Random&, const Document&) -> Json { return {"selectParent"}; }},
+    CommandKind{8, [](Random&, const Document&) -> Json { return {"undo"}; }},
+    CommandKind{6, [](Random&, const Document&) -> Json { return {"redo"}; }},
+};
+
+std::string randomCommand(Random& random, const Document& document, const CommandMix& mix) {
     std::size_t total = 0;
-    for (const CommandKind& kind : commandKinds)
+    for (const CommandKind& kind : mix.kinds)
         total += kind.weight;
     std::size_t at = random.below(total);
-    const CommandKind* kind = commandKinds.data();
+    const CommandKind* kind = mix.kinds.data();
     for (; at >= kind->weight; ++kind)
         at -= kind->weight;
     return kind->make(random, document).dump();
 }
 
 } // namespace
+
+CommandMix everyCommand() {
+    CommandMix mix{{commandKinds.begin(), commandKinds.end()}, {}};
+    mix.kinds.insert(mix.kinds.end(), listKinds.begin(), listKinds.end());
+    return mix;
+}
+
+CommandMix listCommands() {
+    CommandMix mix{{listKinds.begin(), listKinds.end()}, {}};
+    mix.kinds.insert(mix.kinds.end(), workInListsKinds.begin(), workInListsKinds.end());
+    return mix;
+}
 
 // The promises
 
@@ -298,7 +442,7 @@ bool isReplay(const std::string& command) {
 /// Carries out commands one by one and says which promise each has broken.
 class Checker {
 public:
-    explicit Checker(const std::string& path) {
+    Checker(const std::string& path, const CommandMix& mix) : mix_(mix) {
         session_.open(Core::Encoder::convertUTF8ToString(path));
         first_ = state();
     }
@@ -323,6 +467,8 @@ public:
             broken = brokenCaret();
         if (broken.empty() && parse)
             broken = xmlError(document().getContent());
+        if (broken.empty() && mix_.broken)
+            broken = mix_.broken(document().getContent());
         return broken.empty() ? brokenReplay(command, before) : broken;
     }
 
@@ -397,6 +543,7 @@ private:
             session_.serveLine(command);
     }
 
+    const CommandMix& mix_;
     Session session_;
     bool firstChangedText_ = false;
     State first_;                  // before the first change that can be undone
@@ -414,19 +561,21 @@ std::string CommandStream::script() const {
     return lines;
 }
 
-CommandStream randomCommands(const std::string& document, Random& random, std::size_t count) {
+CommandStream randomCommands(const std::string& document, Random& random, std::size_t count,
+                             const CommandMix& mix) {
     CommandStream stream{document, {}};
-    Checker checker(document);
+    Checker checker(document, mix);
     while (stream.commands.size() < count) {
-        stream.commands.push_back(randomCommand(random, checker.document()));
+        stream.commands.push_back(randomCommand(random, checker.document(), mix));
         if (!checker.carryOut(stream.commands.back(), false).empty())
             break;
     }
     return stream;
 }
 
-std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery) {
-    Checker checker(stream.document);
+std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery,
+                          const CommandMix& mix) {
+    Checker checker(stream.document, mix);
     std::size_t done = 0;
     for (const std::string& command : stream.commands) {
         const bool parse = ++done % parseEvery == 0 || done == stream.commands.size();
@@ -457,13 +606,39 @@ CommandStream shrink(CommandStream stream, const std::function<bool(const Comman
     return stream;
 }
 
+std::size_t setting(const char* name, std::size_t usual) {
+    const char* const value = std::getenv(name);
+    return value ? std::strtoul(value, nullptr, 10) : usual;
+}
+
+std::string failureOn(const std::string& document, Random& random, std::size_t count,
+                      const CommandMix& mix) {
+    const std::size_t parseEvery = 1 + std::filesystem::file_size(document) / 10000;
+    const CommandStream stream = randomCommands(document, random, count, mix);
+    if (brokenPromise(stream, parseEvery, mix).empty())
+        return {};
+    const CommandStream small = shrink(
+        stream, [&](const CommandStream& some) { return !brokenPromise(some, 1, mix).empty(); });
+    return brokenPromise(small, 1, mix) + "\n" + small.script();
+}
+
+std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
+                         std::size_t count, const CommandMix& mix) {
+    const std::string path = std::filesystem::temp_directory_path() / ("forme-" + name + ".xml");
+    std::ofstream(path) << text;
+    const std::string failure = failureOn(path, random, count, mix);
+    if (failure.empty())
+        std::filesystem::remove(path);
+    return failure;
+}
+
 // The documents
 
 namespace {
 
 class Writer {
 public:
-    explicit Writer(Random& random) : random_(random) {}
+    Writer(Random& random, std::size_t listEvery) : random_(random), listEvery_(listEvery) {}
 
     std::string document() {
         std::string text = R"(<?xml version="1.0" encoding="utf-8"?>
@@ -495,10 +670,12 @@ private:
     std::string block(int depth) {
         if (depth > 0 && random_.oneIn(6))
             return table(depth - 1);
-        if (depth > 0 && random_.oneIn(6))
+        if (depth > 0 && random_.oneIn(listEvery_))
             return list(depth - 1);
         if (depth > 0 && random_.oneIn(8))
             return "<fo:block>" + blocks(depth - 1) + "</fo:block>";
+        if (depth > 0 && random_.oneIn(8))
+            return object(depth - 1);
         return "<fo:block>" + content(2) + "</fo:block>";
     }
 
@@ -534,24 +711,36 @@ private:
                "</fo:table>";
     }
 
+    std::string object(int depth) {
+        static constexpr std::array names{"fo:block-container", "qfd:block-repeat",
+                                          "qfd:conditional-block"};
+        if (random_.oneIn(4))
+            return "<fo:block><qfd:subdocument-content src=\"url(a)\"/></fo:block>";
+        const std::string name = random_.oneOf(names);
+        return "<" + name + ">" + blocks(depth) + "</" + name + ">";
+    }
+
     std::string cell(int depth) { return "<fo:table-cell>" + block(depth) + "</fo:table-cell>"; }
 
     std::string list(int depth) {
+        const bool isNumbered = !random_.oneIn(3);
         std::string text = "<fo:list-block>";
-        for (std::size_t i = 0; i <= random_.below(3); ++i)
-            text += "<fo:list-item><fo:list-item-label><fo:block>" + std::to_string(i + 1) +
-                    ")</fo:block></fo:list-item-label><fo:list-item-body>" + block(depth) +
-                    "</fo:list-item-body></fo:list-item>";
+        for (std::size_t i = 0; i <= random_.below(4); ++i)
+            text += indentation() + "<fo:list-item><fo:list-item-label><fo:block>" +
+                    (isNumbered ? std::to_string(i + 1) + ")" : "&#x2022;") +
+                    "</fo:block></fo:list-item-label><fo:list-item-body>" + block(depth) +
+                    (random_.oneIn(3) ? block(depth) : "") + "</fo:list-item-body></fo:list-item>";
         return text + "</fo:list-block>";
     }
 
     std::string indentation() { return random_.oneIn(4) ? "\n\t" : ""; }
 
     Random& random_;
+    std::size_t listEvery_;
 };
 
 } // namespace
 
-std::string randomDocument(Random& random) {
-    return Writer(random).document();
+std::string randomDocument(Random& random, std::size_t listEvery) {
+    return Writer(random, listEvery).document();
 }

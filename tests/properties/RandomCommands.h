@@ -1,5 +1,9 @@
 #pragma once
 
+#include <forme/document/EditableDocumentBuffer.h>
+
+#include <nlohmann/json.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -24,8 +28,26 @@ private:
     std::mt19937 engine_;
 };
 
-/// A document that people could have written: blocks, inlines, tables, lists, side regions.
-std::string randomDocument(Random& random);
+/// A document that people could have written: blocks, inlines, tables, lists, side regions. One in
+/// `listEvery` of the places where blocks stand holds a list.
+std::string randomDocument(Random& random, std::size_t listEvery = 6);
+
+/// A kind of command and how often it comes.
+struct CommandKind {
+    std::size_t weight;
+    nlohmann::json (*make)(Random& random, const EditableDocumentBuffer& document);
+};
+
+/// What streams are made of.
+struct CommandMix {
+    std::vector<CommandKind> kinds;
+    /// What a document breaks of the promises that only these commands make, or nothing.
+    std::function<std::string(const Core::String& text)> broken;
+};
+
+CommandMix everyCommand();
+/// What people do in lists.
+CommandMix listCommands();
 
 /// Requests on a document, each a line of the script that `forme run` replays.
 struct CommandStream {
@@ -36,11 +58,26 @@ struct CommandStream {
 };
 
 /// Carries out random commands and keeps them; stops at the first that breaks a promise.
-CommandStream randomCommands(const std::string& document, Random& random, std::size_t count);
+CommandStream randomCommands(const std::string& document, Random& random, std::size_t count,
+                             const CommandMix& mix);
 
 /// Carries out a stream; answers which promise was broken, by which command, or nothing. The text
 /// is parsed after every n-th command and at the end.
-std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery);
+std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery,
+                          const CommandMix& mix);
 
 /// The stream with all commands taken out that it does not take to fail.
 CommandStream shrink(CommandStream stream, const std::function<bool(const CommandStream&)>& fails);
+
+/// A number that the environment may set.
+std::size_t setting(const char* name, std::size_t usual);
+
+/// Tries random commands on a document; answers the shrunk script of a stream that failed, or
+/// nothing.
+std::string failureOn(const std::string& document, Random& random, std::size_t count,
+                      const CommandMix& mix);
+
+/// The same on a document that is made for it, which stays on the disk under that name after a
+/// failure, for the script to be replayed on it.
+std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
+                         std::size_t count, const CommandMix& mix);

@@ -177,6 +177,31 @@ ScenarioStep parseStep(const std::string& line, int number) {
     return step;
 }
 
+using Abbreviation = std::pair<std::string, std::string>;
+
+/// "! let SHORT = LONG"
+Abbreviation parseAbbreviation(const std::string& line) {
+    const std::size_t equals = line.find(" = ");
+    if (equals == std::string::npos)
+        throw std::runtime_error("no abbreviation: " + line);
+    return {line.substr(6, equals - 6), line.substr(equals + 3)};
+}
+
+/// Writes the abbreviations out, at each place the first that stands there.
+std::string expand(const std::string& line, const std::vector<Abbreviation>& abbreviations) {
+    std::string text;
+    for (std::size_t at = 0; at < line.size();) {
+        const auto found = std::find_if(
+            abbreviations.begin(), abbreviations.end(), [&](const Abbreviation& abbreviation) {
+                return line.compare(at, abbreviation.first.size(), abbreviation.first) == 0;
+            });
+        const bool isShort = found != abbreviations.end();
+        text += isShort ? found->second : line.substr(at, 1);
+        at += isShort ? found->first.size() : 1;
+    }
+    return text;
+}
+
 } // namespace
 
 std::vector<Scenario> readScenarios(const std::string& path) {
@@ -184,9 +209,14 @@ std::vector<Scenario> readScenarios(const std::string& path) {
     if (!file)
         throw std::runtime_error(path + ": cannot be read");
     std::vector<Scenario> scenarios;
+    std::vector<Abbreviation> abbreviations;
     int number = 0;
     for (std::string line; std::getline(file, line);) {
         ++number;
+        if (line.starts_with("! let ")) {
+            abbreviations.push_back(parseAbbreviation(line));
+            continue;
+        }
         if (line.starts_with("# ")) {
             scenarios.push_back({line.substr(2), number, {}, {}, false, {}});
             continue;
@@ -201,11 +231,11 @@ std::vector<Scenario> readScenarios(const std::string& path) {
         else if (line.starts_with("--- "))
             scenario.steps.push_back(parseStep(line, number));
         else if (scenario.steps.empty())
-            appendLine(scenario.before, line);
+            appendLine(scenario.before, expand(line, abbreviations));
         else if (scenario.steps.back().after || !line.empty())
             appendLine(
                 scenario.steps.back().after.emplace(scenario.steps.back().after.value_or("")),
-                line);
+                expand(line, abbreviations));
     }
     for (Scenario& scenario : scenarios) {
         trimLineEnds(scenario.before);

@@ -27,7 +27,8 @@ struct Scenario {
 /// Reads a file of scenarios. Each begins with a line "# title"; a line "--- [request]" is a
 /// command, with " => json" behind it where its result matters; what follows is the text expected.
 /// A line "! not-undoable: why" takes the scenario out of the check that undo and redo bring
-/// everything back. Blank lines at the end of a text do not count.
+/// everything back. Blank lines at the end of a text do not count. A line "! let SHORT = LONG" at
+/// the top of the file makes an abbreviation in the texts below it.
 std::vector<Scenario> readScenarios(const std::string& path);
 
 /// Carries out a scenario; answers what went wrong, with its line, or nothing.

@@ -1,0 +1,9 @@
+#include "document/InlineRepeatAlg.h"
+
+namespace BufferAlgorithms {
+
+void InlineRepeatAlg::deleteInlineRepeat() {
+    buffer().deleteParent(L"qfd:inline-repeat");
+}
+
+} // namespace BufferAlgorithms

@@ -1,0 +1,158 @@
+// Making lists, changing their labels, and turning them back into blocks.
+
+#include "editing/ListBuffer.h"
+
+#include "document/CaretWalk.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/FreezeNotifications.h"
+#include "editing/ListCommand.h"
+
+#include <algorithm>
+
+using Core::String;
+
+namespace {
+
+/// A bullet is drawn larger than the text beside it, on a line of the same height.
+String blockTag(ListType type) {
+    return type == ListType::Bullets ? L"<fo:block font-size=\"1.5em\" line-height=\"1em\">"
+                                     : L"<fo:block>";
+}
+
+} // namespace
+
+ListBuffer EditableDocumentBuffer::getListBuffer() {
+    return ListBuffer(*this);
+}
+
+// The commands
+
+void ListBuffer::makeList(ListType type) {
+    if (getListPos(document_.caretPos_) < 0)
+        createList(type);
+    else if (type == getListType())
+        removeList();
+    else
+        changeLabelType(type);
+}
+
+void ListBuffer::createList(ListType type) {
+    const int block = document_.searchParent(L"fo:block", document_.caretPos_, false, true, L"");
+    if (block >= 0 && !document_.inListItemLabel(document_.caretPos_))
+        carryOut([&] { wrapBlock(block, type); });
+}
+
+void ListBuffer::removeList() {
+    const int list = getListPos(document_.caretPos_);
+    if (list >= 0)
+        carryOut([&] { unwrap(list); });
+}
+
+void ListBuffer::changeLabelType(ListType type) {
+    const int list = getListPos(document_.caretPos_);
+    if (list >= 0)
+        carryOut([&] { rewriteLabels(list, type); });
+}
+
+void ListBuffer::recalculateNumbering(int position) {
+    const int list = listAt(position);
+    if (list < 0)
+        return;
+    carryOut([&] {
+        document_.recordCaret();
+        renumber(list);
+        document_.recordCaret();
+    });
+}
+
+void ListBuffer::setItemLabelValue(int item, const String& value) {
+    const int block = labelBlock(item);
+    if (block < 0)
+        return;
+    carryOut([&] {
+        document_.recordCaret();
+        replaceInLabel(contentOf(block), value);
+        document_.recordCaret();
+    });
+}
+
+void ListBuffer::selectListLabel() {
+    const int block = labelBlock(document_.caretPos_);
+    if (block < 0)
+        return;
+    FreezeNotifications freeze(&document_);
+    document_.endKeyTypingSequence();
+    const Range label = contentOf(block);
+    document_.selectRange(label.start, label.end);
+}
+
+// Blocks to a list and back
+
+void ListBuffer::wrapBlock(int block, ListType type) {
+    const String opening =
+        L"<fo:block><fo:list-block><fo:list-item><fo:list-item-label end-indent=\"label-end()\">" +
+        blockTag(type) + getFirstListLabel(type) +
+        L"</fo:block></fo:list-item-label><fo:list-item-body start-indent=\"body-start()\">";
+    document_.recordCaret();
+    document_.insertAndRecord(document_.positionBehindElement(block),
+                              L"</fo:list-item-body></fo:list-item></fo:list-block></fo:block>");
+    document_.insertAndRecord(block, opening);
+    document_.adjustCaretToAnEditablePosition();
+    document_.recordCaret();
+}
+
+void ListBuffer::unwrap(int list) {
+    String content;
+    for (const int item : itemsOf(list)) {
+        const Range body = contentOf(getItemBodyPos(item));
+        content += slice(body.start, body.end);
+    }
+    document_.recordCaret();
+    document_.insertAndRecord(list, content);
+    const int moved = list + content.length();
+    document_.removeAndRecord(moved, document_.positionBehindElement(moved));
+    document_.setCaret(false, list);
+    document_.handleElementsContainingJustWhiteSpaces(list, false);
+    if (!CaretWalk(document_, document_.caretPos_).isStop())
+        document_.moveCaretRight(false, false, false);
+    document_.recordCaret();
+}
+
+// Labels
+
+void ListBuffer::rewriteLabels(int list, ListType type) {
+    document_.recordCaret();
+    const std::vector<int> items = itemsOf(list);
+    for (std::size_t i = items.size(); i-- > 0;) {
+        const int block = labelBlock(items[i]);
+        if (block >= 0)
+            replaceInLabel({block, closingTag(block)}, blockTag(type) + labelFor(type, i + 1));
+    }
+    document_.recordCaret();
+}
+
+/// Gives the list's items the numbers from 1 on. The last comes first, so that the offsets of those
+/// before it stay.
+void ListBuffer::renumber(int list) {
+    const std::vector<int> items = itemsOf(list);
+    for (std::size_t i = items.size(); i-- > 0;) {
+        const int block = labelBlock(items[i]);
+        if (block >= 0)
+            replaceInLabel(contentOf(block), labelFor(ListType::Numbering, i + 1));
+    }
+}
+
+/// A caret that the host has put into the label goes to its end.
+void ListBuffer::replaceInLabel(const Range& range, const String& xml) {
+    if (slice(range.start, range.end) == xml)
+        return;
+    const auto outside = [&range](int offset) {
+        return range.start < offset && offset < range.end ? range.end : offset;
+    };
+    const int pivot = outside(document_.selectionPivotPos_);
+    const int caret = outside(document_.caretPos_);
+    if (pivot != document_.selectionPivotPos_ || caret != document_.caretPos_)
+        document_.selectRange(pivot, caret);
+    document_.removeAndRecord(range.start, range.end);
+    document_.insertAndRecord(range.start, xml);
+}

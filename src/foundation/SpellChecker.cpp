@@ -1,0 +1,7 @@
+#include "foundation/SpellChecker.h"
+
+namespace Drawing {
+
+SpellChecker::~SpellChecker() = default;
+
+} // namespace Drawing
