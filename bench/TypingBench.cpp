@@ -97,13 +97,13 @@ public:
     }
 
     /// Takes note that the caret is at a place in the person's text, which is `column` characters
-    /// into its line. A line of blanks that starts with a placeholder is empty to us, and the caret
-    /// stands before it.
+    /// into its line. Where our caret is at the start of a line, blanks that do not show are before
+    /// it, and in a line of nothing but blanks it stands before the first.
     void noteIndex(int index, int column) {
         index_ = index;
         at_ = getCaretPos();
         const int line = getCurrentElementPosition(at_);
-        if (!elementContainsJustNonBreakingSpace(line))
+        if (column > 0 && !elementContainsJustNonBreakingSpace(line))
             return;
         at_ = getNextEditablePositionInXml(line);
         for (; column > 0; --column)
