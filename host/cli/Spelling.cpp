@@ -4,6 +4,7 @@
 
 #include <forme/document/EditableDocumentBuffer.h>
 #include <forme/foundation/Encoder.h>
+#include <forme/foundation/Exception.h>
 
 #ifdef FORME_WITH_HUNSPELL
 #include <forme-hunspell/HunspellChecker.h>
@@ -93,6 +94,12 @@ std::string describe(const Drawing::SpellingError& error, const String& content,
            Encoder::toDisplayText(String(Units(contextOf(content.view(), start, end)))) + "\n";
 }
 
+/// A file of another kind has no words to list, which must not pass for a document without errors.
+void requireDocument(const String& content, const String& path) {
+    if (content.find(L"<qfd:document", 0) < 0 && content.find(L"<fo:root", 0) < 0)
+        throw Core::Exception(path + L": there is no qfd:document and no fo:root in it");
+}
+
 /// Lets the document name the dictionaries; answers by how much its text moved.
 int useDictionaries(EditableDocumentBuffer& document, const std::string& dictionaries) {
     const int length = document.getContent().length();
@@ -115,7 +122,9 @@ int listMisspeltWords(const SpellOptions& options, Drawing::SpellChecker& checke
                       SpellingMonitor& monitor) {
     const SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
     setUpAsHost(*document);
-    loadDocument(*document, Encoder::convertUTF8ToString(options.document));
+    const String path = Encoder::convertUTF8ToString(options.document);
+    loadDocument(*document, path);
+    requireDocument(document->getContent(), path);
     const int shift = useDictionaries(*document, options.dictionaries);
     const String content = document->getContent();
     document->setSpellChecker(new WatchedChecker(checker, content.length(), monitor));
