@@ -52,6 +52,7 @@ private:
     bool isReachable(int position) const;
     bool isReplaceable(int position) const;
     bool toNextStart();
+    bool standsAhead();
     bool wrap();
 
     bool hasComeRound(int position) const;
@@ -67,6 +68,7 @@ private:
     const EditableDocumentBuffer::SearchRequest& request_;
     CaretWalk walk_;
     bool wrapped_;
+    int ahead_ = -1; // the text's next occurrence at or behind the walk, once asked for
 };
 
 int TextSearch::next() {
@@ -175,7 +177,20 @@ bool TextSearch::isReplaceable(int position) const {
 }
 
 bool TextSearch::toNextStart() {
-    return (isForward() ? walk_.toNextStop() : walk_.toPreviousStop()) || wrap();
+    if (!isForward())
+        return walk_.toPreviousStop() || wrap();
+    return (standsAhead() && walk_.toNextStop()) || wrap();
+}
+
+/// Whether the text searched for stands anywhere ahead, in markup or not, so that the walk there is
+/// worth while.
+bool TextSearch::standsAhead() {
+    const int position = walk_.position();
+    if (ahead_ < position) {
+        const int found = XmlScan::find(text(), request_.text.view(), position);
+        ahead_ = found < 0 ? buffer_.text_.length() : found;
+    }
+    return ahead_ < buffer_.text_.length();
 }
 
 /// To the document's other end. Not a second time: then the start of the running search has been
@@ -184,6 +199,7 @@ bool TextSearch::wrap() {
     if (wrapped_)
         return false;
     wrapped_ = true;
+    ahead_ = -1;
     walk_.restartAt(isForward() ? 0 : buffer_.lastTagPosition());
     return isForward() ? walk_.toNextStop() : walk_.toPreviousStop();
 }
