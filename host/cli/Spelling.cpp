@@ -101,10 +101,10 @@ void requireDocument(const String& content, const String& path) {
 }
 
 /// Lets the document name the dictionaries; answers by how much its text moved.
-int useDictionaries(EditableDocumentBuffer& document, const std::string& dictionaries) {
+int useDictionaries(EditableDocumentBuffer& document, const String& dictionaries) {
     const int length = document.getContent().length();
     if (!dictionaries.empty())
-        document.setSpellingDictionaries(Encoder::convertUTF8ToString(dictionaries));
+        document.setSpellingDictionaries(dictionaries);
     return document.getContent().length() - length;
 }
 
@@ -125,13 +125,15 @@ int listMisspeltWords(const SpellOptions& options, Drawing::SpellChecker& checke
     const String path = Encoder::convertUTF8ToString(options.document);
     loadDocument(*document, path);
     requireDocument(document->getContent(), path);
-    const int shift = useDictionaries(*document, options.dictionaries);
+    String dictionaries = Encoder::convertUTF8ToString(options.dictionaries);
+    const int shift = useDictionaries(*document, dictionaries);
+    if (dictionaries.empty())
+        dictionaries = document->getSpellingDictionaries();
     const String content = document->getContent();
     document->setSpellChecker(new WatchedChecker(checker, content.length(), monitor));
     // From here on all text follows, that of headers and footers too.
     document->setCaretPos(false, std::max(document->getFirstPageGeneratorPos(), 0));
     int words = 0;
-    const String dictionaries = document->getSpellingDictionaries();
     for (; const auto error = document->getNextSpellingError(dictionaries, false); ++words)
         monitor.onMisspeltWord(describe(*error, content, shift, options.document));
     return words;

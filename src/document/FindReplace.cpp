@@ -170,10 +170,11 @@ bool TextSearch::isReachable(int position) const {
            buffer_.isInElementContext(L"fo:static-content", position);
 }
 
-/// Whether the text itself stands at the answer, with no tag before its end.
+/// Whether the text itself stands at the answer, in no markup and with no tag before its end.
 bool TextSearch::isReplaceable(int position) const {
     const int tag = XmlScan::nextTag(text(), position);
-    return buffer_.nextContentEquals(request_.text, position) && position + length() <= tag;
+    return buffer_.nextContentEquals(request_.text, position) && position + length() <= tag &&
+           XmlScan::unitStart(text(), position) == position;
 }
 
 bool TextSearch::toNextStart() {
