@@ -250,7 +250,7 @@ public:
 
     /// Where the word around or before the position begins: the stop to which a step by words to
     /// the left would lead, except that it stops before the start tag of an inline. The position
-    /// itself where no word can be reached; -1 for one outside the text.
+    /// itself where no word can be reached; -1 outside the text and at a table that opens a flow.
     int getPreviousWordPos(int position) const;
     /// The text from there up to but excluding the caret, markup included.
     Core::String getPreviousWord() const;
