@@ -489,7 +489,7 @@ public:
     /// The start tag; empty if there is none.
     Core::String getStyleSheetString() const;
     PropertyCollection getStyleSheetAttributes() const;
-    /// Gives the element these attributes and no others.
+    /// Gives the element these attributes and no others but its declarations of namespaces.
     void setStyleSheetProperties(const PropertyCollection& properties);
     /// Inserts markup directly behind the root's start tag, whatever is there already.
     void insertStyleSheet(const Core::String& xml);
@@ -758,6 +758,7 @@ private:
     int nearestElementNamed(const Core::String& name, int position) const;
     int styledElement(const Core::String& name) const;
     bool isStartTagSelected() const;
+    void removeAttributes(int element);
     std::vector<int> elementsToClear(const Core::String& path) const;
     std::vector<int> elementsOfSelectedText() const;
     void changeProperties(int element, const PropertyCollection& properties);
