@@ -5,12 +5,13 @@
 
 #include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
+#include "text/NameList.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
 #include <array>
 
 using Core::String;
+using XmlScan::contains;
 using XmlScan::Text;
 
 namespace {
@@ -22,11 +23,6 @@ constexpr std::array<Text, 2> inlineHolders{L"qfd:conditional-inline", L"qfd:inl
 constexpr std::array<Text, 6> blockContainers{
     L"fo:flow",           L"fo:static-content",  L"fo:table-cell",
     L"fo:list-item-body", L"fo:block-container", L"fo:footnote-body"};
-
-template <std::size_t Count>
-bool contains(const std::array<Text, Count>& names, Text name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
 
 /// Whether a tag that opens, closes or is a block stands at the position.
 bool isBlockTag(Text text, int position) {
