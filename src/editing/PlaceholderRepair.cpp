@@ -83,14 +83,18 @@ PlaceholderRepair EditableDocumentBuffer::repairEmptied(int position, bool remov
     return repair;
 }
 
-/// What the caret can stand in gets a placeholder, what holds blocks gets a block with one.
+/// What the caret can stand in gets a placeholder, what holds inlines or blocks gets one of these
+/// with a placeholder.
 void EditableDocumentBuffer::insertPlaceholderInto(int element, PlaceholderRepair& repair) {
     const Text name = XmlScan::tagName(text_.view(), element);
-    const bool holdsText = isEditableName(name) || contains(inlineHolders, name);
-    if (!holdsText && !contains(blockContainers, name))
+    const bool holdsText = isEditableName(name);
+    const bool holdsInline = contains(inlineHolders, name);
+    if (!holdsText && !holdsInline && !contains(blockContainers, name))
         return;
-    const String start = holdsText ? L"" : L"<fo:block>";
-    const String xml = start + String(XmlScan::nbspEntity) + (holdsText ? L"" : L"</fo:block>");
+    const String child = holdsInline ? L"fo:inline" : L"fo:block";
+    const String start = holdsText ? String() : L"<" + child + L">";
+    const String end = holdsText ? String() : L"</" + child + L">";
+    const String xml = start + String(XmlScan::nbspEntity) + end;
     repair.insertedStart = getNextEditablePositionInXml(element);
     repair.insertedEnd = repair.insertedStart + xml.length();
     repair.placeholder = repair.insertedStart + start.length();
