@@ -60,7 +60,7 @@ void EditableDocumentBuffer::deleteParent(const String& elementName) {
 }
 
 void EditableDocumentBuffer::deleteElementAround(const String& name, bool removeEmptyInlines) {
-    const int element = searchParent(name, caretPos_, false, true, L"");
+    const int element = withEmptiedSequence(searchParent(name, caretPos_, false, true, L""));
     if (!isInRegion(element))
         return;
     RecordedCommand command(this);
