@@ -203,6 +203,7 @@ private:
     bool isInTableWithin(int body, int position) const;
     int textStart(int block) const;
     void pullFollowingLineIn(int item);
+    Range textOf(int block) const;
     bool opensBlock(int position) const;
     bool isEdgeAroundList(int position) const;
     bool beginsLine(int position) const;

@@ -186,8 +186,7 @@ void ListBuffer::pullFollowingLineIn(int item) {
     if (XmlScan::tagName(text, line) == L"/fo:list-item-body" && isOwnItem(outer))
         eraseForward(outer);
     else if (last >= 0 && opensBlock(line))
-        continueBlock(last, {start, document_.positionBehindElement(line)},
-                      {textStart(line), closingTag(line)});
+        continueBlock(last, {start, document_.positionBehindElement(line)}, textOf(line));
     else if (last >= 0 && beginsLine(line))
         continueBlock(last, {start, behindLineBreak(endOfLine(line))}, {line, endOfLine(line)});
 }
@@ -197,6 +196,13 @@ bool ListBuffer::beginsLine(int position) const {
     return document_.getCurrentElementName(position) == L"fo:block" &&
            !document_.ignoredElementAtPosition(position) &&
            behindLineBreak(endOfLine(position)) > position;
+}
+
+/// What the block shows, which may be nothing.
+ListBuffer::Range ListBuffer::textOf(int block) const {
+    if (document_.elementContainsJustWhitespacesOrVoid(block))
+        return {block, block};
+    return {textStart(block), closingTag(block)};
 }
 
 bool ListBuffer::opensBlock(int position) const {
