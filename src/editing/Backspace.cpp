@@ -37,6 +37,8 @@ bool Backspace::playRound() {
 bool Backspace::removeAtTag() {
     if (buffer_.selfClosingTagAtPosition(tag_))
         return removeEmptyElement();
+    if (const int list = listBefore(); list >= 0)
+        return eraseInPreviousList(list);
     if (closesNestedBlock())
         return moveRunIntoNestedBlock();
     if (buffer_.imbricatedBlocksContext(tag_))
@@ -209,8 +211,6 @@ bool Backspace::takeInlineBefore() {
 bool Backspace::joinPreviousBlock() {
     String name;
     const int block = previousBlock(name);
-    if (name == L"fo:list-block")
-        return eraseInPreviousList();
     if (name != L"fo:block" || isSeparatedFrom(block))
         return false;
     const int end = endOfLastLine(block);
@@ -272,15 +272,43 @@ bool Backspace::isSeparatedFrom(int block) const {
     return false;
 }
 
-/// The caret steps into the last item of the list, from where Delete pulls the block in.
-bool Backspace::eraseInPreviousList() {
+// A list
+
+/// The list that ends before the line, right there or as the last thing in the block before; -1 if
+/// text or something else stands in between.
+int Backspace::listBefore() const {
+    const Text text = buffer_.text_.view();
+    int tag = tagName_ == L"fo:block" ? unitBefore(tag_) : tag_;
+    while (XmlScan::tagName(text, tag).ends_with(L"fo:block") && !XmlScan::openingAt(text, tag)) {
+        const bool closes = XmlScan::closingAt(text, tag);
+        const int block = closes ? buffer_.getCurrentElementPosition(tag) : tag;
+        tag = unitBefore(buffer_.elementContainsJustWhitespacesOrVoid(block) ? block : tag);
+    }
+    return XmlScan::tagName(text, tag) == L"/fo:list-block" ? buffer_.getCurrentElementPosition(tag)
+                                                            : -1;
+}
+
+/// The unit before the position, white space that does not show passed over.
+int Backspace::unitBefore(int position) const {
+    return buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(position));
+}
+
+/// The caret steps into the last item of the list, from where Delete pulls the line in. Beside the
+/// list, where no line follows, that is all.
+bool Backspace::eraseInPreviousList(int list) {
+    const Text text = buffer_.text_.view();
+    const int next = buffer_.endOfSkippedSpaces(origin_);
+    const bool beginsBlock = tagName_ == L"fo:block";
+    const bool endsLine =
+        XmlScan::closingAt(text, next) || XmlScan::tagName(text, next) == L"fo:block";
     const int place = buffer_.caretPos_;
-    const int length = buffer_.text_.length();
+    const String before = buffer_.text_;
     buffer_.recordCaret();
-    buffer_.moveCaretLeft(false, false, false);
-    if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_))
+    buffer_.setCaret(false,
+                     buffer_.getPreviousValidCaretPos(buffer_.getClosingTagForTagAtPosition(list)));
+    if (beginsBlock || !endsLine)
         buffer_.getListBuffer().eraseTextFromListBuffer(true, false);
-    if (buffer_.text_.length() == length)
+    if (beginsBlock && buffer_.text_ == before)
         buffer_.setCaret(false, place);
     buffer_.recordCaret();
     caret_ = buffer_.caretPos_;

@@ -32,6 +32,10 @@ private:
     bool removeAtTag();
     bool removeEmptyElement();
 
+    int listBefore() const;
+    int unitBefore(int position) const;
+    bool eraseInPreviousList(int list);
+
     bool closesNestedBlock() const;
     bool moveRunIntoNestedBlock();
     int endOfRun() const;
@@ -47,7 +51,6 @@ private:
     int startOfJoined() const;
     int behindJoinedPlaceholder() const;
     int previousBlock(Core::String& name) const;
-    bool eraseInPreviousList();
     bool isSeparatedFrom(int block) const;
 
     bool removeObject();

@@ -2,6 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 #include "editing/ListBuffer.h"
+#include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -25,9 +26,7 @@ int ForwardDelete::run() {
     while (playRound()) {
     }
     // What was emptied at the caret is repaired by who moves it there.
-    if (inside_)
-        buffer_.handleElementsContainingJustWhiteSpaces(place_, true);
-    return caret_;
+    return inside_ ? buffer_.repairEmptied(place_, true).map(caret_) : caret_;
 }
 
 bool ForwardDelete::playRound() {
@@ -49,6 +48,8 @@ bool ForwardDelete::removeAtTag() {
         return removeEmptyElement();
     if (buffer_.ignoredElementAtPosition(position_))
         return removeMarkup();
+    if (const int list = listBehind(); list >= 0)
+        return eraseInFollowingList(list);
     if (isAtNestedBlock())
         return mergeNextBlockRun();
     const String name = buffer_.getNameForTagAtPosition(position_, true);
@@ -118,12 +119,7 @@ bool ForwardDelete::leaveInline() {
 // The end of a block
 
 bool ForwardDelete::joinFollowing() {
-    const String name = followingName();
-    if (name == L"fo:block")
-        return mergeNextBlockRun();
-    if (name == L"fo:list-block")
-        return eraseInFollowingList();
-    return false;
+    return followingName() == L"fo:block" && mergeNextBlockRun();
 }
 
 /// The name of the tag behind the block, void blocks passed over.
@@ -138,21 +134,33 @@ String ForwardDelete::followingName() const {
     return name;
 }
 
+// A list
+
+/// The list that the next line begins with, at the position or behind the edges of blocks; -1 if
+/// text or something else comes first.
+int ForwardDelete::listBehind() const {
+    int tag = position_;
+    while (isBlockTag(tag))
+        tag = buffer_.endOfSkippedSpaces(buffer_.getNextEditablePositionInXml(tag));
+    return XmlScan::tagName(buffer_.text_.view(), tag) == L"fo:list-block" ? tag : -1;
+}
+
 /// The caret steps into the first item of the list, from where Backspace pulls the item out and
-/// into the block. It takes the place of an empty one.
-bool ForwardDelete::eraseInFollowingList() {
+/// into the line. It takes the place of an empty block, and stays alone behind an empty line.
+bool ForwardDelete::eraseInFollowingList(int list) {
     const bool isEmpty = buffer_.elementContainsJustWhitespacesOrVoid(element_);
+    const bool beginsLine =
+        isBlockTag(buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(place_)));
     buffer_.recordCaret();
-    buffer_.moveCaretRight(false, false, false);
-    if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_)) {
-        buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
-        const int length = buffer_.text_.length();
+    buffer_.setCaret(false, buffer_.getNextValidCaretPos(list));
+    const int length = buffer_.text_.length();
+    buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
+    if (buffer_.text_.length() != length) {
         if (isEmpty)
             buffer_.removeAndRecord(element_, buffer_.positionBehindElement(element_));
-        else
+        else if (!beginsLine)
             buffer_.erase(false, false);
-        if (buffer_.text_.length() != length)
-            moveTo(buffer_.caretPos_);
+        moveTo(buffer_.caretPos_);
     }
     buffer_.recordCaret();
     return false;

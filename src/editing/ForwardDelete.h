@@ -35,7 +35,8 @@ private:
     bool leaveInline();
     bool joinFollowing();
     Core::String followingName() const;
-    bool eraseInFollowingList();
+    int listBehind() const;
+    bool eraseInFollowingList(int list);
     bool removeObject();
 
     bool isPlaceholderElement() const;
