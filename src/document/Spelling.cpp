@@ -180,7 +180,7 @@ EditableDocumentBuffer::selectMisspeltWord(SpellChecker& checker, const StringAr
         const int end = walk.toWordEnd();
         if (end < 0)
             return nullptr;
-        if (const auto error = check(checker, dictionaries, wordBetween(start, end), start, end)) {
+        if (auto error = check(checker, dictionaries, wordBetween(start, end), start, end)) {
             selectRange(start, end);
             return error;
         }
