@@ -893,7 +893,7 @@ private:
 
     void setBreakProperty(int block, const EditableProperty& property);
     bool isFirstOnLine(int position) const;
-    bool isLastInBlock(int position) const;
+    bool isLastOnLine(int position) const;
     void leaveSkippedPlaceInLine();
 
     bool isSkippedByCaret(int position) const;
@@ -901,6 +901,9 @@ private:
     int endOfSkippedSpaces(int position) const;
     int startOfLayout(int position) const;
     int endOfLayout(int position) const;
+    bool isLineStart(int position) const;
+    bool isLineEnd(int position) const;
+    bool isPlaceholderLine(int position) const;
     bool isKeptBlank(int position, int element) const;
     void insertAndRecord(int position, const Core::String& xml);
     Core::String removeAndRecord(int start, int end);

@@ -112,16 +112,36 @@ bool Backspace::removeSkippedSpaces() {
 
 /// A soft break that was the last thing in a block, or the first, takes the block's boundary along.
 bool Backspace::removeEmptyElement() {
+    if (followsEmptyLine())
+        return removeEmptyLineBefore();
     const bool isSkipped = buffer_.isSkippedByCaret(tag_);
+    const bool joinsText = tagName_ == L"fo:block" && !buffer_.isLineStart(tag_);
     int start = tag_;
     buffer_.deleteSpacesBetweenTags(start);
     start = buffer_.startOfLayout(start);
     caret_ = start;
-    buffer_.removeAndRecord(start, startOfJoined());
+    buffer_.removeAndRecord(start, joinsText ? behindJoinedPlaceholder() : startOfJoined());
     const int before =
         buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(start));
     return isSkipped && !buffer_.selfClosingTagAtPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
+}
+
+/// Whether the soft break ends a line that holds just a placeholder, and another line follows.
+bool Backspace::followsEmptyLine() const {
+    return tagName_ == L"fo:block" && buffer_.isPlaceholderLine(unitBeforeTag()) &&
+           !buffer_.isLineEnd(origin_);
+}
+
+/// The line takes the place of the empty one.
+bool Backspace::removeEmptyLineBefore() {
+    caret_ = unitBeforeTag();
+    buffer_.removeAndRecord(caret_, startOfJoined());
+    return false;
+}
+
+int Backspace::unitBeforeTag() const {
+    return buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(tag_));
 }
 
 // The end of a nested block
@@ -227,10 +247,11 @@ int Backspace::endOfLastLine(int block) const {
     if (buffer_.elementContainsJustNonBreakingSpace(block))
         return buffer_.getNonBreakingSpacePosition(block);
     const int closing = buffer_.getClosingTagForTagAtPosition(block);
-    const int last = buffer_.getPreviousEditablePositionInXml(closing);
-    const bool isEmpty = XmlScan::placeholderLength(buffer_.text_.view(), last) > 0 &&
-                         isBlockBoundaryBefore(buffer_.startOfSkippedSpaces(last));
-    return isEmpty && !buffer_.elementContainsJustWhitespacesOrVoid(element_) ? last : closing;
+    const int last =
+        buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(closing));
+    const bool goesOn =
+        buffer_.isPlaceholderLine(last) && !buffer_.elementContainsJustWhitespacesOrVoid(element_);
+    return goesOn ? last : closing;
 }
 
 /// Where what joins a line begins: at the caret, with the blanks that the start of its own line
@@ -242,11 +263,8 @@ int Backspace::startOfJoined() const {
 /// The same, but behind its placeholder if that is all of the line.
 int Backspace::behindJoinedPlaceholder() const {
     const int start = startOfJoined();
-    bool isCharacter = false;
-    bool follows = false;
-    if (!buffer_.singleNbspBetweenLineBreakTags(start, isCharacter, follows) || !follows)
-        return start;
-    return start + XmlScan::placeholderLength(buffer_.text_.view(), start);
+    const int length = XmlScan::placeholderLength(buffer_.text_.view(), start);
+    return buffer_.isPlaceholderLine(start) ? start + length : start;
 }
 
 /// The element before the block, void blocks passed over.

@@ -31,6 +31,9 @@ private:
 
     bool removeAtTag();
     bool removeEmptyElement();
+    bool followsEmptyLine() const;
+    bool removeEmptyLineBefore();
+    int unitBeforeTag() const;
 
     int listBefore() const;
     int unitBefore(int position) const;

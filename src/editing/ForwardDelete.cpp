@@ -40,6 +40,8 @@ bool ForwardDelete::playRound() {
         return takePlaceholder();
     if (buffer_.nbspFollowedByWspaceAndElementCloseTagAt(position_))
         return removeTrailingPlaceholder();
+    if (isLineBeforeAnother())
+        return removeLine();
     return removeText();
 }
 
@@ -74,9 +76,15 @@ bool ForwardDelete::isBeforeEmptyElement() const {
            !buffer_.ignoredElementAtPosition(position_);
 }
 
-/// A soft break that was the last thing in a block takes the block's boundary along.
+/// A soft break that was the last thing in a block takes the block's boundary along, and one before
+/// an empty line the placeholder of that.
 bool ForwardDelete::removeEmptyElement() {
     const int behind = buffer_.getNextEditablePositionInXml(position_);
+    const int line = buffer_.endOfSkippedSpaces(behind);
+    if (isBlockTag(position_) && buffer_.isPlaceholderLine(line) && !buffer_.isLineStart(place_)) {
+        buffer_.removeAndRecord(place_, buffer_.getNextEditablePositionInXml(line));
+        return false;
+    }
     buffer_.removeAndRecord(place_, buffer_.endOfLayout(behind));
     const int next = buffer_.endOfSkippedSpaces(place_);
     return !buffer_.selfClosingTagAtPosition(next) &&
@@ -93,9 +101,11 @@ bool ForwardDelete::removeMarkup() {
 
 // The edges of a nested block
 
+/// A block in an inline is no object that would go whole, with all its text.
 bool ForwardDelete::isAtNestedBlock() const {
     if (!XmlScan::closingAt(buffer_.text_.view(), position_))
-        return buffer_.imbricatedBlocksContext(position_);
+        return buffer_.imbricatedBlocksContext(position_) ||
+               (isBlockTag(position_) && isInlineAt(element_));
     return buffer_.getNameForTagAtPosition(position_, true) == L"/fo:block" &&
            buffer_.imbricatedBlocksContext(element_);
 }
@@ -196,11 +206,32 @@ bool ForwardDelete::takePlaceholder() {
     return true;
 }
 
-/// The placeholder at the end of a block stays where it is the only place for a caret.
+/// The placeholder at the end of a block stays where it is the only place for a caret. Where it is
+/// all of the last line, what follows the block takes its place.
 bool ForwardDelete::removeTrailingPlaceholder() {
-    if (!isOnlyContainersBefore(position_, element_))
-        buffer_.removeAndRecord(place_, buffer_.getClosingTagForTagAtPosition(element_));
+    if (isOnlyContainersBefore(position_, element_))
+        return false;
+    const bool isLine = buffer_.isPlaceholderLine(position_);
+    buffer_.removeAndRecord(place_, buffer_.getClosingTagForTagAtPosition(element_));
+    return isLine;
+}
+
+/// Whether a placeholder is all of a line that ends with a soft break, and another line follows.
+bool ForwardDelete::isLineBeforeAnother() const {
+    return buffer_.isPlaceholderLine(position_) &&
+           buffer_.selfClosingTagAtPosition(endOfPlaceholder()) &&
+           !buffer_.isLineEnd(buffer_.getNextEditablePositionInXml(endOfPlaceholder()));
+}
+
+bool ForwardDelete::removeLine() {
+    const int behind = buffer_.getNextEditablePositionInXml(endOfPlaceholder());
+    buffer_.removeAndRecord(place_, buffer_.endOfLayout(behind));
     return false;
+}
+
+/// Where the placeholder ends, with the white space behind it which does not show.
+int ForwardDelete::endOfPlaceholder() const {
+    return buffer_.endOfSkippedSpaces(buffer_.getNextEditablePositionInXml(position_));
 }
 
 bool ForwardDelete::isOnlyContainersBefore(int position, int element) const {
@@ -288,6 +319,10 @@ int ForwardDelete::findBlockRunEnd(int tagPosition) const {
 int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     const int start = startOfRun(run.runEnd);
     const String moved = buffer_.removeAndRecord(start, run.runEnd);
+    // The soft break that ended the line would begin an empty one.
+    if (buffer_.selfClosingTagAtPosition(start))
+        buffer_.removeAndRecord(start,
+                                buffer_.endOfLayout(buffer_.getNextEditablePositionInXml(start)));
     const int emptied = removeEmptied(start, run.firstTag);
     if (mustStayApart(emptied))
         buffer_.insertAndRecord(emptied, L"<fo:block/>");
@@ -296,6 +331,9 @@ int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     buffer_.removeAndRecord(target, run.firstTag);
     if (!isPlaceholder(moved))
         buffer_.insertAndRecord(target, moved);
+    else if (isBetweenBlocks(target) && !buffer_.elementContainsJustWhitespacesOrVoid(
+                                            buffer_.getCurrentElementPosition(target)))
+        buffer_.insertAndRecord(target, String(XmlScan::nbspEntity));
     return target;
 }
 

@@ -42,6 +42,9 @@ private:
     bool isPlaceholderElement() const;
     bool takePlaceholder();
     bool removeTrailingPlaceholder();
+    bool isLineBeforeAnother() const;
+    bool removeLine();
+    int endOfPlaceholder() const;
     bool isOnlyContainersBefore(int position, int element) const;
 
     bool removeText();
