@@ -4,6 +4,7 @@
 #include "foundation/UnitSearch.h"
 #include "text/ElementMemo.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace XmlScan {
@@ -62,7 +63,8 @@ int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
     if (!standsAt(text, end, delimiter))
         return -1;
     const int endBefore = rFind(text, end, delimiter - 1);
-    const int section = find(text, start, endBefore < 0 ? 0 : endBefore);
+    // In "<!-->" the start has units in common with what looks like an end.
+    const int section = find(text, start, std::max(0, endBefore - length(start) + 1));
     return section >= 0 && find(text, end, section + length(start)) == delimiter ? section : -1;
 }
 

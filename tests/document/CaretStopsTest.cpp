@@ -112,6 +112,7 @@ TEST(CaretStops, theWalkLeftPassesScriptWithWhatStandsBeforeIt) {
 TEST(CaretStops, whatOnlyLooksLikeTheEndOfMarkupIsText) {
     expectStops(L"<B>|a|>|b|-|-|>|<I>|c|?|>|d|</I>|e|</B>");
     expectStops(L"<B>|a|<?p it's > <?b ?>|b|</B>");
+    expectStops(L"<B>|a|<!-->-->|b|</B>", L"<B>a<!-->-->|b|</B>");
     expectStops(L"<B>|a|<![CDATA[x < 'y']]>| |>|b|</B>", L"<B>a<![CDATA[x < 'y']]>| |>|b|</B>");
 }
 
