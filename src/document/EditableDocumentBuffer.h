@@ -834,6 +834,7 @@ private:
     InsertedRange insertMarkup(const Core::String& xml);
     InsertedRange insertPlainText(const Core::String& text);
     bool elementHasStop(int element) const;
+    bool wouldBeAllOfLine(const Core::String& text) const;
     bool isBeforeOnlyPlaceholder(int position) const;
     void turnEntityBeforeCaretIntoBlank();
     bool blankWouldShowAt(int position) const;

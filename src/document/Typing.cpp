@@ -39,6 +39,11 @@ bool startsWithSpace(const String& text) {
     return (!text.empty() && String::isSpace(text.charAt(0))) || text.startsWith(entity);
 }
 
+bool isBlank(const String& text) {
+    const Text units = text.view();
+    return std::all_of(units.begin(), units.end(), String::isSpace);
+}
+
 } // namespace
 
 // The commands
@@ -227,12 +232,19 @@ EditableDocumentBuffer::InsertedRange EditableDocumentBuffer::insertPlainText(co
         if (beginsLine(caretPos_) && nbspFollowedByWspaceAndElementCloseTagAt(caretPos_))
             deleteSuperfluousPlaceholder();
     }
-    if (text == L" ")
-        return handleInsertedSpace(text);
+    if (text == L" " || wouldBeAllOfLine(text))
+        return handleInsertedSpace(L" ");
     if (isBeforeOnlyPlaceholder(caretPos_))
         handleElementsContainingJustNonBreakingSpaces(caretPos_);
     String escaped = text;
     return insertTextAtEditablePosition(caretPos_, escaped);
+}
+
+/// Whether nothing but white space would stand in the line, which would not show. A line feed
+/// beside a table asks for an empty block.
+bool EditableDocumentBuffer::wouldBeAllOfLine(const String& text) const {
+    const bool isInBlock = inEditableElement(caretPos_);
+    return isBlank(text) && (isInBlock ? isBeforeOnlyPlaceholder(caretPos_) : text != L"\n");
 }
 
 /// Whether the element holds just a placeholder with the position before it. One with the caret

@@ -5,6 +5,8 @@
 #include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
+#include <algorithm>
+
 using Core::String;
 using XmlScan::Text;
 
@@ -171,6 +173,7 @@ bool ForwardDelete::eraseInFollowingList(int list) {
         else if (!beginsLine)
             buffer_.erase(false, false);
         moveTo(buffer_.caretPos_);
+        caret_ = std::min(caret_, place_);
     }
     buffer_.recordCaret();
     return false;

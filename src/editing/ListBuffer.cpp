@@ -6,10 +6,12 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/FreezeNotifications.h"
 #include "editing/ListCommand.h"
+#include "text/XmlScan.h"
 
 #include <algorithm>
 
 using Core::String;
+using XmlScan::Text;
 
 namespace {
 
@@ -107,11 +109,19 @@ void ListBuffer::unwrap(int list) {
     document_.insertAndRecord(list, content);
     const int moved = list + content.length();
     document_.removeAndRecord(moved, document_.positionBehindElement(moved));
-    document_.setCaret(false, list);
+    document_.setCaret(false, startOfContent(list));
     document_.handleElementsContainingJustWhiteSpaces(list, false);
     if (!CaretWalk(document_, document_.caretPos_).isStop())
         document_.moveCaretRight(false, false, false);
     document_.recordCaret();
+}
+
+/// The position, or behind the start tag that comes first there, so that the next stop is in the
+/// element and not on the white space in front of it.
+int ListBuffer::startOfContent(int position) const {
+    const Text text = document_.text_.view();
+    const int tag = XmlScan::skipSpaces(text, position);
+    return XmlScan::openingAt(text, tag) ? document_.getNextEditablePositionInXml(tag) : position;
 }
 
 /// What the bodies of the items in the element hold. A repeat of items becomes one of that.

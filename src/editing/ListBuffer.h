@@ -165,6 +165,7 @@ private:
 
     void wrapBlock(int block, ListType type);
     void unwrap(int list);
+    int startOfContent(int position) const;
     Core::String contentOfItems(int element) const;
     void rewriteLabels(int list, ListType type);
     void renumber(int list);
@@ -196,7 +197,7 @@ private:
     void moveItemOut(int item);
     void joinItems(int first, int second);
     Move appendItem(int first, int second);
-    void moveContent(int second, int body, int end);
+    Move moveContent(int second, int body, int end);
     Move appendBlocks(int body, int second);
     bool hasOpenBody(int element) const;
     int blockThatBegins(int body) const;

@@ -128,19 +128,25 @@ ListBuffer::Move ListBuffer::appendItem(int first, int second) {
         document_.getClosingTagsBetweenPositions(secondBody, start))
         document_.removeAndRecord(end, start);
     else
-        moveContent(second, body, end);
+        return moveContent(second, body, end);
     return {start, end};
 }
 
-/// For a first item that ends with a list of its own, in which the text then ends.
-void ListBuffer::moveContent(int second, int body, int end) {
+/// For a first item that ends with a list of its own, in which the text then ends. Answers where
+/// the part with the caret went, which is behind the text where that shows nothing.
+ListBuffer::Move ListBuffer::moveContent(int second, int body, int end) {
     const int secondBody = getItemBodyPos(second);
     const int head = blockThatBegins(secondBody);
-    const String text = slice(textStart(head), closingTag(head));
-    const String rest = slice(document_.positionBehindElement(head), closingTag(secondBody));
+    const int start = textStart(head);
+    const int behindHead = document_.positionBehindElement(head);
+    const bool isCaretBehindHead = document_.caretPos_ >= behindHead;
+    const String text = slice(start, closingTag(head));
+    const String rest = slice(behindHead, closingTag(secondBody));
+    const int bodyEnd = closingTag(body);
     document_.removeAndRecord(second, document_.positionBehindElement(second));
-    document_.insertAndRecord(closingTag(body), rest);
+    document_.insertAndRecord(bodyEnd, rest);
     document_.insertAndRecord(end, text);
+    return isCaretBehindHead ? Move{behindHead, bodyEnd + text.length()} : Move{start, end};
 }
 
 /// For items between which no text can be joined, since a table or a list lies there.

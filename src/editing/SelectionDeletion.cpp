@@ -289,7 +289,7 @@ bool SelectionDeletion::finishAtStart() {
 /// Deliberate: a caret at the end of the range stays there. After a deletion through several cells
 /// it is then in the cell whose text follows.
 bool SelectionDeletion::finishAtCaret() {
-    start_ = position_ = std::max(buffer_.caretPos_, start_);
+    start_ = position_ = std::max(buffer_.outsideMarkup(buffer_.caretPos_), start_);
     repair();
     return finishAtStart();
 }
