@@ -1,4 +1,5 @@
-// A search without a match and a check without an error, each over a whole document.
+// A search without a match and a check without an error, each over a whole document. What is
+// searched for stands in markup only, so that the search has to look at every text.
 
 #include "GeneratedDocument.h"
 
@@ -35,8 +36,7 @@ SmartPtr<EditableDocumentBuffer> documentOf(long long bytes) {
 void searchAll(benchmark::State& state) {
     const SmartPtr<EditableDocumentBuffer> document = documentOf(state.range(0));
     for (auto _ : state) {
-        if (document->findReplace(L"no such text", L"", true, false, Direction::Forward, false) !=
-            -1)
+        if (document->findReplace(L"fo:block", L"", true, false, Direction::Forward, false) != -1)
             state.SkipWithError("the text was found");
         document->resetfindReplaceStartPos();
     }

@@ -179,7 +179,10 @@ int spellDocument(const SpellOptions& options) try {
     if (!checker)
         throw std::runtime_error("this program was built without a spell checker");
     SpellingPrinter printer;
-    return listMisspeltWords(options, *checker, printer) > 0 ? 1 : 0;
+    const int words = listMisspeltWords(options, *checker, printer);
+    if (!std::cout.flush())
+        throw std::runtime_error("the list could not be written");
+    return words > 0 ? 1 : 0;
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
     return 2;

@@ -3,6 +3,8 @@
 #include <forme/foundation/Encoder.h>
 
 #include <array>
+#include <cwctype>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -63,11 +65,30 @@ bool isInlineTag(Units tag) {
     return false;
 }
 
-std::pair<Units, std::size_t> characterAt(Units content, std::size_t at) {
+/// The unit that "&#x2022;" or "&#8226;" stands for; nothing where there is no such reference.
+std::optional<wchar_t> referencedUnit(Units entity) {
+    if (!entity.starts_with(L"&#") || !entity.ends_with(L";"))
+        return {};
+    const bool isHex = entity.starts_with(L"&#x");
+    unsigned long unit = 0;
+    for (const wchar_t sign : entity.substr(isHex ? 3 : 2, entity.size() - (isHex ? 4 : 3))) {
+        const unsigned long digit = std::wstring(L"0123456789abcdef").find(std::towlower(sign));
+        if (digit >= (isHex ? 16U : 10U) || unit > 0xFFFF)
+            return {};
+        unit = unit * (isHex ? 16 : 10) + digit;
+    }
+    return unit > 0 && unit <= 0xFFFF ? std::optional(static_cast<wchar_t>(unit)) : std::nullopt;
+}
+
+/// What the character or entity at the offset shows, and its length in the text.
+std::pair<std::wstring, std::size_t> characterAt(Units content, std::size_t at) {
     for (const auto& [entity, shown] : entities)
         if (content.substr(at).starts_with(entity))
-            return {shown, entity.size()};
-    return {content.substr(at, 1), 1};
+            return {std::wstring(shown), entity.size()};
+    const Units entity = content.substr(at, content.find(L';', at) - at + 1);
+    if (const auto unit = referencedUnit(entity))
+        return {std::wstring(1, *unit), entity.size()};
+    return {std::wstring(1, content[at]), 1};
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <forme/document/EditableDocumentBuffer.h>
 #include <forme/foundation/Encoder.h>
+#include <forme/foundation/Exception.h>
 
 #ifdef FORME_WITH_HUNSPELL
 #include <forme-hunspell/HunspellChecker.h>
@@ -93,11 +94,17 @@ std::string describe(const Drawing::SpellingError& error, const String& content,
            Encoder::toDisplayText(String(Units(contextOf(content.view(), start, end)))) + "\n";
 }
 
+/// A file of another kind has no words to list, which must not pass for a document without errors.
+void requireDocument(const String& content, const String& path) {
+    if (content.find(L"<qfd:document", 0) < 0 && content.find(L"<fo:root", 0) < 0)
+        throw Core::Exception(path + L": there is no qfd:document and no fo:root in it");
+}
+
 /// Lets the document name the dictionaries; answers by how much its text moved.
-int useDictionaries(EditableDocumentBuffer& document, const std::string& dictionaries) {
+int useDictionaries(EditableDocumentBuffer& document, const String& dictionaries) {
     const int length = document.getContent().length();
     if (!dictionaries.empty())
-        document.setSpellingDictionaries(Encoder::convertUTF8ToString(dictionaries));
+        document.setSpellingDictionaries(dictionaries);
     return document.getContent().length() - length;
 }
 
@@ -115,14 +122,18 @@ int listMisspeltWords(const SpellOptions& options, Drawing::SpellChecker& checke
                       SpellingMonitor& monitor) {
     const SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
     setUpAsHost(*document);
-    loadDocument(*document, Encoder::convertUTF8ToString(options.document));
-    const int shift = useDictionaries(*document, options.dictionaries);
+    const String path = Encoder::convertUTF8ToString(options.document);
+    loadDocument(*document, path);
+    requireDocument(document->getContent(), path);
+    String dictionaries = Encoder::convertUTF8ToString(options.dictionaries);
+    const int shift = useDictionaries(*document, dictionaries);
+    if (dictionaries.empty())
+        dictionaries = document->getSpellingDictionaries();
     const String content = document->getContent();
     document->setSpellChecker(new WatchedChecker(checker, content.length(), monitor));
     // From here on all text follows, that of headers and footers too.
     document->setCaretPos(false, std::max(document->getFirstPageGeneratorPos(), 0));
     int words = 0;
-    const String dictionaries = document->getSpellingDictionaries();
     for (; const auto error = document->getNextSpellingError(dictionaries, false); ++words)
         monitor.onMisspeltWord(describe(*error, content, shift, options.document));
     return words;

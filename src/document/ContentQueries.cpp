@@ -68,7 +68,7 @@ bool EditableDocumentBuffer::isInFoStaticContent(int position, const String& flo
 // Elements around the caret
 
 String EditableDocumentBuffer::getCrtObjectContent(const String& path) const {
-    return markupOfElement(getElementPositionFromPath(path, caretPos_));
+    return markupOfElement(objectNamedByPath(path));
 }
 
 String EditableDocumentBuffer::getCrtObjectContent(const String& name, bool outermost) const {

@@ -250,7 +250,7 @@ public:
 
     /// Where the word around or before the position begins: the stop to which a step by words to
     /// the left would lead, except that it stops before the start tag of an inline. The position
-    /// itself where no word can be reached; -1 for one outside the text.
+    /// itself where no word can be reached; -1 outside the text and at a table that opens a flow.
     int getPreviousWordPos(int position) const;
     /// The text from there up to but excluding the caret, markup included.
     Core::String getPreviousWord() const;
@@ -329,8 +329,8 @@ public:
     // Typing. A text that would break the markup is taken back whole, also from the history.
 
     /// Inserts text at the caret in the place of what is selected: plain text, which is escaped, or
-    /// markup. A run of plain insertions is one undo step. With `selectInserted` what was inserted
-    /// is selected. False where nothing can be inserted: no caret, a list label, an empty text.
+    /// markup. A run of plain insertions is one undo step. With `selectInserted` it is selected.
+    /// False where nothing can go: no caret, a list label, between items or rows, an empty text.
     bool insertText(const Core::String& text, bool isXml, bool selectInserted);
     /// Inserts text with formatting: an inline of its own or, in an element that holds only its
     /// placeholder, properties of that element. Alignment, which no inline can have, goes to the
@@ -359,8 +359,8 @@ public:
     /// undo step.
     void erase(bool forward, bool wholeWord);
     /// Removes the nearest element around the caret that has the name, with its content, if it lies
-    /// in a flow or static content. What it leaves empty keeps a place for the caret. One undo
-    /// step.
+    /// in a flow or static content; a sequence of conditions goes with its last one. What it leaves
+    /// empty keeps a place for the caret. One undo step.
     void deleteParent(const Core::String& elementName);
     /// Deletes from `from` up to but excluding `to`, whatever is selected, and puts the caret to
     /// `from`; with `keepSelection` the selection comes back. A `from` of -1 clears the caret and
@@ -449,16 +449,17 @@ public:
     // Objects: what a host shows as a unit, such as a chart, a repeated or conditional section, a
     // floating region or another document
 
-    /// Deletes the element that the path names among those around the caret, if it lies in a flow
-    /// or static content. The caret goes to the next stop, else to the previous; it stays in a flow
-    /// if it was in one, and in its static content. A `container` that is not empty names the
-    /// element around that the caret is to stay in. Where there is no such stop an empty block is
-    /// made to stand in or, with `inlineContext`, an empty inline. One undo step.
+    /// Deletes the element that the path names among those around the caret or, if none of them has
+    /// it, the selected element, if it lies in a flow or static content; a sequence of conditions
+    /// goes with its last one. The caret goes to the next stop of the same flow or static content,
+    /// else to the previous. A `container` that is not empty names the element around that the
+    /// caret is to stay in instead. Where there is no such stop an empty block is made to stand in
+    /// or, with `inlineContext`, an empty inline. One undo step.
     void deleteObject(const Core::String& path, const Core::String& container, bool inlineContext);
-    /// Deletes the "qfd:subdocument-content" whose tag is at the position, and with it an editable
-    /// element without attributes that holds nothing else; any other tag stays. What is left empty
-    /// gets no placeholder. The records stand alone: bracket the call with an EditActionGroup for
-    /// one undo step.
+    /// Deletes the "qfd:subdocument-content" whose tag is at the position, and with it an element
+    /// around without attributes that holds nothing else, but never a table cell or a part of a
+    /// list item; any other tag at the position stays. What is left empty gets no placeholder. The
+    /// records stand alone: bracket the call with an EditActionGroup for one undo step.
     void removeComponent(int position);
     /// Delete the nearest element of that kind around the caret, as deleteParent() does.
     void deleteFloatingRegion();
@@ -514,7 +515,7 @@ public:
     /// The start tag; empty if there is none.
     Core::String getStyleSheetString() const;
     PropertyCollection getStyleSheetAttributes() const;
-    /// Gives the element these attributes and no others.
+    /// Gives the element these attributes and no others but its declarations of namespaces.
     void setStyleSheetProperties(const PropertyCollection& properties);
     /// Inserts markup directly behind the root's start tag, whatever is there already.
     void insertStyleSheet(const Core::String& xml);
@@ -551,8 +552,8 @@ public:
     /// Whether the position lies in a static content, of that flow name if it is not empty.
     bool isInFoStaticContent(int position, const Core::String& flowName) const;
 
-    /// The markup of the element that the path names among those around the caret; empty without
-    /// one.
+    /// The markup of the element that the path names among those around the caret or, if none of
+    /// them has it, of the selected element; empty without one.
     Core::String getCrtObjectContent(const Core::String& path) const;
     /// The same for the nearest element of that name around the caret, or for the outermost.
     Core::String getCrtObjectContent(const Core::String& name, bool outermost) const;
@@ -790,10 +791,12 @@ private:
     int replaceProperties(int element, const PropertyCollection& properties);
 
     int elementNamedByPath(const Core::String& path) const;
+    int objectNamedByPath(const Core::String& path) const;
     int editableElementAround(int position) const;
     int nearestElementNamed(const Core::String& name, int position) const;
     int styledElement(const Core::String& name) const;
     bool isStartTagSelected() const;
+    void removeAttributes(int element);
     std::vector<int> elementsToClear(const Core::String& path) const;
     std::vector<int> elementsOfSelectedText() const;
     void changeProperties(int element, const PropertyCollection& properties);
@@ -879,6 +882,8 @@ private:
     int stopInContainer(int place, int nearest, int container) const;
     int stopInFiller(int place, const Core::String& filler);
     bool isWrapperOf(int element, int only) const;
+    bool holdsNothingBut(int only, int element) const;
+    int withEmptiedSequence(int element) const;
     bool hasItemBehind(int item) const;
 
     void selectWordBeforeCaret();
@@ -888,7 +893,7 @@ private:
 
     void setBreakProperty(int block, const EditableProperty& property);
     bool isFirstOnLine(int position) const;
-    bool isLastInBlock(int position) const;
+    bool isLastOnLine(int position) const;
     void leaveSkippedPlaceInLine();
 
     bool isSkippedByCaret(int position) const;
@@ -896,6 +901,9 @@ private:
     int endOfSkippedSpaces(int position) const;
     int startOfLayout(int position) const;
     int endOfLayout(int position) const;
+    bool isLineStart(int position) const;
+    bool isLineEnd(int position) const;
+    bool isPlaceholderLine(int position) const;
     bool isKeptBlank(int position, int element) const;
     void insertAndRecord(int position, const Core::String& xml);
     Core::String removeAndRecord(int start, int end);

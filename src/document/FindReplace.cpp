@@ -7,7 +7,6 @@
 #include "text/XmlScan.h"
 
 #include <algorithm>
-#include <set>
 
 using Core::String;
 using XmlScan::Text;
@@ -43,17 +42,17 @@ private:
         int end;
     };
 
-    bool passSelection();
     int matchFromStart();
     Stretch stretchAhead();
     Stretch stretchBehind();
     int matchIn(const Stretch& stretch) const;
     int answerFor(const Stretch& stretch, int index) const;
     int wholeWordAt(const Stretch& stretch, int index) const;
-    bool isBetweenUnits(const Stretch& stretch, int position) const;
+    int unitAtOrBehind(int unit, int position) const;
     bool isReachable(int position) const;
     bool isReplaceable(int position) const;
     bool toNextStart();
+    bool standsAhead();
     bool wrap();
 
     bool hasComeRound(int position) const;
@@ -69,22 +68,21 @@ private:
     const EditableDocumentBuffer::SearchRequest& request_;
     CaretWalk walk_;
     bool wrapped_;
+    int ahead_ = -1; // the text's next occurrence at or behind the walk, once asked for
 };
 
 int TextSearch::next() {
     const bool hasDirection = isForward() || request_.direction == Direction::Backward;
-    if (!hasDirection || request_.text.empty() || !passSelection())
+    if (!hasDirection || request_.text.empty() || !XmlScan::isValid(text(), walk_.position()))
         return nothingFound;
-    std::set<int> starts;
-    do {
-        const int start = walk_.position();
-        if (hasComeRound(start) || !starts.insert(start).second)
-            return answerAtTheEnd();
+    // From a selection, which may be the last match, the search goes on behind it.
+    bool hasStart = !buffer_.hasSelectedText() || toNextStart();
+    for (; hasStart && !hasComeRound(walk_.position()); hasStart = toNextStart()) {
         const int match = matchFromStart();
         if (match >= 0)
             return wasFoundBefore(match) ? answerAtTheEnd() : match;
-    } while (toNextStart());
-    return nothingFound;
+    }
+    return answerAtTheEnd();
 }
 
 /// The match in the stretch at the walk's position, which goes to the stretch's other end.
@@ -92,13 +90,6 @@ int TextSearch::matchFromStart() {
     const bool reachable = isReachable(walk_.position());
     const Stretch stretch = isForward() ? stretchAhead() : stretchBehind();
     return reachable ? matchIn(stretch) : -1;
-}
-
-/// From a selection, which may be the last match, the search goes on behind it.
-bool TextSearch::passSelection() {
-    if (!XmlScan::isValid(text(), walk_.position()))
-        return false;
-    return !buffer_.hasSelectedText() || toNextStart();
 }
 
 /// From the start to the next tag, where the walk goes.
@@ -128,12 +119,15 @@ int TextSearch::matchIn(const Stretch& stretch) const {
     if (stretch.begin < 0 || stretch.end - stretch.begin < length())
         return -1;
     const Text units = XmlScan::slice(text(), stretch.begin, stretch.end);
+    int unit = stretch.begin;
     // Deliberate: the first match counts also going backward.
-    for (int index = XmlScan::find(units, request_.text.view(), 0); index >= 0;
-         index = XmlScan::find(units, request_.text.view(), index + 1))
-        if (isBetweenUnits(stretch, stretch.begin + index) &&
-            isBetweenUnits(stretch, stretch.begin + index + length()))
+    for (int index = XmlScan::find(units, request_.text.view(), 0); index >= 0 && unit >= 0;
+         index = XmlScan::find(units, request_.text.view(), index + 1)) {
+        const int match = stretch.begin + index;
+        unit = unitAtOrBehind(unit, match);
+        if (unit == match && unitAtOrBehind(unit, match + length()) == match + length())
             return answerFor(stretch, index);
+    }
     return -1;
 }
 
@@ -162,12 +156,12 @@ int TextSearch::wholeWordAt(const Stretch& stretch, int index) const {
     return index == 0 && isSpaceAt(1) ? stretch.start : -1;
 }
 
-/// Whether no entity, comment or section is cut there.
-bool TextSearch::isBetweenUnits(const Stretch& stretch, int position) const {
-    int unit = stretch.begin;
+/// Goes on from one unit to the first that does not begin before the position: that is the position
+/// itself, unless an entity, a comment or a section is cut there. -1 at the end of the text.
+int TextSearch::unitAtOrBehind(int unit, int position) const {
     while (unit >= 0 && unit < position)
         unit = XmlScan::stepForward(text(), unit);
-    return unit == position;
+    return unit;
 }
 
 /// Whether the caret may be put there.
@@ -176,18 +170,37 @@ bool TextSearch::isReachable(int position) const {
            buffer_.isInElementContext(L"fo:static-content", position);
 }
 
-/// Whether the text itself stands at the answer, with no tag before its end.
+/// Whether the text itself stands at the answer, in no markup and with no tag before its end.
 bool TextSearch::isReplaceable(int position) const {
     const int tag = XmlScan::nextTag(text(), position);
-    return buffer_.nextContentEquals(request_.text, position) && position + length() <= tag;
+    return buffer_.nextContentEquals(request_.text, position) && position + length() <= tag &&
+           XmlScan::unitStart(text(), position) == position;
 }
 
 bool TextSearch::toNextStart() {
-    return (isForward() ? walk_.toNextStop() : walk_.toPreviousStop()) || wrap();
+    if (!isForward())
+        return walk_.toPreviousStop() || wrap();
+    return (standsAhead() && walk_.toNextStop()) || wrap();
 }
 
+/// Whether the text searched for stands anywhere ahead, in markup or not, so that the walk there is
+/// worth while.
+bool TextSearch::standsAhead() {
+    const int position = walk_.position();
+    if (ahead_ < position) {
+        const int found = XmlScan::find(text(), request_.text.view(), position);
+        ahead_ = found < 0 ? buffer_.text_.length() : found;
+    }
+    return ahead_ < buffer_.text_.length();
+}
+
+/// To the document's other end. Not a second time: then the start of the running search has been
+/// passed, which need not be a stop.
 bool TextSearch::wrap() {
+    if (wrapped_)
+        return false;
     wrapped_ = true;
+    ahead_ = -1;
     walk_.restartAt(isForward() ? 0 : buffer_.lastTagPosition());
     return isForward() ? walk_.toNextStop() : walk_.toPreviousStop();
 }

@@ -110,7 +110,7 @@ void EditableDocumentBuffer::setHeaderAttributes(const String& name,
     if (element < 0)
         return;
     RecordedCommand command(this);
-    clearPropertiesForElementAt(element);
+    removeAttributes(element);
     setPropertiesForElementAt(element, properties);
     if (!command.keepsWellFormed())
         command.takeBack();

@@ -75,7 +75,7 @@ private:
 
     void passUnit(Step step);
     bool isInWord() const;
-    bool isOnInlineEdge() const;
+    bool isOnInlineEdgeNear(int unit) const;
     int position() const { return valid_ ? walk_.position() : -1; }
 
     Text text() const { return buffer_.text_.view(); }
@@ -118,8 +118,9 @@ int SpellingWalk::toWordEnd() {
 /// One stop on or back, passing the edges of inlines. Where the block ends behind such an edge
 /// without a stop of its own, the walk is in the next block already.
 void SpellingWalk::passUnit(Step step) {
+    const int unit = walk_.position();
     valid_ = (walk_.*step)();
-    while (isOnInlineEdge()) {
+    while (isOnInlineEdgeNear(unit)) {
         const int edge = walk_.position();
         valid_ = (walk_.*step)();
         if (!valid_ || !buffer_.isInBlockOf(edge, walk_.position())) {
@@ -133,8 +134,11 @@ bool SpellingWalk::isInWord() const {
     return valid_ && isWordUnit_.test(indexOf(XmlScan::unitAt(text(), walk_.position())));
 }
 
-bool SpellingWalk::isOnInlineEdge() const {
-    return valid_ && buffer_.isInlineEdgeAt(walk_.position());
+/// Whether it is on the edge of an inline in the same block. A footnote's text, for one, begins
+/// directly behind an inline that is not in its block.
+bool SpellingWalk::isOnInlineEdgeNear(int unit) const {
+    return valid_ && buffer_.isInlineEdgeAt(walk_.position()) &&
+           buffer_.isInBlockOf(unit, walk_.position());
 }
 
 int EditableDocumentBuffer::getWordStartPosition(int position, const String& wordChars) const {
@@ -176,7 +180,7 @@ EditableDocumentBuffer::selectMisspeltWord(SpellChecker& checker, const StringAr
         const int end = walk.toWordEnd();
         if (end < 0)
             return nullptr;
-        if (const auto error = check(checker, dictionaries, wordBetween(start, end), start, end)) {
+        if (auto error = check(checker, dictionaries, wordBetween(start, end), start, end)) {
             selectRange(start, end);
             return error;
         }
@@ -192,10 +196,12 @@ String EditableDocumentBuffer::wordBetween(int start, int end) const {
 }
 
 StringArray EditableDocumentBuffer::dictionariesAtCaret(const String& defaultDictionaries) const {
-    String list = getInheritablePropertyValueAtPosition(dictionariesProperty, caretPos_);
-    if (list.empty())
-        list = defaultDictionaries;
-    return dictionaryNames(list.empty() ? String(lastResort) : list);
+    for (const String& list :
+         {getInheritablePropertyValueAtPosition(dictionariesProperty, caretPos_),
+          defaultDictionaries})
+        if (StringArray names = dictionaryNames(list); !names.empty())
+            return names;
+    return {lastResort};
 }
 
 // The document's dictionaries

@@ -9,6 +9,8 @@
 #include "document/RecordedCommand.h"
 #include "text/XmlScan.h"
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 using Core::String;
@@ -21,6 +23,16 @@ constexpr int entityLength = 8;
 
 bool isPlaceholder(const String& text) {
     return text == entity || text == L"\x00A0";
+}
+
+constexpr std::array<Text, 7> elementHolders{
+    L"fo:list-block",   L"fo:list-item",  L"fo:table",    L"fo:table-header",
+    L"fo:table-footer", L"fo:table-body", L"fo:table-row"};
+
+/// Whether text in an element of that name would never be shown.
+bool holdsOnlyElements(const String& name) {
+    return std::find(elementHolders.begin(), elementHolders.end(), name.view()) !=
+           elementHolders.end();
 }
 
 bool startsWithSpace(const String& text) {
@@ -166,7 +178,9 @@ EditableDocumentBuffer::insertInPlaceOfSelection(const String& text, bool isXml,
         group.emplace(this);
         removeSelectionBeforeInsertion();
     }
-    if (isOnInvalidPosition(caretPos_))
+    const bool isPlainText = !isXml && !text.empty();
+    if (isOnInvalidPosition(caretPos_) ||
+        (isPlainText && holdsOnlyElements(getCurrentElementName(caretPos_))))
         return Insertion::None;
     String unixText = text;
     unixText.replaceAll(L"\r\n", L"\n");

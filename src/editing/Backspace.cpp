@@ -37,6 +37,8 @@ bool Backspace::playRound() {
 bool Backspace::removeAtTag() {
     if (buffer_.selfClosingTagAtPosition(tag_))
         return removeEmptyElement();
+    if (const int list = listBefore(); list >= 0)
+        return eraseInPreviousList(list);
     if (closesNestedBlock())
         return moveRunIntoNestedBlock();
     if (buffer_.imbricatedBlocksContext(tag_))
@@ -110,16 +112,36 @@ bool Backspace::removeSkippedSpaces() {
 
 /// A soft break that was the last thing in a block, or the first, takes the block's boundary along.
 bool Backspace::removeEmptyElement() {
+    if (followsEmptyLine())
+        return removeEmptyLineBefore();
     const bool isSkipped = buffer_.isSkippedByCaret(tag_);
+    const bool joinsText = tagName_ == L"fo:block" && !buffer_.isLineStart(tag_);
     int start = tag_;
     buffer_.deleteSpacesBetweenTags(start);
     start = buffer_.startOfLayout(start);
     caret_ = start;
-    buffer_.removeAndRecord(start, startOfJoined());
+    buffer_.removeAndRecord(start, joinsText ? behindJoinedPlaceholder() : startOfJoined());
     const int before =
         buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(start));
     return isSkipped && !buffer_.selfClosingTagAtPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
+}
+
+/// Whether the soft break ends a line that holds just a placeholder, and another line follows.
+bool Backspace::followsEmptyLine() const {
+    return tagName_ == L"fo:block" && buffer_.isPlaceholderLine(unitBeforeTag()) &&
+           !buffer_.isLineEnd(origin_);
+}
+
+/// The line takes the place of the empty one.
+bool Backspace::removeEmptyLineBefore() {
+    caret_ = unitBeforeTag();
+    buffer_.removeAndRecord(caret_, startOfJoined());
+    return false;
+}
+
+int Backspace::unitBeforeTag() const {
+    return buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(tag_));
 }
 
 // The end of a nested block
@@ -209,8 +231,6 @@ bool Backspace::takeInlineBefore() {
 bool Backspace::joinPreviousBlock() {
     String name;
     const int block = previousBlock(name);
-    if (name == L"fo:list-block")
-        return eraseInPreviousList();
     if (name != L"fo:block" || isSeparatedFrom(block))
         return false;
     const int end = endOfLastLine(block);
@@ -227,10 +247,11 @@ int Backspace::endOfLastLine(int block) const {
     if (buffer_.elementContainsJustNonBreakingSpace(block))
         return buffer_.getNonBreakingSpacePosition(block);
     const int closing = buffer_.getClosingTagForTagAtPosition(block);
-    const int last = buffer_.getPreviousEditablePositionInXml(closing);
-    const bool isEmpty = XmlScan::placeholderLength(buffer_.text_.view(), last) > 0 &&
-                         isBlockBoundaryBefore(buffer_.startOfSkippedSpaces(last));
-    return isEmpty && !buffer_.elementContainsJustWhitespacesOrVoid(element_) ? last : closing;
+    const int last =
+        buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(closing));
+    const bool goesOn =
+        buffer_.isPlaceholderLine(last) && !buffer_.elementContainsJustWhitespacesOrVoid(element_);
+    return goesOn ? last : closing;
 }
 
 /// Where what joins a line begins: at the caret, with the blanks that the start of its own line
@@ -242,11 +263,8 @@ int Backspace::startOfJoined() const {
 /// The same, but behind its placeholder if that is all of the line.
 int Backspace::behindJoinedPlaceholder() const {
     const int start = startOfJoined();
-    bool isCharacter = false;
-    bool follows = false;
-    if (!buffer_.singleNbspBetweenLineBreakTags(start, isCharacter, follows) || !follows)
-        return start;
-    return start + XmlScan::placeholderLength(buffer_.text_.view(), start);
+    const int length = XmlScan::placeholderLength(buffer_.text_.view(), start);
+    return buffer_.isPlaceholderLine(start) ? start + length : start;
 }
 
 /// The element before the block, void blocks passed over.
@@ -272,15 +290,43 @@ bool Backspace::isSeparatedFrom(int block) const {
     return false;
 }
 
-/// The caret steps into the last item of the list, from where Delete pulls the block in.
-bool Backspace::eraseInPreviousList() {
+// A list
+
+/// The list that ends before the line, right there or as the last thing in the block before; -1 if
+/// text or something else stands in between.
+int Backspace::listBefore() const {
+    const Text text = buffer_.text_.view();
+    int tag = tagName_ == L"fo:block" ? unitBefore(tag_) : tag_;
+    while (XmlScan::tagName(text, tag).ends_with(L"fo:block") && !XmlScan::openingAt(text, tag)) {
+        const bool closes = XmlScan::closingAt(text, tag);
+        const int block = closes ? buffer_.getCurrentElementPosition(tag) : tag;
+        tag = unitBefore(buffer_.elementContainsJustWhitespacesOrVoid(block) ? block : tag);
+    }
+    return XmlScan::tagName(text, tag) == L"/fo:list-block" ? buffer_.getCurrentElementPosition(tag)
+                                                            : -1;
+}
+
+/// The unit before the position, white space that does not show passed over.
+int Backspace::unitBefore(int position) const {
+    return buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(position));
+}
+
+/// The caret steps into the last item of the list, from where Delete pulls the line in. Beside the
+/// list, where no line follows, that is all.
+bool Backspace::eraseInPreviousList(int list) {
+    const Text text = buffer_.text_.view();
+    const int next = buffer_.endOfSkippedSpaces(origin_);
+    const bool beginsBlock = tagName_ == L"fo:block";
+    const bool endsLine =
+        XmlScan::closingAt(text, next) || XmlScan::tagName(text, next) == L"fo:block";
     const int place = buffer_.caretPos_;
-    const int length = buffer_.text_.length();
+    const String before = buffer_.text_;
     buffer_.recordCaret();
-    buffer_.moveCaretLeft(false, false, false);
-    if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_))
+    buffer_.setCaret(false,
+                     buffer_.getPreviousValidCaretPos(buffer_.getClosingTagForTagAtPosition(list)));
+    if (beginsBlock || !endsLine)
         buffer_.getListBuffer().eraseTextFromListBuffer(true, false);
-    if (buffer_.text_.length() == length)
+    if (beginsBlock && buffer_.text_ == before)
         buffer_.setCaret(false, place);
     buffer_.recordCaret();
     caret_ = buffer_.caretPos_;

@@ -31,6 +31,13 @@ private:
 
     bool removeAtTag();
     bool removeEmptyElement();
+    bool followsEmptyLine() const;
+    bool removeEmptyLineBefore();
+    int unitBeforeTag() const;
+
+    int listBefore() const;
+    int unitBefore(int position) const;
+    bool eraseInPreviousList(int list);
 
     bool closesNestedBlock() const;
     bool moveRunIntoNestedBlock();
@@ -47,7 +54,6 @@ private:
     int startOfJoined() const;
     int behindJoinedPlaceholder() const;
     int previousBlock(Core::String& name) const;
-    bool eraseInPreviousList();
     bool isSeparatedFrom(int block) const;
 
     bool removeObject();

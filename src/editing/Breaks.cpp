@@ -95,13 +95,15 @@ void EditableDocumentBuffer::insertSoftBreak() {
     const bool isOwnLine = singleNbspBetweenLineBreakTags(caretPos_, isCharacter, follows);
     const bool isBeforeLine =
         getNameForTagAtPosition(caretPos_, true).substringAfter(L"/") == L"fo:block";
-    const bool isInLastInline = !isBeforeLine && isLastInBlock(caretPos_);
+    const bool isInLastInline = !isBeforeLine && isLastOnLine(caretPos_);
     String text = L"<fo:block />";
     if (isOwnLine || isFirstOnLine(caretPos_))
         text = placeholder + text;
     if (isOwnLine || isBeforeLine || isInLastInline)
         text += placeholder;
-    insertXmlTextAtEditablePosition(caretPos_, text);
+    const InsertedRange inserted = insertXmlTextAtEditablePosition(caretPos_, text);
+    if (caretPos_ <= inserted.start) // went back over layout at the start of the new line
+        setCaret(false, inserted.end);
     if (isInLastInline && !isOwnLine)
         moveCaretLeft(false, false, false);
     leaveSkippedPlaceInLine();
@@ -109,33 +111,37 @@ void EditableDocumentBuffer::insertSoftBreak() {
     notifySelectionChanged();
 }
 
-/// Whether a block or table begins or ends right before the position, or only tags stand between
+/// Whether nothing shows between the start of a line and the position, or only tags stand between
 /// the start of its block and the position.
 bool EditableDocumentBuffer::isFirstOnLine(int position) const {
     const String before = getNameForTagAtPosition(getPreviousEditablePositionInXml(position), true);
-    if (before.empty())
-        return false;
     const int block = searchParent(L"fo:block", position, false, true, L"");
-    return before.substringAfter(L"/") == L"fo:block" || before == L"/fo:table" ||
-           (block >= 0 && position == getNextValidCaretPos(block));
+    return isLineStart(position) ||
+           (!before.empty() && block >= 0 && position == getNextValidCaretPos(block));
 }
 
-/// Whether a tag stands at the position and nothing more shows in its block.
-bool EditableDocumentBuffer::isLastInBlock(int position) const {
+/// Whether an element ends at the position and nothing more shows in its block or, behind an
+/// inline, on its line.
+bool EditableDocumentBuffer::isLastOnLine(int position) const {
+    if (isInlineEditableElementClosingTagName(getNameForTagAtPosition(position, true)) &&
+        isLineEnd(position))
+        return true;
     const int block = searchParent(L"fo:block", position, false, true, L"");
-    return onTagStartPosition(position) && block >= 0 &&
+    return XmlScan::closingAt(text_.view(), position) && block >= 0 &&
            position == getPreviousValidCaretPos(getClosingTagForTagAtPosition(block));
 }
 
-/// Where nothing shows right at the caret, the caret goes on over white space, and back from a tag,
-/// to the next stop of its block.
+/// Where nothing shows right at the caret, the caret goes on over white space, and back from a tag
+/// on the same line, to the next stop of its block.
 void EditableDocumentBuffer::leaveSkippedPlaceInLine() {
     if (!isSkippedByCaret(caretPos_))
         return;
     const int next = getNextValidCaretPos(caretPos_);
     const int previous = getPreviousValidCaretPos(caretPos_);
-    const bool goesBack = isInBlockOf(caretPos_, previous) &&
-                          (onTagStartPosition(caretPos_) || !isInBlockOf(caretPos_, next));
+    const bool staysOnLine =
+        onTagStartPosition(caretPos_) && !blockTagLiesBetween(previous, caretPos_);
+    const bool goesBack =
+        isInBlockOf(caretPos_, previous) && (staysOnLine || !isInBlockOf(caretPos_, next));
     const int stop = goesBack ? previous : next;
     if (!isOnInvalidPosition(stop))
         setCaret(false, stop);

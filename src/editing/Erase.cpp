@@ -3,6 +3,7 @@
 #include "document/CaretWalk.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
+#include "editing/BlockLevel.h"
 #include "editing/ListBuffer.h"
 #include "text/XmlScan.h"
 
@@ -60,7 +61,7 @@ void EditableDocumentBuffer::deleteParent(const String& elementName) {
 }
 
 void EditableDocumentBuffer::deleteElementAround(const String& name, bool removeEmptyInlines) {
-    const int element = searchParent(name, caretPos_, false, true, L"");
+    const int element = withEmptiedSequence(searchParent(name, caretPos_, false, true, L""));
     if (!isInRegion(element))
         return;
     RecordedCommand command(this);
@@ -231,18 +232,44 @@ int EditableDocumentBuffer::endOfSkippedSpaces(int position) const {
     return position;
 }
 
-/// The same, but blanks alone are not passed over: they are no layout of the markup, somebody typed
-/// them, and they show again when the break beside which they do not is deleted.
+/// The same, but blanks alone beside text are not passed over: they are no layout of the markup,
+/// somebody typed them, and they show again when the break beside which they do not is deleted.
 int EditableDocumentBuffer::startOfLayout(int position) const {
     const int start = startOfSkippedSpaces(position);
     const Text passed = XmlScan::slice(text_.view(), start, position);
-    return passed.find_first_not_of(L' ') == Text::npos ? position : start;
+    const bool areBlanks = passed.find_first_not_of(L' ') == Text::npos;
+    return areBlanks && !isBlockLevelTag(text_.view(), getPreviousEditablePositionInXml(start))
+               ? position
+               : start;
 }
 
 int EditableDocumentBuffer::endOfLayout(int position) const {
     const int end = endOfSkippedSpaces(position);
     const Text passed = XmlScan::slice(text_.view(), position, end);
-    return passed.find_first_not_of(L' ') == Text::npos ? position : end;
+    const bool areBlanks = passed.find_first_not_of(L' ') == Text::npos;
+    return areBlanks && !isBlockLevelTag(text_.view(), end) ? position : end;
+}
+
+/// Whether nothing shows between the start of a line and the position.
+bool EditableDocumentBuffer::isLineStart(int position) const {
+    int tag = getPreviousEditablePositionInXml(startOfSkippedSpaces(position));
+    while (isInlineEditableElementName(getNameForTagAtPosition(tag, true).substringAfter(L"/")))
+        tag = getPreviousEditablePositionInXml(startOfSkippedSpaces(tag));
+    return isBlockLevelTag(text_.view(), tag);
+}
+
+/// Whether nothing shows between the position and the end of a line.
+bool EditableDocumentBuffer::isLineEnd(int position) const {
+    int tag = endOfSkippedSpaces(position);
+    while (isInlineEditableElementName(getNameForTagAtPosition(tag, true).substringAfter(L"/")))
+        tag = endOfSkippedSpaces(getNextEditablePositionInXml(tag));
+    return isBlockLevelTag(text_.view(), tag);
+}
+
+/// Whether a placeholder stands at the position that is all of its line.
+bool EditableDocumentBuffer::isPlaceholderLine(int position) const {
+    const int length = XmlScan::placeholderLength(text_.view(), position);
+    return length > 0 && isLineStart(position) && isLineEnd(position + length);
 }
 
 /// Whether a blank stands there that shows and belongs to the element. Beside a character that is

@@ -2,6 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 #include "editing/ListBuffer.h"
+#include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -25,9 +26,7 @@ int ForwardDelete::run() {
     while (playRound()) {
     }
     // What was emptied at the caret is repaired by who moves it there.
-    if (inside_)
-        buffer_.handleElementsContainingJustWhiteSpaces(place_, true);
-    return caret_;
+    return inside_ ? buffer_.repairEmptied(place_, true).map(caret_) : caret_;
 }
 
 bool ForwardDelete::playRound() {
@@ -41,6 +40,8 @@ bool ForwardDelete::playRound() {
         return takePlaceholder();
     if (buffer_.nbspFollowedByWspaceAndElementCloseTagAt(position_))
         return removeTrailingPlaceholder();
+    if (isLineBeforeAnother())
+        return removeLine();
     return removeText();
 }
 
@@ -49,6 +50,8 @@ bool ForwardDelete::removeAtTag() {
         return removeEmptyElement();
     if (buffer_.ignoredElementAtPosition(position_))
         return removeMarkup();
+    if (const int list = listBehind(); list >= 0)
+        return eraseInFollowingList(list);
     if (isAtNestedBlock())
         return mergeNextBlockRun();
     const String name = buffer_.getNameForTagAtPosition(position_, true);
@@ -73,9 +76,15 @@ bool ForwardDelete::isBeforeEmptyElement() const {
            !buffer_.ignoredElementAtPosition(position_);
 }
 
-/// A soft break that was the last thing in a block takes the block's boundary along.
+/// A soft break that was the last thing in a block takes the block's boundary along, and one before
+/// an empty line the placeholder of that.
 bool ForwardDelete::removeEmptyElement() {
     const int behind = buffer_.getNextEditablePositionInXml(position_);
+    const int line = buffer_.endOfSkippedSpaces(behind);
+    if (isBlockTag(position_) && buffer_.isPlaceholderLine(line) && !buffer_.isLineStart(place_)) {
+        buffer_.removeAndRecord(place_, buffer_.getNextEditablePositionInXml(line));
+        return false;
+    }
     buffer_.removeAndRecord(place_, buffer_.endOfLayout(behind));
     const int next = buffer_.endOfSkippedSpaces(place_);
     return !buffer_.selfClosingTagAtPosition(next) &&
@@ -92,9 +101,11 @@ bool ForwardDelete::removeMarkup() {
 
 // The edges of a nested block
 
+/// A block in an inline is no object that would go whole, with all its text.
 bool ForwardDelete::isAtNestedBlock() const {
     if (!XmlScan::closingAt(buffer_.text_.view(), position_))
-        return buffer_.imbricatedBlocksContext(position_);
+        return buffer_.imbricatedBlocksContext(position_) ||
+               (isBlockTag(position_) && isInlineAt(element_));
     return buffer_.getNameForTagAtPosition(position_, true) == L"/fo:block" &&
            buffer_.imbricatedBlocksContext(element_);
 }
@@ -118,12 +129,7 @@ bool ForwardDelete::leaveInline() {
 // The end of a block
 
 bool ForwardDelete::joinFollowing() {
-    const String name = followingName();
-    if (name == L"fo:block")
-        return mergeNextBlockRun();
-    if (name == L"fo:list-block")
-        return eraseInFollowingList();
-    return false;
+    return followingName() == L"fo:block" && mergeNextBlockRun();
 }
 
 /// The name of the tag behind the block, void blocks passed over.
@@ -138,21 +144,33 @@ String ForwardDelete::followingName() const {
     return name;
 }
 
+// A list
+
+/// The list that the next line begins with, at the position or behind the edges of blocks; -1 if
+/// text or something else comes first.
+int ForwardDelete::listBehind() const {
+    int tag = position_;
+    while (isBlockTag(tag))
+        tag = buffer_.endOfSkippedSpaces(buffer_.getNextEditablePositionInXml(tag));
+    return XmlScan::tagName(buffer_.text_.view(), tag) == L"fo:list-block" ? tag : -1;
+}
+
 /// The caret steps into the first item of the list, from where Backspace pulls the item out and
-/// into the block. It takes the place of an empty one.
-bool ForwardDelete::eraseInFollowingList() {
+/// into the line. It takes the place of an empty block, and stays alone behind an empty line.
+bool ForwardDelete::eraseInFollowingList(int list) {
     const bool isEmpty = buffer_.elementContainsJustWhitespacesOrVoid(element_);
+    const bool beginsLine =
+        isBlockTag(buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(place_)));
     buffer_.recordCaret();
-    buffer_.moveCaretRight(false, false, false);
-    if (buffer_.isInElementContext(L"fo:list-block", buffer_.caretPos_)) {
-        buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
-        const int length = buffer_.text_.length();
+    buffer_.setCaret(false, buffer_.getNextValidCaretPos(list));
+    const int length = buffer_.text_.length();
+    buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
+    if (buffer_.text_.length() != length) {
         if (isEmpty)
             buffer_.removeAndRecord(element_, buffer_.positionBehindElement(element_));
-        else
+        else if (!beginsLine)
             buffer_.erase(false, false);
-        if (buffer_.text_.length() != length)
-            moveTo(buffer_.caretPos_);
+        moveTo(buffer_.caretPos_);
     }
     buffer_.recordCaret();
     return false;
@@ -188,11 +206,32 @@ bool ForwardDelete::takePlaceholder() {
     return true;
 }
 
-/// The placeholder at the end of a block stays where it is the only place for a caret.
+/// The placeholder at the end of a block stays where it is the only place for a caret. Where it is
+/// all of the last line, what follows the block takes its place.
 bool ForwardDelete::removeTrailingPlaceholder() {
-    if (!isOnlyContainersBefore(position_, element_))
-        buffer_.removeAndRecord(place_, buffer_.getClosingTagForTagAtPosition(element_));
+    if (isOnlyContainersBefore(position_, element_))
+        return false;
+    const bool isLine = buffer_.isPlaceholderLine(position_);
+    buffer_.removeAndRecord(place_, buffer_.getClosingTagForTagAtPosition(element_));
+    return isLine;
+}
+
+/// Whether a placeholder is all of a line that ends with a soft break, and another line follows.
+bool ForwardDelete::isLineBeforeAnother() const {
+    return buffer_.isPlaceholderLine(position_) &&
+           buffer_.selfClosingTagAtPosition(endOfPlaceholder()) &&
+           !buffer_.isLineEnd(buffer_.getNextEditablePositionInXml(endOfPlaceholder()));
+}
+
+bool ForwardDelete::removeLine() {
+    const int behind = buffer_.getNextEditablePositionInXml(endOfPlaceholder());
+    buffer_.removeAndRecord(place_, buffer_.endOfLayout(behind));
     return false;
+}
+
+/// Where the placeholder ends, with the white space behind it which does not show.
+int ForwardDelete::endOfPlaceholder() const {
+    return buffer_.endOfSkippedSpaces(buffer_.getNextEditablePositionInXml(position_));
 }
 
 bool ForwardDelete::isOnlyContainersBefore(int position, int element) const {
@@ -280,6 +319,10 @@ int ForwardDelete::findBlockRunEnd(int tagPosition) const {
 int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     const int start = startOfRun(run.runEnd);
     const String moved = buffer_.removeAndRecord(start, run.runEnd);
+    // The soft break that ended the line would begin an empty one.
+    if (buffer_.selfClosingTagAtPosition(start))
+        buffer_.removeAndRecord(start,
+                                buffer_.endOfLayout(buffer_.getNextEditablePositionInXml(start)));
     const int emptied = removeEmptied(start, run.firstTag);
     if (mustStayApart(emptied))
         buffer_.insertAndRecord(emptied, L"<fo:block/>");
@@ -288,6 +331,9 @@ int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     buffer_.removeAndRecord(target, run.firstTag);
     if (!isPlaceholder(moved))
         buffer_.insertAndRecord(target, moved);
+    else if (isBetweenBlocks(target) && !buffer_.elementContainsJustWhitespacesOrVoid(
+                                            buffer_.getCurrentElementPosition(target)))
+        buffer_.insertAndRecord(target, String(XmlScan::nbspEntity));
     return target;
 }
 

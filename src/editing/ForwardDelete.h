@@ -35,12 +35,16 @@ private:
     bool leaveInline();
     bool joinFollowing();
     Core::String followingName() const;
-    bool eraseInFollowingList();
+    int listBehind() const;
+    bool eraseInFollowingList(int list);
     bool removeObject();
 
     bool isPlaceholderElement() const;
     bool takePlaceholder();
     bool removeTrailingPlaceholder();
+    bool isLineBeforeAnother() const;
+    bool removeLine();
+    int endOfPlaceholder() const;
     bool isOnlyContainersBefore(int position, int element) const;
 
     bool removeText();

@@ -1,26 +1,17 @@
 #include "editing/HardBreak.h"
 
 #include "document/EditableDocumentBuffer.h"
+#include "editing/BlockLevel.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
 #include <array>
 
 using Core::String;
-using XmlScan::Text;
 
 namespace {
 
 String placeholder() {
     return String(XmlScan::nbspEntity);
-}
-
-/// What begins a line and ends one.
-constexpr std::array<Text, 6> blockLevel{L"fo:block", L"fo:block-container",   L"fo:list-block",
-                                         L"fo:table", L"fo:table-and-caption", L"qf:form"};
-
-bool isBlockLevel(Text name) {
-    return std::find(blockLevel.begin(), blockLevel.end(), name) != blockLevel.end();
 }
 
 constexpr std::array<const wchar_t*, 3> decorations{
@@ -144,8 +135,7 @@ void HardBreak::keepLineBefore() {
     const int closing = buffer_.getClosingTagForTagAtPosition(holder_);
     const int end = buffer_.startOfSkippedSpaces(closing);
     const int before = buffer_.getPreviousEditablePositionInXml(end);
-    const String name = nameOf(before).substringAfter(L"/");
-    if (before > holder_ && isBlockLevel(name.view()))
+    if (before > holder_ && isBlockLevelTag(buffer_.text_.view(), before))
         buffer_.insertAndRecord(end, placeholder());
 }
 
@@ -203,7 +193,7 @@ void HardBreak::wrapLooseContent() {
 int HardBreak::endOfLooseContent() const {
     const int closing = buffer_.getClosingTagForTagAtPosition(element_);
     int end = buffer_.getNextTagPosition(caret());
-    while (end < closing && !isBlockLevel(XmlScan::tagName(buffer_.text_.view(), end)))
+    while (end < closing && !isBlockLevelTag(buffer_.text_.view(), end))
         end = buffer_.getNextTagPosition(buffer_.positionBehindElement(end));
     int content = XmlScan::skipSpaces(buffer_.text_.view(), caret());
     while (XmlScan::ignoredAt(buffer_.text_.view(), content))

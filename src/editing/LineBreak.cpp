@@ -48,7 +48,9 @@ bool LineBreak::breakBehindContainer() {
     const int footer =
         container_ == table_ ? buffer_.getNextChildByName(L"fo:table-footer", table_) : -1;
     const int end = buffer_.getClosingTagForTagAtPosition(footer < 0 ? container_ : footer);
-    if (caret() != buffer_.getPreviousValidCaretPos(end))
+    // What stands loose in a form ends with a stop on the closing tag itself.
+    const bool endsLoose = !buffer_.isSkippedByCaret(end) && buffer_.canHoldCaret(end);
+    if (caret() != (endsLoose ? end : buffer_.getPreviousValidCaretPos(end)))
         return false;
     const int place = caret();
     buffer_.recordCaret();

@@ -102,11 +102,7 @@ void ListBuffer::wrapBlock(int block, ListType type) {
 }
 
 void ListBuffer::unwrap(int list) {
-    String content;
-    for (const int item : itemsOf(list)) {
-        const Range body = contentOf(getItemBodyPos(item));
-        content += slice(body.start, body.end);
-    }
+    const String content = contentOfItems(list);
     document_.recordCaret();
     document_.insertAndRecord(list, content);
     const int moved = list + content.length();
@@ -116,6 +112,19 @@ void ListBuffer::unwrap(int list) {
     if (!CaretWalk(document_, document_.caretPos_).isStop())
         document_.moveCaretRight(false, false, false);
     document_.recordCaret();
+}
+
+/// What the bodies of the items in the element hold. A repeat of items becomes one of that.
+String ListBuffer::contentOfItems(int element) const {
+    String content;
+    for (const int child : childrenOf(element)) {
+        const int inner = isItem(child) ? getItemBodyPos(child) : child;
+        const Range range = contentOf(inner);
+        content += isItem(child) ? slice(range.start, range.end)
+                                 : startTag(child) + contentOfItems(child) +
+                                       slice(range.end, document_.positionBehindElement(child));
+    }
+    return content;
 }
 
 // Labels

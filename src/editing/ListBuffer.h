@@ -47,8 +47,8 @@ public:
     void breakList();
     /// Backspace or, with `forward`, Delete, of a unit or with `wholeWord` a word. At the start of
     /// an item it joins the item before, and what the first item holds moves out before the list;
-    /// at the end of an item the next one joins it, or the block behind the list. In an only item
-    /// that is empty, or at its start, Backspace ends the list.
+    /// at the end of an item the next one joins it, behind the last one the block or the line that
+    /// follows the list. In an only item that is empty, or at its start, Backspace ends the list.
     void eraseTextFromListBuffer(bool forward, bool wholeWord);
     /// Removes what lies in the list around `start` from there up to but excluding `end`: items
     /// that are wholly in the range go as wholes, but one item alone stays. Afterwards `start` is
@@ -145,11 +145,14 @@ private:
 
     int listAt(int position) const;
     int itemAt(int position) const;
+    std::vector<int> childrenOf(int element) const;
     std::vector<int> itemsOf(int list) const;
-    int neighborItem(int item, int step) const;
+    bool isItem(int element) const;
+    static int neighborOf(int element, const std::vector<int>& elements, int step);
     bool isOwnItem(int item) const;
     ListType typeOf(int list) const;
     int labelBlock(int item) const;
+    Core::String textOfLabel(int label) const;
     bool isInItemBody(int position) const;
     bool isFirstPositionIn(int element, int position) const;
     bool isLastPositionInItemBody(int position) const;
@@ -162,6 +165,7 @@ private:
 
     void wrapBlock(int block, ListType type);
     void unwrap(int list);
+    Core::String contentOfItems(int element) const;
     void rewriteLabels(int list, ListType type);
     void renumber(int list);
     void replaceInLabel(const Range& range, const Core::String& xml);
@@ -194,12 +198,18 @@ private:
     Move appendItem(int first, int second);
     void moveContent(int second, int body, int end);
     Move appendBlocks(int body, int second);
-    bool hasOpenBody(int item) const;
+    bool hasOpenBody(int element) const;
     int blockThatBegins(int body) const;
     bool isInTableWithin(int body, int position) const;
     int textStart(int block) const;
-    void pullFollowingBlockIn(int item);
-    void continueBlock(int block, const Core::String& content);
+    void pullFollowingLineIn(int item);
+    Range textOf(int block) const;
+    bool opensBlock(int position) const;
+    bool isEdgeAroundList(int position) const;
+    bool beginsLine(int position) const;
+    int endOfLine(int position) const;
+    int behindLineBreak(int position) const;
+    void continueBlock(int block, const Range& around, const Range& text);
 
     // A selection
 

@@ -6,9 +6,22 @@
 #include "text/XmlScan.h"
 
 #include <algorithm>
+#include <array>
 
 using Core::String;
 using XmlScan::Text;
+
+namespace {
+
+constexpr std::array<Text, 6> lineEnds{L"fo:block", L"fo:list-block",      L"fo:table",
+                                       L"qf:form",  L"fo:block-container", L"qfd:block-repeat"};
+
+/// Whether an element of that name stands on lines of its own.
+bool endsLine(Text name) {
+    return std::find(lineEnds.begin(), lineEnds.end(), name) != lineEnds.end();
+}
+
+} // namespace
 
 void ListBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {
     const int item = getItemPos(document_.caretPos_);
@@ -34,7 +47,7 @@ void ListBuffer::eraseInItem(int item, bool forward, bool wholeWord) {
 bool ListBuffer::isEmptyOnlyItem(int item) const {
     const int block = emptyBlockAround(document_.caretPos_);
     const int body = getItemBodyPos(item);
-    return block >= 0 && itemsOf(getListPos(item)).size() == 1 &&
+    return block >= 0 && childrenOf(getListPos(item)).size() == 1 &&
            block == getFirstBlockInElement(body) && block == getLastBlockInElement(body);
 }
 
@@ -50,8 +63,8 @@ bool ListBuffer::isAtEnd(int position) const {
 
 void ListBuffer::eraseBackward(int item) {
     const int list = getListPos(item);
-    const int previous = getPreviousItemPos(item);
-    if (itemsOf(list).size() == 1)
+    const int previous = neighborOf(item, childrenOf(list), -1);
+    if (childrenOf(list).size() == 1)
         unwrap(list);
     else if (previous < 0)
         moveItemOut(item);
@@ -60,11 +73,11 @@ void ListBuffer::eraseBackward(int item) {
 }
 
 void ListBuffer::eraseForward(int item) {
-    const int next = getNextItemPos(item);
+    const int next = neighborOf(item, childrenOf(getListPos(item)), 1);
     if (next >= 0)
         joinItems(item, next);
     else
-        pullFollowingBlockIn(item);
+        pullFollowingLineIn(item);
 }
 
 /// What the first item holds moves out in front of the list.
@@ -85,7 +98,7 @@ void ListBuffer::moveItemOut(int item) {
 
 // Joining items
 
-/// The caret stays where it is in the text.
+/// The caret stays where it is in the text. Nothing joins the items of a repeat.
 void ListBuffer::joinItems(int first, int second) {
     if (!hasOpenBody(first) || !hasOpenBody(second))
         return;
@@ -140,8 +153,8 @@ ListBuffer::Move ListBuffer::appendBlocks(int body, int second) {
     return {content.start, end};
 }
 
-bool ListBuffer::hasOpenBody(int item) const {
-    return XmlScan::openingAt(document_.text_.view(), getItemBodyPos(item));
+bool ListBuffer::hasOpenBody(int element) const {
+    return isItem(element) && XmlScan::openingAt(document_.text_.view(), getItemBodyPos(element));
 }
 
 int ListBuffer::blockThatBegins(int body) const {
@@ -160,33 +173,87 @@ int ListBuffer::textStart(int block) const {
 
 // At the end of a list
 
-/// The block behind the list continues its last item. A placeholder that was all that either held
-/// goes.
-void ListBuffer::pullFollowingBlockIn(int item) {
+/// What follows the list continues its last item: the block there or, in a block around the list,
+/// the line. At the end of an item that the list is the end of, the next one does.
+void ListBuffer::pullFollowingLineIn(int item) {
     const Text text = document_.text_.view();
-    const int behind = document_.positionBehindElement(getListPos(item));
-    const int block = XmlScan::skipSpaces(text, behind);
+    int start = document_.positionBehindElement(getListPos(item));
+    int line = XmlScan::skipSpaces(text, start);
+    for (; isEdgeAroundList(line); line = XmlScan::skipSpaces(text, start))
+        start = document_.getNextEditablePositionInXml(line);
     const int last = getLastBlockInElement(getItemBodyPos(item));
-    if (XmlScan::tagName(text, block) != L"fo:block" || !XmlScan::openingAt(text, block) ||
-        last < 0)
-        return;
-    const bool isEmpty = document_.elementContainsJustNonBreakingSpace(block);
-    const String content = isEmpty ? String() : slice(textStart(block), closingTag(block));
-    document_.recordCaret();
-    document_.removeAndRecord(behind, document_.positionBehindElement(block));
-    if (!content.empty())
-        continueBlock(last, content);
-    document_.recordCaret();
+    const int outer = getItemPos(line);
+    if (XmlScan::tagName(text, line) == L"/fo:list-item-body" && isOwnItem(outer))
+        eraseForward(outer);
+    else if (last >= 0 && opensBlock(line))
+        continueBlock(last, {start, document_.positionBehindElement(line)}, textOf(line));
+    else if (last >= 0 && beginsLine(line))
+        continueBlock(last, {start, behindLineBreak(endOfLine(line))}, {line, endOfLine(line)});
 }
 
-/// The caret stays before what comes in.
-void ListBuffer::continueBlock(int block, const String& content) {
-    const int end = closingTag(block);
-    const int start = document_.elementContainsJustNonBreakingSpace(block)
-                          ? document_.getNonBreakingSpacePosition(block)
-                          : document_.startOfSkippedSpaces(end);
-    const int caret = std::min(start, document_.caretPos_);
-    document_.removeAndRecord(start, end);
-    document_.insertAndRecord(start, content);
-    document_.setCaret(false, caret);
+/// Whether text or a line break stands there directly in a block.
+bool ListBuffer::beginsLine(int position) const {
+    return document_.getCurrentElementName(position) == L"fo:block" &&
+           !document_.ignoredElementAtPosition(position) &&
+           behindLineBreak(endOfLine(position)) > position;
+}
+
+/// What the block shows, which may be nothing.
+ListBuffer::Range ListBuffer::textOf(int block) const {
+    if (document_.elementContainsJustWhitespacesOrVoid(block))
+        return {block, block};
+    return {textStart(block), closingTag(block)};
+}
+
+bool ListBuffer::opensBlock(int position) const {
+    const Text text = document_.text_.view();
+    return XmlScan::tagName(text, position) == L"fo:block" && XmlScan::openingAt(text, position);
+}
+
+/// Whether a block ends at the position or one begins that holds a list, which stays in it.
+bool ListBuffer::isEdgeAroundList(int position) const {
+    if (!opensBlock(position))
+        return XmlScan::tagName(document_.text_.view(), position) == L"/fo:block";
+    const int list = document_.getNextElementByName(L"fo:list-block", position);
+    return list >= 0 && list < closingTag(position);
+}
+
+/// Where the line that begins at the position ends: at a block or the like, or the end of what is
+/// around it.
+int ListBuffer::endOfLine(int position) const {
+    const Text text = document_.text_.view();
+    int tag = document_.getNextTagPosition(position);
+    while (tag >= 0 && !XmlScan::closingAt(text, tag) && !endsLine(XmlScan::tagName(text, tag)))
+        tag = document_.getNextTagPosition(document_.positionBehindElement(tag));
+    return tag;
+}
+
+/// A line break goes with the line that it ends.
+int ListBuffer::behindLineBreak(int position) const {
+    const Text text = document_.text_.view();
+    const bool isBreak =
+        XmlScan::tagName(text, position) == L"fo:block" && XmlScan::selfClosingAt(text, position);
+    return isBreak ? document_.getNextEditablePositionInXml(position) : position;
+}
+
+/// The text moves to the end of the block, and what is around it goes. A placeholder that was all
+/// that either held goes, and the caret stays before what comes in.
+void ListBuffer::continueBlock(int block, const Range& around, const Range& text) {
+    const Text old = document_.text_.view();
+    const int behindPlaceholder = text.start + XmlScan::placeholderLength(old, text.start);
+    const bool isEmpty = XmlScan::skipSpaces(old, behindPlaceholder) >= text.end;
+    const String content = isEmpty ? String() : slice(text.start, text.end);
+    const int caret = document_.caretPos_;
+    document_.recordCaret();
+    document_.removeAndRecord(around.start, around.end);
+    if (!content.empty()) {
+        const int end = closingTag(block);
+        const int start = document_.elementContainsJustNonBreakingSpace(block)
+                              ? document_.getNonBreakingSpacePosition(block)
+                              : document_.startOfSkippedSpaces(end);
+        document_.removeAndRecord(start, end);
+        document_.insertAndRecord(start, content);
+        document_.setCaret(false, std::min(start, caret));
+    }
+    document_.recordCaret();
 }

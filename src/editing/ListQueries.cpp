@@ -48,11 +48,11 @@ int ListBuffer::getItemPos(int position) const {
 }
 
 int ListBuffer::getNextItemPos(int item) const {
-    return neighborItem(item, 1);
+    return neighborOf(itemAt(item), itemsOf(getListPos(itemAt(item))), 1);
 }
 
 int ListBuffer::getPreviousItemPos(int item) const {
-    return neighborItem(item, -1);
+    return neighborOf(itemAt(item), itemsOf(getListPos(itemAt(item))), -1);
 }
 
 int ListBuffer::getItemLabelPos(int item) const {
@@ -94,28 +94,40 @@ int ListBuffer::listAt(int position) const {
 }
 
 int ListBuffer::itemAt(int position) const {
-    return XmlScan::tagName(document_.text_.view(), position) == L"fo:list-item"
-               ? position
-               : getItemPos(position);
+    return isItem(position) ? position : getItemPos(position);
+}
+
+/// The elements that stand directly in it. In a list a repeat with items can be among them.
+std::vector<int> ListBuffer::childrenOf(int element) const {
+    std::vector<int> children;
+    const int end = closingTag(element);
+    for (int child = document_.getNextElementPosition(element); child >= 0 && child < end;
+         child = document_.getNextSiblingElementPos(child))
+        children.push_back(child);
+    return children;
 }
 
 /// The items that are the list's own.
 std::vector<int> ListBuffer::itemsOf(int list) const {
-    std::vector<int> items;
-    const int end = closingTag(list);
-    for (int child = document_.getNextElementPosition(list); child >= 0 && child < end;
-         child = document_.getNextSiblingElementPos(child))
-        if (XmlScan::tagName(document_.text_.view(), child) == L"fo:list-item")
-            items.push_back(child);
+    std::vector<int> items = childrenOf(list);
+    items.erase(
+        std::remove_if(items.begin(), items.end(), [this](int child) { return !isItem(child); }),
+        items.end());
     return items;
 }
 
-int ListBuffer::neighborItem(int item, int step) const {
-    const int number = getListItemNumber(item);
-    const std::vector<int> items = itemsOf(getListPos(itemAt(item)));
-    const int index = number - 1 + step;
-    const bool exists = number > 0 && index >= 0 && index < static_cast<int>(items.size());
-    return exists ? items[static_cast<std::size_t>(index)] : -1;
+bool ListBuffer::isItem(int element) const {
+    return XmlScan::tagName(document_.text_.view(), element) == L"fo:list-item";
+}
+
+/// The one that stands that many steps behind the element among them; -1 if there is none.
+int ListBuffer::neighborOf(int element, const std::vector<int>& elements, int step) {
+    const auto found = std::find(elements.begin(), elements.end(), element);
+    const auto index = found - elements.begin() + step;
+    const auto size = static_cast<std::ptrdiff_t>(elements.size());
+    return found == elements.end() || index < 0 || index >= size
+               ? -1
+               : elements[static_cast<std::size_t>(index)];
 }
 
 /// An item in a repeat belongs to no list.
@@ -157,8 +169,8 @@ bool ListBuffer::isLastPositionInItemBody(int position) const {
 // Labels
 
 ListType ListBuffer::typeOf(int list) const {
-    const std::vector<int> items = itemsOf(list);
-    const String label = items.empty() ? String() : getItemLabelValue(items.front());
+    const int first = document_.getNextElementByName(L"fo:list-item-label", list);
+    const String label = first < closingTag(list) ? textOfLabel(first) : String();
     if (isBullet(label))
         return ListType::Bullets;
     int number = 0;
@@ -171,7 +183,11 @@ int ListBuffer::labelBlock(int item) const {
 }
 
 String ListBuffer::getItemLabelValue(int item) const {
-    const int block = labelBlock(item);
+    return textOfLabel(getItemLabelPos(item));
+}
+
+String ListBuffer::textOfLabel(int label) const {
+    const int block = getFirstBlockInElement(label);
     if (block < 0)
         return {};
     const Range content = contentOf(block);

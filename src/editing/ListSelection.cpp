@@ -51,7 +51,7 @@ int ListBuffer::eraseRange(Range& range) {
         place = erasePart(list, range);
     else
         place = eraseItems(list, touched, range);
-    document_.setCaret(false, lower < list ? lower : place);
+    document_.setCaret(false, lower <= list ? lower : place);
     document_.recordCaret();
     if (isNumbered && !goesWhole)
         renumber(list);

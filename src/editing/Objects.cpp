@@ -4,18 +4,26 @@
 
 #include "document/FreezeNotifications.h"
 #include "document/RecordedCommand.h"
+#include "text/NameList.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
 #include <array>
 
 using Core::String;
+using XmlScan::contains;
 using XmlScan::Text;
 
 namespace {
 
 constexpr std::array<Text, 4> repeatingElements{L"qfd:block-repeat", L"qfd:table-row-repeat",
                                                 L"qfd:inline-repeat", L"qfd:page-sequence-repeat"};
+
+constexpr std::array<Text, 2> conditionSequences{L"qfd:conditional-block-sequence",
+                                                 L"qfd:conditional-inline-sequence"};
+
+/// What a table or a list has a place for, whether it holds something or not.
+constexpr std::array<Text, 3> partsOfStructures{L"fo:table-cell", L"fo:list-item-label",
+                                                L"fo:list-item-body"};
 
 constexpr const wchar_t* blockFiller = L"<fo:block>&#x00A0;</fo:block>";
 constexpr const wchar_t* inlineFiller = L"<fo:inline>&#x00A0;</fo:inline>";
@@ -26,7 +34,7 @@ constexpr const wchar_t* inlineFiller = L"<fo:inline>&#x00A0;</fo:inline>";
 
 void EditableDocumentBuffer::deleteObject(const String& path, const String& container,
                                           bool inlineContext) {
-    const int object = getElementPositionFromPath(path, caretPos_);
+    const int object = withEmptiedSequence(objectNamedByPath(path));
     const int end = lastOffsetOfElement(object);
     if (end < 0 || !isInRegion(object))
         return;
@@ -35,11 +43,28 @@ void EditableDocumentBuffer::deleteObject(const String& path, const String& cont
     recordDeletion(object, deleteXmlText(object, end));
     placeCaretForRemoved(object, container, inlineContext);
     handleElementsContainingJustWhiteSpaces(object, false);
+    adjustCaretToAnEditablePosition();
     recordCaret();
     if (command.keepsWellFormed())
         notifyCaretChanged();
     else
         command.takeBack();
+}
+
+/// The element around the caret or, for what the caret is never in, such as a graphic, the
+/// selected.
+int EditableDocumentBuffer::objectNamedByPath(const String& path) const {
+    const int around = getElementPositionFromPath(path, caretPos_);
+    return around >= 0 ? around : elementNamedByPath(path);
+}
+
+/// The sequence that would be left with no condition, if the element is its last.
+int EditableDocumentBuffer::withEmptiedSequence(int element) const {
+    const int parent = getCurrentElementPosition(element);
+    return contains(conditionSequences, XmlScan::tagName(text_.view(), parent)) &&
+                   holdsNothingBut(element, parent)
+               ? parent
+               : element;
 }
 
 void EditableDocumentBuffer::placeCaretForRemoved(int place, const String& container,
@@ -61,13 +86,11 @@ int EditableDocumentBuffer::nearestStop(int place) const {
     return next >= 0 ? next : getPreviousEditablePositionInFo(place, false, false);
 }
 
-/// In a flow the nearest stop, if that lies in a flow too; in a static content the nearest or else
-/// the previous, if that lies in the same. -1 if neither does.
+/// The nearest stop or else the previous, if that lies in the same flow or static content; -1 if
+/// neither does.
 int EditableDocumentBuffer::stopInRegion(int place, int nearest) const {
-    if (isInFoFlow(place) && isInFoFlow(nearest))
-        return nearest;
     for (const int stop : {nearest, getPreviousEditablePositionInFo(place, false, false)})
-        if (positionsAreInTheSameStaticContent(place, stop))
+        if (positionsAreInTheSameFlowElement(place, stop))
             return stop;
     return -1;
 }
@@ -132,21 +155,24 @@ void EditableDocumentBuffer::removeComponent(int position) {
     recordCaret();
 }
 
-/// Whether an element was made just to hold this one. What is not editable, such as a table cell,
-/// has its place in what is around it.
+/// Whether an element was made just to hold this one.
 bool EditableDocumentBuffer::isWrapperOf(int element, int only) const {
+    return isInRegion(element) &&
+           !contains(partsOfStructures, XmlScan::tagName(text_.view(), element)) &&
+           getPropertiesFromElementAt(element).isEmpty() && holdsNothingBut(only, element);
+}
+
+bool EditableDocumentBuffer::holdsNothingBut(int only, int element) const {
     const Text text = text_.view();
     const int first = XmlScan::skipSpaces(text, getNextEditablePositionInXml(element));
     const int behind = XmlScan::skipSpaces(text, lastOffsetOfElement(only) + 1);
-    return isEditableElementAtPosition(element) && getPropertiesFromElementAt(element).isEmpty() &&
-           first == only && behind == getClosingTagForTagAtPosition(element);
+    return first == only && behind == getClosingTagForTagAtPosition(element);
 }
 
 // Questions
 
 bool EditableDocumentBuffer::isRepeatingElement(const String& name) {
-    return std::find(repeatingElements.begin(), repeatingElements.end(), name.view()) !=
-           repeatingElements.end();
+    return contains(repeatingElements, name.view());
 }
 
 String EditableDocumentBuffer::getComponentContentFromPath(const String& path) const {

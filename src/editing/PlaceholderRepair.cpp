@@ -5,12 +5,13 @@
 
 #include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
+#include "text/NameList.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
 #include <array>
 
 using Core::String;
+using XmlScan::contains;
 using XmlScan::Text;
 
 namespace {
@@ -22,11 +23,6 @@ constexpr std::array<Text, 2> inlineHolders{L"qfd:conditional-inline", L"qfd:inl
 constexpr std::array<Text, 6> blockContainers{
     L"fo:flow",           L"fo:static-content",  L"fo:table-cell",
     L"fo:list-item-body", L"fo:block-container", L"fo:footnote-body"};
-
-template <std::size_t Count>
-bool contains(const std::array<Text, Count>& names, Text name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
 
 /// Whether a tag that opens, closes or is a block stands at the position.
 bool isBlockTag(Text text, int position) {
@@ -87,14 +83,18 @@ PlaceholderRepair EditableDocumentBuffer::repairEmptied(int position, bool remov
     return repair;
 }
 
-/// What the caret can stand in gets a placeholder, what holds blocks gets a block with one.
+/// What the caret can stand in gets a placeholder, what holds inlines or blocks gets one of these
+/// with a placeholder.
 void EditableDocumentBuffer::insertPlaceholderInto(int element, PlaceholderRepair& repair) {
     const Text name = XmlScan::tagName(text_.view(), element);
-    const bool holdsText = isEditableName(name) || contains(inlineHolders, name);
-    if (!holdsText && !contains(blockContainers, name))
+    const bool holdsText = isEditableName(name);
+    const bool holdsInline = contains(inlineHolders, name);
+    if (!holdsText && !holdsInline && !contains(blockContainers, name))
         return;
-    const String start = holdsText ? L"" : L"<fo:block>";
-    const String xml = start + String(XmlScan::nbspEntity) + (holdsText ? L"" : L"</fo:block>");
+    const String child = holdsInline ? L"fo:inline" : L"fo:block";
+    const String start = holdsText ? String() : L"<" + child + L">";
+    const String end = holdsText ? String() : L"</" + child + L">";
+    const String xml = start + String(XmlScan::nbspEntity) + end;
     repair.insertedStart = getNextEditablePositionInXml(element);
     repair.insertedEnd = repair.insertedStart + xml.length();
     repair.placeholder = repair.insertedStart + start.length();

@@ -174,15 +174,19 @@ void EditableDocumentBuffer::removeProperties(const String& path) {
         return;
     RecordedCommand command(this);
     // From the last to the first, so that those to come stay where they are.
-    for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
-        const PropertyCollection kept = declarationsAmong(getPropertiesFromElementAt(*element));
-        if (kept.isEmpty())
-            clearPropertiesForElementAt(*element);
-        else
-            replaceProperties(*element, kept);
-    }
+    for (auto element = elements.rbegin(); element != elements.rend(); ++element)
+        removeAttributes(*element);
     if (!command.keepsWellFormed())
         command.takeBack();
+}
+
+/// Declarations of namespaces stay, for what the element holds may need them.
+void EditableDocumentBuffer::removeAttributes(int element) {
+    const PropertyCollection kept = declarationsAmong(getPropertiesFromElementAt(element));
+    if (kept.isEmpty())
+        clearPropertiesForElementAt(element);
+    else
+        replaceProperties(element, kept);
 }
 
 std::vector<int> EditableDocumentBuffer::elementsToClear(const String& path) const {

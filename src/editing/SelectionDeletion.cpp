@@ -101,6 +101,8 @@ bool SelectionDeletion::deleteWholeList(int list) {
         start_ = repaired.placeholder;
         return true;
     }
+    if (handledList_ >= 0 && start_ < position_ && end_ <= position_)
+        return finishAtStart(); // the caret stays in its item
     start_ = stopNear(position_);
     if (start_ < position_)
         return finishAtStart();

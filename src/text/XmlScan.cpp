@@ -49,6 +49,12 @@ int stepOverCData(Text text, int position, Source source) noexcept {
     return validOrNone(text, behind(end, cdataEnd));
 }
 
+/// Its content is not read, so that a quote or a `>` in it does not count.
+int stepOverInstruction(Text text, int position) noexcept {
+    return validOrNone(text, behind(find(text, instructionEnd, position + length(instructionStart)),
+                                    instructionEnd));
+}
+
 /// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
 /// text "a --> b". What looks like another start in a section belongs to it.
 int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
@@ -291,6 +297,8 @@ int stepForward(Text text, int position, Source source) noexcept {
         return -1;
     if (cdataAt(text, position))
         return stepOverCData(text, position, source);
+    if (source == Source::Document && instructionAt(text, position))
+        return stepOverInstruction(text, position);
     const int end = tagEnd(text, position + 1);
     return end < 0 ? -1 : validOrNone(text, end + 1);
 }

@@ -22,6 +22,7 @@ TEST(CaretStops, InTextAndAtTheEdgesOfElements) {
                 L"<B>|a<qfd:inline-xslt>if <B>x</B></qfd:inline-xslt>|b|</B>");
     // What only looks like the end of markup is text.
     expectStops(L"<B>|a|>|b|-|-|>|<I>|c|?|>|d|</I>|e|</B>");
+    expectStops(L"<B>|a|<?p it's > <?b ?>|b|</B>");
     expectStops(L"<B>|a|<![CDATA[x < 'y']]>| |>|b|</B>", L"<B>a<![CDATA[x < 'y']]>| |>|b|</B>");
     expectStops(L"<B>|a|<I>|b|</I>|c|<!-- d -->|e|</B>", L"<B>|a|<I>|b|</I>c<!-- d -->|e|</B>");
 }

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -49,13 +50,16 @@ public:
     const SmartPtr<SmallChecker> checker;
 };
 
-/// What the walk selects from the caret on, error by error.
+/// What the walk selects from the caret on, error by error, as long as it goes on.
 std::vector<std::wstring> errorsIn(SpelledBuffer& buffer, const wchar_t* dictionaries) {
     std::vector<std::wstring> selected;
+    int last = 0;
     while (const auto error = buffer.getNextSpellingError(dictionaries, false)) {
         EXPECT_EQ(error->start, buffer.getSelectionPivotPos());
         EXPECT_EQ(error->end, buffer.getCaretPos());
         selected.push_back(buffer.marked());
+        if (error->start < std::exchange(last, error->end))
+            break;
     }
     return selected;
 }
@@ -98,6 +102,12 @@ TEST(Spelling, TakesAWordAcrossInlinesButNotOutOfItsBlock) {
               (Errors{L"<fo:block>o<fo:inline>ne</fo:inline></fo:block>"
                       L"<fo:block><fo:inline>tw</fo:inline>o</fo:block>"
                       L"<fo:block>^one<fo:inline>r|</fo:inline></fo:block>"}));
+    // The footnote's text begins directly behind the mark.
+    SpelledBuffer footnote(L"<fo:block>|one<fo:footnote><fo:inline>b</fo:inline><fo:footnote-body>"
+                           L"<fo:block>two</fo:block></fo:footnote-body></fo:footnote></fo:block>");
+    EXPECT_EQ(errorsIn(footnote, L""),
+              Errors{L"<fo:block>one<fo:footnote><fo:inline>^b|</fo:inline><fo:footnote-body>"
+                     L"<fo:block>two</fo:block></fo:footnote-body></fo:footnote></fo:block>"});
 }
 
 TEST(Spelling, FlagsOnlyWhatEveryDictionaryRejects) {
@@ -115,6 +125,11 @@ TEST(Spelling, AsksTheDictionariesThatTheDocumentNames) {
     EXPECT_TRUE(buffer.getNextSpellingError(L"en_US", false));
     EXPECT_EQ(buffer.checker->asked, std::vector<Core::String>{L"de_DE"});
     EXPECT_EQ(buffer.getSpellingDictionaries(), L"");
+
+    // A list without a name is none.
+    SpelledBuffer nameless(L"<fo:block qf:spelling-dictionaries=\":\">|one twp</fo:block>");
+    EXPECT_EQ(errorsIn(nameless, L" : ").size(), 1U);
+    EXPECT_EQ(nameless.checker->asked.front(), L"en_US");
 
     buffer.syncSpellerMap(L"en_US::de_DE");
     EXPECT_EQ(buffer.checker->loaded, (Core::StringArray{L"en_US", L"de_DE"}));

@@ -40,7 +40,8 @@ public:
 
 TEST(SpellCommand, ListsPlaceSuggestionsAndContextOfEachWord) {
     const std::string content =
-        "<?xml version=\"1.0\"?><qfd:document xmlns:qfd=\"q\" xmlns:fo=\"f\">"
+        "<?xml version=\"1.0\"?><!-- it's -->"
+        "<qfd:document xmlns:qfd=\"q\" xmlns:fo=\"f\">"
         "<fo:layout-master-set></fo:layout-master-set><fo:page-sequence>"
         "<fo:static-content><fo:block>head xa</fo:block></fo:static-content><fo:flow><fo:block>\n"
         "  one two three four five six seven eight <fo:inline>xb</fo:inline>c\n  nine, ten eleven "

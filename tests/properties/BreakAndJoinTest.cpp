@@ -1,13 +1,23 @@
-// Enter and then Backspace, from the stops of documents that people wrote.
+// A break and what takes it away again, from the stops of documents that people wrote.
 
 #include "properties/EveryStop.h"
 
+#include <array>
 #include <sstream>
 #include <vector>
 
 namespace {
 
 constexpr int stopsPerDocument = 4;
+
+/// A break, and whether Backspace takes it away or, from the line before, Delete.
+struct Way {
+    BreakType type;
+    bool forward;
+};
+
+constexpr std::array<Way, 4> ways{Way{BreakType::Hard, false}, Way{BreakType::Hard, true},
+                                  Way{BreakType::Soft, false}, Way{BreakType::Soft, true}};
 
 class BrokenDocument : public StopsDocument {
 public:
@@ -16,7 +26,7 @@ public:
     /// What a reader sees: the lines, without their formatting. "_" is a non-breaking space, "*" an
     /// object.
     std::vector<std::string> lines() const {
-        std::istringstream all(readableText());
+        std::istringstream all(readableText(0, text_.length()));
         std::vector<std::string> lines;
         for (std::string line; std::getline(all, line);) {
             const auto bothBlank = [](char a, char b) { return a == ' ' && b == ' '; };
@@ -41,6 +51,31 @@ public:
         return run.find(L'\n') != XmlScan::Text::npos;
     }
 
+    /// Whether nothing is on the line of the caret, not even a placeholder. A break puts one there.
+    bool isOnBareLine() const {
+        const std::string before = readableText(0, getCaretPos());
+        const std::string behind = readableText(getCaretPos(), text_.length());
+        const auto begin = before.rfind('\n') + 1;
+        const std::string line = before.substr(begin) + behind.substr(0, behind.find('\n'));
+        return line.find_first_not_of(' ') == std::string::npos;
+    }
+
+    /// Moves to the end of the line before a break. If that line is empty and ends with the layout
+    /// of the markup, it has a stop behind that, too. False if another thing than the break is
+    /// there.
+    bool goBackOverBreak() {
+        const int start = getCaretPos();
+        for (int from = -1; getCaretPos() != from && lineTagsBetween(getCaretPos(), start) == 0;) {
+            from = getCaretPos();
+            moveCaretLeft(false, false, false);
+        }
+        const int element = getCurrentElementPosition(getCaretPos());
+        if (elementContainsJustNonBreakingSpace(element))
+            setCaretPos(false, getNonBreakingSpacePosition(element));
+        const int tags = lineTagsBetween(getCaretPos(), start);
+        return tags == 1 || tags == 2;
+    }
+
     /// Whether Backspace leaves the line alone: in a list, and behind what is no block.
     bool isLineKept() const {
         return isInElementContext(L"fo:list-block", getCaretPos()) ||
@@ -48,10 +83,10 @@ public:
     }
 
 private:
-    std::string readableText() const {
+    std::string readableText(int start, int end) const {
         const XmlScan::Text text = text_.view();
         std::string read;
-        for (int at = 0, next = 0; XmlScan::isValid(text, at); at = next) {
+        for (int at = start, next = 0; at < end; at = next) {
             next = std::max(XmlScan::stepForward(text, at), at + 1);
             if (XmlScan::onTagStart(text, at))
                 read += readableTag(at);
@@ -63,6 +98,18 @@ private:
                 read += Core::Encoder::toDisplayText(Core::String(XmlScan::slice(text, at, next)));
         }
         return read;
+    }
+
+    /// How many tags begin or end a line there; -1 if an object stands there.
+    int lineTagsBetween(int start, int end) const {
+        int count = 0;
+        for (int at = start; at >= 0 && at < end; at = getNextEditablePositionInXml(at)) {
+            const char read = XmlScan::onTagStart(text_.view(), at) ? *readableTag(at) : 0;
+            if (read == '*')
+                return -1;
+            count += read == '\n' ? 1 : 0;
+        }
+        return count;
     }
 
     const char* readableTag(int tag) const {
@@ -96,18 +143,22 @@ std::string firstDifference(const std::vector<std::string>& expected,
 
 class BreakAndJoin : public testing::TestWithParam<std::filesystem::path> {
 protected:
-    void tryAt(BrokenDocument& document, int stop) {
-        SCOPED_TRACE(GetParam().filename().string() + " at " + std::to_string(stop));
+    void tryAt(BrokenDocument& document, int stop, Way way) {
+        SCOPED_TRACE(GetParam().filename().string() + " at " + std::to_string(stop) +
+                     (way.type == BreakType::Hard ? ", hard" : ", soft") +
+                     (way.forward ? ", Delete" : ", Backspace"));
         document.setCaretPos(false, stop);
+        if (document.isOnBareLine())
+            return;
         const CaretInText before = document.state();
         const std::vector<std::string> lines = document.lines();
         const bool isBesideLineFeed = document.isBesideLineFeed();
-        document.insertBreak(BreakType::Hard, false);
+        document.insertBreak(way.type, false);
         if (document.state().text == before.text)
             return;
         checkBreak(document, before);
         EXPECT_EQ(withoutBlanks(document.lines()), withoutBlanks(lines));
-        checkJoin(document, lines, isBesideLineFeed);
+        checkJoin(document, lines, isBesideLineFeed, way, before.caret);
         while (document.state() != before && document.canUndo())
             document.undo();
     }
@@ -124,10 +175,14 @@ private:
     }
 
     static void checkJoin(BrokenDocument& document, std::vector<std::string> expected,
-                          bool losesBlank) {
+                          bool losesBlank, Way way, int place) {
         const Core::String broken = document.state().text;
         const bool isLineKept = document.isLineKept();
-        document.erase(false, false);
+        const bool isMadeBefore = document.getCaretPos() <= place;
+        const bool isWrapped = isLineKept && way.type == BreakType::Hard;
+        if (way.forward && (isWrapped || isMadeBefore || !document.goBackOverBreak()))
+            return;
+        document.erase(way.forward, false);
         if (document.state().text == broken && isLineKept)
             return;
         std::vector<std::string> lines = document.lines();
@@ -141,7 +196,10 @@ private:
 
 TEST_P(BreakAndJoin, ReadsAsBefore) {
     BrokenDocument document(GetParam());
-    document.fromEachStop(stopsPerDocument, [&](int stop) { tryAt(document, stop); });
+    document.fromEachStop(stopsPerDocument, [&](int stop) {
+        for (const Way way : ways)
+            tryAt(document, stop, way);
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, BreakAndJoin, testing::ValuesIn(corpusAndSamples()),

@@ -24,7 +24,8 @@ private:
 };
 
 std::string testName(const Scenario& scenario) {
-    std::string name = "L" + std::to_string(scenario.line) + "_" + scenario.title;
+    std::string name = "L";
+    name += std::to_string(scenario.line) + "_" + scenario.title;
     std::replace_if(
         name.begin(), name.end(), [](unsigned char ch) { return !std::isalnum(ch); }, '_');
     return name;

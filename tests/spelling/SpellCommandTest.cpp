@@ -48,6 +48,10 @@ TEST(SpellCommand, TellsByItsStatusWhetherWordsAreMisspelt) {
     EXPECT_EQ(failed.status, 2);
     EXPECT_NE(failed.errors.find("no_SUCH"), std::string::npos) << failed.errors;
     EXPECT_EQ(spellDocument({"/no/such/document", ""}), 2);
+
+    const TemporaryFolder folder;
+    folder.put("notes.txt", "a clokc");
+    EXPECT_EQ(spellDocument({(folder.path() / "notes.txt").string(), ""}), 2);
 }
 
 TEST(SpellCommand, IsThereForRequestsToo) {
