@@ -4,21 +4,17 @@
 
 namespace {
 
-/// As a host would write one: counts the elements of a name in the element around the caret.
+/// As a host would write one: counts the elements of a name around the caret.
 class ElementCounter : public BufferAlgorithms::BufferAlg {
 public:
     using BufferAlg::BufferAlg;
 
-    int count(const Core::String& name, const Core::String& around) const {
+    int countIn(const Core::String& around, const Core::String& name) const {
         const int parent = searchParent(around, getCaretPos());
-        return countIn(parent < 0 ? getRootElement() : parent, name);
-    }
-
-private:
-    int countIn(int element, const Core::String& name) const {
+        const int element = parent < 0 ? getRootElement() : parent;
         int count = 0;
-        const int end = getClosingTagForTagAtPosition(element);
-        for (int child = getNextElementByName(name, element); child >= 0 && child < end;
+        for (int child = getNextElementByName(name, element);
+             child >= 0 && child < getClosingTagForTagAtPosition(element);
              child = getNextElementByName(name, child))
             ++count;
         return count;
@@ -34,11 +30,7 @@ TEST(BufferAlg, GivesAHostsAlgorithmTheScanners) {
     document->setContent(L"<qfd:document><fo:flow><fo:block>a<fo:block>b</fo:block></fo:block>"
                          L"</fo:flow><fo:block>c</fo:block></qfd:document>",
                          true);
-    const ElementCounter counter(document);
-    EXPECT_EQ(counter.count(L"fo:block", L"fo:flow"), 2);
-    EXPECT_EQ(counter.count(L"fo:block", L"fo:table"), 3);
-}
-
-TEST(BufferAlg, NeedsADocument) {
-    EXPECT_THROW(ElementCounter(nullptr).count(L"fo:block", L""), Core::NullPointerException);
+    EXPECT_EQ(ElementCounter(document).countIn(L"fo:flow", L"fo:block"), 2);
+    EXPECT_EQ(ElementCounter(document).countIn(L"fo:table", L"fo:block"), 3);
+    EXPECT_THROW(ElementCounter(nullptr).countIn(L"", L""), Core::NullPointerException);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Session.h"
 #include "document/EditableDocumentBuffer.h"
 #include "foundation/Wide.h"
 
@@ -9,23 +10,13 @@
 
 /// A document in a host's standard setup, with the protected operations open to tests.
 class TestBuffer : public EditableDocumentBuffer {
-public:
-    using EditableDocumentBuffer::clearPropertiesForElementAt;
-    using EditableDocumentBuffer::executeAction;
-    using EditableDocumentBuffer::getPropertiesFromElementAt;
-    using EditableDocumentBuffer::getRootElementPos;
-    using EditableDocumentBuffer::setCaret;
-    using EditableDocumentBuffer::setPropertiesForElementAt;
+    using Base = EditableDocumentBuffer;
 
-    TestBuffer() {
-        setRootElement(L"qfd:document");
-        for (const wchar_t* name : {L"fo:block", L"fo:inline", L"fo:wrapper", L"fo:basic-link",
-                                    L"fo:bidi-override", L"qf:form"})
-            addEditableElement(name);
-        for (const wchar_t* name :
-             {L"fo:inline", L"fo:wrapper", L"fo:basic-link", L"fo:bidi-override"})
-            addInlineEditableElement(name);
-    }
+public:
+    using Base::clearPropertiesForElementAt, Base::executeAction, Base::getPropertiesFromElementAt,
+        Base::getRootElementPos, Base::setCaret, Base::setPropertiesForElementAt;
+
+    TestBuffer() { setUpAsHost(*this); }
 
     /// Begins with a fragment in the flow of a small document: `|` is the caret, `^` the pivot
     /// where it differs.
@@ -54,12 +45,16 @@ public:
         mark(std::max(caret, pivot), pivot > caret ? L"^" : L"|");
         if (pivot != caret)
             mark(std::min(caret, pivot), pivot > caret ? L"|" : L"^");
-        const std::size_t start = text.find(L"\"body\">") + 7;
-        return text.substr(start, text.find(L"</fo:flow>") - start);
+        return flowOf(text);
     }
 
     int find(const wchar_t* what) const { return text_.find(what, 0); }
+    /// Where it first stands in the flow.
+    int inFlow(const wchar_t* what) const {
+        return text_.find(what, static_cast<unsigned>(find(L"\"body\">") + 7));
+    }
     std::wstring text() const { return wide(text_); }
+    std::wstring flow() const { return flowOf(text()); }
 
     void recordCaret() {
         getEditActionStack().addAction(
@@ -80,6 +75,12 @@ public:
 <fo:layout-master-set><fo:simple-page-master master-name="a"/></fo:layout-master-set>
 <fo:page-sequence><fo:flow flow-name="body">)" +
                flow + L"</fo:flow></fo:page-sequence></qfd:document>";
+    }
+
+protected:
+    static std::wstring flowOf(const std::wstring& text) {
+        const std::size_t start = text.find(L"\"body\">") + 7;
+        return text.substr(start, text.find(L"</fo:flow>") - start);
     }
 };
 

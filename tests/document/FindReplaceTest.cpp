@@ -6,8 +6,11 @@ namespace {
 
 class SearchedBuffer : public TestBuffer {
 public:
-    using EditableDocumentBuffer::findNextString;
     using TestBuffer::TestBuffer;
+
+    int find(const wchar_t* what, bool wholeWord, Direction direction) {
+        return findNextString(what, 0, true, wholeWord, direction);
+    }
 };
 
 } // namespace
@@ -16,39 +19,38 @@ TEST(FindReplace, CountsBackwardFromWhereItBegan) {
     SearchedBuffer buffer(L"<fo:block>ab cd| efgh ijkl</fo:block><fo:block>m</fo:block>");
     const int start = buffer.getCaretPos();
     // The stretch is ">ab cd ".
-    EXPECT_EQ(buffer.findNextString(L"ab", 0, true, false, Direction::Backward), start + 1);
-    EXPECT_EQ(buffer.findNextString(L"cd ", 0, true, false, Direction::Backward), start + 4);
+    EXPECT_EQ(buffer.find(L"ab", false, Direction::Backward), start + 1);
+    EXPECT_EQ(buffer.find(L"cd ", false, Direction::Backward), start + 4);
     EXPECT_EQ(buffer.getCaretPos(), start);
     for (const int none : {-1, 1, 3})
-        EXPECT_EQ(buffer.findNextString(L"ab", 0, true, false, static_cast<Direction>(none)), -1);
+        EXPECT_EQ(buffer.find(L"ab", false, static_cast<Direction>(none)), -1);
 }
 
 TEST(FindReplace, JudgesAWholeWordAtTheEndOfAStretchByAnEarlierUnit) {
     // The document begins with the stretch, so that its units have the offsets of their indices.
-    SearchedBuffer buffer;
-    buffer.addEditableElement(L"b");
-    buffer.setContent(L"<b>0 2x</b>", true);
-    buffer.setCaret(false, 3);
-    EXPECT_EQ(buffer.findNextString(L"x", 0, true, true, Direction::Forward), -1);
-    buffer.setContent(L"<b>01 x</b>", true);
-    buffer.setCaret(false, 3);
-    EXPECT_EQ(buffer.findNextString(L"x", 0, true, true, Direction::Forward), 6);
+    for (const auto& [text, found] :
+         {std::pair(L"<b>0 2x</b>", -1), std::pair(L"<b>01 x</b>", 6)}) {
+        SearchedBuffer buffer;
+        buffer.addEditableElement(L"b");
+        buffer.setContent(text, true);
+        buffer.setCaret(false, 3);
+        EXPECT_EQ(buffer.find(L"x", true, Direction::Forward), found) << text;
+    }
 }
 
 TEST(FindReplace, TellsTheMonitorOnceAndOnlyOfWhatChanged) {
     RecordingMonitor monitor;
     SearchedBuffer buffer(L"<fo:block>o|ne two one</fo:block>");
     buffer.setMonitor(&monitor);
-    buffer.findReplace(L"six", L"", true, false, Direction::Forward, false);
-    buffer.findReplace(L"six", L"x", true, false, Direction::Forward, true);
-    EXPECT_EQ(monitor.take(), "");
-    buffer.findReplace(L"one", L"", true, false, Direction::Forward, false);
-    EXPECT_EQ(monitor.take(), "cs");
-    buffer.findReplace(L"one", L"x", true, false, Direction::Forward, true);
-    EXPECT_EQ(monitor.take(), "bcs");
+    const auto heard = [&](const wchar_t* what, const wchar_t* with, bool replace) {
+        buffer.findReplace(what, with, true, false, Direction::Forward, replace);
+        return monitor.take();
+    };
+    EXPECT_EQ(heard(L"six", L"", false) + heard(L"six", L"x", true), "");
+    EXPECT_EQ(heard(L"one", L"", false), "cs");
+    EXPECT_EQ(heard(L"one", L"x", true), "bcs");
     buffer.resetfindReplaceStartPos();
-    buffer.findReplace(L"e t", L"", true, false, Direction::Forward, true);
+    EXPECT_EQ(heard(L"e t", L"", true), "cs");
     EXPECT_EQ(buffer.marked(), L"<fo:block>on^e t|wo x</fo:block>");
-    EXPECT_EQ(monitor.take(), "cs");
     buffer.setMonitor(nullptr);
 }

@@ -20,26 +20,19 @@ TEST(Properties, AreReadWithTheElementsPrefix) {
 }
 
 TEST(Properties, OnlyStartTagsHaveThem) {
-    const TestBuffer buffer(L"<fo:block>t<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></fo:block>");
+    TestBuffer buffer(L"<fo:block>t|<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></fo:block>");
+    const std::wstring before = buffer.marked();
+    RecordingMonitor monitor;
+    buffer.setMonitor(&monitor);
     for (const int place : {buffer.find(L"t<!"), buffer.find(L"<!--"), buffer.find(L"<!["),
-                            buffer.find(L"</fo:block"), -1, buffer.getContent().length()})
+                            buffer.find(L"</fo:block"), -1, buffer.getContent().length()}) {
         EXPECT_TRUE(buffer.getPropertiesFromElementAt(place).isEmpty()) << place;
-}
-
-TEST(Properties, SettingTouchesNothingButStartTags) {
-    for (const wchar_t* marked :
-         {L"text|", L"</fo:block>|", L"<!-- a b=\"c\" -->|", L"<![CDATA[<x y=\"z\">]]>|"}) {
-        TestBuffer buffer(marked);
-        RecordingMonitor monitor;
-        buffer.setMonitor(&monitor);
-        for (const int element : {buffer.find(L"\"body\">") + 7, -1}) {
-            EXPECT_EQ(buffer.setPropertiesForElementAt(element, properties(L"fo:a=b")), 0);
-            EXPECT_TRUE(buffer.clearPropertiesForElementAt(element).empty());
-        }
-        EXPECT_EQ(buffer.marked(), marked);
-        EXPECT_FALSE(buffer.canUndo());
-        EXPECT_EQ(monitor.take(), "");
+        EXPECT_EQ(buffer.setPropertiesForElementAt(place, properties(L"fo:a=b")), 0) << place;
+        EXPECT_TRUE(buffer.clearPropertiesForElementAt(place).empty()) << place;
     }
+    EXPECT_EQ(buffer.marked(), before);
+    EXPECT_FALSE(buffer.canUndo());
+    EXPECT_EQ(monitor.take(), "");
 }
 
 TEST(Properties, TheShiftCoversADeclarationOnTheRoot) {
@@ -94,24 +87,6 @@ TEST(Properties, OfANameAreThoseOfTheNearestElement) {
     EXPECT_EQ(blockAt(buffer.find(L"<fo:table")), L"fo:id=1");
     for (const int nowhere : {-1, buffer.find(L"<fo:flow"), 1 << 30})
         EXPECT_EQ(blockAt(nowhere), L"");
-}
-
-TEST(RootNamespaces, TakeOneDeclarationAndRefuseAnythingElse) {
-    TestBuffer buffer(L"<fo:block>a|b</fo:block>");
-    const std::wstring before = buffer.text();
-    for (const wchar_t* bad : {L"", L"xmlns:x", L"xmlns:x=", L"xmlns:=\"u\"", L"xmlns:1=\"u\"",
-                               L"a=\"u\"", L"xmlns:a b=\"u\"", L"xmlns:a:b=\"u\"", L"=\"u\""})
-        EXPECT_EQ(buffer.updateRootNamespaces(bad), 0) << Core::String(bad).length();
-    EXPECT_EQ(buffer.text(), before);
-    EXPECT_FALSE(buffer.canUndo());
-
-    const int shift = buffer.updateRootNamespaces(L" xmlns:x=\"urn:a=b\"");
-    EXPECT_EQ(buffer.text().size(), before.size() + static_cast<std::size_t>(shift));
-    buffer.updateRootNamespaces(L"xmlns:x=\"urn:c\"");
-    EXPECT_NE(buffer.find(L" xmlns:x=\"urn:c\">"), -1) << "a prefix has one declaration";
-    buffer.undo();
-    buffer.undo();
-    EXPECT_EQ(buffer.text(), before);
 }
 
 } // namespace

@@ -36,7 +36,7 @@ TEST(Encoder, BytesThatAreNoUtf8AreRefusedWithTheirPlace) {
     EXPECT_EQ(faultOf("\xC3"), "byte 0: truncated UTF-8 sequence");
     EXPECT_EQ(faultOf("0123456789\xE2\x82z"), "byte 10: truncated UTF-8 sequence");
     EXPECT_EQ(faultOf("a\xC0\xAF"), "byte 1: overlong UTF-8 sequence");
-    EXPECT_EQ(faultOf("a\xE0\x9F\xBF"), "byte 1: overlong UTF-8 sequence");
+    EXPECT_EQ(faultOf("\xED\xBF\xBF"), "byte 0: UTF-8 encoded surrogate");
     EXPECT_EQ(faultOf("a\xF0\x8F\xBF\xBF"), "byte 1: overlong UTF-8 sequence");
     EXPECT_EQ(faultOf("\xED\xA0\x80"), "byte 0: UTF-8 encoded surrogate");
     EXPECT_EQ(faultOf("\xF4\x90\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");

@@ -25,10 +25,11 @@ void put(Stream& stream, std::string_view bytes) {
     stream.write(&buffer, 0, static_cast<long long>(bytes.size()));
 }
 
-void save(const std::wstring& path, std::string_view bytes) {
+void save(const std::wstring& path, std::string_view bytes, bool complete = true) {
     FileStream file(path.c_str(), true, true, false);
     put(file, bytes);
-    file.commit();
+    if (complete)
+        file.commit();
 }
 
 std::string openFault(const std::wstring& path, bool write) {
@@ -36,20 +37,15 @@ std::string openFault(const std::wstring& path, bool write) {
     return message.substr(message.rfind('/') + 1);
 }
 
-/// Shows what `act` raises on standard error and ends the process, a child of the test.
+/// Shows what `act` raises on standard error and ends the process, a child of the test. Permission
+/// bits do not bind the superuser, so the child becomes somebody else first.
 template <typename Act>
 [[noreturn]] void report(Act act) {
-    std::fputs(messageOf(act).c_str(), stderr);
-    _exit(0);
-}
-
-/// Permission bits do not bind the superuser, so the child becomes somebody else first.
-template <typename Act>
-[[noreturn]] void reportAsOrdinaryUser(Act act) {
     constexpr uid_t nobody = 65534;
     if (geteuid() == 0 && setuid(nobody) != 0)
         _exit(1);
-    report(act);
+    std::fputs(messageOf(act).c_str(), stderr);
+    _exit(0);
 }
 
 /// A stream keeps a position, reads what is there and fills a gap with zeros.
@@ -89,23 +85,18 @@ TEST(FileStream, TheOldFileStandsUntilTheNewOneIsComplete) {
     const TemporaryFolder folder;
     const std::string name = "\xC3\xA9\xF0\x9F\x98\x80.xml";
     const std::wstring path = folder.put(name, "old");
-    {
-        FileStream abandoned(path.c_str(), true, true, false);
-        put(abandoned, "new and longer");
+    for (const bool complete : {false, true}) {
+        save(path, "new and longer", complete);
+        EXPECT_EQ(folder.bytesOf(name), complete ? "new and longer" : "old");
+        EXPECT_EQ(folder.fileCount(), 1);
     }
-    EXPECT_EQ(folder.bytesOf(name), "old");
-    EXPECT_EQ(folder.fileCount(), 1);
-
-    FileStream file(path.c_str(), true, true, false);
-    put(file, "new");
-    file.commit();
-    EXPECT_EQ(folder.bytesOf(name), "new");
-    EXPECT_EQ(folder.fileCount(), 1);
 }
 
 TEST(FileStream, AFullDiskLosesNothing) {
     const TemporaryFolder folder;
+    fs::permissions(folder.path(), fs::perms(0777));
     const std::wstring path = folder.put("letter.xml", "old");
+    fs::permissions(folder.path() / "letter.xml", fs::perms(0666));
     const auto saveOnFullDisk = [&] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit full{1000, 1000};
@@ -128,16 +119,15 @@ TEST(FileStream, MissingRightsAreToldAndRespected) {
     const std::wstring fresh = folder.wide("fresh.xml");
     const auto openToRead = [&] { FileStream(path.c_str(), false, false, false); };
     const testing::ExitedWithCode done(0);
-    EXPECT_EXIT(reportAsOrdinaryUser(openToRead), done, "^$");
+    EXPECT_EXIT(report(openToRead), done, "^$");
     fs::permissions(folder.path(), fs::perms(0555));
-    EXPECT_EXIT(reportAsOrdinaryUser([&] { save(fresh, "new"); }), done,
+    EXPECT_EXIT(report([&] { save(fresh, "new"); }), done,
                 "/fresh.xml: no file can be made in its folder: Permission denied$");
     fs::permissions(folder.path(), fs::perms(0777));
     fs::permissions(path, fs::perms(0444));
-    EXPECT_EXIT(reportAsOrdinaryUser([&] { save(path, "new"); }), done,
-                "/letter.xml: Permission denied$");
+    EXPECT_EXIT(report([&] { save(path, "new"); }), done, "/letter.xml: Permission denied$");
     fs::permissions(path, fs::perms(0));
-    EXPECT_EXIT(reportAsOrdinaryUser(openToRead), done, "/letter.xml: Permission denied$");
+    EXPECT_EXIT(report(openToRead), done, "/letter.xml: Permission denied$");
 
     fs::permissions(path, fs::perms(0644));
     EXPECT_EQ(folder.bytesOf("letter.xml"), "old");

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <tuple>
 
 using Core::Format;
 using Core::String;
@@ -68,14 +69,12 @@ TEST(Format, EmptyFormatIsShortestAndPlainAndReadsBackAsTheSameNumber) {
 }
 
 TEST(Format, FormatsSayHowManyDecimals) {
-    EXPECT_EQ(formatted(33.33333F, L"0.###"), L"33.333");
-    EXPECT_EQ(formatted(33.5F, L"0.###"), L"33.5");
-    EXPECT_EQ(formatted(0.9996F, L"0.###"), L"1");
-    EXPECT_EQ(formatted(1.0F, L"0.0##"), L"1.0");
-    EXPECT_EQ(formatted(100.4F, L"0"), L"100");
-    EXPECT_EQ(formatted(-0.0004F, L"0.###"), L"0");
-    EXPECT_EQ(formatted(-0.0004F, L"0.00"), L"0.00");
-    EXPECT_EQ(formatted(std::nanf(""), L"0.00"), L"0");
+    for (const auto& [value, format, expected] :
+         {std::tuple(33.33333F, L"0.###", L"33.333"), std::tuple(33.5F, L"0.###", L"33.5"),
+          std::tuple(0.9996F, L"0.###", L"1"), std::tuple(1.0F, L"0.0##", L"1.0"),
+          std::tuple(100.4F, L"0", L"100"), std::tuple(-0.0004F, L"0.###", L"0"),
+          std::tuple(-0.0004F, L"0.00", L"0.00"), std::tuple(std::nanf(""), L"0.00", L"0")})
+        EXPECT_EQ(formatted(value, format), expected) << format;
     EXPECT_EQ(formatted(Limits::lowest(), L"0.00").size(), 43U);
     for (const wchar_t* none : {L"x", L".00", L"0.#0", L"0.0.0", L"%.2f"})
         EXPECT_EQ(formatted(1.125F, none), L"1.125") << none;

@@ -22,6 +22,8 @@ struct Kept : Core::Object {
     int finalReleases = 0;
 };
 
+} // namespace
+
 TEST(SmartPtr, LastOneTakesTheObjectAlong) {
     SmartPtr<Counted> first = new Counted;
     {
@@ -30,34 +32,23 @@ TEST(SmartPtr, LastOneTakesTheObjectAlong) {
         first = again;
         first = *&first;
         const SmartPtr<Counted> moved = std::move(again);
-        EXPECT_TRUE(again == nullptr && moved == first); // NOLINT(bugprone-use-after-move)
+        EXPECT_TRUE(again == nullptr && moved == first);    // NOLINT(bugprone-use-after-move)
+        const SmartPtr<Counted> copy = new Counted(*first); // with owners of its own
+        *copy = *first;
         first = nullptr;
-        EXPECT_EQ(Counted::alive, 1);
+        EXPECT_EQ(Counted::alive, 2);
     }
     EXPECT_EQ(Counted::alive, 0);
-}
-
-TEST(SmartPtr, TakesWhatOnlyTheOldObjectHolds) {
-    SmartPtr<Counted> head = new Counted;
-    head->next = new Counted;
-    head = head->next;
-    EXPECT_EQ(Counted::alive, 1);
-}
-
-TEST(SmartPtr, CopyOfAnObjectHasOwnersOfItsOwn) {
-    const SmartPtr<Counted> original = new Counted;
-    const SmartPtr<Counted> second = original;
-    {
-        const SmartPtr<Counted> copy = new Counted(*original);
-        *copy = *original;
-    }
+    first = new Counted;
+    first->next = new Counted;
+    first = first->next; // which only the old object holds
     EXPECT_EQ(Counted::alive, 1);
 }
 
 TEST(SmartPtr, ClassDecidesWhatTheFinalReleaseDoes) {
     Kept kept;
-    { const SmartPtr<Kept> pointer = &kept; }
-    { const SmartPtr<Kept> pointer = &kept; }
+    for (int i = 0; i < 2; ++i)
+        const SmartPtr<Kept> pointer = &kept;
     EXPECT_EQ(kept.finalReleases, 2);
 }
 
@@ -68,5 +59,3 @@ TEST(SmartPtr, DereferencingNullThrowsAndLogsTheCodeLocation) {
     EXPECT_THROW(static_cast<void>(*null), Core::Exception);
     EXPECT_NE(testing::internal::GetCapturedStderr().find("SmartPtr.h:"), std::string::npos);
 }
-
-} // namespace

@@ -18,27 +18,18 @@ std::string repeated(std::string_view text, int count) {
     return result;
 }
 
-TEST(XmlParser, ADocumentOutlivesItsParser) {
-    SmartPtr<Xml::XmlDocument> document;
-    {
-        Xml::DomParser parser;
-        EXPECT_EQ(parser.getDocument(), nullptr);
-        feed(parser, "<?xml version='1.1'?><a/>");
-        document = parser.getDocument();
-        EXPECT_NE(messageOf([&] { feed(parser, "<a>"); }), "");
-        EXPECT_EQ(parser.getDocument(), nullptr);
-    }
+TEST(XmlParser, ADocumentOutlivesItsParserAndIsReadFromAnyBytes) {
+    Xml::DomParser parser;
+    EXPECT_EQ(parser.getDocument(), nullptr);
+    feed(parser, "<?xml version='1.1'?><a/>");
+    const SmartPtr<Xml::XmlDocument> document = parser.getDocument();
+    EXPECT_NE(messageOf([&] { feed(parser, "<a>"); }), "");
+    EXPECT_EQ(parser.getDocument(), nullptr);
     EXPECT_EQ(written(document), "<a/>\n");
     EXPECT_EQ(narrow(document->getVersion()), "1.1");
-}
 
-TEST(XmlParser, ReadsEveryEncodingAndAStreamFromItsPosition) {
-    const unsigned char utf16[] = {0xFF, 0xFE, '<', 0, 0xE9, 0, '/', 0, '>', 0};
-    Xml::DomParser parser;
-    parser.parseMemory(utf16, sizeof utf16);
+    feed(parser, std::string_view("\xFF\xFE<\0\xE9\0/\0>\0", 10));
     EXPECT_EQ(written(parser.getDocument()), "<\xC3\xA9/>\n");
-    EXPECT_EQ(rewritten("<?xml version='1.0' encoding='ISO-8859-1'?><a>\n\xE9</a>"),
-              "<a>\n\xC3\xA9</a>\n");
     SmartPtr<Core::IO::Stream> stream(
         new Core::IO::MemoryStream(Core::ByteArray(std::string_view("skip<a/>"))));
     stream->seek(4, Core::IO::SeekOrigin::Begin);
@@ -82,31 +73,27 @@ TEST(XmlParser, EntitiesOfTheTextAreReplacedWithinBounds) {
               "1:53: recursive entity reference");
 }
 
+std::string doctype(int count, int references) {
+    std::string text = "<!DOCTYPE a [<!ENTITY e0 'x'>";
+    for (int i = 1; i < count; ++i)
+        text += "<!ENTITY e" + std::to_string(i) + " '" +
+                repeated("&e" + std::to_string(i - 1) + ";", references) + "'>";
+    return text + "]>";
+}
+
 TEST(XmlParser, EntityBombsAreRefused) {
-    std::string exponential = "<!DOCTYPE a [<!ENTITY e0 'lol'>";
-    for (int i = 1; i < 30; ++i) {
-        std::string reference = "&e" + std::to_string(i - 1) + ";";
-        exponential += "<!ENTITY e" + std::to_string(i) + " '" + repeated(reference, 10) + "'>";
-    }
-    std::string reason = "the entities expand to too much text";
-    EXPECT_NE(refusalOf(exponential + "]><a>&e29;</a>").find(reason), std::string::npos);
-    EXPECT_NE(refusalOf(exponential + "]><a b='&e29;'/>").find(reason), std::string::npos);
     std::string quadratic = "<!DOCTYPE a [<!ENTITY e '" + std::string(100000, 'x') + "'>]><a>" +
                             repeated("&e;", 100000) + "</a>";
-    EXPECT_NE(refusalOf(quadratic).find(reason), std::string::npos);
+    for (const std::string& bomb :
+         {doctype(30, 10) + "<a>&e29;</a>", doctype(30, 10) + "<a b='&e29;'/>", quadratic})
+        EXPECT_NE(refusalOf(bomb).find("the entities expand to too much text"), std::string::npos);
 }
 
 TEST(XmlParser, EntitiesNestAsDeepAsTheirNumberAllows) {
-    auto chain = [](int count) {
-        std::string text = "<!DOCTYPE a [<!ENTITY e0 'x'>";
-        for (int i = 1; i < count; ++i)
-            text += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
-        std::string last = "&e" + std::to_string(count - 1) + ";";
-        return text + "]><a b='" + last + "'>" + last + "</a>";
-    };
-    EXPECT_TRUE(rewritten(chain(1024)).ends_with("<a b=\"x\">\nx</a>\n"));
+    EXPECT_TRUE(rewritten(doctype(1024, 1) + "<a b='&e1023;'>&e1023;</a>")
+                    .ends_with("<a b=\"x\">\nx</a>\n"));
     for (int count : {1025, 100000})
-        EXPECT_NE(refusalOf(chain(count)).find("more than 1024 entity declarations"),
+        EXPECT_NE(refusalOf(doctype(count, 1) + "<a/>").find("more than 1024 entity declarations"),
                   std::string::npos);
 }
 

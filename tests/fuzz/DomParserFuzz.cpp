@@ -8,42 +8,27 @@
 #include <cstdint>
 #include <cstdlib>
 
-namespace {
-
-struct Options {
-    bool substituteEntities;
-    bool keepLineBreaks;
-};
-
-SmartPtr<Xml::XmlDocument> parse(const unsigned char* data, std::size_t size, Options options) {
-    Xml::DomParser parser;
-    parser.setSubstituteEntities(options.substituteEntities);
-    parser.allowNewLineInAttribute(options.keepLineBreaks);
-    parser.parseMemory(data, size);
-    return parser.getDocument();
-}
-
-void requireStable(const Core::String& written, Options options) {
-    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(written);
-    if (parse(bytes.ptr(), bytes.size(), options)->writeToString() != written)
-        std::abort();
-}
-
-} // namespace
-
 /// The first byte chooses the options.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0)
         return 0;
-    const Options options{(data[0] & 1) != 0, (data[0] & 2) != 0};
-    SmartPtr<Xml::XmlDocument> document;
+    const auto written = [options = data[0]](const unsigned char* bytes, std::size_t count) {
+        Xml::DomParser parser;
+        parser.setSubstituteEntities((options & 1) != 0);
+        parser.allowNewLineInAttribute((options & 2) != 0);
+        parser.parseMemory(bytes, count);
+        return parser.getDocument()->writeToString();
+    };
+    Core::String once;
     try {
-        document = parse(data + 1, size - 1, options);
+        once = written(data + 1, size - 1);
     } catch (const Core::Exception& refusal) {
         if (refusal.getMessage().empty())
             std::abort();
         return 0;
     }
-    requireStable(document->writeToString(), options);
+    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(once);
+    if (written(bytes.ptr(), bytes.size()) != once)
+        std::abort();
     return 0;
 }

@@ -5,16 +5,13 @@
 #include <random>
 #include <string>
 
+using namespace std::string_literals;
+
 namespace {
 
 const Json document = R"(<qfd:document><fo:page-sequence><fo:flow>
 <fo:block>first</fo:block>
 </fo:flow></fo:page-sequence></qfd:document>)";
-
-std::string errorFor(const char* line) {
-    Session session;
-    return session.serveLine(line).value("error", "");
-}
 
 } // namespace
 
@@ -35,18 +32,17 @@ TEST(Session, AnswersWithResultCaretAndNotices) {
 }
 
 TEST(Session, SaysWhatIsWrongWithARequest) {
-    EXPECT_EQ(errorFor("[\"undo\""), "no JSON: column 8");
-    EXPECT_EQ(errorFor("{}"),
-              "a request is an array that begins with an operation's name, as in [\"undo\"]");
-    EXPECT_EQ(errorFor("[\"undone\"]"), "unknown operation \"undone\"");
-    EXPECT_EQ(errorFor("[\"undo\",1]"), "undo(): 0 arguments expected, 1 given");
-    EXPECT_EQ(errorFor("[\"setCaretPos\",false,\"3\"]"),
-              "setCaretPos(extend: bool, position: int): argument 2 (position): int expected, a "
-              "string given");
-    EXPECT_EQ(errorFor("[\"setCaretPos\",false,2147483648]"),
-              "setCaretPos(extend: bool, position: int): argument 2 (position): int expected, an "
-              "integer given");
-    EXPECT_EQ(errorFor("[\"open\",\"nowhere/letter.xml\"]").find("nowhere/letter.xml"), 0U);
+    const std::string setCaretPos =
+        "setCaretPos(extend: bool, position: int): argument 2 (position): int expected, ";
+    for (const auto& [line, error] :
+         {std::pair(R"(["undo")", "no JSON: column 8"s),
+          std::pair("{}", "a request is an array that begins with an operation's name, as in "
+                          R"(["undo"])"s),
+          std::pair(R"(["undone"])", R"(unknown operation "undone")"s),
+          std::pair(R"(["undo",1])", "undo(): 0 arguments expected, 1 given"s),
+          std::pair(R"(["setCaretPos",false,"3"])", setCaretPos + "a string given"),
+          std::pair(R"(["setCaretPos",false,2147483648])", setCaretPos + "an integer given")})
+        EXPECT_EQ(Session().serveLine(line).value("error", ""), error);
 }
 
 TEST(Session, StaysUpThroughGarbageAndLosesNothing) {
@@ -67,6 +63,7 @@ TEST(Session, StaysUpThroughGarbageAndLosesNothing) {
 TEST(Session, FailedOpenKeepsTheDocument) {
     Session session;
     session.serve({"setContent", document, true});
-    session.serve({"open", "nowhere/letter.xml"});
+    const Json reply = session.serve({"open", "nowhere/letter.xml"});
+    EXPECT_EQ(reply.value("error", "").find("nowhere/letter.xml"), 0U);
     EXPECT_EQ(session.serve({"getContent"})["result"], document);
 }

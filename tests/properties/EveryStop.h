@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -61,10 +60,3 @@ private:
         return getNextValidCaretPos(std::max(position, from));
     }
 };
-
-inline std::string nameOfDocument(const testing::TestParamInfo<std::filesystem::path>& info) {
-    std::string name = info.param.stem().string();
-    std::replace_if(
-        name.begin(), name.end(), [](unsigned char ch) { return !std::isalnum(ch); }, '_');
-    return name;
-}

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -24,4 +25,11 @@ inline std::vector<std::filesystem::path> corpusAndSamples() {
     EXPECT_FALSE(found.empty());
     std::sort(found.begin(), found.end());
     return found;
+}
+
+inline std::string nameOfDocument(const testing::TestParamInfo<std::filesystem::path>& info) {
+    std::string name = info.param.stem().string();
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char ch) { return !std::isalnum(ch); }, '_');
+    return name;
 }
