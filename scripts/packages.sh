@@ -6,7 +6,7 @@ set -euo pipefail
 packages_for() {
     case "$1" in
         build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev libhunspell-dev ;;
-        test) echo libgtest-dev pkg-config hunspell-en-us ;;
+        test) echo libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         bench) echo libbenchmark-dev ;;
         clang) echo clang libclang-rt-dev llvm ;;
         lint) echo clang-format clang-tidy ;;

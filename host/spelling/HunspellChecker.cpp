@@ -38,7 +38,12 @@ bool isApostrophe(wchar_t unit) {
     return unit == L'\'' || unit == L'\x2019';
 }
 
-/// A word with the apostrophes around it, which may be quotes.
+/// A full stop is a part of words in dictionaries with abbreviations.
+bool canEndSentence(wchar_t unit) {
+    return isApostrophe(unit) || unit == L'.';
+}
+
+/// A word with the apostrophes around it, which may be quotes, and the full stop of its sentence.
 struct QuotedWord {
     explicit QuotedWord(const String& quoted) {
         std::wstring_view rest = quoted.view();
@@ -46,7 +51,7 @@ struct QuotedWord {
             rest.remove_prefix(1);
         before = String(quoted.view().substr(0, quoted.view().size() - rest.size()));
         const std::size_t length = rest.size();
-        while (!rest.empty() && isApostrophe(rest.back()))
+        while (!rest.empty() && canEndSentence(rest.back()))
             rest.remove_suffix(1);
         word = String(rest);
         after = String(quoted.view().substr(quoted.view().size() - (length - rest.size())));

@@ -80,11 +80,13 @@ TEST_F(HunspellCheckerTest, ReadsOtherEncodings) {
     EXPECT_FALSE(knows(L"\xD800", L"de"));     // half a surrogate pair
 }
 
-TEST_F(HunspellCheckerTest, TakesApostrophesInBothFormsAndAsQuotes) {
+TEST_F(HunspellCheckerTest, TakesApostrophesInBothFormsAndAsQuotesAndAFullStopAsTheEndOfASentence) {
     EXPECT_TRUE(knows(L"don\x2019t", L"en"));
     EXPECT_TRUE(knows(L"'clock'", L"en"));
     EXPECT_TRUE(knows(L"''", L"en"));
     EXPECT_EQ(suggestions(L"'clokc\x2019", L"en"), Core::StringArray{L"'clock\x2019"});
+    EXPECT_TRUE(knows(L"clock.", L"en"));
+    EXPECT_EQ(suggestions(L"clokc.", L"en"), Core::StringArray{L"clock."});
 }
 
 TEST_F(HunspellCheckerTest, TellsWhatCanBePartOfAWord) {

@@ -3,9 +3,13 @@
 #include "Spelling.h"
 #include "foundation/TemporaryFolder.h"
 
+#include <forme-hunspell/HunspellChecker.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -32,7 +36,60 @@ struct SpellRun {
     std::string errors;
 };
 
+/// Counts how often each word is asked of each dictionary.
+class CountingChecker : public HunspellChecker {
+public:
+    SmartPtr<Drawing::SpellingError> checkWord(const Core::String& word,
+                                               const Core::String& dictionary, int start,
+                                               int end) override {
+        ++asked[{dictionary, start}];
+        return HunspellChecker::checkWord(word, dictionary, start, end);
+    }
+
+    std::map<std::pair<Core::String, int>, int> asked;
+};
+
+/// The misspelt words of a sample, in their order.
+class Misspelt : public SpellingMonitor {
+public:
+    explicit Misspelt(const std::string& sample, const std::string& dictionaries = "") {
+        const int count =
+            listMisspeltWords({FORME_SAMPLES "/" + sample, dictionaries}, checker, *this);
+        EXPECT_EQ(count, static_cast<int>(words.size()));
+    }
+    void onProgress(double part) override {
+        EXPECT_LE(progress, part);
+        progress = part;
+    }
+    void onMisspeltWord(const std::string& lines) override {
+        const std::size_t start = lines.find(": ") + 2;
+        words.push_back(lines.substr(start, lines.find(": ", start) - start));
+    }
+
+    CountingChecker checker;
+    std::vector<std::string> words;
+    double progress = 0;
+};
+
+using Words = std::vector<std::string>;
+
 } // namespace
+
+TEST(SpellCommand, FindsTheErrorsPlantedInAProof) {
+    const Misspelt found("proof.xml");
+    EXPECT_EQ(found.words, (Words{"saile", "runing", "recieve", "leed", "childrun", "Famlies",
+                                  "thier", "wich", "veiw", "kitshen"}));
+    EXPECT_EQ(found.checker.asked.size(), 123U);
+    for (const auto& [word, times] : found.checker.asked)
+        EXPECT_EQ(times, 1) << "the word at " << word.second;
+}
+
+TEST(SpellCommand, FindsInTwoLanguagesWhatBothReject) {
+    const Misspelt both("bilingual.xml");
+    EXPECT_EQ(both.words, (Words{"tuch", "Gewichde", "geschriben.", "speling"}));
+    EXPECT_GT(Misspelt("bilingual.xml", "en_US").words.size(), 20U);
+    EXPECT_GT(Misspelt("bilingual.xml", "de_DE").words.size(), 20U);
+}
 
 TEST(SpellCommand, TellsByItsStatusWhetherWordsAreMisspelt) {
     const SpellRun clean("It isn’t 1 clock &amp; 2.");
