@@ -850,6 +850,7 @@ private:
     PlaceholderRepair repairEmptied(int position, bool removeEmptyInlines);
     void insertPlaceholderInto(int element, PlaceholderRepair& repair);
     bool isRemovableInline(int element) const;
+    bool isFootnoteMark(int element) const;
     void restoreSelection(int lower, int upper, int place, int change);
 
     bool isInErasablePlace() const;

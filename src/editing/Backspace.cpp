@@ -377,7 +377,7 @@ bool Backspace::removeCharacter() {
 bool Backspace::isOnlyUnitOfInline() const {
     return buffer_.isInlineEditableElementName(buffer_.getNameForTagAtPosition(element_, true)) &&
            buffer_.editableElementContainsJustOneMoreChar(element_) &&
-           buffer_.getNextValidCaretPos(element_) != origin_;
+           !buffer_.isFootnoteMark(element_) && buffer_.getNextValidCaretPos(element_) != origin_;
 }
 
 /// Where the blank before the character begins, with the white space before that which does not

@@ -121,7 +121,10 @@ bool ForwardDelete::enterInline() {
     return false;
 }
 
+/// Behind the mark of a footnote its note begins, which would go whole.
 bool ForwardDelete::leaveInline() {
+    if (buffer_.isFootnoteMark(element_))
+        return false;
     if (!buffer_.elementContainsJustWhitespacesOrVoid(element_))
         return goOnInside(buffer_.getNextEditablePositionInXml(position_));
     removeWhole(element_);
@@ -198,6 +201,8 @@ bool ForwardDelete::isPlaceholderElement() const {
 
 /// Takes the placeholder, so that the next round finds an empty block.
 bool ForwardDelete::takePlaceholder() {
+    if (buffer_.isFootnoteMark(element_))
+        return false;
     if (isInlineAt(element_)) {
         removeWhole(element_);
         return false;
@@ -253,7 +258,8 @@ bool ForwardDelete::isOnlyContainersBefore(int position, int element) const {
 // Text
 
 bool ForwardDelete::removeText() {
-    if (isInlineAt(element_) && buffer_.editableElementContainsJustOneMoreChar(element_)) {
+    if (isInlineAt(element_) && buffer_.editableElementContainsJustOneMoreChar(element_) &&
+        !buffer_.isFootnoteMark(element_)) {
         removeWhole(element_);
         return false;
     }

@@ -109,7 +109,15 @@ void EditableDocumentBuffer::insertPlaceholderInto(int element, PlaceholderRepai
 /// An inline goes when it is empty, unless what is around it must hold one.
 bool EditableDocumentBuffer::isRemovableInline(int element) const {
     return isInlineName(XmlScan::tagName(text_.view(), element)) &&
-           !contains(inlineHolders, getCurrentElementName(element).view());
+           !contains(inlineHolders, getCurrentElementName(element).view()) &&
+           !isFootnoteMark(element);
+}
+
+/// Without its mark a footnote would have no place in the text, and what is typed in the place of
+/// the mark would go into the note.
+bool EditableDocumentBuffer::isFootnoteMark(int element) const {
+    return isInlineName(XmlScan::tagName(text_.view(), element)) &&
+           getCurrentElementName(element) == L"fo:footnote";
 }
 
 // Questions
