@@ -227,7 +227,8 @@ bool Backspace::takeInlineBefore() {
 
 // The start of a block
 
-/// The content joins the previous block, whose start tag rules.
+/// The content joins the previous block, whose start tag rules. Where that ends with a nested block
+/// it goes on into it, unless it took the place of an empty line.
 bool Backspace::joinPreviousBlock() {
     String name;
     const int block = previousBlock(name);
@@ -238,7 +239,8 @@ bool Backspace::joinPreviousBlock() {
     caret_ = buffer_.startOfLayout(end);
     buffer_.removeAndRecord(caret_, isLineEmpty ? startOfJoined() : behindJoinedPlaceholder());
     const int before = buffer_.getPreviousEditablePositionInXml(caret_);
-    return buffer_.closingElementTagAtPosition(before) && buffer_.onTagStartPosition(before) &&
+    return !isLineEmpty && buffer_.closingElementTagAtPosition(before) &&
+           buffer_.onTagStartPosition(before) &&
            isBlockName(buffer_.getNameForTagAtPosition(before, true));
 }
 

@@ -114,9 +114,13 @@ bool ForwardDelete::isAtNestedBlock() const {
 
 // The edges of an inline
 
+/// A soft break at the inline's start is not the character that the inline holds besides.
 bool ForwardDelete::enterInline() {
-    if (!buffer_.editableElementContainsJustOneMoreChar(position_))
-        return goOnInside(buffer_.getNextEditablePositionInXml(position_));
+    const int inside = buffer_.getNextEditablePositionInXml(position_);
+    const int first = buffer_.getNextValidCaretPos(position_);
+    if (!buffer_.editableElementContainsJustOneMoreChar(position_) ||
+        (inside < first && buffer_.selfClosingTagAtPosition(buffer_.endOfSkippedSpaces(inside))))
+        return goOnInside(inside);
     buffer_.removeAndRecord(place_, buffer_.positionBehindElement(position_));
     return false;
 }

@@ -40,15 +40,20 @@ public:
         return lines;
     }
 
-    /// Whether a line feed of the markup stands beside the caret. It separates words, and goes with
-    /// the break as the layout of the markup does.
+    /// Whether a line feed of the markup stands beside the caret, or beside the edges of inlines
+    /// there. It separates words, and goes with the break as the layout of the markup does.
     bool isBesideLineFeed() const {
-        const XmlScan::Text text = text_.view();
+        const auto isPassed = [this](int at) {
+            return Core::String::isSpace(XmlScan::unitAt(text_.view(), at)) || isInlineEdge(at);
+        };
         int start = getCaretPos();
-        while (start > 0 && Core::String::isSpace(XmlScan::unitAt(text, start - 1)))
-            --start;
-        const XmlScan::Text run = XmlScan::slice(text, start, XmlScan::skipSpaces(text, start));
-        return run.find(L'\n') != XmlScan::Text::npos;
+        for (int at = start; at >= 0 && (at == getCaretPos() || isPassed(at));
+             at = getPreviousEditablePositionInXml(at))
+            start = at;
+        int end = getCaretPos();
+        while (end >= 0 && isPassed(end))
+            end = getNextEditablePositionInXml(end);
+        return XmlScan::slice(text_.view(), start, end).find(L'\n') != XmlScan::Text::npos;
     }
 
     /// Whether nothing is on the line of the caret, not even a placeholder. A break puts one there.
@@ -114,11 +119,16 @@ private:
 
     const char* readableTag(int tag) const {
         const Core::String name = getNameForTagAtPosition(tag, true).substringAfter(L"/");
-        if (isInlineEditableElementName(name) || XmlScan::ignoredAt(text_.view(), tag))
+        if (isInlineEdge(tag) || XmlScan::ignoredAt(text_.view(), tag))
             return "";
-        const bool isLine = isBlockEditableElementName(name) || name.startsWith(L"fo:table") ||
-                            name.startsWith(L"fo:list") || name == L"fo:block-container";
+        bool isLine = isBlockEditableElementName(name) || name == L"fo:block-container";
+        for (const wchar_t* kind : {L"fo:table", L"fo:list", L"fo:flow", L"fo:static-content"})
+            isLine = isLine || name.startsWith(kind);
         return isLine ? "\n" : "*";
+    }
+
+    bool isInlineEdge(int at) const {
+        return isInlineEditableElementName(getNameForTagAtPosition(at, true).substringAfter(L"/"));
     }
 };
 
