@@ -111,6 +111,7 @@ bool Backspace::removeSkippedSpaces() {
 // A soft break, a tab or another empty element
 
 /// A soft break that was the last thing in a block, or the first, takes the block's boundary along.
+/// White space in front of it that shows stays.
 bool Backspace::removeEmptyElement() {
     if (followsEmptyLine())
         return removeEmptyLineBefore();
@@ -118,7 +119,7 @@ bool Backspace::removeEmptyElement() {
     const bool joinsText = tagName_ == L"fo:block" && !buffer_.isLineStart(tag_);
     int start = tag_;
     buffer_.deleteSpacesBetweenTags(start);
-    start = buffer_.startOfLayout(start);
+    start = buffer_.startOfLayout(std::max(start, buffer_.startOfSkippedSpaces(tag_)));
     caret_ = start;
     buffer_.removeAndRecord(start, joinsText ? behindJoinedPlaceholder() : startOfJoined());
     const int before =
