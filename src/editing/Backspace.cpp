@@ -122,10 +122,9 @@ bool Backspace::removeEmptyElement() {
     start = buffer_.startOfLayout(std::max(start, buffer_.startOfSkippedSpaces(tag_)));
     caret_ = start;
     buffer_.removeAndRecord(start, joinsText ? behindJoinedPlaceholder() : startOfJoined());
-    const int before =
-        buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(start));
-    return isSkipped && !buffer_.selfClosingTagAtPosition(before) &&
-           isBlockName(buffer_.getNameForTagAtPosition(before, true));
+    const int line = buffer_.startOfSkippedSpaces(start);
+    return isSkipped && isBlockBoundaryBefore(line) &&
+           !buffer_.selfClosingTagAtPosition(buffer_.getPreviousEditablePositionInXml(line));
 }
 
 /// Whether the soft break ends a line that holds just a placeholder, and another line follows.
@@ -407,7 +406,8 @@ bool Backspace::isBetweenBlockTags(int position) const {
 /// Whether a block begins or ends right before the position, or a soft break stands there.
 bool Backspace::isBlockBoundaryBefore(int position) const {
     const int before = buffer_.getPreviousEditablePositionInXml(position);
-    return isBlockName(buffer_.getNameForTagAtPosition(before, true));
+    return buffer_.getElementTypeOnEndTagPosition(position - 1) == xmlElement &&
+           isBlockName(buffer_.getNameForTagAtPosition(before, true));
 }
 
 /// Whether the tag opens, closes or is a block that the caret can stand in.

@@ -252,16 +252,31 @@ int EditableDocumentBuffer::endOfLayout(int position) const {
 
 /// Whether nothing shows between the start of a line and the position.
 bool EditableDocumentBuffer::isLineStart(int position) const {
-    int tag = getPreviousEditablePositionInXml(startOfSkippedSpaces(position));
-    while (isInlineEditableElementName(getNameForTagAtPosition(tag, true).substringAfter(L"/")))
-        tag = getPreviousEditablePositionInXml(startOfSkippedSpaces(tag));
-    return isBlockLevelTag(text_.view(), tag);
+    int start = startOfSkippedSpaces(position);
+    for (int hidden = startOfHidden(start); hidden >= 0; hidden = startOfHidden(start))
+        start = startOfSkippedSpaces(hidden);
+    return getElementTypeOnEndTagPosition(start - 1) == xmlElement &&
+           isBlockLevelTag(text_.view(), getPreviousEditablePositionInXml(start));
+}
+
+/// Where the edge of an inline, the comment or the instruction begins that ends at the position; -1
+/// if none does.
+int EditableDocumentBuffer::startOfHidden(int position) const {
+    const XmlElementType type = getElementTypeOnEndTagPosition(position - 1);
+    if (type == xmlComment || type == xmlProcessingInstruction)
+        return getElementStartPosition(type, position - 1);
+    const int tag = type == xmlElement ? getPreviousEditablePositionInXml(position) : -1;
+    return isInlineEdgeAt(tag) ? tag : -1;
 }
 
 /// Whether nothing shows between the position and the end of a line.
 bool EditableDocumentBuffer::isLineEnd(int position) const {
+    const auto isHidden = [this](int at) {
+        return isInlineEdgeAt(at) ||
+               (ignoredElementAtPosition(at) && !XmlScan::cdataAt(text_.view(), at));
+    };
     int tag = endOfSkippedSpaces(position);
-    while (isInlineEditableElementName(getNameForTagAtPosition(tag, true).substringAfter(L"/")))
+    while (isHidden(tag))
         tag = endOfSkippedSpaces(getNextEditablePositionInXml(tag));
     return isBlockLevelTag(text_.view(), tag);
 }

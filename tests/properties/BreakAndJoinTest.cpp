@@ -56,13 +56,15 @@ public:
         return XmlScan::slice(text_.view(), start, end).find(L'\n') != XmlScan::Text::npos;
     }
 
-    /// Whether nothing is on the line of the caret, not even a placeholder. A break puts one there.
-    bool isOnBareLine() const {
-        const std::string before = readableText(0, getCaretPos());
+    /// Whether nothing is on the line of the caret, not even a placeholder, or on the one before
+    /// it, which a soft break ends. A break at the start of a line puts a placeholder there.
+    bool isAtBareLine() const {
         const std::string behind = readableText(getCaretPos(), text_.length());
-        const auto begin = before.rfind('\n') + 1;
-        const std::string line = before.substr(begin) + behind.substr(0, behind.find('\n'));
-        return line.find_first_not_of(' ') == std::string::npos;
+        if (!startsLine(getCaretPos()))
+            return false;
+        const int tag = getPreviousTagPosition(getCaretPos());
+        return behind.find_first_not_of(' ') == behind.find('\n') ||
+               (selfClosingTagAtPosition(tag) && startsLine(tag));
     }
 
     /// Moves to the end of the line before a break. If that line is empty and ends with the layout
@@ -88,6 +90,11 @@ public:
     }
 
 private:
+    bool startsLine(int position) const {
+        const std::string before = readableText(0, position);
+        return before.find_last_not_of(' ') == before.rfind('\n');
+    }
+
     std::string readableText(int start, int end) const {
         const XmlScan::Text text = text_.view();
         std::string read;
@@ -158,7 +165,7 @@ protected:
                      (way.type == BreakType::Hard ? ", hard" : ", soft") +
                      (way.forward ? ", Delete" : ", Backspace"));
         document.setCaretPos(false, stop);
-        if (document.isOnBareLine())
+        if (document.isAtBareLine())
             return;
         const CaretInText before = document.state();
         const std::vector<std::string> lines = document.lines();
