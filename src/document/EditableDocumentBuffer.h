@@ -334,9 +334,10 @@ public:
 
     // Typing. A text that would break the markup is taken back whole, also from the history.
 
-    /// Inserts text at the caret in the place of what is selected: plain text, which is escaped, or
-    /// markup. A run of plain insertions is one undo step. With `selectInserted` it is selected.
-    /// False where nothing can go: no caret, a list label, between items or rows, an empty text.
+    /// Inserts text at the caret in the place of what is selected: plain text, which is escaped and
+    /// whose control characters but for the tab, line feeds too, become blanks, or markup. A run of
+    /// plain insertions is one undo step. With `selectInserted` it is selected. False where nothing
+    /// can go: no caret, a list label, between items or rows, an empty text.
     bool insertText(const Core::String& text, bool isXml, bool selectInserted);
     /// Inserts text with formatting: an inline of its own or, in an element that holds only its
     /// placeholder, properties of that element. Alignment, which no inline can have, goes to the
