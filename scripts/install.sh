@@ -7,3 +7,5 @@ cd "$(dirname "$0")/.."
 scripts/packages.sh build test bench
 scripts/build.sh release forme forme_cli
 cmake --install build/release --prefix "${1:-/usr/local}"
+# So that a program finds the library where the system looks for such.
+[ "$(id -u)" != 0 ] || ldconfig

@@ -6,7 +6,7 @@
 
 namespace {
 
-enum class Key { Left, Right, Home, End, Escape, Tab, Enter, Undo, Redo };
+enum class Key { Left, Right, Home, End, Escape, Backspace, Delete, Tab, Enter, Undo, Redo };
 
 /// What a key means to the document. With `shift` the caret takes the selection along, and Enter
 /// begins a line and no block.
@@ -22,6 +22,10 @@ void press(EditableDocumentBuffer& document, Key key, bool shift = false) {
         return document.moveCaretToEnd(shift);
     case Key::Escape:
         return document.resetSelection();
+    case Key::Backspace:
+        return document.erase(false, false);
+    case Key::Delete:
+        return document.erase(true, false);
     case Key::Tab:
         return document.insertTab();
     case Key::Enter:
@@ -65,7 +69,8 @@ int main(int argc, char** argv) try {
 
     press(*document, Key::Enter);       // a block begins ...
     press(*document, Key::Enter, true); // ... and in it a line
-    press(*document, Key::Undo);
+    press(*document, Key::Backspace);   // the line goes ...
+    press(*document, Key::Backspace);   // ... and the blocks are one again
 
     press(*document, Key::Home);
     press(*document, Key::End, true);

@@ -401,22 +401,26 @@ std::vector<Operation> makeTable() {
     };
 }
 
-std::string kindOf(const Json& value) {
-    return value.is_number_integer() ? "an integer" : std::string("a ") + value.type_name();
+/// A number itself, of anything else what it is.
+std::string shown(const Json& value) {
+    if (value.is_number() || value.is_null())
+        return value.dump();
+    return (value.is_structured() ? "an " : "a ") + std::string(value.type_name());
 }
 
 /// What keeps the request from fitting the only operation of its name.
 std::string mismatch(const Operation& operation, const Json& request) {
     const std::size_t given = request.size() - 1;
     if (given != operation.parameters.size())
-        return operation.signature() + ": " + std::to_string(operation.parameters.size()) +
-               " arguments expected, " + std::to_string(given) + " given";
+        return operation.signature() +
+               ": arguments expected: " + std::to_string(operation.parameters.size()) +
+               ", given: " + std::to_string(given);
     for (std::size_t i = 0; i < given; ++i) {
         const Parameter& parameter = operation.parameters[i];
         if (!parameter.matches(request[i + 1]))
             return operation.signature() + ": argument " + std::to_string(i + 1) + " (" +
-                   parameter.name + "): " + parameter.type + " expected, " +
-                   kindOf(request[i + 1]) + " given";
+                   parameter.name + "): " + parameter.type + " expected, " + shown(request[i + 1]) +
+                   " given";
     }
     return {};
 }

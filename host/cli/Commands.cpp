@@ -9,11 +9,13 @@
 #include <forme/foundation/Encoder.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 #include <unistd.h>
 
@@ -61,10 +63,6 @@ bool changedText(const Json& reply) {
 /// Serves the script's requests up to the first that fails; answers whether none did.
 bool serveScript(Session& session, const std::string& path, Summary& summary) {
     std::ifstream script(path);
-    if (!script) {
-        std::cerr << path << ": cannot be read\n";
-        return false;
-    }
     std::string line;
     for (int number = 1; std::getline(script, line); ++number) {
         if (isBlankOrComment(line)) {
@@ -80,6 +78,10 @@ bool serveScript(Session& session, const std::string& path, Summary& summary) {
         printReply(line, reply);
         ++summary.requests;
         summary.changes += changedText(reply) ? 1 : 0;
+    }
+    if (!script.is_open() || script.bad()) {
+        std::cerr << path << ": " << std::generic_category().message(errno) << '\n';
+        return false;
     }
     return true;
 }
@@ -130,7 +132,8 @@ int runScript(const RunOptions& options) try {
         std::cout << '\n';
         printText("After", session);
     }
-    std::cout << summary.requests << " requests, " << summary.changes << " changed the text; "
+    std::cout << summary.requests << (summary.requests == 1 ? " request, " : " requests, ")
+              << summary.changes << " changed the text; "
               << session.document().getContent().length() << " code units\n";
     if (!options.output.empty()) {
         session.save(wide(options.output), static_cast<DocumentEncoding>(options.encoding));

@@ -3,9 +3,12 @@
 #include "CallTable.h"
 #include "Spelling.h"
 
+#include <forme/foundation/Encoder.h>
 #include <forme/foundation/Exception.h>
 
 #include <exception>
+#include <regex>
+#include <string>
 
 namespace {
 
@@ -13,6 +16,18 @@ bool hasFoRoot(const Core::String& content) {
     const int root = content.find(L"<fo:root", 0);
     const int document = content.find(L"<qfd:document", 0);
     return root >= 0 && (document < 0 || root < document);
+}
+
+/// Whether the text has an XML declaration that names another encoding.
+bool namesOtherEncoding(const Core::String& content, const std::string& encoding) {
+    const int end = content.find(L"?>", 0);
+    if (!content.startsWith(L"<?xml") || end < 0)
+        return false;
+    const std::string declaration = Core::Encoder::toDisplayText(content.subString(0, end));
+    static const std::regex named("\\sencoding\\s*=\\s*[\"']([^\"']*)[\"']");
+    const std::regex wanted(encoding, std::regex::icase);
+    std::smatch name;
+    return std::regex_search(declaration, name, named) && !std::regex_match(name[1].str(), wanted);
 }
 
 SmartPtr<EditableDocumentBuffer> makeDocument() {
@@ -64,7 +79,14 @@ void Session::open(const Core::String& path) {
 }
 
 void Session::save(const Core::String& path, DocumentEncoding encoding) {
-    document_->saveToFile(path, encoding);
+    const Core::String content = document_->getContent();
+    const char* name = encoding == DocumentEncoding::Utf16WithMark ? "UTF-16" : "UTF-8";
+    if (!namesOtherEncoding(content, name))
+        return document_->saveToFile(path, encoding);
+    const SmartPtr<EditableDocumentBuffer> renamed(new EditableDocumentBuffer);
+    renamed->setContent(content, true);
+    renamed->changeXmlEncoding(name);
+    renamed->saveToFile(path, encoding);
 }
 
 Json Session::serve(const Json& request) {

@@ -31,6 +31,8 @@ public:
 
     /// Takes up another document. When the file cannot be read, this throws and the old one stays.
     void open(const Core::String& path);
+    /// Saves the document, which stays as it is. A declaration that names another encoding names
+    /// this one in the file.
     void save(const Core::String& path, DocumentEncoding encoding);
 
     /// Carries out a request and answers {"result", "caret", "pivot", "notices"}, or {"error"}

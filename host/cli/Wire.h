@@ -123,7 +123,11 @@ struct Wire<ListType> {
 /// The results of an operation that gives several.
 template <typename... T>
 struct Wire<std::tuple<T...>> {
-    static constexpr const char* name = "array";
+    static inline const std::string name = [] {
+        std::string names;
+        ((names += (names.empty() ? "" : ", ") + std::string(Wire<T>::name)), ...);
+        return "[" + names + "]";
+    }();
     static Json write(const std::tuple<T...>& values) {
         return std::apply([](const T&... value) { return Json::array({Wire<T>::write(value)...}); },
                           values);

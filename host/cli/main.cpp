@@ -10,9 +10,11 @@ int main(int argc, char** argv) {
     RunOptions options;
     CLI::App* run = app.add_subcommand("run", "Edit a document by a script of requests");
     run->add_option("document", options.document, "The document")->required();
-    run->add_option("script", options.script, "A JSON array a line; # begins a comment")
+    run->add_option("script", options.script,
+                    "Requests, one on a line, as in [\"undo\"]; a line with # is a comment")
         ->required();
-    run->add_option("-o,--output", options.output, "Where to write the edited document");
+    run->add_option("-o,--output", options.output,
+                    "Where to write the edited document, if no request fails");
     run->add_option("--encoding", options.encoding,
                     "1 UTF-8, 2 UTF-8 with mark, 3 UTF-16 with mark")
         ->check(CLI::Range(1, 3));
@@ -38,7 +40,11 @@ int main(int argc, char** argv) {
 
     app.add_subcommand("calls", "List every operation with its arguments and result");
 
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& outcome) { // a call for help is one too
+        return app.exit(outcome) == 0 ? 0 : 2;
+    }
     if (run->parsed())
         return runScript(options);
     if (serve->parsed())

@@ -73,8 +73,8 @@ enum class BreakType {
 /// Each call runs to its end on the caller's thread; one thread at a time may use a buffer.
 ///
 /// Positions count 16-bit code units; -1 means none. A command that cannot act changes nothing:
-/// text, caret and history stay as they are and no notice is given. Only file access raises, a
-/// Core::Exception.
+/// text, caret and history stay as they are and no notice is given. Only file access and spelling
+/// raise, a Core::Exception.
 class FORME_API EditableDocumentBuffer : public EditableXmlBuffer {
 public:
     /// An empty document without a caret, with no names registered.
@@ -112,20 +112,22 @@ public:
 
     Core::String getContent() const { return text_; }
 
-    /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. With
-    /// `resetHistory` nothing can be undone afterwards. Without, the replacement is recorded as two
-    /// entries, the old text and the new: a caller that wants one undo step brackets the call with
-    /// an EditActionGroup.
+    /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. Whether
+    /// the text is well formed is not looked at. With `resetHistory` nothing can be undone
+    /// afterwards. Without, the replacement is recorded as two entries, the old text and the new: a
+    /// caller that wants one undo step brackets the call with an EditActionGroup.
     void setContent(const Core::String& content, bool resetHistory);
 
     /// Loads a file and forgets the history. The encoding is told by the file's byte order mark,
     /// else by its XML declaration, else it is UTF-8. Throws Core::Exception with path, byte offset
-    /// and reason when the file cannot be read; the buffer is then as before.
+    /// and reason when the file cannot be read or decoded or is empty; the buffer is then as
+    /// before.
     void setContentFromFile(const Core::String& path);
 
-    /// Writes the text as it stands; the XML declaration is not adjusted. The file appears whole or
-    /// not at all: on failure it throws Core::Exception and an old file is as before. Any other
-    /// encoding than the three writes nothing.
+    /// Writes the text as it stands. The XML declaration is not adjusted: if it names another
+    /// encoding, changeXmlEncoding() comes first. The file appears whole or not at all: on failure
+    /// it throws Core::Exception and an old file is as before. Any other encoding than the three
+    /// writes nothing.
     void saveToFile(const Core::String& path, DocumentEncoding encoding) const;
 
     /// Sets the encoding that the XML declaration names, if one opens the text. What can be no name
@@ -219,8 +221,8 @@ public:
     /// The same, for a caret in a static content only.
     void resetCaretFromStaticContent();
 
-    /// To the first stop in the flow of a page sequence, repeat or inserted document, which are
-    /// counted from 0; answers whether there is one.
+    /// To the first stop in the first flow of a page sequence, repeat or inserted document, which
+    /// are counted from 0; answers whether there is one.
     bool moveCaretToPageSequence(int index);
     /// `offset` units behind the start of that flow's content, or where that is inside markup to
     /// the nearest stop before; an offset below 1 is the flow's first stop. Answers false for a
@@ -261,7 +263,8 @@ public:
 
     /// Selects the next match of `find`, which is compared as the markup has it, so that "&" is
     /// found as "&amp;", and answers its first offset: -1 when there is none, -2 when the running
-    /// search has come round after at least one match. Then caret and selection stay.
+    /// search has come round after at least one match. Then caret and selection stay, but for a
+    /// match that this call replaced, whose replacement is selected.
     ///
     /// With `replace` a match that is selected is first replaced by the plain text `replacement`;
     /// without a selection the next match is replaced at once and the caret stands behind it. A
@@ -312,15 +315,18 @@ public:
     /// Selects the element that the path names among those around the caret, without its closing
     /// tag.
     void selectElement(const Core::String& path);
-    /// Extends the selection over the element whose start tag the caret is on.
+    /// Extends the selection over the element whose start tag the caret is on. Where no start tag
+    /// stands there is no caret afterwards.
     void selectElementStartingAtCaretPosition();
-    /// Grows the selection outward: to the content of the element around the caret, then with each
-    /// further call to the next enclosing element.
+    /// Grows the selection outward: to the content of the element that the one around the caret
+    /// stands in, as of the cell or the flow around a block, then with each further call to that of
+    /// the next. The flow is the last.
     void selectParent();
     /// Lets the next selectParent() begin with the innermost element again.
     void resetSelectionOfElement();
     /// The selected text, plain or as well-formed markup; empty without a selection. In plain text
-    /// entities stay as they are and each tag that breaks the line gives a line feed.
+    /// entities stay as they are and each tag that breaks the line gives a line feed, also the next
+    /// one behind a selection that ends in text: a word taken from a block ends with a line feed.
     Core::String getSelectionAs(TextFormat format) const;
     /// The text of the element that the path names. The caret comes back, an earlier selection is
     /// lost, and the monitor hears of the caret on its way.
@@ -328,9 +334,10 @@ public:
 
     // Typing. A text that would break the markup is taken back whole, also from the history.
 
-    /// Inserts text at the caret in the place of what is selected: plain text, which is escaped, or
-    /// markup. A run of plain insertions is one undo step. With `selectInserted` it is selected.
-    /// False where nothing can go: no caret, a list label, between items or rows, an empty text.
+    /// Inserts text at the caret in the place of what is selected: plain text, which is escaped and
+    /// whose control characters but for the tab, line feeds too, become blanks, or markup. A run of
+    /// plain insertions is one undo step. With `selectInserted` it is selected. False where nothing
+    /// can go: no caret, a list label, between items or rows, an empty text.
     bool insertText(const Core::String& text, bool isXml, bool selectInserted);
     /// Inserts text with formatting: an inline of its own or, in an element that holds only its
     /// placeholder, properties of that element. Alignment, which no inline can have, goes to the
@@ -488,10 +495,12 @@ public:
 
     ListBuffer getListBuffer();
 
-    /// While set, the caret may only stand in static content.
+    // The modes of editing. A caret that stands elsewhere already stays until it is next set.
+
+    /// While set, the caret may only be put into static content.
     void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
     bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
-    /// While set, there is no caret.
+    /// While set, the caret is put nowhere: whatever sets it leaves none.
     void setEditingDummyPage(bool on) { editingDummyPage_ = on; }
     bool isEditingDummyPage() const { return editingDummyPage_; }
 
@@ -547,7 +556,8 @@ public:
     /// a flow.
     Core::String getCurrentFlowContent() const;
     /// How many units the caret stands behind the start tag of its flow; -1 outside a flow. With
-    /// the index of the page sequence moveCaretToReference() takes it back.
+    /// the index of the page sequence moveCaretToReference() takes it back; in a repeat that holds
+    /// several page sequences, from the flow of the first only.
     int getFlowReferenceToCurrentPos() const;
     /// Whether the position lies in a static content, of that flow name if it is not empty.
     bool isInFoStaticContent(int position, const Core::String& flowName) const;
@@ -575,9 +585,9 @@ public:
     std::vector<ElementInfo> getElementsWithIdInfo() const;
 
     // Page sequences: fo:page-sequence, qfd:page-sequence-repeat and qf:insert-document, counted
-    // together from 0
+    // together from 0. A repeat counts as one with all that stands in it.
 
-    /// The next one behind the position; -1 if there is none.
+    /// The next one behind the position, also one in a repeat; -1 if there is none.
     int getNextPageSeq(int position) const;
     /// The one with that index; -1 if there are fewer.
     int getPageSequencePosition(int index) const;
@@ -587,7 +597,7 @@ public:
     /// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in
     /// neither.
     int getPageSeqPosFrom(int position) const;
-    /// The index of the one around the caret; -1 in neither.
+    /// The index of the one around the caret, outside of these -1.
     int getCurrentPageSequenceIdx() const;
 
     // The cached table around the caret, to be brought up to date from the host's monitor

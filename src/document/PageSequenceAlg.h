@@ -5,7 +5,7 @@
 namespace BufferAlgorithms {
 
 /// Which page sequence a position belongs to. Page sequences, repeats and inserted documents are
-/// counted together from 0, in the order of the text.
+/// counted together from 0, in the order of the text; a repeat is one with all that stands in it.
 class FORME_API PageSequenceAlg : public BufferAlg {
 public:
     using BufferAlg::BufferAlg;

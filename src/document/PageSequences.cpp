@@ -21,7 +21,7 @@ int EditableDocumentBuffer::getNextPageSeq(int position) const {
 int EditableDocumentBuffer::getPageSequencePosition(int index) const {
     int generator = index < 0 ? -1 : getNextPageSeq(0);
     for (int i = 0; i < index && generator >= 0; ++i)
-        generator = getNextPageSeq(generator);
+        generator = getNextPageSeq(getClosingTagForTagAtPosition(generator));
     return generator;
 }
 

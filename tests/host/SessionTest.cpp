@@ -1,9 +1,12 @@
 #include "Session.h"
 
+#include "foundation/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
 #include <string>
+#include <tuple>
 
 using namespace std::string_literals;
 
@@ -39,9 +42,10 @@ TEST(Session, SaysWhatIsWrongWithARequest) {
           std::pair("{}", "a request is an array that begins with an operation's name, as in "
                           R"(["undo"])"s),
           std::pair(R"(["undone"])", R"(unknown operation "undone")"s),
-          std::pair(R"(["undo",1])", "undo(): 0 arguments expected, 1 given"s),
+          std::pair(R"(["undo",1])", "undo(): arguments expected: 0, given: 1"s),
           std::pair(R"(["setCaretPos",false,"3"])", setCaretPos + "a string given"),
-          std::pair(R"(["setCaretPos",false,2147483648])", setCaretPos + "an integer given")})
+          std::pair(R"(["setCaretPos",false,2147483648])", setCaretPos + "2147483648 given"),
+          std::pair(R"(["setCaretPos",false,[]])", setCaretPos + "an array given")})
         EXPECT_EQ(Session().serveLine(line).value("error", ""), error);
 }
 
@@ -66,4 +70,24 @@ TEST(Session, FailedOpenKeepsTheDocument) {
     const Json reply = session.serve({"open", "nowhere/letter.xml"});
     EXPECT_EQ(reply.value("error", "").find("nowhere/letter.xml"), 0U);
     EXPECT_EQ(session.serve({"getContent"})["result"], document);
+}
+
+TEST(Session, SavesUnderADeclarationThatNamesTheEncoding) {
+    const TemporaryFolder folder;
+    const std::string path = (folder.path() / "saved").string();
+    const auto savedAs = [&](const std::string& declared, int encoding) {
+        Session session;
+        const std::string text =
+            R"(<?xml version="1.0" encoding=")" + declared + "\"?><a>\u00e9</a>";
+        session.serve({"setContent", text, true});
+        session.serve({"save", path, encoding});
+        EXPECT_EQ(session.serve({"getContent"})["result"], text);
+        session.serve({"open", path});
+        return session.serve({"getContent"})["result"].get<std::string>();
+    };
+    for (const auto& [declared, encoding, name] :
+         {std::tuple("ISO-8859-1", 1, "UTF-8"), std::tuple("utf-8", 2, "utf-8"),
+          std::tuple("utf-8", 3, "UTF-16")})
+        EXPECT_EQ(savedAs(declared, encoding),
+                  R"(<?xml version="1.0" encoding=")"s + name + "\"?><a>\u00e9</a>");
 }

@@ -11,6 +11,9 @@
 #include <fstream>
 #include <optional>
 #include <set>
+#include <string>
+
+#include <unistd.h>
 
 using Core::String;
 
@@ -625,7 +628,9 @@ std::string failureOn(const std::string& document, Random& random, std::size_t c
 
 std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
                          std::size_t count, const CommandMix& mix) {
-    const std::string path = std::filesystem::temp_directory_path() / ("forme-" + name + ".xml");
+    // Several runs of the tests may go on at once.
+    const std::string path = std::filesystem::temp_directory_path() /
+                             ("forme-" + name + "-" + std::to_string(getpid()) + ".xml");
     std::ofstream(path) << text;
     const std::string failure = failureOn(path, random, count, mix);
     if (failure.empty())
