@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <initializer_list>
 #include <set>
 #include <stdexcept>
 #include <string_view>
@@ -107,12 +108,40 @@ private:
         if (reply.contains("error"))
             fail(step.line, reply["error"].get<std::string>());
         checkReply(step, reply);
+        if (isOneStep(step) && current().text != before.text)
+            checkStep(step, before);
         if (!couldUndo && session_.document().canUndo())
             first_ = before;
         if (current().text != before.text)
             last_ = current();
-        replays_ = replays_ || step.request.starts_with("[\"undo\"") ||
-                   step.request.starts_with("[\"redo\"");
+        replays_ = replays_ || isReplay(step);
+    }
+
+    static bool isOneOf(const ScenarioStep& step, std::initializer_list<const char*> names) {
+        const std::string name = Json::parse(step.request)[0].get<std::string>();
+        return std::find(names.begin(), names.end(), name) != names.end();
+    }
+
+    static bool isReplay(const ScenarioStep& step) { return isOneOf(step, {"undo", "redo"}); }
+
+    /// Most commands are one step. A run of typing is undone whole, and would be ended by that; the
+    /// records of others stand alone, for a host to group them.
+    bool isOneStep(const ScenarioStep& step) {
+        return !scenario_.notUndoable && !isReplay(step) &&
+               !isOneOf(step, {"insertText", "setContent", "removeComponent"});
+    }
+
+    /// Undo brings back what stood before a command, redo what it left.
+    void checkStep(const ScenarioStep& step, const State& before) {
+        const State after = current();
+        session_.document().undo();
+        if (current() != before)
+            fail(step.line,
+                 "undone, it is\n" + show(current(), false) + "\nbut was\n" + show(before, false));
+        session_.document().redo();
+        if (current() != after)
+            fail(step.line,
+                 "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(after, false));
     }
 
     void checkReply(const ScenarioStep& step, const Json& reply) {
