@@ -1,6 +1,7 @@
 #include "scenarios/Scenario.h"
 
 #include "Session.h"
+#include "support/ShortMarkup.h"
 #include "support/WellFormed.h"
 
 #include <algorithm>
@@ -197,39 +198,109 @@ void trimLineEnds(std::string& text) {
     text.erase(text.find_last_not_of('\n') + 1);
 }
 
-ScenarioStep parseStep(const std::string& line, int number) {
-    ScenarioStep step{number, line.substr(4), std::nullopt, std::nullopt};
-    if (const std::size_t arrow = step.request.find(" => "); arrow != std::string::npos) {
-        step.result = step.request.substr(arrow + 4);
+ScenarioStep parseStep(const std::string& request, int number) {
+    ScenarioStep step{number, request, std::nullopt, std::nullopt};
+    if (const std::size_t arrow = request.find(" => "); arrow != std::string::npos) {
+        step.result = request.substr(arrow + 4);
         step.request.erase(arrow);
     }
     return step;
 }
 
-using Abbreviation = std::pair<std::string, std::string>;
-
-/// "! let SHORT = LONG"
-Abbreviation parseAbbreviation(const std::string& line) {
-    const std::size_t equals = line.find(" = ");
-    if (equals == std::string::npos)
-        throw std::runtime_error("no abbreviation: " + line);
-    return {line.substr(6, equals - 6), line.substr(equals + 3)};
+void replaceAll(std::string& text, const std::string& what, const std::string& with) {
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
+        text.replace(at, what.size(), with);
 }
 
-/// Writes the abbreviations out, at each place the first that stands there.
-std::string expand(const std::string& line, const std::vector<Abbreviation>& abbreviations) {
-    std::string text;
-    for (std::size_t at = 0; at < line.size();) {
-        const auto found = std::find_if(
-            abbreviations.begin(), abbreviations.end(), [&](const Abbreviation& abbreviation) {
-                return line.compare(at, abbreviation.first.size(), abbreviation.first) == 0;
-            });
-        const bool isShort = found != abbreviations.end();
-        text += isShort ? found->second : line.substr(at, 1);
-        at += isShort ? found->first.size() : 1;
+/// Reads a file of scenarios line by line.
+class Reader {
+public:
+    std::vector<Scenario> read(std::istream& file) {
+        for (std::string line; std::getline(file, line);) {
+            ++number_;
+            readLine(line);
+        }
+        for (Scenario& scenario : scenarios_) {
+            trimLineEnds(scenario.before);
+            for (ScenarioStep& step : scenario.steps)
+                if (step.after)
+                    trimLineEnds(*step.after);
+        }
+        return std::move(scenarios_);
     }
-    return text;
-}
+
+private:
+    void readLine(const std::string& line) {
+        if (line.starts_with("# "))
+            scenarios_.push_back({line.substr(2), number_, {}, {}, false, {}});
+        else if (line.starts_with("! "))
+            readDirective(line.substr(2));
+        else if (!scenarios_.empty())
+            readContent(scenarios_.back(), line);
+    }
+
+    void readDirective(const std::string& line) {
+        if (line.starts_with("let "))
+            addAbbreviation(line.substr(4));
+        else if (line.starts_with("with "))
+            usual_ = line.substr(5);
+        else if (line.starts_with("not-undoable:"))
+            scenarios_.back().notUndoable = line.substr(13);
+        else if (line.starts_with("many-notices:"))
+            scenarios_.back().manyNotices = true;
+        else
+            throw std::runtime_error("line " + std::to_string(number_) + ": no directive: " + line);
+    }
+
+    /// "SHORT = LONG"
+    void addAbbreviation(const std::string& line) {
+        const std::size_t equals = line.find(" = ");
+        if (equals == std::string::npos)
+            throw std::runtime_error("no abbreviation: " + line);
+        abbreviations_.emplace_back(line.substr(0, equals), line.substr(equals + 3));
+    }
+
+    void readContent(Scenario& scenario, const std::string& line) {
+        const std::size_t arrow = line.find(" -> ");
+        if (line.starts_with("--- ")) {
+            scenario.steps.push_back(parseStep(line.substr(4), number_));
+        } else if (arrow != std::string::npos && scenario.before.empty()) {
+            scenario.before = expandRow(line.substr(0, arrow));
+            scenario.steps.push_back(parseStep(usual_, number_));
+            scenario.steps.back().after = expandRow(line.substr(arrow + 4));
+        } else if (scenario.steps.empty()) {
+            appendLine(scenario.before, expand(line));
+        } else if (scenario.steps.back().after || !line.empty()) {
+            std::optional<std::string>& after = scenario.steps.back().after;
+            appendLine(after.emplace(after.value_or("")), expand(line));
+        }
+    }
+
+    /// Writes the abbreviations out, at each place the first that stands there.
+    std::string expand(const std::string& line) const {
+        std::string text;
+        for (std::size_t at = 0; at < line.size();) {
+            const auto found =
+                std::find_if(abbreviations_.begin(), abbreviations_.end(), [&](const auto& each) {
+                    return line.compare(at, each.first.size(), each.first) == 0;
+                });
+            const bool isShort = found != abbreviations_.end();
+            text += isShort ? found->second : line.substr(at, 1);
+            at += isShort ? found->first.size() : 1;
+        }
+        return writtenOut(text);
+    }
+
+    std::string expandRow(std::string text) const {
+        replaceAll(text, "¶", "\n");
+        return expand(text);
+    }
+
+    std::vector<Scenario> scenarios_;
+    std::vector<std::pair<std::string, std::string>> abbreviations_;
+    std::string usual_; // the request of the rows
+    int number_ = 0;
+};
 
 } // namespace
 
@@ -237,42 +308,7 @@ std::vector<Scenario> readScenarios(const std::string& path) {
     std::ifstream file(path);
     if (!file)
         throw std::runtime_error(path + ": cannot be read");
-    std::vector<Scenario> scenarios;
-    std::vector<Abbreviation> abbreviations;
-    int number = 0;
-    for (std::string line; std::getline(file, line);) {
-        ++number;
-        if (line.starts_with("! let ")) {
-            abbreviations.push_back(parseAbbreviation(line));
-            continue;
-        }
-        if (line.starts_with("# ")) {
-            scenarios.push_back({line.substr(2), number, {}, {}, false, {}});
-            continue;
-        }
-        if (scenarios.empty())
-            continue;
-        Scenario& scenario = scenarios.back();
-        if (line.starts_with("! not-undoable:"))
-            scenario.notUndoable = line.substr(15);
-        else if (line.starts_with("! many-notices:"))
-            scenario.manyNotices = true;
-        else if (line.starts_with("--- "))
-            scenario.steps.push_back(parseStep(line, number));
-        else if (scenario.steps.empty())
-            appendLine(scenario.before, expand(line, abbreviations));
-        else if (scenario.steps.back().after || !line.empty())
-            appendLine(
-                scenario.steps.back().after.emplace(scenario.steps.back().after.value_or("")),
-                expand(line, abbreviations));
-    }
-    for (Scenario& scenario : scenarios) {
-        trimLineEnds(scenario.before);
-        for (ScenarioStep& step : scenario.steps)
-            if (step.after)
-                trimLineEnds(*step.after);
-    }
-    return scenarios;
+    return Reader().read(file);
 }
 
 std::string runScenario(const Scenario& scenario) {

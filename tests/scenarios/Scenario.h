@@ -26,9 +26,11 @@ struct Scenario {
 
 /// Reads a file of scenarios. Each begins with a line "# title"; a line "--- [request]" is a
 /// command, with " => json" behind it where its result matters; what follows is the text expected.
+/// Where the same command is tried on many short texts, a line "! with [request]" names it, and a
+/// scenario below it may be one row "text before -> text after", in which "¶" is a line feed.
 /// A line "! not-undoable: why" takes the scenario out of the check that undo and redo bring
-/// everything back. Blank lines at the end of a text do not count. A line "! let SHORT = LONG" at
-/// the top of the file makes an abbreviation in the texts below it.
+/// everything back. Blank lines at the end of a text do not count. The texts are in the short forms
+/// of support/ShortMarkup.h; a line "! let SHORT = LONG" at the top of the file adds one.
 std::vector<Scenario> readScenarios(const std::string& path);
 
 /// Carries out a scenario; answers what went wrong, with its line, or nothing.
