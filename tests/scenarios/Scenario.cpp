@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <fstream>
 #include <initializer_list>
+#include <iterator>
+#include <regex>
 #include <set>
 #include <stdexcept>
 #include <string_view>
@@ -110,7 +112,7 @@ private:
             fail(step.line, reply["error"].get<std::string>());
         checkReply(step, reply);
         if (isOneStep(step) && current().text != before.text)
-            checkStep(step, before);
+            checkStep(step, before, couldUndo);
         if (!couldUndo && session_.document().canUndo())
             first_ = before;
         if (current().text != before.text)
@@ -128,19 +130,25 @@ private:
     /// Most commands are one step. A run of typing is undone whole, and would be ended by that; the
     /// records of others stand alone, for a host to group them.
     bool isOneStep(const ScenarioStep& step) {
+        const auto isTyping = [](const ScenarioStep& each) {
+            return isOneOf(each, {"insertText"});
+        };
+        if (isTyping(step) &&
+            std::count_if(scenario_.steps.begin(), scenario_.steps.end(), isTyping) > 1)
+            return false;
         return !scenario_.notUndoable && !isReplay(step) &&
-               !isOneOf(step, {"insertText", "setContent", "removeComponent"});
+               !isOneOf(step, {"setContent", "removeComponent"});
     }
 
-    /// Undo brings back what stood before a command, redo what it left.
-    void checkStep(const ScenarioStep& step, const State& before) {
+    /// One undo brings back what stood before a command, one redo what it left.
+    void checkStep(const ScenarioStep& step, const State& before, bool couldUndo) {
         const State after = current();
         session_.document().undo();
-        if (current() != before)
+        if (current() != before || session_.document().canUndo() != couldUndo)
             fail(step.line,
                  "undone, it is\n" + show(current(), false) + "\nbut was\n" + show(before, false));
         session_.document().redo();
-        if (current() != after)
+        if (current() != after || session_.document().canRedo())
             fail(step.line,
                  "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(after, false));
     }
@@ -207,9 +215,31 @@ ScenarioStep parseStep(const std::string& request, int number) {
     return step;
 }
 
-void replaceAll(std::string& text, const std::string& what, const std::string& with) {
-    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
-        text.replace(at, what.size(), with);
+using Names = std::vector<std::pair<std::string, std::string>>;
+
+/// The keys of the rows, and what a host asks for when they are pressed.
+const Names usualKeys{{"Enter", R"(["insertBreak",5,false])"},
+                      {"Shift+Enter", R"(["insertBreak",2,false])"},
+                      {"Backspace", R"(["erase",false,false])"},
+                      {"Ctrl+Backspace", R"(["erase",false,true])"},
+                      {"Delete", R"(["erase",true,false])"},
+                      {"Ctrl+Delete", R"(["erase",true,true])"},
+                      {"Left", R"(["moveCaretLeft",false,false,false])"},
+                      {"Right", R"(["moveCaretRight",false,false,false])"},
+                      {"Shift+Right", R"(["moveCaretRight",true,false,false])"},
+                      {"Ctrl+Left", R"(["jumpToPreviousWord",false])"},
+                      {"Ctrl+Right", R"(["jumpToNextWord",false])"},
+                      {"Home", R"(["moveCaretHome",false])"},
+                      {"End", R"(["moveCaretToEnd",false])"},
+                      {"Undo", R"(["undo"])"},
+                      {"Redo", R"(["redo"])"}};
+
+/// "SHORT = LONG"
+std::pair<std::string, std::string> parseName(const std::string& line) {
+    const std::size_t equals = line.find(" = ");
+    if (equals == std::string::npos)
+        throw std::runtime_error("no name: " + line);
+    return {line.substr(0, equals), line.substr(equals + 3)};
 }
 
 /// Reads a file of scenarios line by line.
@@ -241,9 +271,9 @@ private:
 
     void readDirective(const std::string& line) {
         if (line.starts_with("let "))
-            addAbbreviation(line.substr(4));
-        else if (line.starts_with("with "))
-            usual_ = line.substr(5);
+            abbreviations_.push_back(parseName(line.substr(4)));
+        else if (line.starts_with("key "))
+            keys_.insert(keys_.begin(), parseName(line.substr(4)));
         else if (line.starts_with("not-undoable:"))
             scenarios_.back().notUndoable = line.substr(13);
         else if (line.starts_with("many-notices:"))
@@ -252,23 +282,32 @@ private:
             throw std::runtime_error("line " + std::to_string(number_) + ": no directive: " + line);
     }
 
-    /// "SHORT = LONG"
-    void addAbbreviation(const std::string& line) {
-        const std::size_t equals = line.find(" = ");
-        if (equals == std::string::npos)
-            throw std::runtime_error("no abbreviation: " + line);
-        abbreviations_.emplace_back(line.substr(0, equals), line.substr(equals + 3));
+    void readContent(Scenario& scenario, const std::string& line) {
+        static const std::regex arrow(R"re((?:^| )-("[^"]*"|\[.*?\]|[A-Z][A-Za-z+]*)->(?= |$))re");
+        std::smatch found;
+        if (line.starts_with("--- "))
+            scenario.steps.push_back(parseStep(line.substr(4), number_));
+        else if (std::regex_search(line, found, arrow))
+            readRow(scenario, line, std::sregex_iterator(line.begin(), line.end(), arrow));
+        else
+            readText(scenario, line);
     }
 
-    void readContent(Scenario& scenario, const std::string& line) {
-        const std::size_t arrow = line.find(" -> ");
-        if (line.starts_with("--- ")) {
-            scenario.steps.push_back(parseStep(line.substr(4), number_));
-        } else if (arrow != std::string::npos && scenario.before.empty()) {
-            scenario.before = expandRow(line.substr(0, arrow));
-            scenario.steps.push_back(parseStep(usual_, number_));
-            scenario.steps.back().after = expandRow(line.substr(arrow + 4));
-        } else if (scenario.steps.empty()) {
+    /// "before -Key-> after -Key-> after", in which any text may be missing.
+    void readRow(Scenario& scenario, const std::string& line, std::sregex_iterator arrow) {
+        if (arrow->prefix().matched)
+            readText(scenario, arrow->prefix());
+        for (; arrow != std::sregex_iterator(); ++arrow) {
+            scenario.steps.push_back(parseStep(requestOf((*arrow)[1]), number_));
+            const auto next = std::next(arrow);
+            const auto end = next == std::sregex_iterator() ? line.end() : (*next)[0].first;
+            if (const auto text = (*arrow)[0].second; text != end)
+                readText(scenario, std::string(std::next(text), end)); // behind a blank
+        }
+    }
+
+    void readText(Scenario& scenario, const std::string& line) {
+        if (scenario.steps.empty()) {
             appendLine(scenario.before, expand(line));
         } else if (scenario.steps.back().after || !line.empty()) {
             std::optional<std::string>& after = scenario.steps.back().after;
@@ -276,8 +315,20 @@ private:
         }
     }
 
-    /// Writes the abbreviations out, at each place the first that stands there.
-    std::string expand(const std::string& line) const {
+    std::string requestOf(const std::string& key) const {
+        if (key.starts_with('['))
+            return key;
+        if (key.starts_with('"'))
+            return R"(["insertText",)" + key + ",false,false]";
+        for (const auto& [name, request] : keys_)
+            if (name == key)
+                return request;
+        throw std::runtime_error("line " + std::to_string(number_) + ": no key: " + key);
+    }
+
+    /// Writes the short forms out, at each place the first that stands there.
+    std::string expand(const std::string& brief) const {
+        const std::string line = std::regex_replace(brief, std::regex("¶"), "\n");
         std::string text;
         for (std::size_t at = 0; at < line.size();) {
             const auto found =
@@ -291,14 +342,9 @@ private:
         return writtenOut(text);
     }
 
-    std::string expandRow(std::string text) const {
-        replaceAll(text, "¶", "\n");
-        return expand(text);
-    }
-
     std::vector<Scenario> scenarios_;
-    std::vector<std::pair<std::string, std::string>> abbreviations_;
-    std::string usual_; // the request of the rows
+    Names abbreviations_;
+    Names keys_ = usualKeys;
     int number_ = 0;
 };
 
