@@ -150,40 +150,40 @@ protected:
         document.setCaretPos(false, stop);
         if (document.isOnBareLine())
             return;
-        const CaretInText before = document.state();
+        const EditorState before = stateOf(document);
         const std::vector<std::string> lines = document.lines();
         const bool isBesideLineFeed = document.isBesideLineFeed();
         document.insertBreak(way.type, false);
-        if (document.state().text == before.text)
+        if (stateOf(document).text == before.text)
             return;
         checkBreak(document, before);
         EXPECT_EQ(withoutBlanks(document.lines()), withoutBlanks(lines));
         checkJoin(document, lines, isBesideLineFeed, way, before.caret);
-        while (document.state() != before && document.canUndo())
+        while (stateOf(document) != before && document.canUndo())
             document.undo();
     }
 
 private:
-    static void checkBreak(BrokenDocument& document, const CaretInText& before) {
-        const CaretInText after = document.state();
+    static void checkBreak(BrokenDocument& document, const EditorState& before) {
+        const EditorState after = stateOf(document);
         EXPECT_EQ(xmlError(after.text), "");
         EXPECT_TRUE(document.canHoldCaret(after.caret)) << after.caret;
         document.undo();
-        EXPECT_EQ(document.state(), before);
+        EXPECT_EQ(stateOf(document), before);
         document.redo();
-        EXPECT_EQ(document.state(), after);
+        EXPECT_EQ(stateOf(document), after);
     }
 
     static void checkJoin(BrokenDocument& document, std::vector<std::string> expected,
                           bool losesBlank, Way way, int place) {
-        const Core::String broken = document.state().text;
+        const Core::String broken = stateOf(document).text;
         const bool isLineKept = document.isLineKept();
         const bool isMadeBefore = document.getCaretPos() <= place;
         const bool isWrapped = isLineKept && way.type == BreakType::Hard;
         if (way.forward && (isWrapped || isMadeBefore || !document.goBackOverBreak()))
             return;
         document.erase(way.forward, false);
-        if (document.state().text == broken && isLineKept)
+        if (stateOf(document).text == broken && isLineKept)
             return;
         std::vector<std::string> lines = document.lines();
         if (losesBlank)

@@ -1,6 +1,7 @@
 #include "properties/RandomCommands.h"
 
 #include "Session.h"
+#include "support/EditorState.h"
 #include "support/WellFormed.h"
 #include "text/XmlScan.h"
 
@@ -255,23 +256,15 @@ CommandMix listCommands() {
 
 namespace {
 
-struct State {
-    String text;
-    int caret = -1;
-    int pivot = -1;
-
-    bool operator==(const State&) const = default;
-
-    /// The neighbourhood of the caret, for a message.
-    std::string describe() const {
-        std::wstring marked(text.view());
-        const std::size_t at = static_cast<std::size_t>(std::max(caret, 0));
-        marked.insert(std::min(at, marked.size()), L"|");
-        const std::size_t from = at < 60 ? 0 : at - 60;
-        return std::to_string(caret) + "," + std::to_string(pivot) + " " +
-               Core::Encoder::toDisplayText(String(marked.substr(from, 120)));
-    }
-};
+/// The neighbourhood of the caret, for a message.
+std::string describe(const EditorState& state) {
+    std::wstring marked(state.text.view());
+    const std::size_t at = static_cast<std::size_t>(std::max(state.caret, 0));
+    marked.insert(std::min(at, marked.size()), L"|");
+    const std::size_t from = at < 60 ? 0 : at - 60;
+    return std::to_string(state.caret) + "," + std::to_string(state.pivot) + " " +
+           Core::Encoder::toDisplayText(String(marked.substr(from, 120)));
+}
 
 int sectionsIn(const String& text) {
     int count = 0;
@@ -295,7 +288,7 @@ public:
     const Document& document() { return session_.document(); }
 
     std::string carryOut(const std::string& command, bool parse) {
-        const State before = state();
+        const EditorState before = state();
         const bool couldUndo = document().canUndo();
         const Json reply = session_.serveLine(command);
         if (reply.contains("error"))
@@ -324,8 +317,7 @@ public:
         const bool anything = document().canUndo();
         replayAll(R"(["undo"])");
         if (anything && !isAsAtFirst())
-            return "undoing everything gives " + state().describe() + " and not " +
-                   first_.describe();
+            return "undoing everything gives " + describe(state()) + " and not " + describe(first_);
         if (const std::string error = xmlError(document().getContent()); !error.empty())
             return "undoing everything gives " + error;
         replayAll(R"(["redo"])");
@@ -340,10 +332,7 @@ private:
         return lostSection_ || (comparesCaret ? state() == first_ : state().text == first_.text);
     }
 
-    State state() {
-        return {document().getContent(), document().getCaretPos(),
-                document().getSelectionPivotPos()};
-    }
+    EditorState state() { return stateOf(session_.document()); }
 
     static std::string brokenNotices(const Json& reply) {
         const auto notices = reply["notices"].get<std::vector<std::string>>();
@@ -352,17 +341,17 @@ private:
     }
 
     std::string brokenCaret() {
-        const State now = state();
+        const EditorState now = state();
         const XmlScan::Text text = now.text.view();
         for (const int position : {now.caret, now.pivot})
             if (position != -1 && (!XmlScan::isValid(text, position) ||
                                    XmlScan::unitStart(text, position) != position))
-                return "caret or pivot inside markup: " + now.describe();
+                return "caret or pivot inside markup: " + describe(now);
         return {};
     }
 
     /// A command that is undone and redone at once comes back whole, with caret and selection.
-    std::string brokenReplay(const std::string& command, const State& before) {
+    std::string brokenReplay(const std::string& command, const EditorState& before) {
         if (!isReplay(command)) {
             changed_.reset();
             undone_ = false;
@@ -376,7 +365,7 @@ private:
             undone_ = false;
             // A replay that would leave no caret sends it home.
             if (changed_->caret < 0 ? state().text != changed_->text : state() != *changed_)
-                return "redone it is " + state().describe() + " and not " + changed_->describe();
+                return "redone it is " + describe(state()) + " and not " + describe(*changed_);
         }
         return {};
     }
@@ -392,9 +381,9 @@ private:
     const CommandMix& mix_;
     Session session_;
     bool firstChangedText_ = false;
-    State first_;                  // before the first change that can be undone
-    std::optional<State> changed_; // what the last command left, if that changed the text
-    bool undone_ = false;          // and was undone then
+    EditorState first_;                  // before the first change that can be undone
+    std::optional<EditorState> changed_; // what the last command left, if that changed the text
+    bool undone_ = false;                // and was undone then
     bool lostSection_ = false;
 };
 

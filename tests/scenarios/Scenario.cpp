@@ -1,6 +1,7 @@
 #include "scenarios/Scenario.h"
 
 #include "Session.h"
+#include "support/EditorState.h"
 #include "support/ShortMarkup.h"
 #include "support/WellFormed.h"
 
@@ -27,17 +28,9 @@ bool isWholeDocument(std::string_view text) {
            text.starts_with("<fo:root");
 }
 
-struct State {
-    Core::String text;
-    int caret = -1;
-    int pivot = -1;
-
-    bool operator==(const State&) const = default;
-};
-
 /// A text with its marks taken out and turned into positions.
-State parseMarks(const std::string& marked) {
-    State state;
+EditorState parseMarks(const std::string& marked) {
+    EditorState state;
     std::wstring text;
     const Core::String units = Core::Encoder::convertUTF8ToString(
         isWholeDocument(marked) ? marked : documentStart + marked + documentEnd);
@@ -56,7 +49,7 @@ State parseMarks(const std::string& marked) {
 }
 
 /// A state with its marks, as a scenario shows it: the whole text, or what stands in its flow.
-std::string show(const State& state, bool whole) {
+std::string show(const EditorState& state, bool whole) {
     std::wstring text(state.text.view());
     const auto mark = [&text](int position, wchar_t sign) {
         if (position >= 0)
@@ -79,6 +72,8 @@ public:
     explicit Runner(const Scenario& scenario) : scenario_(scenario) {}
 
     void run() {
+        if (scenario_.steps.empty())
+            fail(scenario_.line, "no command");
         begin();
         for (const ScenarioStep& step : scenario_.steps)
             carryOut(step);
@@ -87,13 +82,10 @@ public:
     }
 
 private:
-    State current() {
-        EditableDocumentBuffer& document = session_.document();
-        return {document.getContent(), document.getCaretPos(), document.getSelectionPivotPos()};
-    }
+    EditorState current() { return stateOf(session_.document()); }
 
     void begin() {
-        const State before = parseMarks(scenario_.before);
+        const EditorState before = parseMarks(scenario_.before);
         const bool foRoot = scenario_.before.find("<fo:root") != std::string::npos;
         session_.document().setRootElement(foRoot ? L"fo:root" : L"qfd:document");
         session_.document().setContent(before.text, true);
@@ -105,7 +97,7 @@ private:
     }
 
     void carryOut(const ScenarioStep& step) {
-        const State before = current();
+        const EditorState before = current();
         const bool couldUndo = session_.document().canUndo();
         const Json reply = session_.serveLine(step.request);
         if (reply.contains("error"))
@@ -141,8 +133,8 @@ private:
     }
 
     /// One undo brings back what stood before a command, one redo what it left.
-    void checkStep(const ScenarioStep& step, const State& before, bool couldUndo) {
-        const State after = current();
+    void checkStep(const ScenarioStep& step, const EditorState& before, bool couldUndo) {
+        const EditorState after = current();
         session_.document().undo();
         if (current() != before || session_.document().canUndo() != couldUndo)
             fail(step.line,
@@ -193,8 +185,8 @@ private:
 
     const Scenario& scenario_;
     Session session_;
-    State first_;
-    State last_;
+    EditorState first_;
+    EditorState last_;
     bool replays_ = false; // the commands undo and redo themselves
 };
 
@@ -232,7 +224,8 @@ const Names usualKeys{{"Enter", R"(["insertBreak",5,false])"},
                       {"Home", R"(["moveCaretHome",false])"},
                       {"End", R"(["moveCaretToEnd",false])"},
                       {"Undo", R"(["undo"])"},
-                      {"Redo", R"(["redo"])"}};
+                      {"Redo", R"(["redo"])"},
+                      {"CannotUndo", R"(["canUndo"] => false)"}};
 
 /// "SHORT = LONG"
 std::pair<std::string, std::string> parseName(const std::string& line) {
@@ -283,7 +276,8 @@ private:
     }
 
     void readContent(Scenario& scenario, const std::string& line) {
-        static const std::regex arrow(R"re((?:^| )-("[^"]*"|\[.*?\]|[A-Z][A-Za-z+]*)->(?= |$))re");
+        static const std::regex arrow(
+            R"re((?:^| )-("[^"]*"|\[.*?\](?: => .*?)?|[A-Z][A-Za-z+]*)->(?= |$))re");
         std::smatch found;
         if (line.starts_with("--- "))
             scenario.steps.push_back(parseStep(line.substr(4), number_));
@@ -354,7 +348,11 @@ std::vector<Scenario> readScenarios(const std::string& path) {
     std::ifstream file(path);
     if (!file)
         throw std::runtime_error(path + ": cannot be read");
-    return Reader().read(file);
+    try {
+        return Reader().read(file);
+    } catch (const std::exception& failure) {
+        throw std::runtime_error(path + ": " + failure.what());
+    }
 }
 
 std::string runScenario(const Scenario& scenario) {

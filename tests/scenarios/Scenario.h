@@ -26,12 +26,12 @@ struct Scenario {
 
 /// Reads a file of scenarios. Each begins with a line "# title"; a line "--- [request]" is a
 /// command, with " => json" behind it where its result matters; what follows is the text expected.
-/// A command may also be written "-[request]->", "-Key->", or "-"text"->" for typing, with the text
-/// expected on the same line, several one behind the other, in which "¶" is a line feed. A
-/// line "! key NAME = [request]" at the top of the file names another.
-/// A line "! not-undoable: why" takes the scenario out of the check that undo and redo bring
-/// everything back. Blank lines at the end of a text do not count. The texts are in the short forms
-/// of support/ShortMarkup.h; a line "! let SHORT = LONG" at the top of the file adds one.
+/// A command may also be written "-[request]->", "-[request] => json->", "-Key->", or "-"text"->"
+/// for typing, with the text expected on the same line, several one behind the other, in which "¶"
+/// is a line feed. A line "! key NAME = [request]" at the top of the file names another. A line "!
+/// not-undoable: why" takes the scenario out of the check that undo and redo bring everything back.
+/// Blank lines at the end of a text do not count. The texts are in the short forms of
+/// support/ShortMarkup.h; a line "! let SHORT = LONG" at the top of the file adds one.
 std::vector<Scenario> readScenarios(const std::string& path);
 
 /// Carries out a scenario; answers what went wrong, with its line, or nothing.
