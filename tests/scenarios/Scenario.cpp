@@ -210,22 +210,24 @@ ScenarioStep parseStep(const std::string& request, int number) {
 using Names = std::vector<std::pair<std::string, std::string>>;
 
 /// The keys of the rows, and what a host asks for when they are pressed.
-const Names usualKeys{{"Enter", R"(["insertBreak",5,false])"},
-                      {"Shift+Enter", R"(["insertBreak",2,false])"},
-                      {"Backspace", R"(["erase",false,false])"},
-                      {"Ctrl+Backspace", R"(["erase",false,true])"},
-                      {"Delete", R"(["erase",true,false])"},
-                      {"Ctrl+Delete", R"(["erase",true,true])"},
-                      {"Left", R"(["moveCaretLeft",false,false,false])"},
-                      {"Right", R"(["moveCaretRight",false,false,false])"},
-                      {"Shift+Right", R"(["moveCaretRight",true,false,false])"},
-                      {"Ctrl+Left", R"(["jumpToPreviousWord",false])"},
-                      {"Ctrl+Right", R"(["jumpToNextWord",false])"},
-                      {"Home", R"(["moveCaretHome",false])"},
-                      {"End", R"(["moveCaretToEnd",false])"},
-                      {"Undo", R"(["undo"])"},
-                      {"Redo", R"(["redo"])"},
-                      {"CannotUndo", R"(["canUndo"] => false)"}};
+Names usualKeys() {
+    return {{"Enter", R"(["insertBreak",5,false])"},
+            {"Shift+Enter", R"(["insertBreak",2,false])"},
+            {"Backspace", R"(["erase",false,false])"},
+            {"Ctrl+Backspace", R"(["erase",false,true])"},
+            {"Delete", R"(["erase",true,false])"},
+            {"Ctrl+Delete", R"(["erase",true,true])"},
+            {"Left", R"(["moveCaretLeft",false,false,false])"},
+            {"Right", R"(["moveCaretRight",false,false,false])"},
+            {"Shift+Right", R"(["moveCaretRight",true,false,false])"},
+            {"Ctrl+Left", R"(["jumpToPreviousWord",false])"},
+            {"Ctrl+Right", R"(["jumpToNextWord",false])"},
+            {"Home", R"(["moveCaretHome",false])"},
+            {"End", R"(["moveCaretToEnd",false])"},
+            {"Undo", R"(["undo"])"},
+            {"Redo", R"(["redo"])"},
+            {"CannotUndo", R"(["canUndo"] => false)"}};
+}
 
 /// "SHORT = LONG"
 std::pair<std::string, std::string> parseName(const std::string& line) {
@@ -338,7 +340,7 @@ private:
 
     std::vector<Scenario> scenarios_;
     Names abbreviations_;
-    Names keys_ = usualKeys;
+    Names keys_ = usualKeys();
     int number_ = 0;
 };
 
