@@ -2,6 +2,7 @@
 
 #include "Session.h"
 #include "support/EditorState.h"
+#include "support/ShortMarkup.h"
 #include "support/WellFormed.h"
 #include "text/XmlScan.h"
 
@@ -110,30 +111,30 @@ const char* const commandTable = R"json({
     [6, ["redo"]]
 ]})json";
 
-/// What is filled in by chance alone.
+/// What is filled in by chance alone, in short markup.
 const char* const choiceTable = R"json({
 "$text": [
-    "a", "b", "word", ". ", ", and", "<", "&", "a<b>&\"c'", "\n", "\r\n", "\t", "two  words", " x", "x ",
-    "ü", "漢", ";", "&#x00A0;", "]]", ">", "-->", "\u00A0", "\u00A0\u00A0", "😀", "", "  ", "1)"],
+    "a", "b", "word", ". ", ", and", "<", "&", "a<b>&\"c'", "\n", "\r\n", "\t", "two  words", " x",
+    "x ", "ü", "漢", ";", "&#x00A0;", "]]", ">", "-->", "\u00A0", "\u00A0\u00A0", "😀", "", "  ", "1)"],
 "$markup": [
-    "<fo:inline>x</fo:inline>", "<fo:inline fo:color=\"red\">a b</fo:inline>", "<fo:block/>",
-    "<fo:block>x</fo:block>", "<fo:block>&#x00A0;</fo:block>", "</fo:block><fo:block>",
-    "</fo:inline><fo:inline>", "</fo:block></fo:flow><fo:flow><fo:block>", "&#x00A0;", "&amp;",
-    " ", "\n", "x", "<!-- note -->", "<![CDATA[a<b]]>", "<?target data?>", "<qf:tab/>",
-    "<fo:basic-link>l</fo:basic-link>", "<fo:external-graphic src=\"a>b.png\"/>",
-    "<fo:table><fo:table-body><fo:table-row><fo:table-cell><fo:block>c</fo:block></fo:table-cell></fo:table-row></fo:table-body></fo:table>",
+    "<I>x</I>", "<I fo:color=\"red\">a b</I>", "<B/>", "<B>x</B>", "<B>_</B>", "</B><B>", "</I><I>",
+    "</B></fo:flow><fo:flow><B>", "_", "&amp;", " ", "\n", "x", "<!-- note -->", "<![CDATA[a<b]]>",
+    "<?target data?>", "<qf:tab/>", "<L>l</L>", "<fo:external-graphic src=\"a>b.png\"/>",
+    "<T><D><R><C><B>c</B></C></R></D></T>",
     // What must be refused, as a rule
-    "<a", "<a></b>", "</fo:block>", "<fo:block>", "&", "&nbsp;", "a & b", "]]>", "]]", ">", "<",
+    "<a", "<a></b>", "</B>", "<B>", "&", "&nbsp;", "a & b", "]]>", "]]", ">", "<",
     "<x a=\"1\" a=\"2\"/>", "<x a=1/>", "<!-- a -- b -->", "<!-->", "-->", "<![CDATA[", "<?xml?>",
-    "</fo:block><!-- ", "\"", "<1/>", "</part><part>", "<!DOCTYPE a>"],
-"$stored text": ["a\rb", "a\r\r\n", "one  two   three", "\r", "xml:<fo:inline>x</fo:inline>", " xml:<fo:block>"],
+    "</B><!-- ", "\"", "<1/>", "</part><part>", "<!DOCTYPE a>"],
+"$stored text": [
+    "a\rb", "a\r\r\n", "one  two   three", "\r", "xml:<I>x</I>", " xml:<B>"],
 "$sought": ["e", "an", " ", "&amp;", "amp", "&#x00A0;", "0A0", "x", ">", "<fo", "\n", ""],
 "$properties": [
     [["fo:color", "red"]], [["font-weight", "bold"]], [["fo:src", "a\"<&b"]], [["a b", "1"]], [],
     [["qf:kind", "k"], ["fo:id", "x"]], [["text-align", "end"], ["xsl:a", "1"]]],
 "$path": [
     "/qfd:document", "/qfd:document/fo:page-sequence/fo:flow", "/nothing", "",
-    "/qfd:document/fo:page-sequence/fo:flow/fo:block", "/fo:root/fo:page-sequence/fo:flow/fo:block"],
+    "/qfd:document/fo:page-sequence/fo:flow/fo:block",
+    "/fo:root/fo:page-sequence/fo:flow/fo:block"],
 "$name": ["fo:block", "fo:block-container", "fo:table", "fo:inline", "qfd:block-repeat"],
 "$container": ["", "", "fo:block", "fo:flow", "fo:table-cell"],
 "$object command": [
@@ -144,7 +145,7 @@ const char* const choiceTable = R"json({
 "$strange position": [-1, -2, 0, 1073741824]
 })json";
 
-Json parseTable(const char* table) {
+Json parseTable(const std::string& table) {
     return Json::parse(table, nullptr, true, true);
 }
 
@@ -182,7 +183,7 @@ private:
     int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }
 
     Json oneOf(const std::string& choice) {
-        static const Json choices = parseTable(choiceTable);
+        static const Json choices = parseTable(writtenOut<char>(choiceTable));
         return random_.oneOf(choices.at(choice));
     }
 
