@@ -1,23 +1,14 @@
 #pragma once
 
 #include "DocumentTesting.h"
+#include "support/ShortMarkup.h"
 
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <vector>
 
-/// Writes the short forms of the markup in caret tests out: B a block, I an inline, L a link, T a
-/// table, H, F and D its header, footer and body, R a row and C a cell; `_` is a placeholder.
-inline std::wstring expand(std::wstring text) {
-    static const std::wstring letters = L"BILTHFDRC";
-    static const Core::StringArray names =
-        words(L"block inline basic-link table table-header table-footer table-body table-row "
-              L"table-cell");
-    for (std::size_t i = 0; i < letters.size(); ++i)
-        text = std::regex_replace(text, std::wregex(L"(</?)" + letters.substr(i, 1) + L"(?=[ />])"),
-                                  L"$1fo:" + wide(names[i]));
-    return std::regex_replace(text, std::wregex(L"_"), L"&#x00A0;");
+inline std::wstring expand(const std::wstring& brief) {
+    return writtenOut(brief);
 }
 
 class CaretBuffer : public TestBuffer {

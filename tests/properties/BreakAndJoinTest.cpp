@@ -205,39 +205,39 @@ protected:
         document.setCaretPos(false, stop);
         if (document.isAtBareLine())
             return;
-        const CaretInText before = document.state();
+        const EditorState before = stateOf(document);
         const bool isBesideLineFeed = document.isBesideLineFeed();
         document.insertBreak(way.type, false);
-        if (document.state().text == before.text)
+        if (stateOf(document).text == before.text)
             return;
         checkBreak(document, before);
         EXPECT_TRUE(document.letters() == original.letters);
         checkJoin(document, original.lines, isBesideLineFeed, way, before);
-        while (document.state() != before && document.canUndo())
+        while (stateOf(document) != before && document.canUndo())
             document.undo();
     }
 
 private:
-    static void checkBreak(BrokenDocument& document, const CaretInText& before) {
-        const CaretInText after = document.state();
+    static void checkBreak(BrokenDocument& document, const EditorState& before) {
+        const EditorState after = stateOf(document);
         EXPECT_EQ(xmlError(after.text), "");
         EXPECT_TRUE(document.canHoldCaret(after.caret)) << after.caret;
         document.undo();
-        EXPECT_EQ(document.state(), before);
+        EXPECT_EQ(stateOf(document), before);
         document.redo();
-        EXPECT_EQ(document.state(), after);
+        EXPECT_EQ(stateOf(document), after);
     }
 
     static void checkJoin(BrokenDocument& document, Lines expected, bool losesBlank, Way way,
-                          const CaretInText& before) {
-        const Core::String broken = document.state().text;
+                          const EditorState& before) {
+        const Core::String broken = stateOf(document).text;
         const bool isLineKept = document.isLineKept();
         const bool isMadeBefore = document.getCaretPos() <= before.caret;
         const bool isWrapped = isLineKept && way.type == BreakType::Hard;
         if (way.forward && (isWrapped || isMadeBefore || !document.goBackOverBreak()))
             return;
         document.erase(way.forward, false);
-        const Core::String joined = document.state().text;
+        const Core::String joined = stateOf(document).text;
         if (joined == before.text || (joined == broken && isLineKept))
             return;
         Lines lines = document.lines();

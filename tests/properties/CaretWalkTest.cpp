@@ -4,19 +4,15 @@
 
 #include "document/CaretWalk.h"
 #include "document/CaretTesting.h"
-#include "foundation/FileStream.h"
-#include "foundation/XmlReader.h"
+#include "support/Documents.h"
 #include "text/ReferenceMarkup.h"
 #include "text/XmlScan.h"
 
 #include <climits>
 #include <cstdlib>
-#include <filesystem>
 #include <random>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 const bool allStops = std::getenv("FORME_ALL_STOPS") != nullptr;
 
@@ -138,12 +134,6 @@ private:
     std::vector<bool> closed_;
 };
 
-Core::String read(const fs::path& path) {
-    SmartPtr<Core::IO::Stream> file =
-        new Core::IO::FileStream(path.wstring().c_str(), false, false, false);
-    return Core::IO::XmlReader(file).readToEnd();
-}
-
 Core::String withRootRenamed(Core::String text) {
     text.replaceAll(L"<fo:root", L"<qfd:document");
     text.replaceAll(L"</fo:root>", L"</qfd:document>");
@@ -153,16 +143,12 @@ Core::String withRootRenamed(Core::String text) {
 /// Calls `check` with every document: as it is, and those with the root "fo:root" also renamed.
 template <typename Check>
 void forEachDocument(Check check) {
-    for (const char* folder : {FORME_CORPUS, FORME_SAMPLES}) {
-        for (const auto& entry : fs::directory_iterator(folder)) {
-            if (entry.path().extension() != ".fo" && entry.path().extension() != ".xml")
-                continue;
-            SCOPED_TRACE(entry.path().filename());
-            const Core::String text = read(entry.path());
-            if (text.find(L"<fo:root", 0) >= 0)
-                check(WalkedDocument(text, L"fo:root"));
-            check(WalkedDocument(withRootRenamed(text), L"qfd:document"));
-        }
+    for (const auto& path : corpusAndSamples()) {
+        SCOPED_TRACE(path.filename());
+        const Core::String text = textOf(path);
+        if (text.find(L"<fo:root", 0) >= 0)
+            check(WalkedDocument(text, L"fo:root"));
+        check(WalkedDocument(withRootRenamed(text), L"qfd:document"));
     }
 }
 

@@ -11,8 +11,6 @@ struct Command {
     bool wholeWord;
 };
 
-constexpr Command commands[] = {{false, false}, {true, false}, {false, true}, {true, true}};
-
 /// Whether the text after lacks a comment, CDATA section or processing instruction, which Backspace
 /// removes for good, and nothing else.
 bool lacksIgnoredMarkup(const Core::String& before, const Core::String& after) {
@@ -35,10 +33,10 @@ protected:
                      (command.forward ? ", Delete" : ", Backspace") +
                      (command.wholeWord ? " by word" : ""));
         document.setCaretPos(false, stop);
-        const CaretInText before = document.state();
+        const EditorState before = stateOf(document);
         const int emptied = document.countEmptied();
         document.erase(command.forward, command.wholeWord);
-        const CaretInText after = document.state();
+        const EditorState after = stateOf(document);
         if (after.text == before.text)
             return;
         EXPECT_EQ(xmlError(after.text), "");
@@ -48,16 +46,16 @@ protected:
     }
 
 private:
-    static void checkHistory(StopsDocument& document, const CaretInText& before,
-                             const CaretInText& after) {
+    static void checkHistory(StopsDocument& document, const EditorState& before,
+                             const EditorState& after) {
         document.undo();
         if (lacksIgnoredMarkup(before.text, document.getContent())) {
             document.setContent(before.text, true);
             return;
         }
-        EXPECT_EQ(document.state(), before);
+        EXPECT_EQ(stateOf(document), before);
         document.redo();
-        EXPECT_EQ(document.state(), after);
+        EXPECT_EQ(stateOf(document), after);
         document.undo();
     }
 };
@@ -65,8 +63,9 @@ private:
 TEST_P(EraseEverywhere, KeepsTheDocumentWholeAndUndoes) {
     StopsDocument document(GetParam());
     document.fromEachStop(stopsPerDocument, [&](int stop) {
-        for (const Command& command : commands)
-            tryAt(document, stop, command);
+        for (const bool forward : {false, true})
+            for (const bool wholeWord : {false, true})
+                tryAt(document, stop, {forward, wholeWord});
     });
 }
 

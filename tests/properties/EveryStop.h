@@ -3,6 +3,7 @@
 #include "Session.h"
 #include "document/DocumentTesting.h"
 #include "support/Documents.h"
+#include "support/EditorState.h"
 #include "support/WellFormed.h"
 #include "text/XmlScan.h"
 
@@ -13,14 +14,6 @@
 #include <filesystem>
 #include <string>
 
-/// What a user sees change: the text, and the caret in it.
-struct CaretInText {
-    Core::String text;
-    int caret;
-
-    bool operator==(const CaretInText&) const = default;
-};
-
 /// A document that people wrote, on which a command is tried from its stops. With FORME_ALL_STOPS
 /// set these are all, and otherwise some of all parts of the text.
 class StopsDocument : public TestBuffer {
@@ -30,8 +23,6 @@ public:
     explicit StopsDocument(const std::filesystem::path& path) {
         loadDocument(*this, Core::String(path.wstring().c_str()));
     }
-
-    CaretInText state() const { return {text_, getCaretPos()}; }
 
     /// Calls `attempt` with each of the stops until it has failed.
     template <typename Attempt>

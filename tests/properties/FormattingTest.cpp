@@ -5,6 +5,7 @@
 #include "document/DocumentTesting.h"
 #include "properties/RandomCommands.h"
 #include "support/Documents.h"
+#include "support/EditorState.h"
 #include "support/WellFormed.h"
 #include "text/XmlScan.h"
 
@@ -16,19 +17,8 @@ namespace {
 
 const EditableProperty bold(L"fo:font-weight", L"bold");
 
-/// What a user sees change.
-struct State {
-    Core::String text;
-    int caret;
-    int pivot;
-
-    bool operator==(const State&) const = default;
-};
-
 class FormattedDocument : public TestBuffer {
 public:
-    State state() const { return {text_, getCaretPos(), getSelectionPivotPos()}; }
-
     /// A range of text as a user drags it, seldom a long one.
     void selectAnything(Random& random) {
         const int length = text_.length();
@@ -75,23 +65,23 @@ private:
 
 void formatAnything(FormattedDocument& document, Random& random) {
     document.selectAnything(random);
-    const State before = document.state();
+    const EditorState before = stateOf(document);
     if (!document.hasSelectedText())
         return;
     SCOPED_TRACE(std::to_string(before.pivot) + " to " + std::to_string(before.caret));
     const std::string text = document.withoutTags();
 
     document.setProperty(bold, L"");
-    const State after = document.state();
+    const EditorState after = stateOf(document);
     ASSERT_EQ(xmlError(after.text), "");
     EXPECT_EQ(document.withoutTags(), text);
     EXPECT_EQ(document.firstNotBold(), -1);
 
     document.undo();
-    EXPECT_EQ(document.state(), before);
+    EXPECT_EQ(stateOf(document), before);
     EXPECT_FALSE(document.canUndo());
     document.redo();
-    EXPECT_EQ(document.state(), after);
+    EXPECT_EQ(stateOf(document), after);
     document.undo();
 }
 
@@ -106,11 +96,11 @@ TEST(Formatting, OfAnySelectionInRealDocumentsChangesNothingElse) {
         formatAnything(document, random);
         formatAnything(document, random);
         document.redo();
-        const State formatted = document.state();
+        const EditorState formatted = stateOf(document);
         if (!document.hasSelectedText())
             continue;
         document.setProperty(bold, L"");
-        EXPECT_EQ(document.state(), formatted) << "what is bold already stays as it is";
+        EXPECT_EQ(stateOf(document), formatted) << "what is bold already stays as it is";
     }
 }
 
@@ -133,20 +123,20 @@ TEST(Formatting, OfMoreTextThanTheHistoryHasRecordsIsUndoneWhole) {
     document.insertText(L"x", false, false);
     document.moveCaretToEnd(false);
     document.moveCaretHome(true);
-    const State before = document.state();
+    const EditorState before = stateOf(document);
     document.getEditActionStack().startTrackingPos(before.text.length());
 
     document.setProperty(bold, L"");
-    const State after = document.state();
+    const EditorState after = stateOf(document);
     EXPECT_EQ(document.firstNotBold(), -1);
     EXPECT_EQ(document.getEditActionStack().retrieveTrackingPos(), after.text.length());
 
     document.undo();
-    EXPECT_TRUE(document.state() == before);
+    EXPECT_TRUE(stateOf(document) == before);
     document.redo();
-    EXPECT_TRUE(document.state() == after);
+    EXPECT_TRUE(stateOf(document) == after);
     document.undo();
     document.undo();
     EXPECT_FALSE(document.canUndo()) << "the typing before is a step as ever";
-    EXPECT_EQ(document.state().text.find(L"x", 0), -1);
+    EXPECT_EQ(stateOf(document).text.find(L"x", 0), -1);
 }

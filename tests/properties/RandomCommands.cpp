@@ -1,6 +1,8 @@
 #include "properties/RandomCommands.h"
 
 #include "Session.h"
+#include "support/EditorState.h"
+#include "support/ShortMarkup.h"
 #include "support/WellFormed.h"
 #include "text/XmlScan.h"
 
@@ -23,365 +25,205 @@ namespace {
 
 using Document = EditableDocumentBuffer;
 
-bool coin(Random& random) {
-    return random.oneIn(2);
-}
-
-/// Mostly near the caret or at the edge of a tag, sometimes anywhere, seldom nowhere.
-int anyPosition(Random& random, const Document& document) {
-    static constexpr std::array strange{-1, -2, 0, 1 << 30};
-    const String content = document.getContent();
-    const int length = content.length();
-    const auto anywhere = [&] { return static_cast<int>(random.below(content.view().size() + 1)); };
-    switch (random.below(16)) {
-    case 0:
-        return random.oneOf(strange);
-    case 1:
-    case 2:
-    case 3:
-        return anywhere();
-    case 4:
-    case 5:
-    case 6:
-        return content.find(L'>', anywhere()) + 1;
-    case 7:
-    case 8:
-        return content.find(L'<', anywhere());
-    default:
-        return std::clamp(document.getCaretPos() + static_cast<int>(random.below(25)) - 12, -1,
-                          length);
-    }
-}
-
-const char* anyPlainText(Random& random) {
-    static constexpr std::array texts{"a",
-                                      "b",
-                                      "word",
-                                      ". ",
-                                      ", and",
-                                      "<",
-                                      "&",
-                                      "a<b>&\"c'",
-                                      "\n",
-                                      "\r\n",
-                                      "\t",
-                                      "two  words",
-                                      " x",
-                                      "x ",
-                                      "ü",
-                                      "漢",
-                                      ";",
-                                      "&#x00A0;",
-                                      "]]",
-                                      ">",
-                                      "-->",
-                                      "\u00A0",
-                                      "\u00A0\u00A0",
-                                      "\xF0\x9F\x98\x80",
-                                      "",
-                                      "  ",
-                                      "1)"};
-    return random.oneOf(texts);
-}
-
-const char* anyMarkup(Random& random) {
-    static constexpr std::array texts{
-        "<fo:inline>x</fo:inline>", "<fo:inline fo:color=\"red\">a b</fo:inline>", "<fo:block/>",
-        "<fo:block>x</fo:block>", "<fo:block>&#x00A0;</fo:block>", "</fo:block><fo:block>",
-        "</fo:inline><fo:inline>", "</fo:block></fo:flow><fo:flow><fo:block>", "&#x00A0;", "&amp;",
-        " ", "\n", "x", "<!-- note -->", "<![CDATA[a<b]]>", "<?target data?>", "<qf:tab/>",
-        "<fo:basic-link>l</fo:basic-link>",
-        "<fo:table><fo:table-body><fo:table-row><fo:table-cell><fo:block>c</fo:block>"
-        "</fo:table-cell></fo:table-row></fo:table-body></fo:table>",
-        "<fo:external-graphic src=\"a>b.png\"/>",
-        // What must be refused, as a rule
-        "<a", "<a></b>", "</fo:block>", "<fo:block>", "&", "&nbsp;", "a & b", "]]>", "]]", ">", "<",
-        "<x a=\"1\" a=\"2\"/>", "<x a=1/>", "<!-- a -- b -->", "<!-->", "-->", "<![CDATA[",
-        "<?xml?>", "</fo:block><!-- ", "\"", "<1/>", "</part><part>", "<!DOCTYPE a>"};
-    return random.oneOf(texts);
-}
-
-const char* anyPath(Random& random) {
-    static constexpr std::array paths{"/qfd:document",
-                                      "/qfd:document/fo:page-sequence/fo:flow",
-                                      "/qfd:document/fo:page-sequence/fo:flow/fo:block",
-                                      "/fo:root/fo:page-sequence/fo:flow/fo:block",
-                                      "/nothing",
-                                      ""};
-    return random.oneOf(paths);
-}
-
-Json anyProperties(Random& random) {
-    static const std::array<Json, 7> properties{
-        Json::parse(R"([["fo:color","red"]])"),
-        Json::parse(R"([["font-weight","bold"]])"),
-        Json::parse(R"([["fo:src","a\"<&b"]])"),
-        Json::parse(R"([["qf:kind","k"],["fo:id","x"]])"),
-        Json::parse(R"([["text-align","end"],["xsl:a","1"]])"),
-        Json::parse(R"([["a b","1"]])"),
-        Json::array()};
-    return random.oneOf(properties);
-}
-
-/// The path of an element around the caret, down from the page sequence.
-std::string anyPathAround(Random& random, const Document& document) {
-    static constexpr std::array names{"fo:block", "fo:block-container", "fo:table", "fo:inline",
-                                      "qfd:block-repeat"};
-    const std::string path = "/qfd:document/fo:page-sequence/fo:flow";
-    if (random.oneIn(8))
-        return anyPath(random);
-    const std::string outer = path + "/" + random.oneOf(names);
-    return document.getCrtObjectContent(String(outer.c_str())).empty() || coin(random)
-               ? outer + "/" + random.oneOf(names)
-               : outer;
-}
-
-const char* anyContainer(Random& random) {
-    static constexpr std::array names{"", "", "fo:block", "fo:flow", "fo:table-cell"};
-    return random.oneOf(names);
-}
-
-const char* anyObjectCommand(Random& random) {
-    static constexpr std::array names{
-        "deleteFloatingRegion", "deleteRepeatingSection", "deleteCurrentConditionalBlock",
-        "deleteCurrentConditionalInline", "inlineRepeat.deleteInlineRepeat"};
-    return random.oneOf(names);
-}
-
-const char* anyStoredText(Random& random) {
-    static constexpr std::array texts{
-        "a\rb",           "a\r\r\n", "one  two   three", "\r", "xml:<fo:inline>x</fo:inline>",
-        " xml:<fo:block>"};
-    return random.oneOf(texts);
-}
-
-Json move(const char* name, Random& random) {
-    return {name, random.oneIn(3), random.oneIn(8), coin(random)};
-}
-
-constexpr std::array commandKinds{
+/// How often each request comes. What begins with "$" is filled in anew each time.
+const char* const commandTable = R"json({
+"every": [
     // Typing
-    CommandKind{24,
-                [](Random& r, const Document&) -> Json {
-                    return {"insertText", anyPlainText(r), false, r.oneIn(12)};
-                }},
-    CommandKind{14,
-                [](Random&, const Document&) -> Json {
-                    return {"insertText", " ", false, false};
-                }},
-    CommandKind{10,
-                [](Random& r, const Document&) -> Json {
-                    return {"insertText", anyMarkup(r), true, r.oneIn(8)};
-                }},
-    CommandKind{5,
-                [](Random& r, const Document&) -> Json {
-                    const bool isXml = r.oneIn(3);
-                    return {"insertText", isXml ? anyMarkup(r) : anyPlainText(r), anyProperties(r),
-                            isXml, r.oneIn(4)};
-                }},
-    CommandKind{5,
-                [](Random& r, const Document& d) -> Json {
-                    const bool isXml = r.oneIn(3);
-                    return {"insertTextAtPosition", anyPosition(r, d),
-                            isXml ? anyMarkup(r) : anyPlainText(r), isXml, r.oneIn(4)};
-                }},
-    CommandKind{2, [](Random&, const Document&) -> Json { return {"insertTab"}; }},
-    CommandKind{3,
-                [](Random& r, const Document& d) -> Json {
-                    const int start = anyPosition(r, d);
-                    return {"replaceXmlText", start, start % 100000 + static_cast<int>(r.below(20)),
-                            anyMarkup(r)};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"endKeyTypingSequence"}; }},
-
+    [24, ["insertText", "$text", false, "$1 in 12"]],
+    [14, ["insertText", " ", false, false]],
+    [10, ["insertText", "$markup", true, "$1 in 8"]],
+    [3, ["insertText", "$text", "$properties", false, "$1 in 4"]],
+    [2, ["insertText", "$markup", "$properties", true, "$1 in 4"]],
+    [3, ["insertTextAtPosition", "$position", "$text", false, "$1 in 4"]],
+    [2, ["insertTextAtPosition", "$position", "$markup", true, "$1 in 4"]],
+    [2, ["insertTab"]],
+    [3, ["replaceXmlText", "$position", "$behind 20", "$markup"]],
+    [1, ["endKeyTypingSequence"]],
     // Deleting
-    CommandKind{6,
-                [](Random& r, const Document& d) -> Json {
-                    const int from = anyPosition(r, d);
-                    const int to = r.oneIn(3) ? anyPosition(r, d)
-                                              : from % 100000 + static_cast<int>(r.below(60));
-                    return {"deleteContentAtPosition", coin(r), from, to};
-                }},
-
-    CommandKind{20,
-                [](Random& r, const Document&) -> Json {
-                    return {"erase", coin(r), r.oneIn(6)};
-                }},
-
+    [2, ["deleteContentAtPosition", "$1 in 2", "$position", "$position"]],
+    [4, ["deleteContentAtPosition", "$1 in 2", "$position", "$behind 60"]],
+    [20, ["erase", "$1 in 2", "$1 in 6"]],
     // Formatting
-    CommandKind{10,
-                [](Random& r, const Document&) -> Json {
-                    return {"setProperties", anyProperties(r), anyPath(r)};
-                }},
-    CommandKind{2,
-                [](Random& r, const Document&) -> Json {
-                    return {"removeProperties", anyPath(r)};
-                }},
-
+    [10, ["setProperties", "$properties", "$path"]],
+    [2, ["removeProperties", "$path"]],
     // Breaks
-    CommandKind{8,
-                [](Random& r, const Document&) -> Json {
-                    return {"insertBreak", r.oneIn(2) ? 5 : static_cast<int>(r.below(7)), coin(r)};
-                }},
-
+    [4, ["insertBreak", 5, "$1 in 2"]],
+    [4, ["insertBreak", "$below 7", "$1 in 2"]],
     // Moving
-    CommandKind{12, [](Random& r, const Document&) { return move("moveCaretLeft", r); }},
-    CommandKind{12, [](Random& r, const Document&) { return move("moveCaretRight", r); }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"moveCaretHome", coin(r)};
-                }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"moveCaretToEnd", coin(r)};
-                }},
-    CommandKind{12,
-                [](Random& r, const Document& d) -> Json {
-                    return {"setCaretPos", r.oneIn(3), anyPosition(r, d)};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"moveCaretToFirstFoFlow"}; }},
-    CommandKind{1,
-                [](Random&, const Document&) -> Json { return {"moveCaretToFirstStaticRegion"}; }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"moveCaretToPageSequence", static_cast<int>(r.below(3)) - 1};
-                }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"moveCaretToReference", static_cast<int>(r.below(2)),
-                            static_cast<int>(r.below(300))};
-                }},
-
+    [12, ["moveCaretLeft", "$1 in 3", "$1 in 8", "$1 in 2"]],
+    [12, ["moveCaretRight", "$1 in 3", "$1 in 8", "$1 in 2"]],
+    [1, ["moveCaretHome", "$1 in 2"]],
+    [1, ["moveCaretToEnd", "$1 in 2"]],
+    [12, ["setCaretPos", "$1 in 3", "$position"]],
+    [1, ["moveCaretToFirstFoFlow"]],
+    [1, ["moveCaretToFirstStaticRegion"]],
+    [1, ["moveCaretToPageSequence", "$index"]],
+    [1, ["moveCaretToReference", "$below 2", "$below 300"]],
     // Searching
-    CommandKind{10,
-                [](Random& r, const Document&) -> Json {
-                    static constexpr std::array texts{"e",   "an", " ", "&amp;", "amp", "&#x00A0;",
-                                                      "0A0", "x",  ">", "<fo",   "\n",  ""};
-                    return {"findReplace", r.oneOf(texts), anyPlainText(r),
-                            coin(r),       r.oneIn(4),     static_cast<int>(r.below(8)) % 3,
-                            coin(r)};
-                }},
-    CommandKind{2, [](Random&, const Document&) -> Json { return {"resetfindReplaceStartPos"}; }},
-    CommandKind{1,
-                [](Random&, const Document&) -> Json {
-                    return {"setSpellingDictionaries", "en_US"};
-                }},
-
+    [10, ["findReplace", "$sought", "$text", "$1 in 2", "$1 in 4", "$below 3", "$1 in 2"]],
+    [2, ["resetfindReplaceStartPos"]],
+    [1, ["setSpellingDictionaries", "en_US"]],
     // Selecting
-    CommandKind{2, [](Random&, const Document&) -> Json { return {"selectCurrentElement"}; }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"selectElement", anyPath(r)};
-                }},
-    CommandKind{
-        1,
-        [](Random&, const Document&) -> Json { return {"selectElementStartingAtCaretPosition"}; }},
-    CommandKind{4, [](Random&, const Document&) -> Json { return {"selectParent"}; }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"resetSelection"}; }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"resetSelectionOfElement"}; }},
-
+    [2, ["selectCurrentElement"]],
+    [1, ["selectElement", "$path"]],
+    [1, ["selectElementStartingAtCaretPosition"]],
+    [4, ["selectParent"]],
+    [1, ["resetSelection"]],
+    [1, ["resetSelectionOfElement"]],
     // The history
-    CommandKind{8, [](Random&, const Document&) -> Json { return {"undo"}; }},
-    CommandKind{6, [](Random&, const Document&) -> Json { return {"redo"}; }},
-
+    [8, ["undo"]],
+    [6, ["redo"]],
     // The document
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"saveInitialPosition", coin(r)};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"loadInitialPosition"}; }},
-    CommandKind{1,
-                [](Random&, const Document&) -> Json {
-                    return {"updateRootNamespaces", "xmlns:a=\"urn:a\""};
-                }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {coin(r) ? "insertStyleSheet" : "insertDocumentInformation",
-                            r.oneIn(3) ? anyMarkup(r) : "<qf:stylesheet href=\"a\"/>"};
-                }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"setStyleSheetProperties", anyProperties(r)};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"removeStyleSheet"}; }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"setPDFCompliance", coin(r) ? "PDF508" : "x"};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"enableDisableVdp"}; }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"setIdForCurrentPos", anyPlainText(r)};
-                }},
-
+    [1, ["saveInitialPosition", "$1 in 2"]],
+    [1, ["loadInitialPosition"]],
+    [1, ["updateRootNamespaces", "xmlns:a=\"urn:a\""]],
+    [1, ["insertStyleSheet", "<qf:stylesheet href=\"a\"/>"]],
+    [1, ["insertDocumentInformation", "$markup"]],
+    [1, ["setStyleSheetProperties", "$properties"]],
+    [1, ["removeStyleSheet"]],
+    [1, ["setPDFCompliance", "$compliance"]],
+    [1, ["enableDisableVdp"]],
+    [1, ["setIdForCurrentPos", "$text"]],
     // Objects
-    CommandKind{5,
-                [](Random& r, const Document& d) -> Json {
-                    return {"deleteObject", anyPathAround(r, d), anyContainer(r), coin(r)};
-                }},
-    CommandKind{2, [](Random& r, const Document&) -> Json { return {anyObjectCommand(r)}; }},
-    CommandKind{2,
-                [](Random& r, const Document& d) -> Json {
-                    const String content = d.getContent();
-                    return {"removeComponent",
-                            content.find(L"<qfd:subdocument-content",
-                                         static_cast<unsigned>(anyPosition(r, d)))};
-                }},
-    CommandKind{5,
-                [](Random& r, const Document&) -> Json {
-                    const std::string text = coin(r) ? anyPlainText(r) : anyStoredText(r);
-                    return {"insertAutotext", text, coin(r)};
-                }},
-};
+    [5, ["deleteObject", "$path around", "$container", "$1 in 2"]],
+    [2, ["$object command"]],
+    [2, ["removeComponent", "$component"]],
+    [3, ["insertAutotext", "$text", "$1 in 2"]],
+    [2, ["insertAutotext", "$stored text", "$1 in 2"]]
+],
+"lists": [
+    [4, ["makeList", "$below 3"]],
+    [2, ["createList", "$below 3"]],
+    [1, ["changeLabelType", "$below 3"]],
+    [1, ["removeList"]],
+    [12, ["breakList"]]
+],
+"work in lists": [
+    [24, ["erase", "$1 in 2", "$1 in 6"]],
+    [3, ["eraseListSelection"]],
+    [1, ["recalculateNumbering", "$position"]],
+    [1, ["selectListLabel"]],
+    [6, ["insertText", "word", false, false]],
+    [2, ["insertText", " ", false, false]],
+    [6, ["deleteContentAtPosition", "$1 in 2", "$position", "$behind 400"]],
+    [10, ["moveCaretLeft", "$1 in 3", "$1 in 8", "$1 in 2"]],
+    [10, ["moveCaretRight", "$1 in 3", "$1 in 8", "$1 in 2"]],
+    [20, ["setCaretPos", "$1 in 3", "$position"]],
+    [3, ["selectParent"]],
+    [8, ["undo"]],
+    [6, ["redo"]]
+]})json";
 
-constexpr std::array listKinds{
-    CommandKind{4,
-                [](Random& r, const Document&) -> Json {
-                    return {"makeList", static_cast<int>(r.below(3))};
-                }},
-    CommandKind{2,
-                [](Random& r, const Document&) -> Json {
-                    return {"createList", static_cast<int>(r.below(3))};
-                }},
-    CommandKind{1,
-                [](Random& r, const Document&) -> Json {
-                    return {"changeLabelType", static_cast<int>(r.below(3))};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"removeList"}; }},
-    CommandKind{12, [](Random&, const Document&) -> Json { return {"breakList"}; }},
-};
+/// What is filled in by chance alone, in short markup.
+const char* const choiceTable = R"json({
+"$text": [
+    "a", "b", "word", ". ", ", and", "<", "&", "a<b>&\"c'", "\n", "\r\n", "\t", "two  words", " x",
+    "x ", "ü", "漢", ";", "&#x00A0;", "]]", ">", "-->", "\u00A0", "\u00A0\u00A0", "😀", "", "  ", "1)"],
+"$markup": [
+    "<I>x</I>", "<I fo:color=\"red\">a b</I>", "<B/>", "<B>x</B>", "<B>_</B>", "</B><B>", "</I><I>",
+    "</B></fo:flow><fo:flow><B>", "_", "&amp;", " ", "\n", "x", "<!-- note -->", "<![CDATA[a<b]]>",
+    "<?target data?>", "<qf:tab/>", "<L>l</L>", "<fo:external-graphic src=\"a>b.png\"/>",
+    "<T><D><R><C><B>c</B></C></R></D></T>",
+    // What must be refused, as a rule
+    "<a", "<a></b>", "</B>", "<B>", "&", "&nbsp;", "a & b", "]]>", "]]", ">", "<",
+    "<x a=\"1\" a=\"2\"/>", "<x a=1/>", "<!-- a -- b -->", "<!-->", "-->", "<![CDATA[", "<?xml?>",
+    "</B><!-- ", "\"", "<1/>", "</part><part>", "<!DOCTYPE a>"],
+"$stored text": [
+    "a\rb", "a\r\r\n", "one  two   three", "\r", "xml:<I>x</I>", " xml:<B>"],
+"$sought": ["e", "an", " ", "&amp;", "amp", "&#x00A0;", "0A0", "x", ">", "<fo", "\n", ""],
+"$properties": [
+    [["fo:color", "red"]], [["font-weight", "bold"]], [["fo:src", "a\"<&b"]], [["a b", "1"]], [],
+    [["qf:kind", "k"], ["fo:id", "x"]], [["text-align", "end"], ["xsl:a", "1"]]],
+"$path": [
+    "/qfd:document", "/qfd:document/fo:page-sequence/fo:flow", "/nothing", "",
+    "/qfd:document/fo:page-sequence/fo:flow/fo:block",
+    "/fo:root/fo:page-sequence/fo:flow/fo:block"],
+"$name": ["fo:block", "fo:block-container", "fo:table", "fo:inline", "qfd:block-repeat"],
+"$container": ["", "", "fo:block", "fo:flow", "fo:table-cell"],
+"$object command": [
+    "deleteFloatingRegion", "deleteRepeatingSection", "deleteCurrentConditionalBlock",
+    "deleteCurrentConditionalInline", "inlineRepeat.deleteInlineRepeat"],
+"$compliance": ["PDF508", "x"],
+"$index": [-1, 0, 1],
+"$strange position": [-1, -2, 0, 1073741824]
+})json";
 
-/// What people do in lists besides.
-constexpr std::array workInListsKinds{
-    CommandKind{24,
-                [](Random& r, const Document&) -> Json {
-                    return {"erase", coin(r), r.oneIn(6)};
-                }},
-    CommandKind{3, [](Random&, const Document&) -> Json { return {"eraseListSelection"}; }},
-    CommandKind{1,
-                [](Random& r, const Document& d) -> Json {
-                    return {"recalculateNumbering", anyPosition(r, d)};
-                }},
-    CommandKind{1, [](Random&, const Document&) -> Json { return {"selectListLabel"}; }},
-    CommandKind{8,
-                [](Random& r, const Document&) -> Json {
-                    return {"insertText", r.oneIn(4) ? " " : "word", false, false};
-                }},
-    CommandKind{6,
-                [](Random& r, const Document& d) -> Json {
-                    const int from = anyPosition(r, d);
-                    return {"deleteContentAtPosition", coin(r), from,
-                            from % 100000 + static_cast<int>(r.below(400))};
-                }},
-    CommandKind{10, [](Random& r, const Document&) { return move("moveCaretLeft", r); }},
-    CommandKind{10, [](Random& r, const Document&) { return move("moveCaretRight", r); }},
-    CommandKind{20,
-                [](Random& r, const Document& d) -> Json {
-                    return {"setCaretPos", r.oneIn(3), anyPosition(r, d)};
-                }},
-    CommandKind{3, [](Random&, const Document&) -> Json { return {"selectParent"}; }},
-    CommandKind{8, [](Random&, const Document&) -> Json { return {"undo"}; }},
-    CommandKind{6, [](Random&, const Document&) -> Json { return {"redo"}; }},
+Json parseTable(const std::string& table) {
+    return Json::parse(table, nullptr, true, true);
+}
+
+/// Fills in what the table of commands leaves open.
+class Filler {
+public:
+    Filler(Random& random, const Document& document) : random_(random), document_(document) {}
+
+    Json fill(Json request) {
+        for (Json& part : request)
+            if (part.is_string() && part.get_ref<const std::string&>().starts_with('$'))
+                part = valueOf(part.get<std::string>());
+        return request;
+    }
+
+private:
+    Json valueOf(const std::string& hole) {
+        const auto last = hole.rfind(' ');
+        const auto number = [&] { return std::stoul(hole.substr(last)); };
+        if (hole.starts_with("$1 in "))
+            return random_.oneIn(number());
+        if (hole.starts_with("$below "))
+            return random_.below(number());
+        if (hole.starts_with("$behind "))
+            return position_ % 100000 + below(number());
+        if (hole == "$position")
+            return position_ = anyPosition();
+        if (hole == "$path around")
+            return anyPathAround();
+        if (hole == "$component")
+            return anyComponent();
+        return oneOf(hole);
+    }
+
+    int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }
+
+    Json oneOf(const std::string& choice) {
+        static const Json choices = parseTable(writtenOut<char>(choiceTable));
+        return random_.oneOf(choices.at(choice));
+    }
+
+    /// Mostly near the caret or at the edge of a tag, sometimes anywhere, seldom nowhere.
+    int anyPosition() {
+        const String content = document_.getContent();
+        const int anywhere = below(content.view().size() + 1);
+        const std::size_t kind = random_.below(16);
+        if (kind == 0)
+            return oneOf("$strange position");
+        if (kind < 4)
+            return anywhere;
+        if (kind < 7)
+            return content.find(L'>', anywhere) + 1;
+        if (kind < 9)
+            return content.find(L'<', anywhere);
+        return std::clamp(document_.getCaretPos() + below(25) - 12, -1, content.length());
+    }
+
+    /// The path of an element around the caret, down from the page sequence.
+    std::string anyPathAround() {
+        if (random_.oneIn(8))
+            return oneOf("$path");
+        const auto anyStep = [&] { return "/" + oneOf("$name").get<std::string>(); };
+        const std::string outer = "/qfd:document/fo:page-sequence/fo:flow" + anyStep();
+        const bool isAround = !document_.getCrtObjectContent(String(outer.c_str())).empty();
+        return isAround && random_.oneIn(2) ? outer : outer + anyStep();
+    }
+
+    int anyComponent() {
+        return document_.getContent().find(L"<qfd:subdocument-content",
+                                           static_cast<unsigned>(anyPosition()));
+    }
+
+    Random& random_;
+    const Document& document_;
+    int position_ = 0; // the last that was filled in
 };
 
 std::string randomCommand(Random& random, const Document& document, const CommandMix& mix) {
@@ -392,44 +234,41 @@ std::string randomCommand(Random& random, const Document& document, const Comman
     const CommandKind* kind = mix.kinds.data();
     for (; at >= kind->weight; ++kind)
         at -= kind->weight;
-    return kind->make(random, document).dump();
+    return Filler(random, document).fill(kind->request).dump();
+}
+
+CommandMix mixOf(std::initializer_list<const char*> groups) {
+    const Json table = parseTable(commandTable);
+    CommandMix mix;
+    for (const char* group : groups)
+        for (const Json& kind : table.at(group))
+            mix.kinds.push_back({kind[0], kind[1]});
+    return mix;
 }
 
 } // namespace
 
 CommandMix everyCommand() {
-    CommandMix mix{{commandKinds.begin(), commandKinds.end()}, {}};
-    mix.kinds.insert(mix.kinds.end(), listKinds.begin(), listKinds.end());
-    return mix;
+    return mixOf({"every", "lists"});
 }
 
 CommandMix listCommands() {
-    CommandMix mix{{listKinds.begin(), listKinds.end()}, {}};
-    mix.kinds.insert(mix.kinds.end(), workInListsKinds.begin(), workInListsKinds.end());
-    return mix;
+    return mixOf({"lists", "work in lists"});
 }
 
 // The promises
 
 namespace {
 
-struct State {
-    String text;
-    int caret = -1;
-    int pivot = -1;
-
-    bool operator==(const State&) const = default;
-
-    /// The neighbourhood of the caret, for a message.
-    std::string describe() const {
-        std::wstring marked(text.view());
-        const std::size_t at = static_cast<std::size_t>(std::max(caret, 0));
-        marked.insert(std::min(at, marked.size()), L"|");
-        const std::size_t from = at < 60 ? 0 : at - 60;
-        return std::to_string(caret) + "," + std::to_string(pivot) + " " +
-               Core::Encoder::toDisplayText(String(marked.substr(from, 120)));
-    }
-};
+/// The neighbourhood of the caret, for a message.
+std::string describe(const EditorState& state) {
+    std::wstring marked(state.text.view());
+    const std::size_t at = static_cast<std::size_t>(std::max(state.caret, 0));
+    marked.insert(std::min(at, marked.size()), L"|");
+    const std::size_t from = at < 60 ? 0 : at - 60;
+    return std::to_string(state.caret) + "," + std::to_string(state.pivot) + " " +
+           Core::Encoder::toDisplayText(String(marked.substr(from, 120)));
+}
 
 int sectionsIn(const String& text) {
     int count = 0;
@@ -453,7 +292,7 @@ public:
     const Document& document() { return session_.document(); }
 
     std::string carryOut(const std::string& command, bool parse) {
-        const State before = state();
+        const EditorState before = state();
         const bool couldUndo = document().canUndo();
         const Json reply = session_.serveLine(command);
         if (reply.contains("error"))
@@ -482,8 +321,7 @@ public:
         const bool anything = document().canUndo();
         replayAll(R"(["undo"])");
         if (anything && !isAsAtFirst())
-            return "undoing everything gives " + state().describe() + " and not " +
-                   first_.describe();
+            return "undoing everything gives " + describe(state()) + " and not " + describe(first_);
         if (const std::string error = xmlError(document().getContent()); !error.empty())
             return "undoing everything gives " + error;
         replayAll(R"(["redo"])");
@@ -498,10 +336,7 @@ private:
         return lostSection_ || (comparesCaret ? state() == first_ : state().text == first_.text);
     }
 
-    State state() {
-        return {document().getContent(), document().getCaretPos(),
-                document().getSelectionPivotPos()};
-    }
+    EditorState state() { return stateOf(session_.document()); }
 
     static std::string brokenNotices(const Json& reply) {
         const auto notices = reply["notices"].get<std::vector<std::string>>();
@@ -510,17 +345,17 @@ private:
     }
 
     std::string brokenCaret() {
-        const State now = state();
+        const EditorState now = state();
         const XmlScan::Text text = now.text.view();
         for (const int position : {now.caret, now.pivot})
             if (position != -1 && (!XmlScan::isValid(text, position) ||
                                    XmlScan::unitStart(text, position) != position))
-                return "caret or pivot inside markup: " + now.describe();
+                return "caret or pivot inside markup: " + describe(now);
         return {};
     }
 
     /// A command that is undone and redone at once comes back whole, with caret and selection.
-    std::string brokenReplay(const std::string& command, const State& before) {
+    std::string brokenReplay(const std::string& command, const EditorState& before) {
         if (!isReplay(command)) {
             changed_.reset();
             undone_ = false;
@@ -534,7 +369,7 @@ private:
             undone_ = false;
             // A replay that would leave no caret sends it home.
             if (changed_->caret < 0 ? state().text != changed_->text : state() != *changed_)
-                return "redone it is " + state().describe() + " and not " + changed_->describe();
+                return "redone it is " + describe(state()) + " and not " + describe(*changed_);
         }
         return {};
     }
@@ -550,9 +385,9 @@ private:
     const CommandMix& mix_;
     Session session_;
     bool firstChangedText_ = false;
-    State first_;                  // before the first change that can be undone
-    std::optional<State> changed_; // what the last command left, if that changed the text
-    bool undone_ = false;          // and was undone then
+    EditorState first_;                  // before the first change that can be undone
+    std::optional<EditorState> changed_; // what the last command left, if that changed the text
+    bool undone_ = false;                // and was undone then
     bool lostSection_ = false;
 };
 
@@ -653,13 +488,13 @@ public:
 )";
         for (std::size_t i = 0; i <= random_.below(2); ++i)
             text += pageSequence();
-        return text + "</qfd:document>" + (coin(random_) ? "\n" : "");
+        return text + "</qfd:document>" + (random_.oneIn(2) ? "\n" : "");
     }
 
 private:
     std::string pageSequence() {
         std::string text = "<fo:page-sequence master-reference=\"page\">";
-        if (coin(random_))
+        if (random_.oneIn(2))
             text += "<fo:static-content flow-name=\"xsl-region-before\">" + block(1) +
                     "</fo:static-content>";
         return text + "<fo:flow flow-name=\"xsl-region-body\">" + blocks(2) +
@@ -703,7 +538,7 @@ private:
     std::string inlineElement(int depth) {
         static constexpr std::array names{"fo:inline", "fo:basic-link", "fo:wrapper"};
         const std::string name = random_.oneOf(names);
-        return "<" + name + (coin(random_) ? " color=\"red\">" : ">") + content(depth) + "</" +
+        return "<" + name + (random_.oneIn(2) ? " color=\"red\">" : ">") + content(depth) + "</" +
                name + ">";
     }
 
@@ -712,8 +547,8 @@ private:
             return "<" + name + "><fo:table-row>" + cell(depth) + cell(depth) +
                    "</fo:table-row></" + name + ">";
         };
-        return "<fo:table>" + (coin(random_) ? group("fo:table-header") : "") +
-               (coin(random_) ? group("fo:table-footer") : "") + group("fo:table-body") +
+        return "<fo:table>" + (random_.oneIn(2) ? group("fo:table-header") : "") +
+               (random_.oneIn(2) ? group("fo:table-footer") : "") + group("fo:table-body") +
                "</fo:table>";
     }
 

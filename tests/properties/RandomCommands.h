@@ -35,7 +35,7 @@ std::string randomDocument(Random& random, std::size_t listEvery = 6);
 /// A kind of command and how often it comes.
 struct CommandKind {
     std::size_t weight;
-    nlohmann::json (*make)(Random& random, const EditableDocumentBuffer& document);
+    nlohmann::json request; ///< what is to be filled in begins with "$"
 };
 
 /// What streams are made of.

@@ -1,10 +1,15 @@
 #include "scenarios/Scenario.h"
 
 #include "Session.h"
+#include "support/EditorState.h"
+#include "support/ShortMarkup.h"
 #include "support/WellFormed.h"
 
 #include <algorithm>
 #include <fstream>
+#include <initializer_list>
+#include <iterator>
+#include <regex>
 #include <set>
 #include <stdexcept>
 #include <string_view>
@@ -23,17 +28,9 @@ bool isWholeDocument(std::string_view text) {
            text.starts_with("<fo:root");
 }
 
-struct State {
-    Core::String text;
-    int caret = -1;
-    int pivot = -1;
-
-    bool operator==(const State&) const = default;
-};
-
 /// A text with its marks taken out and turned into positions.
-State parseMarks(const std::string& marked) {
-    State state;
+EditorState parseMarks(const std::string& marked) {
+    EditorState state;
     std::wstring text;
     const Core::String units = Core::Encoder::convertUTF8ToString(
         isWholeDocument(marked) ? marked : documentStart + marked + documentEnd);
@@ -52,7 +49,7 @@ State parseMarks(const std::string& marked) {
 }
 
 /// A state with its marks, as a scenario shows it: the whole text, or what stands in its flow.
-std::string show(const State& state, bool whole) {
+std::string show(const EditorState& state, bool whole) {
     std::wstring text(state.text.view());
     const auto mark = [&text](int position, wchar_t sign) {
         if (position >= 0)
@@ -75,6 +72,8 @@ public:
     explicit Runner(const Scenario& scenario) : scenario_(scenario) {}
 
     void run() {
+        if (scenario_.steps.empty())
+            fail(scenario_.line, "no command");
         begin();
         for (const ScenarioStep& step : scenario_.steps)
             carryOut(step);
@@ -83,13 +82,10 @@ public:
     }
 
 private:
-    State current() {
-        EditableDocumentBuffer& document = session_.document();
-        return {document.getContent(), document.getCaretPos(), document.getSelectionPivotPos()};
-    }
+    EditorState current() { return stateOf(session_.document()); }
 
     void begin() {
-        const State before = parseMarks(scenario_.before);
+        const EditorState before = parseMarks(scenario_.before);
         const bool foRoot = scenario_.before.find("<fo:root") != std::string::npos;
         session_.document().setRootElement(foRoot ? L"fo:root" : L"qfd:document");
         session_.document().setContent(before.text, true);
@@ -101,18 +97,52 @@ private:
     }
 
     void carryOut(const ScenarioStep& step) {
-        const State before = current();
+        const EditorState before = current();
         const bool couldUndo = session_.document().canUndo();
         const Json reply = session_.serveLine(step.request);
         if (reply.contains("error"))
             fail(step.line, reply["error"].get<std::string>());
         checkReply(step, reply);
+        if (isOneStep(step) && current().text != before.text)
+            checkStep(step, before, couldUndo);
         if (!couldUndo && session_.document().canUndo())
             first_ = before;
         if (current().text != before.text)
             last_ = current();
-        replays_ = replays_ || step.request.starts_with("[\"undo\"") ||
-                   step.request.starts_with("[\"redo\"");
+        replays_ = replays_ || isReplay(step);
+    }
+
+    static bool isOneOf(const ScenarioStep& step, std::initializer_list<const char*> names) {
+        const std::string name = Json::parse(step.request)[0].get<std::string>();
+        return std::find(names.begin(), names.end(), name) != names.end();
+    }
+
+    static bool isReplay(const ScenarioStep& step) { return isOneOf(step, {"undo", "redo"}); }
+
+    /// Most commands are one step. A run of typing is undone whole, and would be ended by that; the
+    /// records of others stand alone, for a host to group them.
+    bool isOneStep(const ScenarioStep& step) {
+        const auto isTyping = [](const ScenarioStep& each) {
+            return isOneOf(each, {"insertText"});
+        };
+        if (isTyping(step) &&
+            std::count_if(scenario_.steps.begin(), scenario_.steps.end(), isTyping) > 1)
+            return false;
+        return !scenario_.notUndoable && !isReplay(step) &&
+               !isOneOf(step, {"setContent", "removeComponent"});
+    }
+
+    /// One undo brings back what stood before a command, one redo what it left.
+    void checkStep(const ScenarioStep& step, const EditorState& before, bool couldUndo) {
+        const EditorState after = current();
+        session_.document().undo();
+        if (current() != before || session_.document().canUndo() != couldUndo)
+            fail(step.line,
+                 "undone, it is\n" + show(current(), false) + "\nbut was\n" + show(before, false));
+        session_.document().redo();
+        if (current() != after || session_.document().canRedo())
+            fail(step.line,
+                 "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(after, false));
     }
 
     void checkReply(const ScenarioStep& step, const Json& reply) {
@@ -155,8 +185,8 @@ private:
 
     const Scenario& scenario_;
     Session session_;
-    State first_;
-    State last_;
+    EditorState first_;
+    EditorState last_;
     bool replays_ = false; // the commands undo and redo themselves
 };
 
@@ -168,39 +198,151 @@ void trimLineEnds(std::string& text) {
     text.erase(text.find_last_not_of('\n') + 1);
 }
 
-ScenarioStep parseStep(const std::string& line, int number) {
-    ScenarioStep step{number, line.substr(4), std::nullopt, std::nullopt};
-    if (const std::size_t arrow = step.request.find(" => "); arrow != std::string::npos) {
-        step.result = step.request.substr(arrow + 4);
+ScenarioStep parseStep(const std::string& request, int number) {
+    ScenarioStep step{number, request, std::nullopt, std::nullopt};
+    if (const std::size_t arrow = request.find(" => "); arrow != std::string::npos) {
+        step.result = request.substr(arrow + 4);
         step.request.erase(arrow);
     }
     return step;
 }
 
-using Abbreviation = std::pair<std::string, std::string>;
+using Names = std::vector<std::pair<std::string, std::string>>;
 
-/// "! let SHORT = LONG"
-Abbreviation parseAbbreviation(const std::string& line) {
+/// The keys of the rows, and what a host asks for when they are pressed.
+Names usualKeys() {
+    return {{"Enter", R"(["insertBreak",5,false])"},
+            {"Shift+Enter", R"(["insertBreak",2,false])"},
+            {"Backspace", R"(["erase",false,false])"},
+            {"Ctrl+Backspace", R"(["erase",false,true])"},
+            {"Delete", R"(["erase",true,false])"},
+            {"Ctrl+Delete", R"(["erase",true,true])"},
+            {"Left", R"(["moveCaretLeft",false,false,false])"},
+            {"Right", R"(["moveCaretRight",false,false,false])"},
+            {"Shift+Right", R"(["moveCaretRight",true,false,false])"},
+            {"Ctrl+Left", R"(["jumpToPreviousWord",false])"},
+            {"Ctrl+Right", R"(["jumpToNextWord",false])"},
+            {"Home", R"(["moveCaretHome",false])"},
+            {"End", R"(["moveCaretToEnd",false])"},
+            {"Undo", R"(["undo"])"},
+            {"Redo", R"(["redo"])"},
+            {"CannotUndo", R"(["canUndo"] => false)"}};
+}
+
+/// "SHORT = LONG"
+std::pair<std::string, std::string> parseName(const std::string& line) {
     const std::size_t equals = line.find(" = ");
     if (equals == std::string::npos)
-        throw std::runtime_error("no abbreviation: " + line);
-    return {line.substr(6, equals - 6), line.substr(equals + 3)};
+        throw std::runtime_error("no name: " + line);
+    return {line.substr(0, equals), line.substr(equals + 3)};
 }
 
-/// Writes the abbreviations out, at each place the first that stands there.
-std::string expand(const std::string& line, const std::vector<Abbreviation>& abbreviations) {
-    std::string text;
-    for (std::size_t at = 0; at < line.size();) {
-        const auto found = std::find_if(
-            abbreviations.begin(), abbreviations.end(), [&](const Abbreviation& abbreviation) {
-                return line.compare(at, abbreviation.first.size(), abbreviation.first) == 0;
-            });
-        const bool isShort = found != abbreviations.end();
-        text += isShort ? found->second : line.substr(at, 1);
-        at += isShort ? found->first.size() : 1;
+/// Reads a file of scenarios line by line.
+class Reader {
+public:
+    std::vector<Scenario> read(std::istream& file) {
+        for (std::string line; std::getline(file, line);) {
+            ++number_;
+            readLine(line);
+        }
+        for (Scenario& scenario : scenarios_) {
+            trimLineEnds(scenario.before);
+            for (ScenarioStep& step : scenario.steps)
+                if (step.after)
+                    trimLineEnds(*step.after);
+        }
+        return std::move(scenarios_);
     }
-    return text;
-}
+
+private:
+    void readLine(const std::string& line) {
+        if (line.starts_with("# "))
+            scenarios_.push_back({line.substr(2), number_, {}, {}, false, {}});
+        else if (line.starts_with("! "))
+            readDirective(line.substr(2));
+        else if (!scenarios_.empty())
+            readContent(scenarios_.back(), line);
+    }
+
+    void readDirective(const std::string& line) {
+        if (line.starts_with("let "))
+            abbreviations_.push_back(parseName(line.substr(4)));
+        else if (line.starts_with("key "))
+            keys_.insert(keys_.begin(), parseName(line.substr(4)));
+        else if (line.starts_with("not-undoable:"))
+            scenarios_.back().notUndoable = line.substr(13);
+        else if (line.starts_with("many-notices:"))
+            scenarios_.back().manyNotices = true;
+        else
+            throw std::runtime_error("line " + std::to_string(number_) + ": no directive: " + line);
+    }
+
+    void readContent(Scenario& scenario, const std::string& line) {
+        static const std::regex arrow(
+            R"re((?:^| )-("[^"]*"|\[.*?\](?: => .*?)?|[A-Z][A-Za-z+]*)->(?= |$))re");
+        std::smatch found;
+        if (line.starts_with("--- "))
+            scenario.steps.push_back(parseStep(line.substr(4), number_));
+        else if (std::regex_search(line, found, arrow))
+            readRow(scenario, line, std::sregex_iterator(line.begin(), line.end(), arrow));
+        else
+            readText(scenario, line);
+    }
+
+    /// "before -Key-> after -Key-> after", in which any text may be missing.
+    void readRow(Scenario& scenario, const std::string& line, std::sregex_iterator arrow) {
+        if (arrow->prefix().matched)
+            readText(scenario, arrow->prefix());
+        for (; arrow != std::sregex_iterator(); ++arrow) {
+            scenario.steps.push_back(parseStep(requestOf((*arrow)[1]), number_));
+            const auto next = std::next(arrow);
+            const auto end = next == std::sregex_iterator() ? line.end() : (*next)[0].first;
+            if (const auto text = (*arrow)[0].second; text != end)
+                readText(scenario, std::string(std::next(text), end)); // behind a blank
+        }
+    }
+
+    void readText(Scenario& scenario, const std::string& line) {
+        if (scenario.steps.empty()) {
+            appendLine(scenario.before, expand(line));
+        } else if (scenario.steps.back().after || !line.empty()) {
+            std::optional<std::string>& after = scenario.steps.back().after;
+            appendLine(after.emplace(after.value_or("")), expand(line));
+        }
+    }
+
+    std::string requestOf(const std::string& key) const {
+        if (key.starts_with('['))
+            return key;
+        if (key.starts_with('"'))
+            return R"(["insertText",)" + key + ",false,false]";
+        for (const auto& [name, request] : keys_)
+            if (name == key)
+                return request;
+        throw std::runtime_error("line " + std::to_string(number_) + ": no key: " + key);
+    }
+
+    /// Writes the short forms out, at each place the first that stands there.
+    std::string expand(const std::string& brief) const {
+        const std::string line = std::regex_replace(brief, std::regex("¶"), "\n");
+        std::string text;
+        for (std::size_t at = 0; at < line.size();) {
+            const auto found =
+                std::find_if(abbreviations_.begin(), abbreviations_.end(), [&](const auto& each) {
+                    return line.compare(at, each.first.size(), each.first) == 0;
+                });
+            const bool isShort = found != abbreviations_.end();
+            text += isShort ? found->second : line.substr(at, 1);
+            at += isShort ? found->first.size() : 1;
+        }
+        return writtenOut(text);
+    }
+
+    std::vector<Scenario> scenarios_;
+    Names abbreviations_;
+    Names keys_ = usualKeys();
+    int number_ = 0;
+};
 
 } // namespace
 
@@ -208,42 +350,11 @@ std::vector<Scenario> readScenarios(const std::string& path) {
     std::ifstream file(path);
     if (!file)
         throw std::runtime_error(path + ": cannot be read");
-    std::vector<Scenario> scenarios;
-    std::vector<Abbreviation> abbreviations;
-    int number = 0;
-    for (std::string line; std::getline(file, line);) {
-        ++number;
-        if (line.starts_with("! let ")) {
-            abbreviations.push_back(parseAbbreviation(line));
-            continue;
-        }
-        if (line.starts_with("# ")) {
-            scenarios.push_back({line.substr(2), number, {}, {}, false, {}});
-            continue;
-        }
-        if (scenarios.empty())
-            continue;
-        Scenario& scenario = scenarios.back();
-        if (line.starts_with("! not-undoable:"))
-            scenario.notUndoable = line.substr(15);
-        else if (line.starts_with("! many-notices:"))
-            scenario.manyNotices = true;
-        else if (line.starts_with("--- "))
-            scenario.steps.push_back(parseStep(line, number));
-        else if (scenario.steps.empty())
-            appendLine(scenario.before, expand(line, abbreviations));
-        else if (scenario.steps.back().after || !line.empty())
-            appendLine(
-                scenario.steps.back().after.emplace(scenario.steps.back().after.value_or("")),
-                expand(line, abbreviations));
+    try {
+        return Reader().read(file);
+    } catch (const std::exception& failure) {
+        throw std::runtime_error(path + ": " + failure.what());
     }
-    for (Scenario& scenario : scenarios) {
-        trimLineEnds(scenario.before);
-        for (ScenarioStep& step : scenario.steps)
-            if (step.after)
-                trimLineEnds(*step.after);
-    }
-    return scenarios;
 }
 
 std::string runScenario(const Scenario& scenario) {

@@ -24,11 +24,20 @@ struct Scenario {
     std::optional<std::string> notUndoable; ///< why undo does not bring everything back
 };
 
-/// Reads a file of scenarios. Each begins with a line "# title"; a line "--- [request]" is a
-/// command, with " => json" behind it where its result matters; what follows is the text expected.
-/// A line "! not-undoable: why" takes the scenario out of the check that undo and redo bring
-/// everything back. Blank lines at the end of a text do not count. A line "! let SHORT = LONG" at
-/// the top of the file makes an abbreviation in the texts below it.
+/// Reads a file of scenarios. Each begins with a line "# title"; the text before follows, in the
+/// short forms of support/ShortMarkup.h, and then the commands, each with the text expected behind
+/// it or none:
+///
+///     <B>one|two</B> -Enter-> <B>one</B>¶<B>|two</B> -Backspace-> <B>one|two</B>
+///
+/// A command on a line of its own is written "--- [request]", or "--- [request] => json" where its
+/// result matters. In a row it is an arrow: "-Key->", "-"text"->" for typing, "-[request]->" or
+/// "-[request] => json->". In a row "¶" is a line feed. Blank lines at the end of a text do not
+/// count.
+///
+/// At the top of a file "! key NAME = [request]" names a key and "! let SHORT = LONG" a short form;
+/// below a title "! not-undoable: why" takes the scenario out of the check that undo and redo bring
+/// everything back.
 std::vector<Scenario> readScenarios(const std::string& path);
 
 /// Carries out a scenario; answers what went wrong, with its line, or nothing.

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "foundation/FileStream.h"
+#include "foundation/SmartPtr.h"
+#include "foundation/XmlReader.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -25,6 +29,12 @@ inline std::vector<std::filesystem::path> corpusAndSamples() {
     EXPECT_FALSE(found.empty());
     std::sort(found.begin(), found.end());
     return found;
+}
+
+inline Core::String textOf(const std::filesystem::path& path) {
+    const SmartPtr<Core::IO::Stream> file(
+        new Core::IO::FileStream(path.wstring().c_str(), false, false, false));
+    return Core::IO::XmlReader(file).readToEnd();
 }
 
 inline std::string nameOfDocument(const testing::TestParamInfo<std::filesystem::path>& info) {

@@ -1,6 +1,4 @@
-#include "foundation/FileStream.h"
 #include "foundation/Wide.h"
-#include "foundation/XmlReader.h"
 #include "support/Documents.h"
 #include "text/ReferenceMarkup.h"
 #include "text/XmlProbe.h"
@@ -65,10 +63,8 @@ std::vector<XmlProbe> randomDocuments(bool withSections) {
 /// Documents that people wrote, and random ones.
 std::vector<XmlProbe> allDocuments() {
     std::vector<XmlProbe> documents = randomDocuments(true);
-    for (const std::filesystem::path& path : corpusAndSamples()) {
-        SmartPtr<IO::Stream> file = new IO::FileStream(path.wstring().c_str(), false, false, false);
-        documents.push_back(XmlProbe(IO::XmlReader(file).readToEnd()));
-    }
+    for (const std::filesystem::path& path : corpusAndSamples())
+        documents.push_back(XmlProbe(textOf(path)));
     return documents;
 }
 
