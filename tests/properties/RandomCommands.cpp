@@ -210,7 +210,9 @@ private:
     std::string anyPathAround() {
         if (random_.oneIn(8))
             return oneOf("$path");
-        const auto anyStep = [&] { return "/" + oneOf("$name").get<std::string>(); };
+        const auto anyStep = [&] {
+            return std::string("/").append(oneOf("$name").get<std::string>());
+        };
         const std::string outer = "/qfd:document/fo:page-sequence/fo:flow" + anyStep();
         const bool isAround = !document_.getCrtObjectContent(String(outer.c_str())).empty();
         return isAround && random_.oneIn(2) ? outer : outer + anyStep();
