@@ -238,9 +238,12 @@ int EditableDocumentBuffer::startOfLayout(int position) const {
     const int start = startOfSkippedSpaces(position);
     const Text passed = XmlScan::slice(text_.view(), start, position);
     const bool areBlanks = passed.find_first_not_of(L' ') == Text::npos;
-    return areBlanks && !isBlockLevelTag(text_.view(), getPreviousEditablePositionInXml(start))
-               ? position
-               : start;
+    return areBlanks && !isBehindBlockLevelTag(start) ? position : start;
+}
+
+bool EditableDocumentBuffer::isBehindBlockLevelTag(int position) const {
+    return getElementTypeOnEndTagPosition(position - 1) == xmlElement &&
+           isBlockLevelTag(text_.view(), getPreviousEditablePositionInXml(position));
 }
 
 int EditableDocumentBuffer::endOfLayout(int position) const {
@@ -255,8 +258,7 @@ bool EditableDocumentBuffer::isLineStart(int position) const {
     int start = startOfSkippedSpaces(position);
     for (int hidden = startOfHidden(start); hidden >= 0; hidden = startOfHidden(start))
         start = startOfSkippedSpaces(hidden);
-    return getElementTypeOnEndTagPosition(start - 1) == xmlElement &&
-           isBlockLevelTag(text_.view(), getPreviousEditablePositionInXml(start));
+    return isBehindBlockLevelTag(start);
 }
 
 /// Where the edge of an inline, the comment or the instruction begins that ends at the position; -1

@@ -5,8 +5,6 @@
 #include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
-
 using Core::String;
 using XmlScan::Text;
 
@@ -180,7 +178,6 @@ bool ForwardDelete::eraseInFollowingList(int list) {
         else if (!beginsLine)
             buffer_.erase(false, false);
         moveTo(buffer_.caretPos_);
-        caret_ = std::min(caret_, place_);
     }
     buffer_.recordCaret();
     return false;
@@ -407,10 +404,10 @@ void ForwardDelete::clearBoundary(int position, int firstTag) {
 
 // Small steps
 
-/// The round's place, and with it the caret unless the deletion went on elsewhere.
+/// The round's place, and with it the caret unless the deletion went on elsewhere behind it.
 void ForwardDelete::moveTo(int position) {
     place_ = position;
-    if (!inside_)
+    if (!inside_ || position < caret_)
         caret_ = position;
 }
 

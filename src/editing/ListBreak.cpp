@@ -62,6 +62,9 @@ void ListBuffer::splitItem() {
     document_.insertAndRecord(caret, xml);
     const int itemClose = document_.getPreviousTagPosition(caret + first.length());
     const int behindFirst = document_.repairEmptied(caret, true).map(itemClose);
+    const int newItem = document_.getNextEditablePositionInXml(behindFirst);
+    if (const int block = getFirstBlockInElement(getItemBodyPos(newItem)); block >= 0)
+        fillIfEmpty(block);
     document_.setCaret(false, document_.getNextValidCaretPos(behindFirst));
     removePlaceholderInline();
     document_.handleElementsContainingJustWhiteSpaces(document_.caretPos_, true);

@@ -99,8 +99,15 @@ void ListBuffer::wrapBlock(int block, ListType type) {
     document_.insertAndRecord(document_.positionBehindElement(block),
                               L"</fo:list-item-body></fo:list-item></fo:list-block></fo:block>");
     document_.insertAndRecord(block, opening);
+    fillIfEmpty(block + opening.length());
     document_.adjustCaretToAnEditablePosition();
     document_.recordCaret();
+}
+
+/// A block that shows nothing gets a placeholder, so that its item has a place for the caret.
+void ListBuffer::fillIfEmpty(int block) {
+    document_.handleElementsContainingJustWhiteSpaces(document_.getNextEditablePositionInXml(block),
+                                                      false);
 }
 
 void ListBuffer::unwrap(int list) {

@@ -164,6 +164,7 @@ private:
     // Making and changing
 
     void wrapBlock(int block, ListType type);
+    void fillIfEmpty(int block);
     void unwrap(int list);
     int startOfContent(int position) const;
     Core::String contentOfItems(int element) const;

@@ -52,8 +52,9 @@ public:
     }
 
     /// Whether a line feed of the markup stands beside the caret, or beside the edges of inlines
-    /// there. It separates words, and goes with the break as the layout of the markup does.
-    bool isBesideLineFeed() const {
+    /// there. It separates words, and goes with the break as the layout of the markup does. The
+    /// same happens to a blank that is all of an inline.
+    bool isBesidePassingBlank() const {
         const auto isPassed = [this](int at) {
             return Core::String::isSpace(XmlScan::unitAt(text_.view(), at)) || isInlineEdge(at);
         };
@@ -64,7 +65,21 @@ public:
         int end = getCaretPos();
         while (end >= 0 && isPassed(end))
             end = getNextEditablePositionInXml(end);
-        return XmlScan::slice(text_.view(), start, end).find(L'\n') != XmlScan::Text::npos;
+        for (int at = start; at >= 0 && at < end; at = getNextEditablePositionInXml(at))
+            if (XmlScan::unitAt(text_.view(), at) == L'\n' ||
+                (isInlineEdge(at) && XmlScan::openingAt(text_.view(), at) &&
+                 elementContainsJustWhitespacesOrVoid(at)))
+                return true;
+        return false;
+    }
+
+    /// Whether the caret is at the end of an inline that a footnote or a condition holds. Behind a
+    /// soft break there it has no place, so that it stays before that or leaves what holds it.
+    bool isAtEndOfHeldInline() const {
+        const int caret = getCaretPos();
+        return XmlScan::closingAt(text_.view(), caret) && isInlineEdge(caret) &&
+               (isInElementContext(L"fo:footnote", caret) ||
+                isInElementContext(L"qfd:conditional-inline", caret));
     }
 
     /// Whether nothing is on the line of the caret, not even a placeholder, or on the one before
@@ -203,16 +218,17 @@ protected:
                      (way.type == BreakType::Hard ? ", hard" : ", soft") +
                      (way.forward ? ", Delete" : ", Backspace"));
         document.setCaretPos(false, stop);
-        if (document.isAtBareLine())
+        if (document.isAtBareLine() ||
+            (way.type == BreakType::Soft && document.isAtEndOfHeldInline()))
             return;
         const EditorState before = stateOf(document);
-        const bool isBesideLineFeed = document.isBesideLineFeed();
+        const bool isBesidePassingBlank = document.isBesidePassingBlank();
         document.insertBreak(way.type, false);
         if (stateOf(document).text == before.text)
             return;
         checkBreak(document, before);
         EXPECT_TRUE(document.letters() == original.letters);
-        checkJoin(document, original.lines, isBesideLineFeed, way, before);
+        checkJoin(document, original.lines, isBesidePassingBlank, way, before);
         while (stateOf(document) != before && document.canUndo())
             document.undo();
     }

@@ -311,7 +311,8 @@ public:
             broken = brokenCaret();
         if (broken.empty() && parse)
             broken = xmlError(document().getContent());
-        if (broken.empty() && mix_.broken)
+        // Around a section that Backspace removed for good, undo brings back less than there was.
+        if (broken.empty() && mix_.broken && !lostSection_)
             broken = mix_.broken(document().getContent());
         return broken.empty() ? brokenReplay(command, before) : broken;
     }
