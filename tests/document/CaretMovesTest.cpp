@@ -4,14 +4,8 @@
 
 namespace {
 
-void expectRight(const std::wstring& before, const std::wstring& after) {
-    expectMove(
-        before, [](CaretBuffer& buffer) { buffer.right(); }, after);
-}
-void expectLeft(const std::wstring& before, const std::wstring& after) {
-    expectMove(
-        before, [](CaretBuffer& buffer) { buffer.left(); }, after);
-}
+constexpr auto stepRight = [](CaretBuffer& buffer) { buffer.right(); };
+constexpr auto stepLeft = [](CaretBuffer& buffer) { buffer.left(); };
 
 /// Checks that the caret goes right from each of the marks ①, ②, ③… to the next, and back.
 void expectWay(const std::wstring& marked) {
@@ -23,16 +17,16 @@ void expectWay(const std::wstring& marked) {
         return text;
     };
     for (wchar_t mark = L'①'; marked.find(mark + 1) != marked.npos; ++mark) {
-        expectRight(withCaretAt(mark), withCaretAt(mark + 1));
-        expectLeft(withCaretAt(mark + 1), withCaretAt(mark));
+        expectMove(withCaretAt(mark), stepRight, withCaretAt(mark + 1));
+        expectMove(withCaretAt(mark + 1), stepLeft, withCaretAt(mark));
     }
 }
 
 } // namespace
 
 TEST(CaretMoves, CollapseASelectionInTheirDirectionAndGiveOneNotice) {
-    expectRight(L"<B>a|bc^d</B>", L"<B>abc|d</B>");
-    expectLeft(L"<B>a^bc|d</B>", L"<B>a|bcd</B>");
+    expectMove(L"<B>a|bc^d</B>", stepRight, L"<B>abc|d</B>");
+    expectMove(L"<B>a^bc|d</B>", stepLeft, L"<B>a|bcd</B>");
     CaretBuffer buffer(L"<B>a^b|c</B>");
     for (const char* heard : {"s", "c", ""}) {
         buffer.right();
@@ -48,7 +42,7 @@ TEST(CaretMoves, CollapseASelectionInTheirDirectionAndGiveOneNotice) {
 
 TEST(CaretMoves, PassAnObjectWhole) {
     const std::wstring field = L"<qfd:field><B>value</B></qfd:field>";
-    expectRight(L"<B>a|" + field + L"b</B>", L"<B>a" + field + L"|b</B>");
+    expectMove(L"<B>a|" + field + L"b</B>", stepRight, L"<B>a" + field + L"|b</B>");
     expectWay(L"<B>a①<fo:external-graphic/>②</B>");
 }
 
