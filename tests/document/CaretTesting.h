@@ -1,15 +1,10 @@
 #pragma once
 
 #include "DocumentTesting.h"
-#include "support/ShortMarkup.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
-
-inline std::wstring expand(const std::wstring& brief) {
-    return writtenOut(brief);
-}
 
 class CaretBuffer : public TestBuffer {
     using Base = EditableDocumentBuffer;
@@ -43,7 +38,7 @@ public:
         std::wstring text = wide(text_);
         for (auto at = offsets.rbegin(); at != offsets.rend(); ++at)
             text.insert(static_cast<std::size_t>(*at), L"|");
-        return flowOf(text);
+        return inShort(flowOf(text));
     }
 };
 
@@ -51,9 +46,9 @@ public:
 inline void expectStops(const std::wstring& right, const std::wstring& left) {
     std::wstring plain = right;
     std::erase(plain, L'|');
-    const CaretBuffer buffer(expand(plain));
-    EXPECT_EQ(buffer.markedAt(buffer.stops(true)), expand(right));
-    EXPECT_EQ(buffer.markedAt(buffer.stops(false)), expand(left)) << "walking left";
+    const CaretBuffer buffer(plain);
+    EXPECT_EQ(buffer.markedAt(buffer.stops(true)), right);
+    EXPECT_EQ(buffer.markedAt(buffer.stops(false)), left) << "walking left";
 }
 inline void expectStops(const std::wstring& both) {
     expectStops(both, both);
@@ -62,7 +57,7 @@ inline void expectStops(const std::wstring& both) {
 /// Checks where one move takes the caret, the fragment given before and after with its marks.
 template <typename Move>
 void expectMove(const std::wstring& before, Move move, const std::wstring& after) {
-    CaretBuffer buffer(expand(before));
+    CaretBuffer buffer(before);
     move(buffer);
-    EXPECT_EQ(buffer.marked(), expand(after)) << "from " << wide(Core::String(before));
+    EXPECT_EQ(buffer.marked(), after) << "from " << wide(Core::String(before));
 }

@@ -3,10 +3,25 @@
 #include "Session.h"
 #include "document/EditableDocumentBuffer.h"
 #include "foundation/Wide.h"
+#include "support/ShortMarkup.h"
 
 #include <algorithm>
 #include <string>
 #include <utility>
+
+/// Writes down what it hears: "b" for the text, "c" for the caret, "s" for the selection.
+class RecordingMonitor : public IEditableBufferMonitor {
+public:
+    void onBufferChanged() override { heard_ += 'b'; }
+    void onCaretChanged() override { heard_ += 'c'; }
+    void onSelectionChanged() override { heard_ += 's'; }
+
+    /// What was heard since the last call.
+    std::string take() { return std::exchange(heard_, {}); }
+
+private:
+    std::string heard_;
+};
 
 /// A document in a host's standard setup, with the protected operations open to tests.
 class TestBuffer : public EditableDocumentBuffer {
@@ -16,10 +31,13 @@ public:
     using Base::clearPropertiesForElementAt, Base::executeAction, Base::getPropertiesFromElementAt,
         Base::getRootElementPos, Base::setCaret, Base::setPropertiesForElementAt;
 
-    TestBuffer() { setUpAsHost(*this); }
+    TestBuffer() {
+        setUpAsHost(*this);
+        setMonitor(&listener_);
+    }
 
-    /// Begins with a fragment in the flow of a small document: `|` is the caret, `^` the pivot
-    /// where it differs.
+    /// Begins with a fragment in the flow of a small document, in the short forms of the markup:
+    /// `|` is the caret, `^` the pivot where it differs.
     explicit TestBuffer(const std::wstring& marked) : TestBuffer() {
         std::wstring text = documentWith(marked);
         int pivot = -1;
@@ -31,9 +49,10 @@ public:
         setContent(Core::String(text), true);
         setCaret(false, pivot < 0 ? caret : pivot);
         setCaret(true, caret);
+        heard();
     }
 
-    /// The fragment in the flow, with the marks.
+    /// The fragment in the flow, in the short forms with the marks.
     std::wstring marked() const {
         std::wstring text = wide(text_);
         const int caret = getCaretPos();
@@ -45,14 +64,16 @@ public:
         mark(std::max(caret, pivot), pivot > caret ? L"^" : L"|");
         if (pivot != caret)
             mark(std::min(caret, pivot), pivot > caret ? L"|" : L"^");
-        return flowOf(text);
+        return inShort(flowOf(text));
     }
 
-    int find(const wchar_t* what) const { return text_.find(what, 0); }
-    /// Where it first stands in the flow.
-    int inFlow(const wchar_t* what) const {
-        return text_.find(what, static_cast<unsigned>(find(L"\"body\">") + 7));
+    /// Where it first stands, given in the short forms.
+    int find(const wchar_t* what, int from = 0) const {
+        return text_.find(Core::String(writtenOut<wchar_t>(what)), static_cast<unsigned>(from));
     }
+    int inFlow(const wchar_t* what) const { return find(what, find(L"\"body\">") + 7); }
+    /// What its monitor heard since the last call.
+    std::string heard() { return listener_.take(); }
     std::wstring text() const { return wide(text_); }
     std::wstring flow() const { return flowOf(text()); }
 
@@ -74,7 +95,7 @@ public:
 <qfd:document xmlns:qfd="urn:forme:qfd/1.0" xmlns:fo="http://www.w3.org/1999/XSL/Format">
 <fo:layout-master-set><fo:simple-page-master master-name="a"/></fo:layout-master-set>
 <fo:page-sequence><fo:flow flow-name="body">)" +
-               flow + L"</fo:flow></fo:page-sequence></qfd:document>";
+               writtenOut(flow) + L"</fo:flow></fo:page-sequence></qfd:document>";
     }
 
 protected:
@@ -82,18 +103,7 @@ protected:
         const std::size_t start = text.find(L"\"body\">") + 7;
         return text.substr(start, text.find(L"</fo:flow>") - start);
     }
-};
-
-/// Writes down what it hears: "b" for the text, "c" for the caret, "s" for the selection.
-class RecordingMonitor : public IEditableBufferMonitor {
-public:
-    void onBufferChanged() override { heard_ += 'b'; }
-    void onCaretChanged() override { heard_ += 'c'; }
-    void onSelectionChanged() override { heard_ += 's'; }
-
-    /// What was heard since the last call.
-    std::string take() { return std::exchange(heard_, {}); }
 
 private:
-    std::string heard_;
+    RecordingMonitor listener_;
 };

@@ -44,7 +44,7 @@ public:
 TEST(ElementMemo, KnowsWhatAScanFindsAfterEveryEdit) {
     Random random(1);
     for (int document = 0; document < 20; ++document) {
-        EditedBuffer buffer(L"<fo:block>x</fo:block><fo:block><fo:inline>x</fo:inline></fo:block>");
+        EditedBuffer buffer(L"<B>x</B><B><I>x</I></B>");
         for (int edit = 0; edit < 100; ++edit) {
             buffer.edit(random);
             for (int question = 0; question < 20; ++question)

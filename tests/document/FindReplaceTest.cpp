@@ -16,7 +16,7 @@ public:
 } // namespace
 
 TEST(FindReplace, CountsBackwardFromWhereItBegan) {
-    SearchedBuffer buffer(L"<fo:block>ab cd| efgh ijkl</fo:block><fo:block>m</fo:block>");
+    SearchedBuffer buffer(L"<B>ab cd| efgh ijkl</B><B>m</B>");
     const int start = buffer.getCaretPos();
     // The stretch is ">ab cd ".
     EXPECT_EQ(buffer.find(L"ab", false, Direction::Backward), start + 1);
@@ -39,18 +39,15 @@ TEST(FindReplace, JudgesAWholeWordAtTheEndOfAStretchByAnEarlierUnit) {
 }
 
 TEST(FindReplace, TellsTheMonitorOnceAndOnlyOfWhatChanged) {
-    RecordingMonitor monitor;
-    SearchedBuffer buffer(L"<fo:block>o|ne two one</fo:block>");
-    buffer.setMonitor(&monitor);
+    SearchedBuffer buffer(L"<B>o|ne two one</B>");
     const auto heard = [&](const wchar_t* what, const wchar_t* with, bool replace) {
         buffer.findReplace(what, with, true, false, Direction::Forward, replace);
-        return monitor.take();
+        return buffer.heard();
     };
     EXPECT_EQ(heard(L"six", L"", false) + heard(L"six", L"x", true), "");
     EXPECT_EQ(heard(L"one", L"", false), "cs");
     EXPECT_EQ(heard(L"one", L"x", true), "bcs");
     buffer.resetfindReplaceStartPos();
     EXPECT_EQ(heard(L"e t", L"", true), "cs");
-    EXPECT_EQ(buffer.marked(), L"<fo:block>on^e t|wo x</fo:block>");
-    buffer.setMonitor(nullptr);
+    EXPECT_EQ(buffer.marked(), L"<B>on^e t|wo x</B>");
 }

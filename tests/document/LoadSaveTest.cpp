@@ -63,32 +63,31 @@ TEST(Loading, OfABadFileChangesNothing) {
     folder.put("utf8", "<a>\xC3(</a>");
     folder.put("unknown", "<?xml version=\"1.0\" encoding=\"no-such\"?><a/>");
     for (const char* name : {"missing", "", "empty", "utf8", "unknown"}) {
-        TestBuffer buffer(L"<fo:block>a^b|c</fo:block>");
+        TestBuffer buffer(L"<B>a^b|c</B>");
         buffer.insertRecorded(buffer.find(L"c</"), L"X");
         const std::wstring before = buffer.marked();
-        RecordingMonitor monitor;
-        buffer.setMonitor(&monitor);
+        buffer.heard();
+        const IEditableBufferMonitor* const monitor = buffer.getMonitor();
         const std::string message =
             messageOf([&] { buffer.setContentFromFile(folder.wide(name).c_str()); });
         EXPECT_NE(message.find((folder.path() / name).string()), std::string::npos) << message;
         EXPECT_EQ(buffer.marked(), before) << name;
-        EXPECT_TRUE(monitor.take().empty() && buffer.getMonitor() == &monitor) << name;
+        EXPECT_TRUE(buffer.heard().empty() && buffer.getMonitor() == monitor) << name;
         buffer.undo();
-        EXPECT_EQ(buffer.marked(), L"<fo:block>a^b|c</fo:block>") << name;
+        EXPECT_EQ(buffer.marked(), L"<B>a^b|c</B>") << name;
     }
 }
 
 TEST(SetContent, StartsAfreshAtTheFirstFlow) {
-    TestBuffer buffer(L"<fo:block>abc|</fo:block>");
+    TestBuffer buffer(L"<B>abc|</B>");
     buffer.insertRecorded(buffer.find(L"abc"), L"X");
     buffer.undo();
-    RecordingMonitor monitor;
-    buffer.setMonitor(&monitor);
+    buffer.heard();
     buffer.setContent(LR"(<qfd:document><fo:page-sequence>
 <fo:static-content><fo:block>header</fo:block></fo:static-content>
 <fo:flow><fo:block>body</fo:block></fo:flow></fo:page-sequence></qfd:document>)",
                       true);
-    EXPECT_EQ(monitor.take(), "bc");
+    EXPECT_EQ(buffer.heard(), "bc");
     EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
     EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body"));
     EXPECT_EQ(buffer.getSelectionPivotPos(), buffer.getCaretPos());

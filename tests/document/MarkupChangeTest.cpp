@@ -28,32 +28,24 @@ std::string shown(const std::wstring& text) {
     return Core::Encoder::toDisplayText(String(text));
 }
 
+std::wstring oneOf(const Core::StringArray& pieces, Random& random) {
+    return std::wstring(random.oneOf(pieces).view());
+}
+
 /// A text with every kind of markup, around which edits can go wrong.
 std::wstring anyDocument(Random& random) {
     static constexpr std::array prologs{
         L"", L"<?xml version=\"1.0\" encoding=\"utf-16\"?>\n", L"<!-- <x> ' -->",
         L"<!DOCTYPE a [<!ENTITY e \"x]>\"><!-- ]> ' --><?p ]> ?>]>"};
-    static constexpr std::array pieces{L"x",
-                                       L" ",
-                                       L"&amp;",
-                                       L"<b>",
-                                       L"</b>",
-                                       L"<a>",
-                                       L"</a>",
-                                       L"<c/>",
-                                       L"<d k='>' j=\"'\"/>",
-                                       L"<!-- <b> - -->",
-                                       L"<![CDATA[<b>&]]>",
-                                       L"<?p <b> ' ?>",
-                                       L"]",
-                                       L"'",
-                                       L">",
-                                       L"\xD83D\xDE00"};
+    static const Core::StringArray pieces =
+        String(L"x¦ ¦&amp;¦<b>¦</b>¦<a>¦</a>¦<c/>¦<d k='>' j=\"'\"/>¦<!-- <b> - -->¦"
+               L"<![CDATA[<b>&]]>¦<?p <b> ' ?>¦]¦'¦>¦\xD83D\xDE00")
+            .split(L'¦');
     static constexpr std::array epilogs{L"", L"\n", L"<!-- </a> -->", L"<?p </a>?>"};
     for (;;) {
         std::wstring text = std::wstring(random.oneOf(prologs)) + L"<a k=\"v\">";
         for (std::size_t count = random.below(12); count > 0; --count)
-            text += random.oneOf(pieces);
+            text += oneOf(pieces, random);
         text += std::wstring(L"</a>") + random.oneOf(epilogs);
         if (isWellFormed(text))
             return text;
@@ -61,15 +53,12 @@ std::wstring anyDocument(Random& random) {
 }
 
 std::wstring anyEdit(Random& random, std::wstring text) {
-    static constexpr std::array pieces{
-        L"x",       L"<b>",    L"</b>",   L"</b><b>",   L"</a><a>", L"<c/>",
-        L"&",       L"&e;",    L"&amp;",  L";",         L"]]>",     L"]]",
-        L">",       L"<",      L"\"",     L"'",         L"!--",     L"-->",
-        L"<!--",    L"--",     L"<?p ?>", L"<![CDATA[", L"]",       L"</part><part>",
-        L"/",       L" k='1'", L"",       L"\xD83D",    L"\xFFFF",  L"\xDE00",
-        L"<?xml?>", L"<a>"};
+    static const Core::StringArray pieces =
+        String(L"x¦<b>¦</b>¦</b><b>¦</a><a>¦<c/>¦&¦&e;¦&amp;¦;¦]]>¦]]¦>¦<¦\"¦'¦!--¦-->¦<!--¦--¦"
+               L"<?p ?>¦<![CDATA[¦]¦</part><part>¦/¦ k='1'¦¦\xD83D¦\xFFFF¦\xDE00¦<?xml?>¦<a>")
+            .split(L'¦');
     const std::size_t from = random.below(text.size() + 1);
-    text.replace(from, random.oneIn(2) ? 0 : random.below(12), random.oneOf(pieces));
+    text.replace(from, random.oneIn(2) ? 0 : random.below(12), oneOf(pieces, random));
     return text;
 }
 

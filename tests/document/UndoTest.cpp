@@ -42,13 +42,11 @@ TEST(Primitives, MoveCaretAndPivot) {
 }
 
 TEST(Primitives, RecordNothingTellTheMonitorAndRefuseWhatIsOutsideTheText) {
-    TestBuffer buffer(L"<fo:block>ab|c</fo:block>");
-    RecordingMonitor monitor;
-    buffer.setMonitor(&monitor);
+    TestBuffer buffer(L"<B>ab|c</B>");
     buffer.insertXmlTextAtPosition(buffer.find(L"c<"), L"X");
-    EXPECT_EQ(monitor.take(), "bc");
+    EXPECT_EQ(buffer.heard(), "bc");
     buffer.deleteXmlText(buffer.find(L"c<"), buffer.find(L"c<"));
-    EXPECT_EQ(monitor.take(), "b") << "the caret did not move";
+    EXPECT_EQ(buffer.heard(), "b") << "the caret did not move";
     const std::wstring before = buffer.marked();
     const int length = buffer.getContent().length();
     for (const int position : {-1, INT_MIN, length + 1, INT_MAX})
@@ -57,33 +55,31 @@ TEST(Primitives, RecordNothingTellTheMonitorAndRefuseWhatIsOutsideTheText) {
                                      std::pair(length, length), std::pair(5, INT_MAX)})
         EXPECT_TRUE(buffer.deleteXmlText(start, end).empty()) << start << " to " << end;
     EXPECT_EQ(buffer.marked(), before);
-    EXPECT_EQ(monitor.take(), "");
+    EXPECT_EQ(buffer.heard(), "");
     buffer.insertXmlTextAtPosition(length, L"\n");
     EXPECT_EQ(buffer.getContent().length(), length + 1) << "behind the last unit is a place";
     EXPECT_FALSE(buffer.canUndo());
 }
 
 TEST(Replay, OfNoCaretGoesHome) {
-    TestBuffer buffer(L"<fo:block>ab|c</fo:block>");
+    TestBuffer buffer(L"<B>ab|c</B>");
     buffer.executeAction({EditAction::EditCaret, -1, -1, -1, L""});
-    EXPECT_EQ(buffer.marked(), L"<fo:block>|abc</fo:block>");
+    EXPECT_EQ(buffer.marked(), L"<B>|abc</B>");
 }
 
 TEST(Undo, OfNothingTellsTheMonitorNothing) {
-    TestBuffer buffer(L"<fo:block>a^bc|d</fo:block>");
-    RecordingMonitor monitor;
-    buffer.setMonitor(&monitor);
+    TestBuffer buffer(L"<B>a^bc|d</B>");
     buffer.undo();
     buffer.redo();
     { const EditActionGroup empty(&buffer); }
     EXPECT_TRUE(buffer.canUndo()) << "an empty group is a step of its own";
     buffer.undo();
-    EXPECT_EQ(monitor.take(), "");
-    EXPECT_EQ(buffer.marked(), L"<fo:block>a^bc|d</fo:block>");
+    EXPECT_EQ(buffer.heard(), "");
+    EXPECT_EQ(buffer.marked(), L"<B>a^bc|d</B>");
 }
 
 TEST(Undo, AStepTrimmedAtTheLimitIsDroppedAndWholeOnesAreUndone) {
-    TestBuffer buffer(L"<fo:block>|</fo:block>");
+    TestBuffer buffer(L"<B>|</B>");
     {
         const EditActionGroup trimmed(&buffer);
         for (int i = 0; i < 10000; ++i)
@@ -102,7 +98,7 @@ TEST(Undo, AStepTrimmedAtTheLimitIsDroppedAndWholeOnesAreUndone) {
 }
 
 TEST(Undo, LoadingInsideAGroupLeavesNothingToUndo) {
-    TestBuffer buffer(L"<fo:block>|</fo:block>");
+    TestBuffer buffer(L"<B>|</B>");
     {
         const EditActionGroup group(&buffer);
         insertAsCommand(buffer, L"X");
@@ -114,7 +110,7 @@ TEST(Undo, LoadingInsideAGroupLeavesNothingToUndo) {
 // Snapshots
 
 TEST(Snapshot, AScopeThatWasRolledBackClosesNoLaterGroup) {
-    TestBuffer buffer(L"<fo:block>|</fo:block>");
+    TestBuffer buffer(L"<B>|</B>");
     EditableDocumentBufferState state(&buffer);
     auto rolledBack = std::make_unique<EditActionGroup>(&buffer);
     state.restorePreviousState();
@@ -125,11 +121,11 @@ TEST(Snapshot, AScopeThatWasRolledBackClosesNoLaterGroup) {
         buffer.insertRecorded(buffer.getCaretPos(), L"b");
     }
     buffer.undo();
-    EXPECT_EQ(buffer.marked(), L"<fo:block>|</fo:block>");
+    EXPECT_EQ(buffer.marked(), L"<B>|</B>");
 }
 
 TEST(Snapshot, GivesBackTheRunOfTyping) {
-    TestBuffer buffer(L"<fo:block>x|</fo:block>");
+    TestBuffer buffer(L"<B>x|</B>");
     {
         EditableDocumentBufferState state(&buffer);
         buffer.insertText(L"a", false, false);
@@ -146,16 +142,15 @@ TEST(Snapshot, GivesBackTheRunOfTyping) {
         state.restorePreviousState();
     }
     buffer.insertText(L"b", false, false);
-    EXPECT_EQ(buffer.marked(), L"<fo:block>xab|</fo:block>");
+    EXPECT_EQ(buffer.marked(), L"<B>xab|</B>");
     buffer.undo();
-    EXPECT_EQ(buffer.marked(), L"<fo:block>x|</fo:block>");
+    EXPECT_EQ(buffer.marked(), L"<B>x|</B>");
     EXPECT_FALSE(buffer.canUndo());
 }
 
 TEST(FreezeNotifications, NestAndTellOnceInOrder) {
-    TestBuffer buffer(L"<fo:block>|</fo:block>");
-    RecordingMonitor monitor;
-    buffer.setMonitor(&monitor);
+    TestBuffer buffer(L"<B>|</B>");
+    const IEditableBufferMonitor* const first = buffer.getMonitor();
     {
         const FreezeNotifications outer(&buffer);
         {
@@ -166,22 +161,22 @@ TEST(FreezeNotifications, NestAndTellOnceInOrder) {
         buffer.notifyCaretChanged();
         buffer.notifyBufferChanged();
         buffer.notifyCaretChanged();
-        EXPECT_EQ(monitor.take(), "");
+        EXPECT_EQ(buffer.heard(), "");
     }
-    EXPECT_EQ(monitor.take(), "bcs");
+    EXPECT_EQ(buffer.heard(), "bcs");
     RecordingMonitor second;
     {
         const FreezeNotifications quiet(&buffer);
         buffer.setMonitor(&second);
     }
-    EXPECT_EQ(monitor.take() + second.take(), "");
-    EXPECT_EQ(buffer.getMonitor(), &monitor) << "the monitor of its beginning";
+    EXPECT_EQ(buffer.heard() + second.take(), "");
+    EXPECT_EQ(buffer.getMonitor(), first) << "the monitor of its beginning";
 }
 
 /// Random groups, roll-backs, undos and redos, against a list of texts with caret and pivot.
 class RandomHistory {
 public:
-    explicit RandomHistory(unsigned seed) : random_(seed) { buffer_.setMonitor(&monitor_); }
+    explicit RandomHistory(unsigned seed) : random_(seed) {}
 
     void run(int commands) {
         while (commands-- > 0 && !testing::Test::HasFailure()) {
@@ -194,7 +189,7 @@ public:
 
 private:
     void doOne() {
-        monitor_.take();
+        buffer_.heard();
         switch (random_.below(5)) {
         case 0:
         case 1:
@@ -219,7 +214,7 @@ private:
 
     /// At most one of each kind, in their order: text, caret, selection.
     void expectNotices(bool any) {
-        const std::string heard = monitor_.take();
+        const std::string heard = buffer_.heard();
         ASSERT_EQ(heard.empty(), !any);
         ASSERT_EQ(std::adjacent_find(heard.begin(), heard.end(), std::greater_equal<>()),
                   heard.end())
@@ -228,8 +223,8 @@ private:
 
     /// An offset in the block, or of its closing tag.
     int anywhere() {
-        const int start = buffer_.find(L"<fo:block>") + 10;
-        const auto length = static_cast<std::size_t>(buffer_.find(L"</fo:block>") - start);
+        const int start = buffer_.find(L"<B>") + 10;
+        const auto length = static_cast<std::size_t>(buffer_.find(L"</B>") - start);
         return start + static_cast<int>(random_.below(length + 1));
     }
 
@@ -237,7 +232,7 @@ private:
     void edit() {
         buffer_.setCaret(random_.oneIn(2), anywhere());
         const int at = anywhere();
-        if (buffer_.find(L"</fo:block>") - at > 3 && random_.oneIn(2))
+        if (buffer_.find(L"</B>") - at > 3 && random_.oneIn(2))
             buffer_.deleteRecorded(at, at + static_cast<int>(random_.below(3)));
         else
             buffer_.insertRecorded(at, Core::String(L'a', 1 + random_.below(4)));
@@ -264,15 +259,14 @@ private:
         edit();
         if (random_.oneIn(2))
             buffer_.endKeyTypingSequence();
-        monitor_.take();
+        buffer_.heard();
         state.restorePreviousState();
-        ASSERT_EQ(monitor_.take(), "");
+        ASSERT_EQ(buffer_.heard(), "");
         ASSERT_EQ(buffer_.getEditActionStack().retrieveTrackingPos(), 500);
     }
 
     Random random_;
-    RecordingMonitor monitor_;
-    TestBuffer buffer_{L"<fo:block>|start</fo:block>"};
+    TestBuffer buffer_{L"<B>|start</B>"};
     std::vector<std::wstring> states_{buffer_.marked()};
     std::size_t current_ = 0;
 };

@@ -48,11 +48,9 @@ TEST(Encoder, ALoneSurrogateIsShownButNeverWritten) {
     const wchar_t high = 0xD83D;
     const wchar_t low = 0xDE00;
     const String reversed{std::wstring{L'a', low, high}};
+    const String cut{std::wstring{L'a', high, low, high}};
     EXPECT_EQ(messageOf([&] { utf8(reversed); }), "code unit 1: lone surrogate");
-    EXPECT_EQ(messageOf([&] {
-                  utf8(String(std::wstring{L'a', high, low, high}));
-              }),
-              "code unit 3: lone surrogate");
+    EXPECT_EQ(messageOf([&] { utf8(cut); }), "code unit 3: lone surrogate");
     EXPECT_EQ(Encoder::toDisplayText(reversed), "a\xEF\xBF\xBD\xEF\xBF\xBD");
     EXPECT_EQ(Encoder::toDisplayText(L"\U0001F600"), "\xF0\x9F\x98\x80");
 }

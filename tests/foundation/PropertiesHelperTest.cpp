@@ -1,22 +1,6 @@
 #include "foundation/PropertiesHelper.h"
 
 #include "foundation/PropertyTesting.h"
-#include "support/Table.h"
-
-#include <gtest/gtest.h>
-
-namespace {
-
-/// Checks what a change makes of lists of properties.
-void expectChanges(void (*change)(PropertyCollection&), const wchar_t* table) {
-    for (const auto& [before, after] : rows(table)) {
-        PropertyCollection collection = properties(before.c_str());
-        change(collection);
-        EXPECT_EQ(shown(collection), after == L"same" ? before : after) << before;
-    }
-}
-
-} // namespace
 
 TEST(PropertiesHelper, ExpandsInTheirPlaceWhatIsNotSetByItself) {
     expectChanges(PropertiesHelper::expandShorthands, LR"(

@@ -73,25 +73,22 @@ TEST(PropertyCollection, WritesValuesThatKeepTheTagWellFormed) {
 }
 
 TEST(PropertyCollection, PrefixesComeAndGoButNeverMakeANameTwice) {
-    const auto prefixed = [](const wchar_t* text, const wchar_t* prefix) {
-        PropertyCollection list = properties(text);
-        list.setNamespaceForProperties(prefix);
-        return shown(list);
-    };
-    const auto bare = [](const wchar_t* text, const wchar_t* prefix) {
-        PropertyCollection list = properties(text);
-        list.removeNamespaceForPropertiesWith(prefix);
-        return shown(list);
-    };
-    EXPECT_EQ(prefixed(L"a=1; fo:b=2; xmlns=u", L"fo"), L"fo:a=1; fo:b=2; fo:xmlns=u");
-    EXPECT_EQ(prefixed(L"a=1; b=2; fo:a=3", L"fo"), L"fo:b=2; fo:a=3");
-    EXPECT_EQ(prefixed(L"a=1", L""), L"a=1");
-    EXPECT_EQ(bare(L"fo:a=1; fo:b=2; qf:c=3", L"fo"), L"a=1; b=2; qf:c=3");
-    EXPECT_EQ(bare(L"fo:a=3; a=1; b=2", L"fo"), L"a=1; b=2");
-    for (const wchar_t* other : {L"", L"f"})
-        EXPECT_EQ(bare(L"fo:a=1; b=2", other), L"fo:a=1; b=2");
-
-    PropertyCollection list = properties(L"id=1; fo:color=red; qf:font=x; font=y");
+    expectChanges([](PropertyCollection& list) { list.setNamespaceForProperties(L"fo"); }, LR"(
+a=1; fo:b=2; xmlns=u -> fo:a=1; fo:b=2; fo:xmlns=u
+a=1; b=2; fo:a=3 -> fo:b=2; fo:a=3
+)");
+    expectChanges([](PropertyCollection& list) { list.removeNamespaceForPropertiesWith(L"fo"); },
+                  LR"(
+fo:a=1; fo:b=2; qf:c=3 -> a=1; b=2; qf:c=3
+fo:a=3; a=1; b=2 -> a=1; b=2
+f:a=1; fop:b=2 -> same
+)");
+    PropertyCollection list = properties(L"a=1; fo:b=2");
+    list.setNamespaceForProperties(L"");
+    list.removeNamespaceForPropertiesWith(L"");
+    list.removeNamespaceForPropertiesWith(L"f");
+    EXPECT_EQ(shown(list), L"a=1; fo:b=2");
+    list = properties(L"id=1; fo:color=red; qf:font=x; font=y");
     list.removeNonFormattingProperties();
     EXPECT_EQ(shown(list), L"fo:color=red; font=y");
 }

@@ -2,6 +2,9 @@
 
 #include "foundation/PropertyCollection.h"
 #include "foundation/Wide.h"
+#include "support/Table.h"
+
+#include <gtest/gtest.h>
 
 #include <string>
 
@@ -21,4 +24,14 @@ inline std::wstring shown(const PropertyCollection& properties) {
     for (const EditableProperty& each : properties.getPropertyList())
         list += (list.empty() ? L"" : L"; ") + wide(each.getName() + L"=" + each.getValue());
     return list;
+}
+
+/// Checks what a change makes of lists of properties, a line each: `before -> after`.
+template <typename Change>
+void expectChanges(Change change, const wchar_t* table) {
+    for (const auto& [before, after] : rows(table)) {
+        PropertyCollection collection = properties(before.c_str());
+        change(collection);
+        EXPECT_EQ(shown(collection), after == L"same" ? before : after) << before;
+    }
 }

@@ -1,4 +1,5 @@
 #include "foundation/Wide.h"
+#include "properties/RandomCommands.h"
 #include "support/Documents.h"
 #include "text/ReferenceMarkup.h"
 #include "text/XmlProbe.h"
@@ -6,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <climits>
-#include <random>
 
 using namespace Core;
 
@@ -24,32 +25,29 @@ public:
     }
 
 private:
-    unsigned below(unsigned end) { return static_cast<unsigned>(random_() % end); }
-
     std::wstring content(int depth) {
-        static const wchar_t* const units[] = {
-            L"a",        L" ",    L";",      L"&amp;",
-            L"&#x00A0;", L"\xA0", L"<x:e/>", L"<e k='1\"' l=\"/\" />",
-            L"<?p q?>"};
-        static const wchar_t* const sections[] = {L"<!-- -c&; -->", L"<![CDATA[ ] d; ]]>"};
-        static const wchar_t* const names[] = {L"c", L"b", L"x:b", L"fo:table-cell",
-                                               L"fo:list-item-body"};
+        static constexpr std::array units{L"a",        L" ",    L";",      L"&amp;",
+                                          L"&#x00A0;", L"\xA0", L"<x:e/>", L"<e k='1\"' l=\"/\" />",
+                                          L"<?p q?>"};
+        static constexpr std::array sections{L"<!-- -c&; -->", L"<![CDATA[ ] d; ]]>"};
+        static constexpr std::array names{L"c", L"b", L"x:b", L"fo:table-cell",
+                                          L"fo:list-item-body"};
         std::wstring text;
-        for (unsigned count = below(5) + (depth == 0 ? 2 : 0); count > 0; --count) {
-            if (withSections_ && below(4) == 0) {
-                text += sections[below(2)];
-            } else if (depth < 5 && below(2) == 0) {
-                const std::wstring name = names[below(std::size(names))];
-                text += L"<" + name + (below(2) == 0 ? L"" : L"\n x:k='\"'") + L">";
+        for (std::size_t count = random_.below(5) + (depth == 0 ? 2 : 0); count > 0; --count) {
+            if (withSections_ && random_.oneIn(4)) {
+                text += random_.oneOf(sections);
+            } else if (depth < 5 && random_.oneIn(2)) {
+                const std::wstring name = random_.oneOf(names);
+                text += L"<" + name + (random_.oneIn(2) ? L"" : L"\n x:k='\"'") + L">";
                 text += content(depth + 1) + L"</" + name + L">";
             } else {
-                text += units[below(std::size(units))];
+                text += random_.oneOf(units);
             }
         }
         return text;
     }
 
-    std::mt19937 random_;
+    Random random_;
     bool withSections_;
 };
 
