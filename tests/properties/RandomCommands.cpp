@@ -43,9 +43,13 @@ const char* const commandTable = R"json({
     [2, ["deleteContentAtPosition", "$1 in 2", "$position", "$position"]],
     [4, ["deleteContentAtPosition", "$1 in 2", "$position", "$behind 60"]],
     [20, ["erase", "$1 in 2", "$1 in 6"]],
+    [1, ["deleteParent", "$name"]],
     // Formatting
     [10, ["setProperties", "$properties", "$path"]],
     [2, ["removeProperties", "$path"]],
+    [2, ["setProperty", "$property", "$path"]],
+    [2, ["setParentProperty", "$name", "fo:color", "$text"]],
+    [2, ["applyStyleOnElement", "$style", "$name"]],
     // Breaks
     [4, ["insertBreak", 5, "$1 in 2"]],
     [4, ["insertBreak", "$below 7", "$1 in 2"]],
@@ -57,6 +61,10 @@ const char* const commandTable = R"json({
     [12, ["setCaretPos", "$1 in 3", "$position"]],
     [1, ["moveCaretToFirstFoFlow"]],
     [1, ["moveCaretToFirstStaticRegion"]],
+    [1, ["moveCaretToStaticRegion", "xsl-region-before", "$index"]],
+    [1, ["resetCaretFromStaticContent"]],
+    [1, ["jumpToNextWord", "$1 in 2"]],
+    [1, ["jumpToPreviousWord", "$1 in 2"]],
     [1, ["moveCaretToPageSequence", "$index"]],
     [1, ["moveCaretToReference", "$below 2", "$below 300"]],
     // Searching
@@ -81,22 +89,28 @@ const char* const commandTable = R"json({
     [1, ["insertDocumentInformation", "$markup"]],
     [1, ["setStyleSheetProperties", "$properties"]],
     [1, ["removeStyleSheet"]],
+    [1, ["setDocumentInformationProperties", "$properties"]],
+    [1, ["removeDocumentInformation"]],
     [1, ["setPDFCompliance", "$compliance"]],
     [1, ["enableDisableVdp"]],
     [1, ["setIdForCurrentPos", "$text"]],
     // Objects
     [5, ["deleteObject", "$path around", "$container", "$1 in 2"]],
-    [2, ["$object command"]],
+    [3, ["$object command"]],
     [2, ["removeComponent", "$component"]],
     [3, ["insertAutotext", "$text", "$1 in 2"]],
-    [2, ["insertAutotext", "$stored text", "$1 in 2"]]
+    [2, ["insertAutotext", "$stored text", "$1 in 2"]],
+    // Labels of lists, which then need not count
+    [1, ["setItemLabelValue", "$position", "$text"]]
 ],
 "lists": [
     [4, ["makeList", "$below 3"]],
     [2, ["createList", "$below 3"]],
     [1, ["changeLabelType", "$below 3"]],
     [1, ["removeList"]],
-    [12, ["breakList"]]
+    [11, ["breakList"]],
+    [1, ["insertListBreak"]],
+    [2, ["eraseTextFromListBuffer", "$1 in 2", "$1 in 6"]]
 ],
 "work in lists": [
     [24, ["erase", "$1 in 2", "$1 in 6"]],
@@ -134,6 +148,8 @@ const char* const choiceTable = R"json({
 "$properties": [
     [["fo:color", "red"]], [["font-weight", "bold"]], [["fo:src", "a\"<&b"]], [["a b", "1"]], [],
     [["qf:kind", "k"], ["fo:id", "x"]], [["text-align", "end"], ["xsl:a", "1"]]],
+"$property": [["fo:color", "red"], ["font-weight", "bold"], ["fo:src", "a\"<&b"], ["qf:kind", ""]],
+"$style": ["", "title", "a\"<&b"],
 "$path": [
     "/qfd:document", "/qfd:document/fo:page-sequence/fo:flow", "/nothing", "",
     "/qfd:document/fo:page-sequence/fo:flow/fo:block",
@@ -142,7 +158,8 @@ const char* const choiceTable = R"json({
 "$container": ["", "", "fo:block", "fo:flow", "fo:table-cell"],
 "$object command": [
     "deleteFloatingRegion", "deleteRepeatingSection", "deleteCurrentConditionalBlock",
-    "deleteCurrentConditionalInline", "inlineRepeat.deleteInlineRepeat"],
+    "deleteCurrentConditionalInline", "inlineRepeat.deleteInlineRepeat",
+    "deleteConditionalBlockSequence", "deleteConditionalInlineSequence"],
 "$compliance": ["PDF508", "x"],
 "$index": [-1, 0, 1],
 "$strange position": [-1, -2, 0, 1073741824]
@@ -283,6 +300,11 @@ bool isReplay(const std::string& command) {
     return command == R"(["undo"])" || command == R"(["redo"])";
 }
 
+bool isErasure(const std::string& command) {
+    return command.starts_with(R"(["erase")") ||
+           command.starts_with(R"(["eraseTextFromListBuffer")");
+}
+
 /// Carries out commands one by one and says which promise each has broken.
 class Checker {
 public:
@@ -303,8 +325,7 @@ public:
             first_ = before;
             firstChangedText_ = document().getContent() != before.text;
         }
-        if (command.starts_with(R"(["erase")") &&
-            sectionsIn(document().getContent()) < sectionsIn(before.text))
+        if (isErasure(command) && sectionsIn(document().getContent()) < sectionsIn(before.text))
             lostSection_ = true;
         std::string broken = brokenNotices(reply);
         if (broken.empty())
