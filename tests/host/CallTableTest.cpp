@@ -1,4 +1,5 @@
 #include "CallTable.h"
+#include "support/Documents.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,7 @@ namespace {
 
 /// The names of the operations that the public sections of a class declare.
 std::set<std::string> publicOperations(const std::string& header) {
-    std::ifstream source(std::string(FORME_SOURCES) + "/" + header);
+    std::ifstream source(sourcesFolder() / header);
     EXPECT_TRUE(source) << header;
     static const std::regex declaration(R"(^ {4}[\w:<>&*, ]+[ &*](\w+)\()");
     std::set<std::string> names;

@@ -1,6 +1,7 @@
 // Makes a test of each scenario in the files beside this one.
 
 #include "scenarios/Scenario.h"
+#include "support/Documents.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +33,7 @@ std::string testName(const Scenario& scenario) {
 }
 
 bool registerScenarios() {
-    for (const auto& file : std::filesystem::directory_iterator(FORME_SCENARIOS)) {
+    for (const auto& file : std::filesystem::directory_iterator(scenariosFolder())) {
         if (file.path().extension() != ".scn")
             continue;
         for (const Scenario& scenario : readScenarios(file.path()))

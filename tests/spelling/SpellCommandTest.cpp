@@ -2,6 +2,7 @@
 #include "Session.h"
 #include "Spelling.h"
 #include "foundation/TemporaryFolder.h"
+#include "support/Documents.h"
 
 #include <forme-hunspell/HunspellChecker.h>
 #include <gtest/gtest.h>
@@ -54,7 +55,7 @@ class Misspelt : public SpellingMonitor {
 public:
     explicit Misspelt(const std::string& sample, const std::string& dictionaries = "") {
         const int count =
-            listMisspeltWords({FORME_SAMPLES "/" + sample, dictionaries}, checker, *this);
+            listMisspeltWords({(samplesFolder() / sample).string(), dictionaries}, checker, *this);
         EXPECT_EQ(count, static_cast<int>(words.size()));
     }
     void onProgress(double part) override {
