@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -232,7 +233,10 @@ void replay(Typist& typist, const EditingTrace& trace, std::size_t most,
 /// `most` bounds the operations replayed; a replay to the end is checked against what the person
 /// wrote.
 void typing(benchmark::State& state, const char* name, std::size_t most) {
-    const EditingTrace trace = readTrace(std::string(FORME_TRACES) + "/" + name + ".json.gz");
+    const std::string path = std::string(FORME_TRACES) + "/" + name + ".json.gz";
+    if (!std::filesystem::exists(path))
+        return state.SkipWithError("the trace is not here");
+    const EditingTrace trace = readTrace(path);
     for (auto _ : state) {
         const SmartPtr<Typist> typist(new Typist(state.range(0)));
         std::vector<Clock::duration> times;

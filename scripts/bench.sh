@@ -3,10 +3,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build test bench
+scripts/packages.sh build spelling test bench
 if ! compgen -G 'bench/*.cpp' >/dev/null; then
     echo "bench.sh: there are no benchmarks in bench/ yet" >&2
     exit 1
 fi
-scripts/build.sh release forme_bench
-exec build/release/bench/forme_bench "$@"
+scripts/build.sh bench forme_bench
+exec build/bench/bench/forme_bench "$@"

@@ -3,8 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-# The release preset is configured with tests and benchmarks.
-scripts/packages.sh build test bench
+scripts/packages.sh build
 scripts/build.sh release forme_cli
 echo
 mkdir -p build/demo

@@ -1,11 +1,12 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|test|bench|clang|lint|docs ...
+#   scripts/packages.sh build|spelling|test|bench|clang|lint|docs ...
 set -euo pipefail
 
 packages_for() {
     case "$1" in
-        build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev libhunspell-dev ;;
+        build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev ;;
+        spelling) echo libhunspell-dev ;;
         test) echo libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         bench) echo libbenchmark-dev ;;
         clang) echo clang libclang-rt-dev llvm ;;
