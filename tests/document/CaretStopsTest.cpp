@@ -65,6 +65,9 @@ TEST(CaretStops, InWhiteSpace) {
     expectStops(L"<B linefeed-treatment=\"ignore\">|a\n|b|</B>");
     expectStops(L"<B white-space-treatment=\"ignore\">|a |b|</B>");
     expectStops(L"<B> <B white-space=\"pre\">| |a|</B></B>");
+    // On elements of others only a property that says whose it is counts.
+    expectStops(L"<qf:form fo:white-space=\"pre\"><B>|a| | |b|</B></qf:form>");
+    expectStops(L"<qf:form white-space=\"pre\"><B>|a|  |b|</B></qf:form>");
 }
 
 TEST(CaretStops, AroundTablesAndInLists) {

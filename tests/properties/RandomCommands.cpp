@@ -327,7 +327,7 @@ public:
         }
         if (isErasure(command) && sectionsIn(document().getContent()) < sectionsIn(before.text))
             lostSection_ = true;
-        std::string broken = brokenNotices(reply);
+        std::string broken = brokenNotices(reply, before);
         if (broken.empty())
             broken = brokenCaret();
         if (broken.empty() && parse)
@@ -362,10 +362,16 @@ private:
 
     EditorState state() { return stateOf(session_.document()); }
 
-    static std::string brokenNotices(const Json& reply) {
+    std::string brokenNotices(const Json& reply, const EditorState& before) {
         const auto notices = reply["notices"].get<std::vector<std::string>>();
         const std::set<std::string> kinds(notices.begin(), notices.end());
-        return kinds.size() == notices.size() ? "" : "a notice twice: " + reply["notices"].dump();
+        if (kinds.size() != notices.size())
+            return "a notice twice: " + reply["notices"].dump();
+        const EditorState now = state();
+        return (now.text != before.text && !kinds.contains("buffer")) ||
+                       (now.caret != before.caret && !kinds.contains("caret"))
+                   ? "a change without its notice: " + reply["notices"].dump()
+                   : "";
     }
 
     std::string brokenCaret() {

@@ -102,6 +102,7 @@ private:
         const Json reply = session_.serveLine(step.request);
         if (reply.contains("error"))
             fail(step.line, reply["error"].get<std::string>());
+        checkNotices(step, before, reply["notices"].get<std::vector<std::string>>());
         checkReply(step, reply);
         if (isOneStep(step) && current().text != before.text)
             checkStep(step, before, couldUndo);
@@ -145,11 +146,18 @@ private:
                  "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(after, false));
     }
 
+    void checkNotices(const ScenarioStep& step, const EditorState& before,
+                      const std::vector<std::string>& notices) {
+        const std::set<std::string> kinds(notices.begin(), notices.end());
+        if (!scenario_.manyNotices && kinds.size() != notices.size())
+            fail(step.line, "a notice came twice");
+        if (current().text != before.text && !kinds.contains("buffer"))
+            fail(step.line, "no notice of the text");
+        if (current().caret != before.caret && !kinds.contains("caret"))
+            fail(step.line, "no notice of the caret");
+    }
+
     void checkReply(const ScenarioStep& step, const Json& reply) {
-        const auto notices = reply["notices"].get<std::vector<std::string>>();
-        if (!scenario_.manyNotices &&
-            std::set<std::string>(notices.begin(), notices.end()).size() != notices.size())
-            fail(step.line, "a notice came twice: " + reply["notices"].dump());
         if (const std::string error = xmlError(current().text); !error.empty())
             fail(step.line, "not well formed, " + error + "\n" + show(current(), true));
         if (step.result && Json::parse(*step.result) != reply["result"])
