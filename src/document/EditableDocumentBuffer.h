@@ -771,6 +771,7 @@ protected:
 private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
+    friend class PageOrder;
     friend class WordWalk;
     friend class TextSearch;
     friend class SpellingWalk;
@@ -935,16 +936,7 @@ private:
     void moveRightByStop(bool extend, bool mergeBoundaries);
     void moveLeftByStop(bool extend, bool mergeBoundaries);
     bool moveRightThroughTable();
-    bool moveFromFooterOutOfTable(int table, int next, int after);
-    bool moveFromHeaderToBody(int table, int next);
-    bool moveFromBodyToFooter(int table);
     bool moveLeftThroughTable();
-    bool moveFromFooterToBody(int table, int previous);
-    bool moveFromBodyToHeader(int table, int previous);
-    bool moveIntoTableFromBelow(int target);
-    bool isInSameCell(int position, int other) const;
-    int rowGroupAround(const Core::String& name, int table, int position) const;
-    void jumpTo(int position);
 
     /// Where a move from one position to another may end: from a flow, if not there then at the
     /// nearest stop in a flow; from a static content only there. -1 if nowhere.

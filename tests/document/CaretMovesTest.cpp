@@ -73,6 +73,16 @@ TEST(CaretMoves, FollowThePageThroughATable) {
     // A group without a stop is passed.
     expectWay(L"①<T><F><R><C><B>②f③</B></C></R></F><D><R><C/></R></D></T>④<B>⑤z</B>");
     expectWay(L"<T><F><R><C/></R></F><D><R><C><B>d①</B></C></R></D></T>②<B>③z</B>");
+    // It begins with the body where there is no header, and several bodies follow each other.
+    expectWay(L"<B>y①</B>②<T><F><R><C><B>⑤f⑥</B></C></R></F><D><R><C><B>③d④</B></C></R></D></T>⑦");
+    expectWay(L"①<T><H><R><C><B>②h③</B></C></R></H><F><R><C><B>⑧f⑨</B></C></R></F><D><R><C><B>④d⑤"
+              L"</B></C></R></D><D><R><C><B>⑥e⑦</B></C></R></D></T>⑩<B>⑪z</B>");
+    // One that opens a cell is entered at its body too, and one that ends it at its footer.
+    const std::wstring nested =
+        L"①<T><F><R><C><B>④f⑤</B></C></R></F><D><R><C><B>②d③</B></C></R></D>"
+        L"</T> </C></R></D></T>";
+    expectWay(L"<T><D><R><C>" + nested + L"⑥<B>⑦z</B>");
+    expectWay(L"<T><F><R><C><B>⑥g⑦</B></C></R></F><D><R><C>" + nested + L"⑧<B>⑨z</B>");
     // A nested table is followed by the text of its cell.
     expectWay(L"<T><D><R><C><T><F><R><C><B>②f③</B></C></R></F><D><R><C><B>d①</B></C></R></D></T>④"
               L"<B>⑤z</B></C></R></D></T>");
