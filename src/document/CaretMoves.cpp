@@ -3,6 +3,7 @@
 #include "document/EditableDocumentBuffer.h"
 
 #include "document/FreezeNotifications.h"
+#include "document/PageOrder.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -43,56 +44,26 @@ void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool merge
 }
 
 void EditableDocumentBuffer::moveRightByStop(bool extend, bool mergeBoundaries) {
-    const int next = isAtomicObjectAt(text_.view(), caretPos_)
-                         ? getNextEditablePositionInXml(getClosingTagForTagAtPosition(caretPos_))
-                         : getNextEditablePositionInFo(caretPos_, false, mergeBoundaries);
-    const int target = landingRight(caretPos_, next);
+    const bool passesObject = isAtomicObjectAt(text_.view(), caretPos_);
+    const int next = landingRight(
+        caretPos_, passesObject
+                       ? getNextEditablePositionInXml(getClosingTagForTagAtPosition(caretPos_))
+                       : getNextEditablePositionInFo(caretPos_, false, mergeBoundaries));
+    const int target = passesObject ? next : PageOrder(*this).next(caretPos_, next);
     if (!isOnInvalidPosition(target))
-        setCaret(extend, target);
+        setCaret(extend && target == next, target);
 }
 
-/// The caret follows the page, where a table's groups stand in the order header, body, footer; in
-/// the text the footer comes before the body. Answers whether this was such a step.
+/// Where the page goes on elsewhere than the text, the caret follows it and selects nothing.
+/// Answers whether this was such a step.
 bool EditableDocumentBuffer::moveRightThroughTable() {
-    const int table = searchParent(L"fo:table", caretPos_, false, true, L"");
-    if (table < 0)
+    if (isAtomicObjectAt(text_.view(), caretPos_))
         return false;
-    const int next = getNextValidCaretPos(caretPos_);
-    if (isInSameCell(caretPos_, next))
-        return false;
-    const int after = getNextValidCaretPos(getClosingTagForTagAtPosition(table));
-    if (next == after)
-        return moveFromBodyToFooter(table);
-    return moveFromFooterOutOfTable(table, next, after) || moveFromHeaderToBody(table, next);
-}
-
-bool EditableDocumentBuffer::moveFromFooterOutOfTable(int table, int next, int after) {
-    const int footer = rowGroupAround(L"fo:table-footer", table, caretPos_);
-    if (footer < 0 || next != getNextValidCaretPos(getClosingTagForTagAtPosition(footer)))
-        return false;
-    jumpTo(after);
-    return true;
-}
-
-bool EditableDocumentBuffer::moveFromHeaderToBody(int table, int next) {
-    const int header = rowGroupAround(L"fo:table-header", table, caretPos_);
-    const int footer = rowGroupAround(L"fo:table-footer", table, next);
-    if (header < 0 || footer < 0 ||
-        next != getNextValidCaretPos(getClosingTagForTagAtPosition(header)))
-        return false;
-    jumpTo(getNextValidCaretPos(getClosingTagForTagAtPosition(footer)));
-    return true;
-}
-
-bool EditableDocumentBuffer::moveFromBodyToFooter(int table) {
-    const int footer = getNextChildByName(L"fo:table-footer", table);
-    if (footer < 0 || rowGroupAround(L"fo:table-footer", table, caretPos_) == footer)
-        return false;
-    const int target = getNextValidCaretPos(footer);
-    if (target > getClosingTagForTagAtPosition(footer))
-        return false;
-    jumpTo(target);
-    return true;
+    const int next = landingRight(caretPos_, getNextValidCaretPos(caretPos_));
+    const int target = PageOrder(*this).next(caretPos_, next);
+    if (!isOnInvalidPosition(target) && target != next)
+        setCaret(false, target);
+    return target != next;
 }
 
 // Left
@@ -113,79 +84,20 @@ void EditableDocumentBuffer::moveCaretLeft(bool extend, bool byWord, bool mergeB
 }
 
 void EditableDocumentBuffer::moveLeftByStop(bool extend, bool mergeBoundaries) {
-    const int previous = getPreviousEditablePositionInFo(caretPos_, false, mergeBoundaries);
-    if (!isInOneElement(caretPos_, previous) && isInFoFlow(caretPos_) &&
-        moveIntoTableFromBelow(previous))
-        return;
-    const int target = landingLeft(caretPos_, previous, true);
+    const int previous = landingLeft(
+        caretPos_, getPreviousEditablePositionInFo(caretPos_, false, mergeBoundaries), true);
+    const int target = PageOrder(*this).previous(caretPos_, previous);
     if (!isOnInvalidPosition(target))
-        setCaret(extend, target);
+        setCaret(extend && target == previous, target);
 }
 
 /// The mirror of moveRightThroughTable().
 bool EditableDocumentBuffer::moveLeftThroughTable() {
-    const int table = searchParent(L"fo:table", caretPos_, false, true, L"");
-    if (table < 0)
-        return false;
-    const int previous = getPreviousValidCaretPos(caretPos_);
-    if (isInSameCell(caretPos_, previous))
-        return false;
-    return moveFromFooterToBody(table, previous) || moveFromBodyToHeader(table, previous);
-}
-
-bool EditableDocumentBuffer::moveFromFooterToBody(int table, int previous) {
-    const int footer = rowGroupAround(L"fo:table-footer", table, caretPos_);
-    if (footer < 0 || previous != getPreviousValidCaretPos(footer))
-        return false;
-    const int last = getPreviousValidCaretPos(getClosingTagForTagAtPosition(table));
-    if (rowGroupAround(L"fo:table-footer", table, last) == footer)
-        return false;
-    jumpTo(last);
-    return true;
-}
-
-bool EditableDocumentBuffer::moveFromBodyToHeader(int table, int previous) {
-    const int body = rowGroupAround(L"fo:table-body", table, caretPos_);
-    if (body < 0 || previous != getPreviousValidCaretPos(body))
-        return false;
-    const int header = getNextChildByName(L"fo:table-header", table);
-    if (header < 0)
-        return false;
-    jumpTo(getPreviousValidCaretPos(getClosingTagForTagAtPosition(header)));
-    return true;
-}
-
-/// A table is entered from below at the end of its footer. Answers whether `target` asked for that.
-bool EditableDocumentBuffer::moveIntoTableFromBelow(int target) {
-    const int table = searchParent(L"fo:table", target, false, true, L"");
-    if (!isInFoFlow(target) || table < 0 || elementContainsPosition(table, caretPos_))
-        return false;
-    const int footer = getNextChildByName(L"fo:table-footer", table);
-    const int last = getPreviousValidCaretPos(getClosingTagForTagAtPosition(footer));
-    if (footer < 0 || last < footer)
-        return false;
-    setCaret(false, last);
-    return true;
-}
-
-/// Whether both lie in one cell and there in no further table: then page and text have one order.
-bool EditableDocumentBuffer::isInSameCell(int position, int other) const {
-    const int cell = searchParent(L"fo:table-cell", position, false, true, L"fo:table");
-    return cell >= 0 && cell == searchParent(L"fo:table-cell", other, false, true, L"fo:table");
-}
-
-/// The child of the table that has the name and holds the position; -1 if none does.
-int EditableDocumentBuffer::rowGroupAround(const String& name, int table, int position) const {
-    int child = -1;
-    int element = getCurrentElementPosition(position);
-    for (; element > table; element = getCurrentElementPosition(element))
-        child = element;
-    return element == table && getNameForTagAtPosition(child, true) == name ? child : -1;
-}
-
-void EditableDocumentBuffer::jumpTo(int position) {
-    if (!isOnInvalidPosition(position))
-        setCaret(false, position);
+    const int previous = landingLeft(caretPos_, getPreviousValidCaretPos(caretPos_), true);
+    const int target = PageOrder(*this).previous(caretPos_, previous);
+    if (!isOnInvalidPosition(target) && target != previous)
+        setCaret(false, target);
+    return target != previous;
 }
 
 int EditableDocumentBuffer::landingRight(int from, int to) const {

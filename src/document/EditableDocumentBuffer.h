@@ -337,7 +337,8 @@ public:
     /// Inserts text at the caret in the place of what is selected: plain text, which is escaped and
     /// whose control characters but for the tab, line feeds too, become blanks, or markup. A run of
     /// plain insertions is one undo step. With `selectInserted` it is selected. False where nothing
-    /// can go: no caret, a list label, between items or rows, an empty text.
+    /// can go: no caret, a list label, an empty text; and plain text only goes where the caret can
+    /// stand.
     bool insertText(const Core::String& text, bool isXml, bool selectInserted);
     /// Inserts text with formatting: an inline of its own or, in an element that holds only its
     /// placeholder, properties of that element. Alignment, which no inline can have, goes to the
@@ -361,9 +362,10 @@ public:
     /// Backspace or, with `forward`, Delete, of a unit or with `wholeWord` a word. What is selected
     /// goes first; a word then follows it. At the start of a block Backspace joins it to the block
     /// before, at its end Delete joins the block behind; an object beside the caret goes whole.
-    /// Nothing happens outside the flows and static contents and in a list label. A comment, CDATA
-    /// section or processing instruction that Backspace removes does not come back by undo. One
-    /// undo step.
+    /// Without a selection nothing happens where the caret cannot stand; nor outside the flows and
+    /// static contents, in a list label, or where a word ends in another table cell. A comment,
+    /// CDATA section or processing instruction that Backspace removes does not come back by undo.
+    /// One undo step.
     void erase(bool forward, bool wholeWord);
     /// Removes the nearest element around the caret that has the name, with its content, if it lies
     /// in a flow or static content; a sequence of conditions goes with its last one. What it leaves
@@ -404,8 +406,8 @@ public:
     // that would break the markup is refused. Each command is one undo step.
     //
     // A path names one of the elements around the caret or, when an element is selected with its
-    // start tag, that element; an empty path means the innermost one. Without a path nothing is
-    // written where that is not editable, as beside a table, where it is the flow or a cell.
+    // start tag, that element; an empty path means the innermost one,
+    // which beside a table is the flow or a cell.
 
     /// The properties of the element that the path names; none where it names no element.
     PropertyCollection getProperties(const Core::String& path) const;
@@ -497,7 +499,7 @@ public:
 
     // The modes of editing. A caret that stands elsewhere already stays until it is next set.
 
-    /// While set, the caret may only be put into static content.
+    /// While set, the caret may only be put into static content, and no flow is edited.
     void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
     bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
     /// While set, the caret is put nowhere: whatever sets it leaves none.
@@ -771,6 +773,7 @@ protected:
 private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
+    friend class PageOrder;
     friend class WordWalk;
     friend class TextSearch;
     friend class SpellingWalk;
@@ -790,6 +793,13 @@ private:
 
     void replaceText(const Core::String& content);
     void placeCaretAfterEdit(int caret, int pivot);
+    bool isOutOfReach(int position) const;
+    void placeCaret(bool extend, int position);
+    bool moveCaretToStopInCell();
+    int nextStopInCell(int position) const;
+    int previousStopInCell(int position) const;
+    bool isInCellAround(int position, int stop) const;
+    void replayCaret(int pivot, int caret);
     void replayStep(EditAction (EditActionStack::*take)(), bool (EditActionStack::*more)() const);
 
     int initialPositionElement() const;
@@ -802,7 +812,6 @@ private:
 
     int elementNamedByPath(const Core::String& path) const;
     int objectNamedByPath(const Core::String& path) const;
-    int editableElementAround(int position) const;
     int nearestElementNamed(const Core::String& name, int position) const;
     int styledElement(const Core::String& name) const;
     bool isStartTagSelected() const;
@@ -865,12 +874,11 @@ private:
 
     bool isInErasablePlace() const;
     bool isInRegion(int position) const;
-    bool wordStaysInCell(bool forward) const;
+    bool wordStaysInCell(bool forward);
     void eraseUnit(bool forward);
     void eraseWord(bool forward);
     void selectWord(bool forward);
-    void leaveSkippedPlace();
-    void comeBackFrom(int right, int place);
+    int stopNearSkippedPlace() const;
     bool blockTagLiesBetween(int start, int end) const;
     void keepInlineInHolder();
     void protectAdjacentSpaces();
@@ -935,16 +943,7 @@ private:
     void moveRightByStop(bool extend, bool mergeBoundaries);
     void moveLeftByStop(bool extend, bool mergeBoundaries);
     bool moveRightThroughTable();
-    bool moveFromFooterOutOfTable(int table, int next, int after);
-    bool moveFromHeaderToBody(int table, int next);
-    bool moveFromBodyToFooter(int table);
     bool moveLeftThroughTable();
-    bool moveFromFooterToBody(int table, int previous);
-    bool moveFromBodyToHeader(int table, int previous);
-    bool moveIntoTableFromBelow(int target);
-    bool isInSameCell(int position, int other) const;
-    int rowGroupAround(const Core::String& name, int table, int position) const;
-    void jumpTo(int position);
 
     /// Where a move from one position to another may end: from a flow, if not there then at the
     /// nearest stop in a flow; from a static content only there. -1 if nowhere.

@@ -166,8 +166,7 @@ int TextSearch::unitAtOrBehind(int unit, int position) const {
 
 /// Whether the caret may be put there.
 bool TextSearch::isReachable(int position) const {
-    return !buffer_.pageMasterEditingMode_ ||
-           buffer_.isInElementContext(L"fo:static-content", position);
+    return !buffer_.isOutOfReach(position);
 }
 
 /// Whether the text itself stands at the answer, in no markup and with no tag before its end.

@@ -2,8 +2,8 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/EditActionGroup.h"
 #include "document/FreezeNotifications.h"
+#include "document/RecordedCommand.h"
 #include "foundation/ObjectId.h"
 
 using Core::String;
@@ -36,11 +36,12 @@ void EditableDocumentBuffer::saveInitialPosition(bool save) {
     const int element = initialPositionElement();
     if (element < 0)
         return;
-    endKeyTypingSequence();
-    EditActionGroup group(this);
+    RecordedCommand command(this);
     PropertyCollection properties;
     properties.addProperty({initialPosition, idOfElement(element)}, true);
     setPropertiesForElementAt(getRootElementPos(), properties);
+    if (!command.mayStand())
+        command.takeBack();
 }
 
 void EditableDocumentBuffer::forgetInitialPosition() {

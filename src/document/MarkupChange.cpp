@@ -34,27 +34,12 @@ int behindUnit(Text text, int position) {
         return behind(L"&", L";");
     if (!XmlScan::onTagStart(text, position))
         return position + 1;
+    if (XmlScan::documentTypeAt(text, position)) {
+        const int end = XmlScan::documentTypeEnd(text, position);
+        return end < 0 ? length(text) : end;
+    }
     const int end = XmlScan::tagEnd(text, position);
     return end < 0 ? length(text) : end + 1;
-}
-
-/// The offset behind a document type, with what it declares between brackets.
-int behindDocumentType(Text text, int position) {
-    bool inBrackets = false;
-    for (int at = position + 1; XmlScan::isValid(text, at);) {
-        const wchar_t unit = XmlScan::unitAt(text, at);
-        if (unit == L'>' && !inBrackets)
-            return at + 1;
-        if (unit == L'[' || unit == L']')
-            inBrackets = unit == L'[';
-        if (XmlScan::ignoredAt(text, at))
-            at = behindUnit(text, at);
-        else if (unit == L'"' || unit == L'\'')
-            at = std::max(XmlScan::find(text, unit, at + 1), at) + 1;
-        else
-            ++at;
-    }
-    return length(text);
 }
 
 /// How many units two texts have in common at an end, up to `most`; `areSame` compares so many of
@@ -70,11 +55,8 @@ std::size_t commonLength(std::size_t most, AreSame areSame) {
 
 int rootStart(Text text) {
     int at = XmlScan::find(text, L'<', 0);
-    while (at >= 0 && (XmlScan::ignoredAt(text, at) || XmlScan::standsAt(text, L"<!", at))) {
-        const bool isType = XmlScan::standsAt(text, L"<!DOCTYPE", at);
-        const int behind = isType ? behindDocumentType(text, at) : behindUnit(text, at);
-        at = XmlScan::find(text, L'<', behind);
-    }
+    while (at >= 0 && (XmlScan::ignoredAt(text, at) || XmlScan::standsAt(text, L"<!", at)))
+        at = XmlScan::find(text, L'<', behindUnit(text, at));
     return at;
 }
 

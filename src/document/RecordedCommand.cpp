@@ -1,6 +1,11 @@
 #include "document/RecordedCommand.h"
 
 #include "document/MarkupChange.h"
+#include "text/XmlScan.h"
+
+#include <vector>
+
+using XmlScan::Text;
 
 namespace {
 
@@ -8,6 +13,20 @@ namespace {
 EditableDocumentBuffer* afterTyping(EditableDocumentBuffer* buffer) {
     buffer->endKeyTypingSequence();
     return buffer;
+}
+
+/// What stands in the flows.
+std::vector<Text> flowsOf(Text text) {
+    std::vector<Text> flows;
+    for (int tag = XmlScan::nextTag(text, 0); tag >= 0;
+         tag = XmlScan::nextTag(text, XmlScan::stepForward(text, tag))) {
+        if (XmlScan::tagName(text, tag) != L"fo:flow")
+            continue;
+        const int closing = XmlScan::closingTag(text, tag);
+        if (closing > tag)
+            flows.push_back(XmlScan::slice(text, XmlScan::stepForward(text, tag), closing));
+    }
+    return flows;
 }
 
 } // namespace
@@ -23,8 +42,11 @@ RecordedCommand::~RecordedCommand() {
         before_.recordReplacement();
 }
 
-bool RecordedCommand::keepsWellFormed() const {
-    return MarkupChange(oldText_, buffer_->getContent()).keepsWellFormed();
+bool RecordedCommand::mayStand() const {
+    const Core::String newText = buffer_->getContent();
+    const bool isFlowLocked = buffer_->getPageMasterEditingMode();
+    return (!isFlowLocked || flowsOf(oldText_.view()) == flowsOf(newText.view())) &&
+           MarkupChange(oldText_, newText).keepsWellFormed();
 }
 
 void RecordedCommand::takeBack() {

@@ -112,7 +112,7 @@ void EditableDocumentBuffer::setHeaderAttributes(const String& name,
     RecordedCommand command(this);
     removeAttributes(element);
     setPropertiesForElementAt(element, properties);
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -124,7 +124,7 @@ void EditableDocumentBuffer::insertHeader(const String& xml) {
     recordCaret();
     insertXmlTextAtPosition(position, xml);
     recordInsertion(position, xml);
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -136,7 +136,7 @@ void EditableDocumentBuffer::removeHeader(const String& name) {
     RecordedCommand command(this);
     recordCaret();
     removeAndRecord(element, end + 1);
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 

@@ -10,7 +10,6 @@
 #include "text/XmlScan.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 using Core::String;
@@ -23,16 +22,6 @@ constexpr int entityLength = 8;
 
 bool isPlaceholder(const String& text) {
     return text == entity || text == L"\x00A0";
-}
-
-constexpr std::array<Text, 7> elementHolders{
-    L"fo:list-block",   L"fo:list-item",  L"fo:table",    L"fo:table-header",
-    L"fo:table-footer", L"fo:table-body", L"fo:table-row"};
-
-/// Whether text in an element of that name would never be shown.
-bool holdsOnlyElements(const String& name) {
-    return std::find(elementHolders.begin(), elementHolders.end(), name.view()) !=
-           elementHolders.end();
 }
 
 bool startsWithSpace(const String& text) {
@@ -63,6 +52,12 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
     RecordedCommand command(this);
     const int element = getCurrentElementPosition(caretPos_);
     const bool onPlaceholder = isOnlyPlaceholderAround(element);
+    if (!isXml && hasSelectedText())
+        removeSelectionBeforeInsertion();
+    if (!isXml && !canHoldCaret(caretPos_)) {
+        command.takeBack();
+        return;
+    }
     PropertyCollection own = properties;
     PropertyCollection ofBlock;
     if (!onPlaceholder || isInlineEditableElementName(getNameForTagAtPosition(element, true))) {
@@ -76,7 +71,7 @@ void EditableDocumentBuffer::insertText(const String& text, const PropertyCollec
                                     : insertInline(text, own, isXml, selectInserted);
     if (insertion == Insertion::Done)
         formatBlockAround(getSelectionStartIndex(), ofBlock);
-    if (insertion != Insertion::Done || !command.keepsWellFormed())
+    if (insertion != Insertion::Done || !command.mayStand())
         command.takeBack();
 }
 
@@ -136,7 +131,7 @@ void EditableDocumentBuffer::replaceXmlText(int start, int end, const String& xm
     recordInsertion(start, xml);
     moveCaretOutOfMarkup();
     recordCaret();
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -150,8 +145,8 @@ void EditableDocumentBuffer::moveCaretOutOfMarkup() {
 // Typing
 
 bool EditableDocumentBuffer::canInsertText(const String& text) const {
-    return !isOnInvalidPosition(caretPos_) && !inListItemLabel(caretPos_) &&
-           (!text.empty() || hasSelectedText());
+    return !isOnInvalidPosition(caretPos_) && !isOutOfReach(caretPos_) &&
+           !inListItemLabel(caretPos_) && (!text.empty() || hasSelectedText());
 }
 
 EditableDocumentBuffer::Insertion
@@ -184,8 +179,7 @@ EditableDocumentBuffer::insertInPlaceOfSelection(const String& text, bool isXml,
         removeSelectionBeforeInsertion();
     }
     const bool isPlainText = !isXml && !text.empty();
-    if (isOnInvalidPosition(caretPos_) ||
-        (isPlainText && holdsOnlyElements(getCurrentElementName(caretPos_))))
+    if (isOnInvalidPosition(caretPos_) || (isPlainText && !canHoldCaret(caretPos_)))
         return Insertion::None;
     String unixText = text;
     unixText.replaceAll(L"\r\n", L"\n");

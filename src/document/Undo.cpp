@@ -54,9 +54,9 @@ String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
 
 void EditableDocumentBuffer::placeCaretAfterEdit(int caret, int pivot) {
     FreezeNotifications freeze(this); // the monitor hears of the text before the caret
-    setCaret(false, pivot);
+    placeCaret(false, pivot);         // also where it is kept out of: it goes along with its text
     if (caret != pivot)
-        setCaret(true, caret);
+        placeCaret(true, caret);
     notifyBufferChanged();
 }
 
@@ -76,8 +76,7 @@ void EditableDocumentBuffer::executeAction(const EditAction& action) {
         notifyBufferChanged();
         break;
     case EditAction::EditCaret:
-        setCaret(false, action.getSelPivotPosition());
-        setCaret(true, action.getCaretPosition());
+        replayCaret(action.getSelPivotPosition(), action.getCaretPosition());
         break;
     case EditAction::EditGroupStart:
     case EditAction::EditGroupEnd:
@@ -85,6 +84,17 @@ void EditableDocumentBuffer::executeAction(const EditAction& action) {
     }
     if (isOnInvalidPosition(caretPos_))
         moveCaretHome(false);
+}
+
+/// A caret that has stood where it is kept out of since before is put back there.
+void EditableDocumentBuffer::replayCaret(int pivot, int caret) {
+    if (caretPos_ != -1 && isOutOfReach(caretPos_)) {
+        placeCaret(false, pivot);
+        placeCaret(true, caret);
+    } else {
+        setCaret(false, pivot);
+        setCaret(true, caret);
+    }
 }
 
 void EditableDocumentBuffer::undo() {

@@ -50,7 +50,7 @@ void EditableDocumentBuffer::insertBreak(BreakType type, bool after) {
     const wchar_t* const value = breakValue(type);
     if (value && block >= 0)
         setBreakProperty(block, {after ? L"fo:break-after" : L"fo:break-before", value});
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 

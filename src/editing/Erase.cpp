@@ -2,6 +2,7 @@
 
 #include "document/CaretWalk.h"
 #include "document/EditableDocumentBuffer.h"
+#include "document/FreezeNotifications.h"
 #include "document/RecordedCommand.h"
 #include "editing/BlockLevel.h"
 #include "editing/ListBuffer.h"
@@ -24,14 +25,16 @@ void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
     if (!isInErasablePlace())
         return;
     const bool inList = !hasSelectedText() && isInElementContext(L"fo:list-block", caretPos_);
-    if (wholeWord && !inList && !wordStaysInCell(forward))
-        return;
     RecordedCommand command(this);
+    if (wholeWord && !inList && !hasSelectedText() && !wordStaysInCell(forward)) {
+        command.takeBack();
+        return;
+    }
     if (inList)
         getListBuffer().eraseTextFromListBuffer(forward, wholeWord);
     else
         eraseTextFromBuffer(forward, wholeWord, true);
-    if (!command.keepsWellFormed()) {
+    if (!command.mayStand()) {
         command.takeBack();
         return;
     }
@@ -39,7 +42,8 @@ void EditableDocumentBuffer::erase(bool forward, bool wholeWord) {
 }
 
 bool EditableDocumentBuffer::isInErasablePlace() const {
-    return !isOnInvalidPosition(caretPos_) && !inListItemLabel(caretPos_) && isInRegion(caretPos_);
+    return (hasSelectedText() || canHoldCaret(caretPos_)) && !isOnInvalidPosition(caretPos_) &&
+           !isOutOfReach(caretPos_) && !inListItemLabel(caretPos_) && isInRegion(caretPos_);
 }
 
 bool EditableDocumentBuffer::isInRegion(int position) const {
@@ -47,13 +51,16 @@ bool EditableDocumentBuffer::isInRegion(int position) const {
 }
 
 /// Whether the deletion of a word from the caret on would not cross the edge of a table cell.
-bool EditableDocumentBuffer::wordStaysInCell(bool forward) const {
-    if (hasSelectedText() || !isInElementContext(L"fo:table", caretPos_))
+bool EditableDocumentBuffer::wordStaysInCell(bool forward) {
+    if (!isInElementContext(L"fo:table-cell", caretPos_))
         return true;
-    const int neighbour =
-        forward ? getNextValidCaretPos(caretPos_) : getPreviousValidCaretPos(caretPos_);
-    return searchParent(L"fo:table-cell", caretPos_, false, true, L"") ==
-           searchParent(L"fo:table-cell", neighbour, false, true, L"");
+    FreezeNotifications freeze(this);
+    const int start = caretPos_;
+    selectWord(forward);
+    const int end = caretPos_;
+    placeCaret(false, start);
+    freeze.discard();
+    return isInCellAround(start, end);
 }
 
 void EditableDocumentBuffer::deleteParent(const String& elementName) {
@@ -71,7 +78,7 @@ void EditableDocumentBuffer::deleteElementAround(const String& name, bool remove
     handleElementsContainingJustWhiteSpaces(element, removeEmptyInlines);
     ensureValidPositionAfterDeletion();
     recordCaret();
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -83,7 +90,7 @@ void EditableDocumentBuffer::eraseTextFromBuffer(bool forward, bool wholeWord, b
     if (hasSelectedText()) {
         deleteSelection(false);
         // Deliberate: a word goes with the selection, not the selection alone.
-        if (wholeWord)
+        if (wholeWord && !hasSelectedText())
             eraseTextFromBuffer(forward, true, true);
     } else if (forward && elementContainsJustNonBreakingSpace(element) &&
                elementIsLastBlockInFlow(element)) {
@@ -114,6 +121,8 @@ void EditableDocumentBuffer::eraseUnit(bool forward) {
 }
 
 void EditableDocumentBuffer::eraseWord(bool forward) {
+    if (!wordStaysInCell(forward))
+        return;
     recordCaret();
     if (forward ? beforeFOTable(caretPos_) : afterFOTable(caretPos_))
         eraseTextFromBuffer(forward, false, false);
@@ -171,9 +180,11 @@ void EditableDocumentBuffer::protectAdjacentSpaces() {
 
 void EditableDocumentBuffer::ensureValidPositionAfterDeletion() {
     const int before = caretPos_;
-    if (isSkippedByCaret(caretPos_))
-        leaveSkippedPlace();
-    adjustCaretToAnEditablePosition();
+    const int stop = isSkippedByCaret(caretPos_) ? stopNearSkippedPlace() : -1;
+    if (stop >= 0)
+        setCaret(false, stop);
+    if (!canHoldCaret(caretPos_))
+        moveCaretToStopInCell();
     const int element = getCurrentElementPosition(caretPos_);
     if (elementContainsJustNonBreakingSpace(element))
         setCaret(false, getNonBreakingSpacePosition(element));
@@ -181,14 +192,19 @@ void EditableDocumentBuffer::ensureValidPositionAfterDeletion() {
         recordCaret();
 }
 
-/// To the next stop, but not into another block.
-void EditableDocumentBuffer::leaveSkippedPlace() {
-    const int place = caretPos_;
-    moveCaretRight(false, false, false);
-    if (caretPos_ == place)
-        moveCaretLeft(false, false, false);
-    else if (blockTagLiesBetween(place, caretPos_))
-        comeBackFrom(caretPos_, place);
+/// The next stop, but not in another block: then the stop before that, unless it lies outside the
+/// element around the caret. The page may go on elsewhere, but what was deleted stood here; so the
+/// order is that of the text, and nothing leads out of a cell.
+int EditableDocumentBuffer::stopNearSkippedPlace() const {
+    const int next = nextStopInCell(caretPos_);
+    if (next < 0)
+        return previousStopInCell(caretPos_);
+    if (!blockTagLiesBetween(caretPos_, next))
+        return next;
+    const int element = getCurrentElementPosition(caretPos_);
+    const int previous = getPreviousValidCaretPos(next);
+    return element < previous && previous <= getClosingTagForTagAtPosition(element) ? previous
+                                                                                    : next;
 }
 
 bool EditableDocumentBuffer::blockTagLiesBetween(int start, int end) const {
@@ -197,14 +213,6 @@ bool EditableDocumentBuffer::blockTagLiesBetween(int start, int end) const {
         if (getNameForTagAtPosition(tag, true).substringAfter(L"/") == L"fo:block")
             return true;
     return false;
-}
-
-/// To the stop before, unless that lies outside the element around the place.
-void EditableDocumentBuffer::comeBackFrom(int right, int place) {
-    const int element = getCurrentElementPosition(place);
-    moveCaretLeft(false, false, false);
-    if (caretPos_ <= element || caretPos_ > getClosingTagForTagAtPosition(element))
-        setCaret(false, right);
 }
 
 // What both directions share

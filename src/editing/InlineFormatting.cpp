@@ -43,7 +43,7 @@ void EditableDocumentBuffer::formatSelection(const PropertyCollection& propertie
     const int upper = text_.length() - behind;
     selectRange(caretIsLower ? upper : lower, caretIsLower ? lower : upper);
     recordCaret();
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 

@@ -9,7 +9,7 @@ template <typename Change>
 bool ListBuffer::carryOut(Change change) {
     RecordedCommand command(&document_);
     change();
-    if (command.keepsWellFormed())
+    if (command.mayStand())
         return true;
     command.takeBack();
     return false;

@@ -45,7 +45,7 @@ void EditableDocumentBuffer::deleteObject(const String& path, const String& cont
     handleElementsContainingJustWhiteSpaces(object, false);
     adjustCaretToAnEditablePosition();
     recordCaret();
-    if (command.keepsWellFormed())
+    if (command.mayStand())
         notifyCaretChanged();
     else
         command.takeBack();
@@ -140,7 +140,7 @@ void EditableDocumentBuffer::deleteRepeatingSection() {
 
 void EditableDocumentBuffer::removeComponent(int position) {
     if (getNameForTagAtPosition(position, true) != L"qfd:subdocument-content" ||
-        XmlScan::unitStart(text_.view(), position) != position)
+        XmlScan::unitStart(text_.view(), position) != position || isOutOfReach(position))
         return;
     const int parent = getCurrentElementPosition(position);
     const int start = isWrapperOf(parent, position) ? parent : position;

@@ -47,11 +47,6 @@ int EditableDocumentBuffer::elementNamedByPath(const String& path) const {
                : getElementPositionFromPath(path, caretPos_);
 }
 
-/// What a command without a path is about: never the flow or the cell beside a table.
-int EditableDocumentBuffer::editableElementAround(int position) const {
-    return inEditableElement(position) ? getCurrentElementPosition(position) : -1;
-}
-
 int EditableDocumentBuffer::nearestElementNamed(const String& name, int position) const {
     return onStartTag(text_.view(), position) && getNameForTagAtPosition(position, true) == name
                ? position
@@ -126,7 +121,7 @@ void EditableDocumentBuffer::setProperties(const PropertyCollection& properties,
     else if (hasSelectedText())
         formatSelection(properties);
     else
-        changeProperties(editableElementAround(caretPos_), properties);
+        changeProperties(getCurrentElementPosition(caretPos_), properties);
 }
 
 void EditableDocumentBuffer::setProperties(const PropertyCollection& properties,
@@ -144,10 +139,7 @@ void EditableDocumentBuffer::applyStyleOnElement(const String& className,
                                                  const String& elementName) {
     PropertyCollection properties;
     properties.addProperty({styleName, className}, true);
-    const bool isInnermost = elementName.empty() && !isStartTagSelected();
-    changeProperties(isInnermost ? editableElementAround(getSelectionStartIndex())
-                                 : styledElement(elementName),
-                     properties);
+    changeProperties(styledElement(elementName), properties);
 }
 
 void EditableDocumentBuffer::setParentProperty(const String& elementName, const String& property,
@@ -162,7 +154,7 @@ void EditableDocumentBuffer::changeProperties(int element, const PropertyCollect
         return;
     RecordedCommand command(this);
     setPropertiesForElementAt(element, properties);
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -176,7 +168,7 @@ void EditableDocumentBuffer::removeProperties(const String& path) {
     // From the last to the first, so that those to come stay where they are.
     for (auto element = elements.rbegin(); element != elements.rend(); ++element)
         removeAttributes(*element);
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -192,7 +184,7 @@ void EditableDocumentBuffer::removeAttributes(int element) {
 std::vector<int> EditableDocumentBuffer::elementsToClear(const String& path) const {
     if (path.empty() && hasSelectedText())
         return elementsOfSelectedText();
-    int element = path.empty() ? editableElementAround(caretPos_)
+    int element = path.empty() ? getCurrentElementPosition(caretPos_)
                                : getElementPositionFromPath(path, caretPos_);
     if (element < 0 && isStartTagSelected())
         element = getSelectionStartIndex();

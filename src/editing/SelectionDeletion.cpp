@@ -330,7 +330,7 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
         return !isOnInvalidPosition(position) &&
                XmlScan::unitStart(text_.view(), position) == position;
     };
-    if (from != -1 && (!isUnitStart(from) || !isUnitStart(to) || to < from))
+    if (from != -1 && (!isUnitStart(from) || !isUnitStart(to) || to < from || isOutOfReach(from)))
         return;
     RecordedCommand command(this);
     const int oldLength = text_.length();
@@ -347,7 +347,7 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
         deleteSelectedXmlText(start, end, false);
     if (keepSelection)
         restoreSelection(lower, upper, from, text_.length() - oldLength);
-    if (!command.keepsWellFormed())
+    if (!command.mayStand())
         command.takeBack();
 }
 

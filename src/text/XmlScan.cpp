@@ -74,6 +74,21 @@ int ignoredEndingAt(Text text, int last) noexcept {
     return comment >= 0 ? comment : sectionEndingAt(text, last, cdataStart, cdataEnd);
 }
 
+/// Where the document type begins, which stands before the root; -1 where the text has none.
+int documentTypeStart(Text text) noexcept {
+    int at = skipSpaces(text, 0);
+    while (ignoredAt(text, at))
+        at = skipSpaces(text, stepForward(text, at));
+    return documentTypeAt(text, at) ? at : -1;
+}
+
+/// The document type that holds the `>` at a valid position, its own or one of what it declares; -1
+/// if none does.
+int documentTypeWith(Text text, int bracket) noexcept {
+    const int type = documentTypeStart(text);
+    return 0 <= type && type < bracket && bracket < documentTypeEnd(text, type) ? type : -1;
+}
+
 /// The last tag whose `>` stands at or before `position`.
 int tagEndingBefore(Text text, int position) noexcept {
     for (int end = rFind(text, L'>', position); end >= 0; end = rFind(text, L'>', position)) {
@@ -87,8 +102,15 @@ int tagEndingBefore(Text text, int position) noexcept {
             return instruction;
         const int tag = rFind(text, L'<', end);
         const int ownEnd = tagEnd(text, tag + 1);
-        if (tag < 0 || ownEnd == end)
+        const bool isTag = ownEnd == end && !standsAt(text, L"<!", tag);
+        if (tag < 0 || isTag)
             return tag;
+        if (const int type = documentTypeWith(text, end); type >= 0) {
+            if (documentTypeEnd(text, type) == end + 1)
+                return type;
+            position = type;
+            continue;
+        }
         // The `>` is text, and the `<` may belong to a section between.
         position = 0 <= ownEnd && ownEnd < end ? ownEnd : end - 1;
     }
@@ -107,7 +129,8 @@ int tagEndingBeforeInFragment(Text text, int position) noexcept {
 bool isBareBracket(Text text, int position) noexcept {
     return tagEnd(text, rFind(text, L'<', position) + 1) != position &&
            ignoredEndingAt(text, position) < 0 &&
-           sectionEndingAt(text, position, instructionStart, instructionEnd) < 0;
+           sectionEndingAt(text, position, instructionStart, instructionEnd) < 0 &&
+           documentTypeWith(text, position) < 0;
 }
 
 /// Whether the position lies between the halves of a surrogate pair.
@@ -133,15 +156,6 @@ int skipPlainText(Text text, int position) noexcept {
     return Core::UnitSearch::forwardEither(text, L'<', L'&', static_cast<unsigned>(position));
 }
 
-/// The offset after a document type, with what it declares between brackets.
-int documentTypeEnd(Text text, int position) noexcept {
-    const int end = tagEnd(text, position + 1);
-    const int bracket = find(text, L'[', position);
-    if (bracket < 0 || bracket > end)
-        return behind(end, L">");
-    return behind(tagEnd(text, find(text, L']', bracket)), L">");
-}
-
 /// The offset after the `<` or `&` at `position` and what belongs to it, to the exact end also
 /// where the steps of the caret differ; -1 where that is missing.
 int markupEnd(Text text, int position) noexcept {
@@ -160,7 +174,7 @@ int markupEnd(Text text, int position) noexcept {
         return behindDelimiter(cdataStart, cdataEnd);
     if (instructionAt(text, position))
         return behindDelimiter(instructionStart, instructionEnd);
-    if (standsAt(text, L"<!", position))
+    if (documentTypeAt(text, position))
         return documentTypeEnd(text, position);
     return behind(tagEnd(text, position + 1), L">");
 }
@@ -256,7 +270,7 @@ bool closingAt(Text text, int position) noexcept {
 
 bool openingAt(Text text, int position) noexcept {
     return onTagStart(text, position) && !closingAt(text, position) && !ignoredAt(text, position) &&
-           !selfClosingAt(text, position);
+           !documentTypeAt(text, position) && !selfClosingAt(text, position);
 }
 
 Text tagName(Text text, int position) noexcept {
@@ -285,6 +299,28 @@ int tagEnd(Text text, int from) noexcept {
     return -1;
 }
 
+bool documentTypeAt(Text text, int position) noexcept {
+    return standsAt(text, L"<!DOCTYPE", position);
+}
+
+int documentTypeEnd(Text text, int position) noexcept {
+    bool inBrackets = false;
+    for (int at = position + 1; at > 0 && isValid(text, at);) {
+        const wchar_t unit = unitAt(text, at);
+        if (unit == L'>' && !inBrackets)
+            return at + 1;
+        if (unit == L'[' || unit == L']')
+            inBrackets = unit == L'[';
+        if (ignoredAt(text, at))
+            at = markupEnd(text, at);
+        else if (unit == L'"' || unit == L'\'')
+            at = behind(find(text, unit, at + 1), L"\"");
+        else
+            ++at;
+    }
+    return -1;
+}
+
 int stepForward(Text text, int position, Source source) noexcept {
     if (!isValid(text, position))
         return -1;
@@ -301,6 +337,8 @@ int stepForward(Text text, int position, Source source) noexcept {
         return stepOverCData(text, position, source);
     if (source == Source::Document && instructionAt(text, position))
         return stepOverInstruction(text, position);
+    if (source == Source::Document && documentTypeAt(text, position))
+        return validOrNone(text, documentTypeEnd(text, position));
     const int end = tagEnd(text, position + 1);
     return end < 0 ? -1 : validOrNone(text, end + 1);
 }

@@ -55,12 +55,16 @@ bool onTagStart(Text text, int position) noexcept;
 bool commentAt(Text text, int position) noexcept;
 bool cdataAt(Text text, int position) noexcept;
 bool instructionAt(Text text, int position) noexcept;
+/// Whether a document type stands there, with all that it declares.
+bool documentTypeAt(Text text, int position) noexcept;
+/// The offset after the document type at `position`; -1 where its end is missing.
+int documentTypeEnd(Text text, int position) noexcept;
 /// A comment, CDATA section or processing instruction.
 bool ignoredAt(Text text, int position) noexcept;
 bool selfClosingAt(Text text, int position) noexcept;
 /// Whether the tag at a valid `<` begins with "</".
 bool closingAt(Text text, int position) noexcept;
-/// A start tag that has a closing tag of its own: none of the four above.
+/// A start tag that has a closing tag of its own: none of the above.
 bool openingAt(Text text, int position) noexcept;
 
 /// The name of the tag at `position`, with prefix: "fo:block", "/fo:block", "?xml", "!--"; empty
@@ -73,8 +77,8 @@ Text localName(Text name) noexcept;
 int tagEnd(Text text, int from) noexcept;
 
 /// One step forward over one unit of text: a character (a surrogate pair is one), an entity, a tag,
-/// a comment, a CDATA section or a processing instruction. -1 at "</fo:root>" and where the text
-/// ends; after a plain last character the answer is the length of the text.
+/// a comment, a CDATA section, a processing instruction or a document type. -1 at "</fo:root>" and
+/// where the text ends; after a plain last character the answer is the length of the text.
 int stepForward(Text text, int position, Source source = Source::Document) noexcept;
 
 /// One step backward. -1 at the start of the text and on the tag named `rootName`, if that is not

@@ -2,6 +2,9 @@
 
 #include "CaretTesting.h"
 
+#include <algorithm>
+#include <random>
+
 namespace {
 
 constexpr auto stepRight = [](CaretBuffer& buffer) { buffer.right(); };
@@ -73,6 +76,16 @@ TEST(CaretMoves, FollowThePageThroughATable) {
     // A group without a stop is passed.
     expectWay(L"①<T><F><R><C><B>②f③</B></C></R></F><D><R><C/></R></D></T>④<B>⑤z</B>");
     expectWay(L"<T><F><R><C/></R></F><D><R><C><B>d①</B></C></R></D></T>②<B>③z</B>");
+    // It begins with the body where there is no header, and several bodies follow each other.
+    expectWay(L"<B>y①</B>②<T><F><R><C><B>⑤f⑥</B></C></R></F><D><R><C><B>③d④</B></C></R></D></T>⑦");
+    expectWay(L"①<T><H><R><C><B>②h③</B></C></R></H><F><R><C><B>⑧f⑨</B></C></R></F><D><R><C><B>④d⑤"
+              L"</B></C></R></D><D><R><C><B>⑥e⑦</B></C></R></D></T>⑩<B>⑪z</B>");
+    // One that opens a cell is entered at its body too, and one that ends it at its footer.
+    const std::wstring nested =
+        L"①<T><F><R><C><B>④f⑤</B></C></R></F><D><R><C><B>②d③</B></C></R></D>"
+        L"</T> </C></R></D></T>";
+    expectWay(L"<T><D><R><C>" + nested + L"⑥<B>⑦z</B>");
+    expectWay(L"<T><F><R><C><B>⑥g⑦</B></C></R></F><D><R><C>" + nested + L"⑧<B>⑨z</B>");
     // A nested table is followed by the text of its cell.
     expectWay(L"<T><D><R><C><T><F><R><C><B>②f③</B></C></R></F><D><R><C><B>d①</B></C></R></D></T>④"
               L"<B>⑤z</B></C></R></D></T>");
@@ -82,6 +95,55 @@ TEST(CaretMoves, FollowThePageThroughATable) {
         L"<T><H><R><C><B>^h|</B></C></R></H>" + rest + L"d</B></C></R></D></T>",
         [](CaretBuffer& b) { b.right(true); },
         L"<T><H><R><C><B>h</B></C></R></H>" + rest + L"|d</B></C></R></D></T>");
+}
+
+namespace {
+
+/// A table with some of the groups that it can have, with empty cells, layout and further tables.
+std::wstring randomTable(std::mt19937& random, int depth) {
+    const auto oneIn = [&random](unsigned count) { return random() % count == 0; };
+    const auto group = [&](const std::wstring& name) {
+        std::wstring cells;
+        for (int cell = oneIn(2) ? 2 : 1; cell > 0; --cell) {
+            const std::wstring table = depth > 0 && oneIn(3) ? randomTable(random, depth - 1) : L"";
+            const std::wstring block = oneIn(4) ? L"" : oneIn(4) ? L"<B>_</B>" : L"<B>a</B>";
+            cells += L"<C>" + (oneIn(2) ? table + block : block + table) +
+                     (oneIn(2) ? L" </C>" : L"</C>");
+        }
+        return L"<" + name + L"><R>" + cells + L"</R></" + name + L">" + (oneIn(3) ? L" " : L"");
+    };
+    std::wstring groups = (oneIn(2) ? group(L"H") : L"") + (oneIn(2) ? group(L"F") : L"");
+    for (int bodies = 1 + static_cast<int>(random() % 3); bodies > 0; --bodies)
+        groups += group(L"D");
+    return L"<T>" + groups + L"</T>";
+}
+
+/// Where the caret comes to with each step until one leads nowhere, or has led in a circle.
+template <typename Step>
+std::vector<int> wayOf(CaretBuffer& buffer, std::size_t limit, Step step) {
+    std::vector<int> way;
+    for (int last = -1; buffer.getCaretPos() != last && way.size() <= limit; step(buffer)) {
+        last = buffer.getCaretPos();
+        way.push_back(last);
+    }
+    return way;
+}
+
+} // namespace
+
+TEST(CaretMoves, PassEveryStopOfATableOnceAndComeBackTheSameWay) {
+    std::mt19937 random(5);
+    for (int count = 0; count < 200 && !testing::Test::HasFailure(); ++count) {
+        const std::wstring flow = L"<B>|a</B>" + randomTable(random, 2) + L"<B>z</B>";
+        SCOPED_TRACE(flow);
+        CaretBuffer buffer(flow);
+        const std::vector<int> stops = buffer.stops(true);
+        std::vector<int> way = wayOf(buffer, stops.size(), stepRight);
+        std::vector<int> back = wayOf(buffer, stops.size(), stepLeft);
+        EXPECT_EQ(std::vector<int>(way.rbegin(), way.rend()), back);
+        std::sort(way.begin(), way.end());
+        EXPECT_EQ(way, stops);
+    }
 }
 
 TEST(CaretMoves, HomeAndEndPassBlocksWithNothingToShow) {
@@ -116,6 +178,10 @@ TEST(CaretSetting, InsideMarkupIsRefused) {
     }
     buffer.setContent(L"<!DOCTYPE qfd:document [\n<!ENTITY a \"b>\">\n] ><qfd:document/>", true);
     EXPECT_EQ(accepted(buffer, L"<!"), L"<<");
+    buffer.setContent(L"<!DOCTYPE qfd:document [<!ENTITY e \"]\"><!-- don't ]> -->]>"
+                      L"<qfd:document>isn't</qfd:document>",
+                      true);
+    EXPECT_EQ(accepted(buffer, L"<!"), L"<<isn't<");
 }
 
 TEST(CaretSetting, AdjustingMovesACaretThatCannotHold) {

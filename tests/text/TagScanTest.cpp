@@ -30,6 +30,18 @@ TEST(TagScan, OneStepIsOneUnit) {
               (Pieces{L"<r>", L"a", L"<![CDATA[<x>]]>", L"b", L"</r>", L"\n"}));
 }
 
+TEST(TagScan, ADocumentTypeIsOneUnitAndNoElement) {
+    const std::wstring type = L"<!DOCTYPE r [<!ENTITY e \"]\"><!-- don't ]> --><?p ]> ?>]>";
+    const XmlProbe xml(type + L"<r>isn't</r>\n");
+    const int root = xml.at(L"<r>");
+    EXPECT_EQ(stepsForward(xml),
+              (Pieces{type, L"<r>", L"i", L"s", L"n", L"'", L"t", L"</r>", L"\n"}));
+    EXPECT_EQ(xml.getPreviousEditablePositionInXml(root), 0);
+    EXPECT_EQ(xml.getPreviousTagPosition(root), 0);
+    EXPECT_EQ(xml.getCurrentElementPosition(root), -1);
+    EXPECT_EQ(xml.getCurrentElementPosition(root + 3), root);
+}
+
 TEST(TagScan, WhereStepsEnd) {
     const XmlProbe fo(L"<fo:root>a</fo:root>\n", L"fo:root");
     EXPECT_EQ(fo.getNextEditablePositionInXml(fo.at(L"</")), -1);
