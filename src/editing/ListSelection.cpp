@@ -79,7 +79,7 @@ bool ListBuffer::isCovered(int item, const Range& range) const {
     if (first < body || last < first)
         return range.start <= item && document_.positionBehindElement(item) <= range.end;
     return isFirstPositionIn(body, range.start) &&
-           (last <= range.end || isLastPositionInItemBody(range.end));
+           (last <= range.end || isLastPositionIn(body, range.end));
 }
 
 bool ListBuffer::areAllCovered(int list, const std::vector<int>& items, const Range& range) const {
