@@ -925,6 +925,7 @@ private:
     bool isLineEnd(int position) const;
     int startOfHidden(int position) const;
     bool isBehindBlockLevelTag(int position) const;
+    bool isEmptyBehindLineBreak(int position) const;
     bool isPlaceholderLine(int position) const;
     bool isKeptBlank(int position, int element) const;
     void insertAndRecord(int position, const Core::String& xml);

@@ -2,6 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 #include "editing/ListBuffer.h"
+#include "editing/PlaceholderRepair.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -314,9 +315,12 @@ int Backspace::unitBefore(int position) const {
 }
 
 /// The caret steps into the last item of the list, from where Delete pulls the line in. Beside the
-/// list, where no line follows, that is all.
+/// list, where no line follows, that is all. A list that the caret cannot enter goes whole.
 bool Backspace::eraseInPreviousList(int list) {
     const Text text = buffer_.text_.view();
+    const int last = buffer_.getPreviousValidCaretPos(buffer_.getClosingTagForTagAtPosition(list));
+    if (last <= list)
+        return removeList(list);
     const int next = buffer_.endOfSkippedSpaces(origin_);
     const bool beginsBlock = tagName_ == L"fo:block";
     const bool endsLine =
@@ -324,14 +328,20 @@ bool Backspace::eraseInPreviousList(int list) {
     const int place = buffer_.caretPos_;
     const String before = buffer_.text_;
     buffer_.recordCaret();
-    buffer_.setCaret(false,
-                     buffer_.getPreviousValidCaretPos(buffer_.getClosingTagForTagAtPosition(list)));
+    buffer_.setCaret(false, last);
     if (beginsBlock || !endsLine)
         buffer_.getListBuffer().eraseTextFromListBuffer(true, false);
     if (beginsBlock && buffer_.text_ == before)
         buffer_.setCaret(false, place);
     buffer_.recordCaret();
     caret_ = buffer_.caretPos_;
+    return false;
+}
+
+bool Backspace::removeList(int list) {
+    const int behind = buffer_.positionBehindElement(list);
+    buffer_.removeAndRecord(list, behind);
+    caret_ = buffer_.repairEmptied(list, true).map(origin_ - (behind - list));
     return false;
 }
 
@@ -368,7 +378,7 @@ bool Backspace::removeCharacter() {
     buffer_.removeAndRecord(start, end);
     if (blankBefore || blankBehind)
         buffer_.insertAndRecord(start, String(XmlScan::nbspCharacter));
-    else if (isBetweenBlockTags(start))
+    else if (isBetweenBlockTags(start) || buffer_.isEmptyBehindLineBreak(start))
         buffer_.insertAndRecord(start, String(XmlScan::nbspEntity));
     // Deliberate: of two blanks only the one before is kept; recorded scripts rely on the result.
     if (blankBefore)

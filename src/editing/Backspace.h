@@ -38,6 +38,7 @@ private:
     int listBefore() const;
     int unitBefore(int position) const;
     bool eraseInPreviousList(int list);
+    bool removeList(int list);
 
     bool closesNestedBlock() const;
     bool moveRunIntoNestedBlock();

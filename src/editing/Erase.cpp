@@ -291,6 +291,14 @@ bool EditableDocumentBuffer::isLineEnd(int position) const {
     return isBlockLevelTag(text_.view(), tag);
 }
 
+/// Whether a line break ends right before the position and nothing of the next line shows behind
+/// it.
+bool EditableDocumentBuffer::isEmptyBehindLineBreak(int position) const {
+    const int before = getPreviousEditablePositionInXml(startOfSkippedSpaces(position));
+    return XmlScan::tagName(text_.view(), before) == L"fo:block" &&
+           selfClosingTagAtPosition(before) && isLineEnd(position);
+}
+
 /// Whether a placeholder stands at the position that is all of its line.
 bool EditableDocumentBuffer::isPlaceholderLine(int position) const {
     const int length = XmlScan::placeholderLength(text_.view(), position);

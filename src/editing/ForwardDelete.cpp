@@ -163,13 +163,20 @@ int ForwardDelete::listBehind() const {
 }
 
 /// The caret steps into the first item of the list, from where Backspace pulls the item out and
-/// into the line. It takes the place of an empty block, and stays alone behind an empty line.
+/// into the line. It takes the place of an empty block, and stays alone behind an empty line. A
+/// list that the caret cannot enter goes whole.
 bool ForwardDelete::eraseInFollowingList(int list) {
+    const int first = buffer_.getNextValidCaretPos(list);
+    if (first < list || buffer_.getClosingTagForTagAtPosition(list) <= first) {
+        buffer_.removeAndRecord(list, buffer_.positionBehindElement(list));
+        buffer_.repairEmptied(list, true);
+        return false;
+    }
     const bool isEmpty = buffer_.elementContainsJustWhitespacesOrVoid(element_);
     const bool beginsLine =
         isBlockTag(buffer_.getPreviousEditablePositionInXml(buffer_.startOfSkippedSpaces(place_)));
     buffer_.recordCaret();
-    buffer_.setCaret(false, buffer_.getNextValidCaretPos(list));
+    buffer_.setCaret(false, first);
     const int length = buffer_.text_.length();
     buffer_.getListBuffer().eraseTextFromListBuffer(false, false);
     if (buffer_.text_.length() != length) {
@@ -280,7 +287,7 @@ bool ForwardDelete::removeCharacter(int next) {
     if (blankBefore)
         buffer_.insertAndRecord(start, String(XmlScan::nbspCharacter));
     moveTo(blankBefore ? start + 1 : start);
-    if (isBetweenBlocks(place_))
+    if (isBetweenBlocks(place_) || buffer_.isEmptyBehindLineBreak(place_))
         buffer_.insertAndRecord(place_, String(XmlScan::nbspEntity));
     return false;
 }

@@ -60,7 +60,11 @@ String HardBreak::startTag(int element) const {
 
 void HardBreak::split() {
     const bool wasLine = !endsBlockAtCaret();
-    repairHalves(buffer_.insertXmlTextAtEditablePosition(caret(), splittingText()).start);
+    const bool wasBeforeBreak = isBeforeSoftBreak();
+    const auto inserted = buffer_.insertXmlTextAtEditablePosition(caret(), splittingText());
+    if (wasBeforeBreak)
+        buffer_.setCaret(false, inserted.end - (placeholder() + reopened_).length());
+    repairHalves(inserted.start);
     if (wasLine)
         keepLineBefore();
     keepLineBehind();
@@ -76,9 +80,13 @@ String HardBreak::splittingText() const {
     String text = isFirstInBlock() ? placeholder() : String();
     text += closing_ + L"</" + nameOf(holder_) + L">\n" + indentation() + newStartTag();
     // What stands before a soft break is a line of its own.
-    if (nameOf(caret()) == L"fo:block" && buffer_.selfClosingTagAtPosition(caret()))
+    if (isBeforeSoftBreak())
         text += placeholder();
     return text + reopened_;
+}
+
+bool HardBreak::isBeforeSoftBreak() const {
+    return nameOf(caret()) == L"fo:block" && buffer_.selfClosingTagAtPosition(caret());
 }
 
 /// An inline at whose start the break falls is left to the repair, which removes it.
@@ -130,13 +138,21 @@ void HardBreak::takeInPlaceholderBehind(int element) {
 }
 
 /// Behind a soft break, or another end of a line, nothing may be left before the break: that line
-/// keeps a placeholder.
+/// keeps a placeholder, in the inlines that end with it.
 void HardBreak::keepLineBefore() {
-    const int closing = buffer_.getClosingTagForTagAtPosition(holder_);
-    const int end = buffer_.startOfSkippedSpaces(closing);
-    const int before = buffer_.getPreviousEditablePositionInXml(end);
+    int end = endOfContent(holder_);
+    int before = buffer_.getPreviousEditablePositionInXml(end);
+    while (buffer_.isInlineEditableElementClosingTagName(nameOf(before))) {
+        end = endOfContent(buffer_.getCurrentElementPosition(before));
+        before = buffer_.getPreviousEditablePositionInXml(end);
+    }
     if (before > holder_ && isBlockLevelTag(buffer_.text_.view(), before))
         buffer_.insertAndRecord(end, placeholder());
+}
+
+/// Where the element's content ends, without white space that does not show.
+int HardBreak::endOfContent(int element) const {
+    return buffer_.startOfSkippedSpaces(buffer_.getClosingTagForTagAtPosition(element));
 }
 
 /// So does the line behind the break where a soft break or a nested block ends it at once.

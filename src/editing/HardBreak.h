@@ -22,6 +22,7 @@ private:
     void split();
     bool endsBlockAtCaret() const;
     Core::String splittingText() const;
+    bool isBeforeSoftBreak() const;
     bool isFirstInBlock() const;
     Core::String indentation() const;
     Core::String newStartTag() const;
@@ -30,6 +31,7 @@ private:
     void fillNewLine();
     void takeInPlaceholderBehind(int element);
     void keepLineBefore();
+    int endOfContent(int element) const;
     void keepLineBehind();
     void endDecoration();
 

@@ -1,8 +1,11 @@
 #include "editing/LineBreak.h"
 
 #include "document/EditableDocumentBuffer.h"
+#include "text/XmlScan.h"
 
 #include <algorithm>
+
+using Core::String;
 
 LineBreak::LineBreak(EditableDocumentBuffer& buffer)
     : buffer_(buffer), table_(buffer.searchParent(L"fo:table", caret(), false, true, L"")),
@@ -27,11 +30,11 @@ bool LineBreak::breakBeforeContainer() {
     buffer_.recordCaret();
     buffer_.moveCaretLeft(false, false, false);
     if (hasLeftContainerFrom(place)) {
-        const bool isBeside = elementAt(caret()) == elementAt(container_);
+        const bool isInSameBlock = blockAround(caret()) == blockAround(container_);
         breakAtCaret();
         buffer_.recordCaret();
-        if (newBlock_ >= 0 && (container_ == table_ || isBeside))
-            buffer_.moveCaretLeft(false, false, false);
+        if (newBlock_ >= 0 && (container_ == table_ || isInSameBlock))
+            enterLineBefore();
         return true;
     }
     const int block = blockAroundForm();
@@ -41,6 +44,18 @@ bool LineBreak::breakBeforeContainer() {
     breakAtCaret();
     buffer_.moveCaretLeft(false, false, false);
     return true;
+}
+
+/// The caret goes to the empty line that the break left before the container. Where text stands
+/// there instead, the container's own block begins with such a line.
+void LineBreak::enterLineBefore() {
+    const int before = buffer_.getPreviousValidCaretPos(caret());
+    for (const int place : {caret(), before, buffer_.getPreviousEditablePositionInXml(before)})
+        if (buffer_.isPlaceholderLine(place))
+            return buffer_.setCaret(false, place);
+    const int start = caret();
+    buffer_.insertAndRecord(start, String(XmlScan::nbspEntity));
+    buffer_.setCaret(false, start);
 }
 
 /// At the very end: a line behind it.
@@ -82,7 +97,11 @@ bool LineBreak::hasLeftContainerFrom(int place) const {
 
 /// The block that holds the form, if that is the container; -1 if none.
 int LineBreak::blockAroundForm() const {
-    return container_ == form_ ? buffer_.searchParent(L"fo:block", form_, false, true, L"") : -1;
+    return container_ == form_ ? blockAround(form_) : -1;
+}
+
+int LineBreak::blockAround(int position) const {
+    return buffer_.searchParent(L"fo:block", position, false, true, L"");
 }
 
 /// The placeholder of an empty block stays in the first half.

@@ -13,9 +13,11 @@ public:
 
 private:
     bool breakBeforeContainer();
+    void enterLineBefore();
     bool breakBehindContainer();
     bool hasLeftContainerFrom(int place) const;
     int blockAroundForm() const;
+    int blockAround(int position) const;
 
     void breakInPlace();
     void breakAtCaret();

@@ -89,17 +89,22 @@ String ListBuffer::followingItems(int item, std::int64_t number) const {
     return text + slice(done, closingTag(list));
 }
 
-/// An empty new item does not begin in the inline that the one before ended with.
+/// The new item does not begin with what was left of an inline that the one before ended with.
 void ListBuffer::removePlaceholderInline() {
     int inside = document_.caretPos_;
     while (document_.isInlineName(XmlScan::tagName(document_.text_.view(), inside)))
         inside = document_.getNextEditablePositionInXml(inside);
     const int element = document_.getCurrentElementPosition(inside);
-    if (XmlScan::tagName(document_.text_.view(), element) == L"fo:block" ||
-        emptyBlockAround(inside) < 0)
+    if (!document_.isInlineName(XmlScan::tagName(document_.text_.view(), element)) ||
+        !document_.elementContainsJustNonBreakingSpace(element))
         return;
-    document_.setCaret(false, element);
-    document_.eraseTextFromBuffer(true, false, true);
+    document_.removeAndRecord(element, document_.positionBehindElement(element));
+    const PlaceholderRepair repaired = document_.repairEmptied(element, true);
+    const int place = repaired.insertedPlaceholder() ? repaired.placeholder : repaired.map(element);
+    if (document_.isLineStart(place) && document_.isLineEnd(place))
+        document_.insertAndRecord(place, String(XmlScan::nbspEntity));
+    document_.setCaret(false, place);
+    document_.ensureValidPositionAfterDeletion();
 }
 
 // Leaving the list
@@ -186,11 +191,40 @@ ListBuffer::Range ListBuffer::widen(int block, int list) const {
     const auto around = [this](int position) {
         return document_.getCurrentElementPosition(position);
     };
+    const int item = getItemPos(block);
+    if (holdsEmptyLines(getItemBodyPos(item)))
+        range = {item, document_.positionBehindElement(item)};
     while (range.start > list && beginsContent(around(range.start), range.start))
         range.start = itemOfBody(around(range.start));
     while (range.end < behindList && endsContent(around(range.end), range.end))
         range.end = document_.positionBehindElement(itemOfBody(around(range.end)));
     return range;
+}
+
+/// Whether nothing stands in the element but blocks and inlines that hold no more than
+/// placeholders.
+bool ListBuffer::holdsEmptyLines(int element) const {
+    const Text text = document_.text_.view();
+    const Range content = contentOf(element);
+    bool isBehindTag = true;
+    for (int at = content.start; at < content.end;
+         at = document_.getNextEditablePositionInXml(at)) {
+        if (String::isSpace(XmlScan::unitAt(text, at)))
+            continue;
+        const bool isPlaceholder = XmlScan::placeholderLength(text, at) > 0;
+        if (isPlaceholder ? !isBehindTag : !isEdgeOfText(at))
+            return false;
+        isBehindTag = !isPlaceholder;
+    }
+    return true;
+}
+
+/// Whether the tag of a block or an inline stands at the position.
+bool ListBuffer::isEdgeOfText(int position) const {
+    Text name = XmlScan::tagName(document_.text_.view(), position);
+    if (name.starts_with(L'/'))
+        name.remove_prefix(1);
+    return name == L"fo:block" || document_.isInlineName(name);
 }
 
 /// The item of a body, which begins and ends with it as far as a reader is concerned; any other

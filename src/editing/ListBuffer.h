@@ -155,7 +155,7 @@ private:
     Core::String textOfLabel(int label) const;
     bool isInItemBody(int position) const;
     bool isFirstPositionIn(int element, int position) const;
-    bool isLastPositionInItemBody(int position) const;
+    bool isLastPositionIn(int element, int position) const;
     bool isEndOfLine(int position) const;
     Core::String placeholderAt(int position) const;
     static Core::String numberLabel(std::int64_t number);
@@ -185,6 +185,8 @@ private:
     bool endsContent(int element, int position) const;
     int skipVoid(int position) const;
     Range widen(int block, int list) const;
+    bool holdsEmptyLines(int element) const;
+    bool isEdgeOfText(int position) const;
     int itemOfBody(int element) const;
     Core::String reopenedTags(int list, int position) const;
 

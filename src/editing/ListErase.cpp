@@ -1,24 +1,28 @@
 // Backspace and Delete in a list: items join, or leave the list.
 
 #include "document/EditableDocumentBuffer.h"
+#include "editing/BlockLevel.h"
 #include "editing/ListBuffer.h"
 #include "editing/ListCommand.h"
+#include "text/NameList.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
 #include <array>
 
 using Core::String;
+using XmlScan::contains;
 using XmlScan::Text;
 
 namespace {
 
-constexpr std::array<Text, 6> lineEnds{L"fo:block", L"fo:list-block",      L"fo:table",
-                                       L"qf:form",  L"fo:block-container", L"qfd:block-repeat"};
+constexpr std::array<Text, 3> blockHolders{L"qfd:block-repeat", L"qfd:conditional-block",
+                                           L"qfd:conditional-block-sequence"};
 
-/// Whether an element of that name stands on lines of its own.
-bool endsLine(Text name) {
-    return std::find(lineEnds.begin(), lineEnds.end(), name) != lineEnds.end();
+/// Whether an element begins there that stands on lines of its own.
+bool endsLine(Text text, int position) {
+    return isBlockLevelTag(text, position) ||
+           contains(blockHolders, XmlScan::tagName(text, position));
 }
 
 } // namespace
@@ -56,7 +60,7 @@ bool ListBuffer::isEmptyOnlyItem(int item) const {
 bool ListBuffer::isAtEnd(int position) const {
     if (document_.nbspFollowedByWspaceAndElementCloseTagAt(position))
         position = document_.getLastPositionInElementContaining(position);
-    return isLastPositionInItemBody(position);
+    return isLastPositionIn(getItemBodyPos(position), position);
 }
 
 // At the edges of an item
@@ -229,7 +233,7 @@ bool ListBuffer::isEdgeAroundList(int position) const {
 int ListBuffer::endOfLine(int position) const {
     const Text text = document_.text_.view();
     int tag = document_.getNextTagPosition(position);
-    while (tag >= 0 && !XmlScan::closingAt(text, tag) && !endsLine(XmlScan::tagName(text, tag)))
+    while (tag >= 0 && !XmlScan::closingAt(text, tag) && !endsLine(text, tag))
         tag = document_.getNextTagPosition(document_.positionBehindElement(tag));
     return tag;
 }

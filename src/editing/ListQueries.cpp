@@ -151,9 +151,9 @@ bool ListBuffer::isFirstPositionIn(int element, int position) const {
     return stop < 0 || position <= stop;
 }
 
-/// Whether nothing but the closing tags of inlines stands between the position and the body's own.
-bool ListBuffer::isLastPositionInItemBody(int position) const {
-    const int end = closingTag(getItemBodyPos(position));
+/// Whether nothing but the closing tags of inlines stands between the position and the element's.
+bool ListBuffer::isLastPositionIn(int element, int position) const {
+    const int end = closingTag(element);
     const auto closesInline = [this](int stop) {
         return document_.isInlineEditableElementClosingTagName(
             document_.getNameForTagAtPosition(stop, true));

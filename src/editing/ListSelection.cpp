@@ -79,13 +79,19 @@ bool ListBuffer::isCovered(int item, const Range& range) const {
     if (first < body || last < first)
         return range.start <= item && document_.positionBehindElement(item) <= range.end;
     return isFirstPositionIn(body, range.start) &&
-           (last <= range.end || isLastPositionInItemBody(range.end));
+           (last <= range.end || isLastPositionIn(body, range.end));
 }
 
+/// Whether the items are all that stands in the list, but for repeats in the range, and are
+/// covered.
 bool ListBuffer::areAllCovered(int list, const std::vector<int>& items, const Range& range) const {
-    return items.size() == itemsOf(list).size() &&
-           std::all_of(items.begin(), items.end(),
-                       [&](int item) { return isCovered(item, range); });
+    const std::vector<int> children = childrenOf(list);
+    return std::all_of(children.begin(), children.end(), [&](int child) {
+        if (std::find(items.begin(), items.end(), child) != items.end())
+            return isCovered(child, range);
+        return !isItem(child) && range.start <= child &&
+               document_.positionBehindElement(child) <= range.end;
+    });
 }
 
 /// Removes items that the range covers and the text of the others; items are not joined. The last

@@ -18,8 +18,9 @@ namespace {
 constexpr std::array<Text, 4> repeatingElements{L"qfd:block-repeat", L"qfd:table-row-repeat",
                                                 L"qfd:inline-repeat", L"qfd:page-sequence-repeat"};
 
-constexpr std::array<Text, 2> conditionSequences{L"qfd:conditional-block-sequence",
-                                                 L"qfd:conditional-inline-sequence"};
+/// What is nothing without the parts that it is made of.
+constexpr std::array<Text, 3> sequences{L"qfd:conditional-block-sequence",
+                                        L"qfd:conditional-inline-sequence", L"fo:list-block"};
 
 /// What a table or a list has a place for, whether it holds something or not.
 constexpr std::array<Text, 3> partsOfStructures{L"fo:table-cell", L"fo:list-item-label",
@@ -58,10 +59,10 @@ int EditableDocumentBuffer::objectNamedByPath(const String& path) const {
     return around >= 0 ? around : elementNamedByPath(path);
 }
 
-/// The sequence that would be left with no condition, if the element is its last.
+/// The sequence that would be left with no part, if the element is its last.
 int EditableDocumentBuffer::withEmptiedSequence(int element) const {
     const int parent = getCurrentElementPosition(element);
-    return contains(conditionSequences, XmlScan::tagName(text_.view(), parent)) &&
+    return contains(sequences, XmlScan::tagName(text_.view(), parent)) &&
                    holdsNothingBut(element, parent)
                ? parent
                : element;

@@ -154,16 +154,29 @@ void SelectionDeletion::keepLineBetweenBlockTags() {
     };
     if (!isBlockTag(position_) || !isBlockTag(buffer_.getPreviousEditablePositionInXml(position_)))
         return;
-    const String placeholder(XmlScan::nbspEntity);
-    buffer_.insertXmlTextAtPosition(position_, placeholder);
-    buffer_.recordInsertion(position_, placeholder);
     start_ = position_;
+    insertPlaceholderAtStart();
+}
+
+/// So does one behind a line break that nothing follows any more.
+void SelectionDeletion::keepLineBehindLineBreak() {
+    if (buffer_.isEmptyBehindLineBreak(start_))
+        insertPlaceholderAtStart();
+}
+
+void SelectionDeletion::insertPlaceholderAtStart() {
+    const String placeholder(XmlScan::nbspEntity);
+    buffer_.insertXmlTextAtPosition(start_, placeholder);
+    buffer_.recordInsertion(start_, placeholder);
     end_ += placeholder.length();
 }
 
 // The end of an element
 
 bool SelectionDeletion::leaveElement() {
+    // A nested block is joined before the place behind it is asked, where the caret could stand.
+    if (buffer_.getNameForTagAtPosition(position_, true) == L"/fo:block" && hasSibling())
+        return takeSibling();
     const int behind = buffer_.getNextEditablePositionInXml(position_);
     if (buffer_.canHoldCaret(behind)) {
         position_ = behind;
@@ -277,6 +290,8 @@ PlaceholderRepair SelectionDeletion::repair() {
 // The caret
 
 bool SelectionDeletion::finishAtStart() {
+    if (buffer_.canHoldCaret(start_))
+        keepLineBehindLineBreak();
     const int position = buffer_.canHoldCaret(start_) ? start_ : stopNear(start_);
     const int element = buffer_.getCurrentElementPosition(position);
     buffer_.setCaret(false, buffer_.elementContainsJustNonBreakingSpace(element)

@@ -56,6 +56,8 @@ private:
     void remove(int from, int to);
     PlaceholderRepair repair();
     void keepLineBetweenBlockTags();
+    void keepLineBehindLineBreak();
+    void insertPlaceholderAtStart();
 
     bool finishAtStart();
     bool finishAtCaret();
