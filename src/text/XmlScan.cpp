@@ -341,6 +341,13 @@ int unitStart(Text text, int position) noexcept {
     return position;
 }
 
+int unitEnd(Text text, int position) noexcept {
+    const wchar_t unit = unitAt(text, position);
+    if (unit == L'<' || unit == L'&')
+        return markupEnd(text, position);
+    return isInsidePair(text, position + 1) ? position + 2 : position + 1;
+}
+
 int firstPositionInRoot(Text text) noexcept {
     // Deliberate: a comment before the root is read as a tag, so that a quote in it opens a quoted
     // stretch; the documents that are edited have none there.
