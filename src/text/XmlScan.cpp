@@ -86,7 +86,8 @@ int tagEndingBefore(Text text, int position) noexcept {
         if (instruction >= 0)
             return instruction;
         const int tag = rFind(text, L'<', end);
-        const int ownEnd = tagEnd(text, tag + 1);
+        // Looked for only up to there: in a text where a quote is left open it may be far.
+        const int ownEnd = tagEnd(slice(text, 0, end + 1), tag + 1);
         if (tag < 0 || ownEnd == end)
             return tag;
         // The `>` is text, and the `<` may belong to a section between.
