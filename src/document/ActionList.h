@@ -18,6 +18,8 @@ public:
     bool empty() const { return size_ == 0; }
     std::size_t size() const { return size_; }
 
+    /// The next to replay; the list must not be empty.
+    const EditAction& back() const { return newest_->action; }
     void pushBack(const EditAction& action);
     EditAction takeBack();
     /// Removes the oldest record.

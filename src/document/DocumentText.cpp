@@ -2,6 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/EditActionGroup.h"
 #include "document/FreezeNotifications.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
@@ -64,8 +65,11 @@ bool isPrefix(std::wstring_view name) {
 void EditableDocumentBuffer::setContent(const String& content, bool resetHistory) {
     FreezeNotifications freeze(this);
     endKeyTypingSequence();
-    if (!resetHistory)
+    std::optional<EditActionGroup> step;
+    if (!resetHistory) {
+        step.emplace(this);
         recordContent();
+    }
     String unixContent = content;
     unixContent.replaceAll(L"\r\n", L"\n");
     replaceText(unixContent);

@@ -1,6 +1,7 @@
 #include "document/EditActionStack.h"
 
 #include "document/ForgottenStretch.h"
+#include "document/TypingRun.h"
 #include "foundation/Exception.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ void EditActionStack::addAction(const EditAction& action) {
     if (undoActions_.size() + 1 > static_cast<std::size_t>(limit_) && !undoActions_.empty())
         undoActions_.dropFront();
     track(action);
-    undoActions_.pushBack(action.inverse());
+    push(action.inverse());
     redoActions_.clear();
 }
 
@@ -61,12 +62,28 @@ bool EditActionStack::nextUndoStepIsWhole() const {
     return depth <= 0;
 }
 
+void EditActionStack::push(const EditAction& undone) {
+    undoActions_.pushBack(undone);
+    ++recorded_;
+}
+
 void EditActionStack::startActionGroup() {
-    undoActions_.pushBack(EditAction(EditAction::EditGroupStart));
+    push(EditAction(EditAction::EditGroupStart));
 }
 
 void EditActionStack::endActionGroup() {
-    undoActions_.pushBack(EditAction(EditAction::EditGroupEnd));
+    push(EditAction(EditAction::EditGroupEnd));
+}
+
+void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
+    std::vector<EditAction> key;
+    for (; count > 0 && !undoActions_.empty(); --count)
+        key.push_back(undoActions_.takeBack());
+    TypingRun run;
+    if (!isFirst)
+        run.continueFrom(undoActions_);
+    std::for_each(key.rbegin(), key.rend(), [&run](const EditAction& action) { run.add(action); });
+    run.appendTo(undoActions_);
 }
 
 unsigned EditActionStack::openGroup() {

@@ -4,6 +4,7 @@
 #include "document/EditAction.h"
 #include "foundation/Api.h"
 
+#include <cstddef>
 #include <vector>
 
 /// Undo and redo as two lists of records. What is stored are inverses: the undo list holds what
@@ -38,6 +39,14 @@ public:
     /// Empties both lists. A group that is open adds nothing more when its scope ends.
     void clearStack();
 
+    /// Merges the last `count` entries, a key of the open run of typing, with those of the keys
+    /// before, if it is not the first: what it changed in the text that they inserted changes their
+    /// record. Undo and redo bring back the same, the caret included, so that a run costs what its
+    /// text does and no limit cuts it in two.
+    void mergeTyping(std::size_t count, bool isFirst);
+    /// How many entries were ever put on the undo list by recording.
+    std::size_t recordedCount() const { return recorded_; }
+
     /// Takes note that `removed` has gone from the text at `start` without a record: the records
     /// are changed as if it had never been there, so that every step stays exact without it.
     void forget(int start, const Core::String& removed);
@@ -62,9 +71,12 @@ private:
     EditAction moveBack(ActionList& from, ActionList& to);
     void track(const EditAction& performed);
 
+    void push(const EditAction& undone);
+
     ActionList undoActions_;
     ActionList redoActions_;
     int limit_;
+    std::size_t recorded_ = 0;
     int trackingPos_ = -1;
     std::vector<unsigned> openGroups_;
     unsigned lastGroup_ = 0;

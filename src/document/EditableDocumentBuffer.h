@@ -114,8 +114,8 @@ public:
 
     /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. Whether
     /// the text is well formed is not looked at. With `resetHistory` nothing can be undone
-    /// afterwards. Without, the replacement is recorded as two entries, the old text and the new: a
-    /// caller that wants one undo step brackets the call with an EditActionGroup.
+    /// afterwards. Without, the replacement is one undo step of two entries, the old text and the
+    /// new.
     void setContent(const Core::String& content, bool resetHistory);
 
     /// Loads a file and forgets the history. The encoding is told by the file's byte order mark,

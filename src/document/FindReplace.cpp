@@ -42,6 +42,7 @@ private:
         int end;
     };
 
+    bool movesOn();
     int matchFromStart();
     Stretch stretchAhead();
     Stretch stretchBehind();
@@ -68,6 +69,8 @@ private:
     const EditableDocumentBuffer::SearchRequest& request_;
     CaretWalk walk_;
     bool wrapped_;
+    int lastStart_ = -1; // where the stretch before began
+    bool lastWrapped_ = false;
     int ahead_ = -1; // the text's next occurrence at or behind the walk, once asked for
 };
 
@@ -78,11 +81,24 @@ int TextSearch::next() {
     // From a selection, which may be the last match, the search goes on behind it.
     bool hasStart = !buffer_.hasSelectedText() || toNextStart();
     for (; hasStart && !hasComeRound(walk_.position()); hasStart = toNextStart()) {
+        if (!movesOn())
+            return answerAtTheEnd();
         const int match = matchFromStart();
         if (match >= 0)
             return wasFoundBefore(match) ? answerAtTheEnd() : match;
     }
     return answerAtTheEnd();
+}
+
+/// Whether a start lies beyond the one before, unless the walk has come to the document's other end
+/// in between. Where a tag is not complete a step back need not lead back.
+bool TextSearch::movesOn() {
+    const int start = walk_.position();
+    const bool moves = lastStart_ < 0 || lastWrapped_ != wrapped_ ||
+                       (isForward() ? start > lastStart_ : start < lastStart_);
+    lastStart_ = start;
+    lastWrapped_ = wrapped_;
+    return moves;
 }
 
 /// The match in the stretch at the walk's position, which goes to the stretch's other end.

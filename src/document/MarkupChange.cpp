@@ -1,12 +1,11 @@
 #include "document/MarkupChange.h"
 
 #include "document/XmlValidator.h"
-#include "foundation/DomParser.h"
-#include "foundation/Encoder.h"
-#include "foundation/Exception.h"
+#include "foundation/WellFormed.h"
 
 #include <algorithm>
-#include <vector>
+#include <set>
+#include <string>
 
 using Core::String;
 using XmlScan::Text;
@@ -17,29 +16,10 @@ int length(Text text) {
     return static_cast<int>(text.size());
 }
 
-/// The offset behind the tag, section, entity or character at a valid position; the length of the
-/// text where it is not complete.
+/// The offset behind the unit at a valid position; the length of the text where it is not complete.
 int behindUnit(Text text, int position) {
-    const auto behind = [&](Text start, Text end) {
-        const int found = XmlScan::find(text, end, position + length(start));
-        return found < 0 ? length(text) : found + length(end);
-    };
-    if (XmlScan::commentAt(text, position))
-        return behind(XmlScan::commentStart, XmlScan::commentEnd);
-    if (XmlScan::cdataAt(text, position))
-        return behind(XmlScan::cdataStart, XmlScan::cdataEnd);
-    if (XmlScan::instructionAt(text, position))
-        return behind(XmlScan::instructionStart, XmlScan::instructionEnd);
-    if (XmlScan::unitAt(text, position) == L'&')
-        return behind(L"&", L";");
-    if (!XmlScan::onTagStart(text, position))
-        return position + 1;
-    if (XmlScan::documentTypeAt(text, position)) {
-        const int end = XmlScan::documentTypeEnd(text, position);
-        return end < 0 ? length(text) : end;
-    }
-    const int end = XmlScan::tagEnd(text, position);
-    return end < 0 ? length(text) : end + 1;
+    const int end = XmlScan::unitEnd(text, position);
+    return end < 0 ? length(text) : end;
 }
 
 /// How many units two texts have in common at an end, up to `most`; `areSame` compares so many of
@@ -72,47 +52,51 @@ int rootEnd(Text text, int root) {
     return isTag && XmlScan::skipSpaces(text, end + 1) == length(text) ? closing : -1;
 }
 
-/// The names of the elements that a part of a text leaves open, the outermost first, and the number
-/// of its closing tags whose elements begin before it.
-struct Balance {
-    std::vector<Text> open;
-    int unmatched = 0;
-};
-
-Balance balanceOf(Text part) {
-    Balance balance;
-    for (int tag = XmlScan::find(part, L'<', 0); tag >= 0;
-         tag = XmlScan::find(part, L'<', behindUnit(part, tag))) {
-        if (XmlScan::openingAt(part, tag))
-            balance.open.push_back(XmlScan::tagName(part, tag));
-        else if (!XmlScan::closingAt(part, tag))
-            continue;
-        else if (balance.open.empty())
-            ++balance.unmatched;
-        else
-            balance.open.pop_back();
-    }
-    return balance;
-}
-
-bool parses(const String& document) {
-    try {
-        // The mark says how the text is encoded here, whatever it declares.
-        const Core::ByteArray bytes =
-            Core::Encoder::convertStringToUTF8(String(L"\xFEFF") + document);
-        Xml::DomParser().parseMemory(bytes.ptr(), bytes.size());
+/// Whether a document with this prolog may use the entities and names that a matcher has met.
+bool knowsNames(Text prolog, const MarkupMatcher& met) {
+    if (met.entitiesInText().empty() && met.entitiesInValues().empty() &&
+        met.foreignNames().empty())
         return true;
-    } catch (const Core::Exception&) {
+    std::wstring document(prolog);
+    const auto refer = [&document](const std::set<Text>& entities) {
+        for (const Text entity : entities)
+            document.append(L"&").append(entity).append(L";");
+    };
+    document += L"<r k=\"";
+    refer(met.entitiesInValues());
+    document += L"\">";
+    refer(met.entitiesInText());
+    for (const Text name : met.foreignNames())
+        document.append(L"<").append(name).append(L"/>");
+    return Xml::isWellFormed(String(document += L"</r>"));
+}
+
+/// Whether a whole text is well formed: its root, and what stands around that.
+bool isWhole(Text text) {
+    const int root = rootStart(text);
+    if (root < 0)
         return false;
-    }
+    const Text prolog = XmlScan::slice(text, 0, root);
+    MarkupMatcher element(XmlScan::slice(text, root, length(text)));
+    if (!element.readElement() || !knowsNames(prolog, element))
+        return false;
+    const Text epilog = XmlScan::slice(text, root + element.position(), length(text));
+    return Xml::isWellFormed(String(std::wstring(prolog).append(L"<r/>").append(epilog)));
 }
 
-bool isHighSurrogate(wchar_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
+/// Whether it is text that means the same in every document.
+bool isPlainText(Text part) {
+    MarkupMatcher matcher(part);
+    return part.find(L'<') == Text::npos && matcher.readContent() &&
+           matcher.entitiesInText().empty();
 }
 
-bool isLowSurrogate(wchar_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
+bool joinsNext(wchar_t unit) {
+    return unit == L']' || (unit >= 0xD800 && unit < 0xDC00);
+}
+
+bool joinsPrevious(wchar_t unit) {
+    return unit == L']' || unit == L'>' || (unit >= 0xDC00 && unit < 0xE000);
 }
 
 } // namespace
@@ -122,7 +106,9 @@ MarkupChange::MarkupChange(const String& before, const String& after)
       root_(rootStart(before_)),
       content_(root_ < 0 ? length(before_) : behindUnit(before_, root_)) {
     findDifference();
-    if (!isInRoot())
+    isPlain_ = onlyTextDiffers();
+    isAroundRoot_ = !isInRoot();
+    if (isPlain_ || isAroundRoot_)
         return;
     widenToWholeUnits();
     widenToStartTags();
@@ -146,35 +132,16 @@ bool MarkupChange::isInRoot() const {
     return content_ <= start_ && length(before_) - behind_ <= rootEnd(before_, root_);
 }
 
-/// What the ends of the difference cut through belongs to it whole, in both texts: a unit, a
-/// surrogate pair, and what could become the end of a CDATA section, which no text may hold.
-void MarkupChange::widenToWholeUnits() {
-    start_ = unitStart(start_);
-    const auto joinsNext = [](wchar_t unit) { return unit == L']' || isHighSurrogate(unit); };
-    while (start_ > content_ && joinsNext(XmlScan::unitAt(before_, start_ - 1)))
-        --start_;
-    const auto joinsPrevious = [](wchar_t unit) {
-        return unit == L']' || unit == L'>' || isLowSurrogate(unit);
-    };
-    for (int known = -1; known != behind_;) {
-        known = behind_;
-        for (const Text text : {before_, after_}) {
-            int end = start_;
-            while (end < length(text) - behind_)
-                end = behindUnit(text, end);
-            while (end < length(text) && joinsPrevious(XmlScan::unitAt(text, end)))
-                ++end;
-            behind_ = length(text) - end;
-        }
-    }
-}
-
-/// The elements that the part closes belong to it from their start tags on, so that their names can
-/// be compared.
-void MarkupChange::widenToStartTags() {
-    int count = std::max(balanceOf(part(before_)).unmatched, balanceOf(part(after_)).unmatched);
-    for (; count > 0 && isInRoot(); --count)
-        start_ = unitStart(XmlScan::currentElement(before_, start_));
+/// Whether nothing differs but text, from one whole unit to another, so that the markup around it
+/// stays what it is. So it is with nearly every key.
+bool MarkupChange::onlyTextDiffers() const {
+    if (before_ == after_)
+        return true;
+    if (!isPlainText(part(before_)) || !isPlainText(part(after_)) || !isInRoot())
+        return false;
+    const wchar_t previous = XmlScan::unitAt(before_, start_ - 1);
+    const wchar_t next = XmlScan::unitAt(before_, length(before_) - behind_);
+    return !joinsNext(previous) && !joinsPrevious(next) && unitStart(start_) == start_;
 }
 
 /// Where the unit of the root's content that holds the position begins.
@@ -187,20 +154,75 @@ Text MarkupChange::part(Text text) const {
     return XmlScan::slice(text, start_, length(text) - behind_);
 }
 
-/// Whether the part of this text is well formed and leaves the same elements open as the part of
-/// the text before, of which it must be known. It is read with the entities that the document
-/// declares.
-bool MarkupChange::fits(Text text) const {
+/// What the ends of the difference cut through belongs to it whole, in both texts: a unit, a
+/// surrogate pair, and what could become the end of a CDATA section, which no text may hold.
+void MarkupChange::widenToWholeUnits() {
+    start_ = unitStart(start_);
+    while (start_ > content_ && joinsNext(XmlScan::unitAt(before_, start_ - 1)))
+        --start_;
+    int oldEnd = start_;
+    int newEnd = start_;
+    while (oldEnd < length(before_) - behind_)
+        oldEnd = behindUnit(before_, oldEnd);
+    oldPart_ = XmlScan::slice(before_, start_, oldEnd);
+    // Units are passed in the text that is behind, until both are at the same place or at the end.
+    const auto rest = [](Text text, int end) { return length(text) - end; };
+    const auto pass = [](Text text, int& end) { end = behindUnit(text, end); };
+    for (;;) {
+        const int oldRest = rest(before_, oldEnd);
+        const int newRest = rest(after_, newEnd);
+        if (oldRest > std::min(newRest, behind_))
+            pass(before_, oldEnd);
+        else if (newRest > std::min(oldRest, behind_))
+            pass(after_, newEnd);
+        else if (oldRest > 0 && joinsPrevious(XmlScan::unitAt(before_, oldEnd)))
+            behind_ = oldRest - 1;
+        else
+            break;
+    }
+    behind_ = rest(before_, oldEnd);
+}
+
+/// The elements that the part closes belong to it from their start tags on, so that their names can
+/// be compared.
+void MarkupChange::widenToStartTags() {
+    MarkupMatcher before(part(before_));
+    MarkupMatcher after(part(after_));
+    before.readContent();
+    after.readContent();
+    const auto count = static_cast<std::size_t>(std::max(before.unmatched(), after.unmatched()));
+    if (count == 0)
+        return;
+    const std::vector<int> open = openTagsBefore(start_);
+    start_ = count > open.size() ? root_ : open[open.size() - count];
+}
+
+/// Where the elements begin that are open in the root at the position, the outermost first.
+std::vector<int> MarkupChange::openTagsBefore(int position) const {
+    std::vector<int> open;
+    for (int tag = XmlScan::find(before_, L'<', content_); tag >= 0 && tag < position;
+         tag = XmlScan::find(before_, L'<', behindUnit(before_, tag))) {
+        if (XmlScan::openingAt(before_, tag))
+            open.push_back(tag);
+        else if (XmlScan::closingAt(before_, tag) && !open.empty())
+            open.pop_back();
+    }
+    return open;
+}
+
+/// Whether the part is well formed, if it was, and leaves the same elements open. One that has come
+/// to reach out of the root cannot be.
+bool MarkupChange::partFits() const {
     if (!isInRoot())
+        return !MarkupMatcher(oldPart_).readContent();
+    MarkupMatcher before(part(before_));
+    MarkupMatcher after(part(after_));
+    if (!before.readContent() || before.unmatched() > 0)
+        return true;
+    if (!after.readContent() || after.unmatched() > 0 || after.open() != before.open())
         return false;
-    const Balance balance = balanceOf(part(before_));
-    if (balance.unmatched > 0)
-        return false;
-    std::wstring document(before_.substr(0, static_cast<std::size_t>(root_)));
-    document.append(L"<part>").append(part(text));
-    for (auto name = balance.open.rbegin(); name != balance.open.rend(); ++name)
-        document.append(L"</").append(*name).append(L">");
-    return parses(String(document.append(L"</part>")));
+    const Text prolog = XmlScan::slice(before_, 0, root_);
+    return knowsNames(prolog, after) || !knowsNames(prolog, before);
 }
 
 /// A document type that declares something does not pass for tags; such a text is only parsed.
@@ -209,7 +231,11 @@ bool MarkupChange::keepsLexicallyValid() const {
 }
 
 bool MarkupChange::keepsWellFormed() const {
+    if (isPlain_)
+        return true;
     if (!keepsLexicallyValid())
         return false;
-    return fits(after_) || parses(newText_) || (!fits(before_) && !parses(oldText_));
+    if (isAroundRoot_)
+        return isWhole(after_) || !isWhole(before_);
+    return partFits() || isWhole(after_);
 }

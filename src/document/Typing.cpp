@@ -153,20 +153,25 @@ EditableDocumentBuffer::Insertion
 EditableDocumentBuffer::tryInsertText(const String& text, bool isXml, bool selectInserted) {
     if (!canInsertText(text))
         return Insertion::None;
-    EditableDocumentBufferState before(this);
+    std::optional<EditableDocumentBufferState> before(this);
     const String oldText = text_;
     FreezeNotifications freeze(this);
     if (isXml)
         endKeyTypingSequence(); // markup starts an undo step of its own
-    if (!keyTypingGroup_)
+    const bool isFirst = !keyTypingGroup_;
+    if (isFirst)
         keyTypingGroup_ = std::make_unique<EditActionGroup>(this);
+    const std::size_t recorded = editActionStack_.recordedCount();
     Insertion insertion = insertInPlaceOfSelection(text, isXml, selectInserted);
     if (insertion == Insertion::Done && !MarkupChange(oldText, text_).keepsWellFormed())
         insertion = Insertion::RolledBack;
     if (insertion != Insertion::Done) {
-        before.restorePreviousState();
+        before->restorePreviousState();
         freeze.discard();
+        return insertion;
     }
+    before.reset(); // the record that grows is then shared with nobody and need not be copied
+    editActionStack_.mergeTyping(editActionStack_.recordedCount() - recorded, isFirst);
     return insertion;
 }
 

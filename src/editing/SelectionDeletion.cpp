@@ -21,8 +21,13 @@ void SelectionDeletion::run() {
     takeIndentation();
     buffer_.recordCaret();
     position_ = start_;
-    while (playRound()) {
-    }
+    // Every round passes or removes something, but in a text whose tags do not match one may come
+    // back to where it was.
+    for (int before = unitsAhead(); playRound(); before = unitsAhead())
+        if (unitsAhead() >= before) {
+            finishAtStart();
+            return;
+        }
 }
 
 /// An element that is selected from its first position to beyond its end goes with its tags, unless
@@ -47,6 +52,10 @@ void SelectionDeletion::takeIndentation() {
         if (!whitespace.isSkipped(at, element))
             return;
     start_ = indentation;
+}
+
+int SelectionDeletion::unitsAhead() const {
+    return buffer_.text_.length() - position_;
 }
 
 bool SelectionDeletion::playRound() {

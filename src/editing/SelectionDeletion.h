@@ -30,6 +30,7 @@ private:
 
     // A round and its cases; each answers whether another round follows.
 
+    int unitsAhead() const;
     bool playRound();
 
     bool isNothingEditableLeft() const;

@@ -101,7 +101,8 @@ int tagEndingBefore(Text text, int position) noexcept {
         if (instruction >= 0)
             return instruction;
         const int tag = rFind(text, L'<', end);
-        const int ownEnd = tagEnd(text, tag + 1);
+        // Looked for only up to there: in a text where a quote is left open it may be far.
+        const int ownEnd = tagEnd(slice(text, 0, end + 1), tag + 1);
         const bool isTag = ownEnd == end && !standsAt(text, L"<!", tag);
         if (tag < 0 || isTag)
             return tag;
@@ -377,6 +378,13 @@ int unitStart(Text text, int position) noexcept {
         at = end;
     }
     return position;
+}
+
+int unitEnd(Text text, int position) noexcept {
+    const wchar_t unit = unitAt(text, position);
+    if (unit == L'<' || unit == L'&')
+        return markupEnd(text, position);
+    return isInsidePair(text, position + 1) ? position + 2 : position + 1;
 }
 
 int firstPositionInRoot(Text text) noexcept {

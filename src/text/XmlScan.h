@@ -91,6 +91,10 @@ int stepBackward(Text text, int position, Text rootName) noexcept;
 /// of a section.
 int unitStart(Text text, int position) noexcept;
 
+/// The offset behind the unit that begins at a valid position, the length of the text included; -1
+/// where the unit is not complete. An "&" that opens no entity is a unit by itself.
+int unitEnd(Text text, int position) noexcept;
+
 /// The first offset after the root element's start tag.
 int firstPositionInRoot(Text text) noexcept;
 

@@ -32,21 +32,30 @@ std::wstring oneOf(const Core::StringArray& pieces, Random& random) {
     return std::wstring(random.oneOf(pieces).view());
 }
 
-/// A text with every kind of markup, around which edits can go wrong.
+/// Content with every kind of markup, around which edits can go wrong.
+std::wstring anyContent(Random& random) {
+    static const Core::StringArray pieces =
+        String(L"x¦ ¦&amp;¦<b>¦</b>¦<a>¦</a>¦<c/>¦<d k='>' j=\"'\"/>¦<!-- <b> - -->¦"
+               L"<![CDATA[<b>&]]>¦<?p <b> ' ?>¦]¦'¦>¦\xD83D\xDE00¦&#65;&#x1F600;¦<\x00E9 "
+               L"\x00FC:\x00E9='&lt;'/>")
+            .split(L'¦');
+    for (;;) {
+        std::wstring content;
+        for (std::size_t count = random.below(12); count > 0; --count)
+            content += oneOf(pieces, random);
+        if (isWellFormed(L"<a>" + content + L"</a>"))
+            return content;
+    }
+}
+
 std::wstring anyDocument(Random& random) {
     static constexpr std::array prologs{
         L"", L"<?xml version=\"1.0\" encoding=\"utf-16\"?>\n", L"<!-- <x> ' -->",
-        L"<!DOCTYPE a [<!ENTITY e \"x]>\"><!-- ]> ' --><?p ]> ?>]>"};
-    static const Core::StringArray pieces =
-        String(L"x¦ ¦&amp;¦<b>¦</b>¦<a>¦</a>¦<c/>¦<d k='>' j=\"'\"/>¦<!-- <b> - -->¦"
-               L"<![CDATA[<b>&]]>¦<?p <b> ' ?>¦]¦'¦>¦\xD83D\xDE00")
-            .split(L'¦');
+        L"<!DOCTYPE a [<!ENTITY e \"x]>\"><!ENTITY f \"<b/>\"><!-- ]> ' --><?p ]> ?>]>"};
     static constexpr std::array epilogs{L"", L"\n", L"<!-- </a> -->", L"<?p </a>?>"};
     for (;;) {
-        std::wstring text = std::wstring(random.oneOf(prologs)) + L"<a k=\"v\">";
-        for (std::size_t count = random.below(12); count > 0; --count)
-            text += oneOf(pieces, random);
-        text += std::wstring(L"</a>") + random.oneOf(epilogs);
+        const std::wstring text = std::wstring(random.oneOf(prologs)) + L"<a k=\"v\">" +
+                                  anyContent(random) + L"</a>" + random.oneOf(epilogs);
         if (isWellFormed(text))
             return text;
     }
@@ -54,8 +63,11 @@ std::wstring anyDocument(Random& random) {
 
 std::wstring anyEdit(Random& random, std::wstring text) {
     static const Core::StringArray pieces =
-        String(L"x¦<b>¦</b>¦</b><b>¦</a><a>¦<c/>¦&¦&e;¦&amp;¦;¦]]>¦]]¦>¦<¦\"¦'¦!--¦-->¦<!--¦--¦"
-               L"<?p ?>¦<![CDATA[¦]¦</part><part>¦/¦ k='1'¦¦\xD83D¦\xFFFF¦\xDE00¦<?xml?>¦<a>")
+        String(
+            L"x¦<b>¦</b>¦</b><b>¦</a><a>¦<c/>¦&¦&e;¦&amp;¦;¦]]>¦]]¦>¦<¦\"¦'¦!--¦-->¦<!--¦--¦"
+            L"<?p ?>¦<![CDATA[¦]¦</part><part>¦/¦ "
+            L"k='1'¦¦\xD83D¦\xFFFF¦\xDE00¦<?xml?>¦<a>¦#¦x¦&#2;¦1¦"
+            L"&#xD800;¦&#xFFFF;¦ m=\"&amp;\"¦\x00D7¦\x00E9¦\x0001¦<?XML ?>¦<?\x00E9?>¦&f;¦=¦ ¦<!")
             .split(L'¦');
     const std::size_t from = random.below(text.size() + 1);
     text.replace(from, random.oneIn(2) ? 0 : random.below(12), oneOf(pieces, random));
@@ -94,5 +106,33 @@ TEST(MarkupChange, LetsADocumentThatIsBrokenElsewhereBeEditedAndMended) {
     EXPECT_TRUE(keeps(L"<a>&none;<b>x</b></a>", L"<a>&none;<b>xy</b></a>"));
     EXPECT_FALSE(keeps(L"<a>&none;<b>x</b></a>", L"<a>&none;<b>x<c></b></a>"));
     EXPECT_TRUE(keeps(L"<a><b>x</a>", L"<a><b>x</b></a>"));
-    EXPECT_TRUE(keeps(L"<a>x & y</a>", L"<a>x & & y</a>"));
+    EXPECT_TRUE(keeps(L"<a>x & y</a>", L"<a>x &amp; y</a>"));
+    EXPECT_TRUE(keeps(L"<a>x & y</a>", L"<a>x &, y</a>"));
+    EXPECT_FALSE(keeps(L"<a>x & y</a>", L"<a>x & & y</a>"));
+}
+
+/// Markup in front that a parser refuses, or that tells it less than all, changes no verdict on
+/// what stands behind.
+TEST(MarkupChange, ProtectsWhatChangesWhateverTheParserSaysOfTheRest) {
+    static constexpr std::array fronts{L"<!DOCTYPE q [<!ENTITY out SYSTEM \"o\">]><q>&out;",
+                                       L"<q><z>",
+                                       L"<q></b>",
+                                       L"<q>&none;",
+                                       L"<q>&",
+                                       L"<q><b c=\"1\" c=\"2\"/>"};
+    Random random(2);
+    for (int i = 0; i < 3000; ++i) {
+        const std::wstring before = anyContent(random);
+        const std::wstring after = anyEdit(random, before);
+        const auto framed = [](const wchar_t* front, const std::wstring& content) {
+            return String(front + (L" " + content) + L" </q>");
+        };
+        const bool expected =
+            MarkupChange(framed(L"<q>", before), framed(L"<q>", after)).keepsWellFormed();
+        for (const wchar_t* front : fronts)
+            ASSERT_EQ(MarkupChange(framed(front, before), framed(front, after)).keepsWellFormed(),
+                      expected)
+                << shown(front) << shown(before) << "\n"
+                << shown(after);
+    }
 }

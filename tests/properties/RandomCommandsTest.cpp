@@ -4,6 +4,7 @@
 
 #include "properties/RandomCommands.h"
 
+#include "Session.h"
 #include "support/Documents.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,15 @@ TEST(RandomCommands, LeaveRealDocumentsWhole) {
             failureOn(random.oneOf(documents), random, perDocument, everyCommand());
         EXPECT_TRUE(failure.empty()) << failure;
     }
+}
+
+TEST(Commands, EndOnAListThatIsLeftOpen) {
+    Session session;
+    for (const char* request :
+         {R"(["setContent","<fo:flow><fo:list-block><fo:block>x</fo:block></fo:flow>",true])",
+          R"(["selectCurrentElement"])", R"(["resetSelection"])", R"(["moveCaretHome",true])"})
+        session.serveLine(request);
+    EXPECT_FALSE(session.serveLine(R"(["insertTab"])").contains("error"));
 }
 
 TEST(RandomCommands, AreShrunkToThoseThatItTakesToFail) {
