@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ bool isAtomicObjectAt(Text text, int position) {
 // Right
 
 void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool mergeBoundaries) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     if (isOnInvalidPosition(caretPos_))
         return;
     endKeyTypingSequence();
@@ -98,7 +98,7 @@ bool EditableDocumentBuffer::moveFromBodyToFooter(int table) {
 // Left
 
 void EditableDocumentBuffer::moveCaretLeft(bool extend, bool byWord, bool mergeBoundaries) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     if (isOnInvalidPosition(caretPos_))
         return;
@@ -208,12 +208,12 @@ bool EditableDocumentBuffer::isInOneElement(int position, int other) const {
 // Home and end
 
 void EditableDocumentBuffer::moveCaretHome(bool extend) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     setCaret(extend, homePosition(staticContentAround(caretPos_)));
 }
 
 void EditableDocumentBuffer::moveCaretToEnd(bool extend) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const int region = staticContentAround(caretPos_);
     if (!pageMasterEditingMode_ || region >= 0)
         setCaret(extend, endPosition(region));

@@ -98,7 +98,7 @@ bool EditableDocumentBuffer::setIdForCurrentPos(const String& id) {
         return false;
     PropertyCollection properties;
     properties.addProperty({identifier, id}, true);
-    setPropertiesForElementAt(element, properties);
+    changeProperties(element, properties);
     return true;
 }
 

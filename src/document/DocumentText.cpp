@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
 #include "foundation/XmlWriter.h"
@@ -62,7 +62,7 @@ bool isPrefix(std::wstring_view name) {
 } // namespace
 
 void EditableDocumentBuffer::setContent(const String& content, bool resetHistory) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     if (!resetHistory)
         recordContent();
@@ -90,7 +90,7 @@ void EditableDocumentBuffer::replaceText(const String& content) {
 }
 
 void EditableDocumentBuffer::setContentFromFile(const String& path) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const SmartPtr<Core::IO::Stream> file(new Core::IO::FileStream(path, false, false, false));
     setContent(Core::IO::XmlReader(file).readToEnd(), true);
 }

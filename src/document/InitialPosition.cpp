@@ -2,8 +2,8 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
-#include "document/FreezeNotifications.h"
 #include "foundation/ObjectId.h"
 
 using Core::String;
@@ -28,7 +28,7 @@ const StringArray& conditionalSequences() {
 } // namespace
 
 void EditableDocumentBuffer::saveInitialPosition(bool save) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     if (!save) {
         forgetInitialPosition();
         return;
@@ -72,7 +72,7 @@ String EditableDocumentBuffer::idOfElement(int element) {
 }
 
 void EditableDocumentBuffer::loadInitialPosition() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const String id =
         getPropertiesFromElementAt(getRootElementPos()).getPropertyValue(initialPosition);
     if (id.empty())

@@ -4,6 +4,7 @@
 #include "foundation/DomParser.h"
 #include "foundation/Encoder.h"
 #include "foundation/Exception.h"
+#include "text/XmlCharacters.h"
 
 #include <algorithm>
 #include <vector>
@@ -226,8 +227,13 @@ bool MarkupChange::keepsLexicallyValid() const {
     return XmlValidator(newText_).validate() || !XmlValidator(oldText_).validate();
 }
 
+bool MarkupChange::keepsToCharacters() const {
+    return XmlCharacters::countForbidden(part(after_)) <=
+           XmlCharacters::countForbidden(part(before_));
+}
+
 bool MarkupChange::keepsWellFormed() const {
-    if (!keepsLexicallyValid())
+    if (!keepsToCharacters() || !keepsLexicallyValid())
         return false;
     return fits(after_) || parses(newText_) || (!fits(before_) && !parses(oldText_));
 }

@@ -14,7 +14,7 @@ public:
     MarkupChange(const Core::String& before, const Core::String& after);
 
     /// Whether the text is as good as before: well formed if it was, and lexically valid if it was.
-    /// A change of what was neither may be anything.
+    /// A change of what was neither may be anything, but for what no document can hold.
     bool keepsWellFormed() const;
 
 private:
@@ -27,6 +27,7 @@ private:
     XmlScan::Text part(XmlScan::Text text) const;
     bool fits(XmlScan::Text text) const;
     bool keepsLexicallyValid() const;
+    bool keepsToCharacters() const;
 
     const Core::String& oldText_;
     const Core::String& newText_;

@@ -2,9 +2,9 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
 #include "document/EditableDocumentBufferState.h"
-#include "document/FreezeNotifications.h"
 #include "document/MarkupChange.h"
 #include "document/RecordedCommand.h"
 #include "text/XmlScan.h"
@@ -160,17 +160,17 @@ EditableDocumentBuffer::tryInsertText(const String& text, bool isXml, bool selec
         return Insertion::None;
     EditableDocumentBufferState before(this);
     const String oldText = text_;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     if (isXml)
         endKeyTypingSequence(); // markup starts an undo step of its own
-    if (!keyTypingGroup_)
-        keyTypingGroup_ = std::make_unique<EditActionGroup>(this);
+    if (!typingGroup_)
+        typingGroup_ = editActionStack_.openGroup();
     Insertion insertion = insertInPlaceOfSelection(text, isXml, selectInserted);
     if (insertion == Insertion::Done && !MarkupChange(oldText, text_).keepsWellFormed())
         insertion = Insertion::RolledBack;
     if (insertion != Insertion::Done) {
         before.restorePreviousState();
-        freeze.discard();
+        scope.discardNotices();
     }
     return insertion;
 }
