@@ -3,6 +3,7 @@
 #include "document/EditableDocumentBuffer.h"
 
 #include "document/CommandScope.h"
+#include "document/RecordedCommand.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
 #include "foundation/XmlWriter.h"
@@ -126,7 +127,12 @@ int EditableDocumentBuffer::updateRootNamespaces(const String& declaration) {
         return 0;
     PropertyCollection properties;
     properties.addProperty({name, uri}, true);
-    return setPropertiesForElementAt(getRootElementPos(), properties);
+    RecordedCommand command(this);
+    const int shift = setPropertiesForElementAt(getRootElementPos(), properties);
+    if (command.keepsWellFormed())
+        return shift;
+    command.takeBack();
+    return 0;
 }
 
 String EditableDocumentBuffer::getNamespaces() const {
