@@ -1,6 +1,7 @@
 #include "Session.h"
 
 #include "CallTable.h"
+#include "MemoryReserve.h"
 #include "Spelling.h"
 
 #include <forme/document/EditableDocumentBufferState.h>
@@ -150,10 +151,13 @@ Json Session::serveLine(std::string_view line) {
 }
 
 std::string Session::replyTo(std::string_view line) {
+    const MemoryReserve reserve;
     return undivided([&] {
         // What is no UTF-8 can only come from the system, as in the reason of an error.
         Json reply = serveLine(line);
         const TakenApart apart(reply);
-        return reply.dump(-1, ' ', false, Json::error_handler_t::replace);
+        std::string answer = reply.dump(-1, ' ', false, Json::error_handler_t::replace);
+        reserve.requireUntouched();
+        return answer;
     });
 }

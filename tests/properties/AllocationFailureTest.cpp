@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+using namespace std::string_literals;
+
 namespace {
 
 const std::string text =
@@ -173,5 +175,33 @@ TEST(AllocationFailure, TakesTheRequestBackAndLeavesTheNextOneWhole) {
             ++n;
         }
         EXPECT_GT(n, 0) << test.request;
+    }
+}
+
+TEST(AllocationFailure, OfARequestIsAnsweredByAnErrorAndNothingElse) {
+    for (const std::string& request :
+         {type, R"(["getContent"])"s, R"(["deleteXmlText",60,70])"s, R"(["undo"])"s,
+          R"(["insertXmlTextAtPosition",60," "])"s, R"(["getProperties",""])"s, R"(["open","x"])"s,
+          R"(["insertText","p",[["fo:color","blue"]],false,false])"s,
+          R"(["nothing",[[1],{"a":2}]])"s, R"(["setPageMasterEditingMode",true])"s,
+          R"(["setCaretPos",false,1e400])"s}) {
+        Editor editor({{inWord, type}, request});
+        const EditorState before = editor.state();
+        for (long n = 0;; ++n) {
+            std::string reply = "\"error\"";
+            try {
+                const FailingAllocation failure(n);
+                reply = editor.session.replyTo(request);
+            } catch (const std::bad_alloc&) { // which the program answers by an error of its own
+            }
+            if (!FailingAllocation::hasFailed())
+                break;
+            ASSERT_NE(reply.find("\"error\""), std::string::npos)
+                << request << ", allocation " << n;
+            ASSERT_EQ(editor.state(), before) << request << ", allocation " << n;
+            ASSERT_FALSE(editor.session.document().getPageMasterEditingMode());
+        }
+        editor.session.document().setPageMasterEditingMode(false);
+        editor.carryOut(type);
     }
 }

@@ -31,10 +31,14 @@ bool FailingAllocation::hasFailed() {
 }
 
 void* operator new(std::size_t size) {
-    void* memory = mustFail() ? nullptr : std::malloc(size > 0 ? size : 1);
-    if (!memory)
-        throw std::bad_alloc();
-    return memory;
+    for (;;) {
+        if (void* memory = mustFail() ? nullptr : std::malloc(size > 0 ? size : 1))
+            return memory;
+        const std::new_handler handler = std::get_new_handler();
+        if (!handler)
+            throw std::bad_alloc();
+        handler();
+    }
 }
 
 void operator delete(void* memory) noexcept {
