@@ -33,12 +33,6 @@ public:
     }
 };
 
-Json errorReply(const std::string& reason) {
-    Json reply;
-    reply["error"] = reason;
-    return reply;
-}
-
 SmartPtr<EditableDocumentBuffer> makeDocument() {
     SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
     setUpAsHost(*document);
@@ -115,38 +109,34 @@ auto Session::undivided(Answer answer) {
 
 Json Session::carryOut(const Json& request) {
     notices_ = {};
-    Json result = operationFor(request).invoke(*this, request);
+    const Json result = operationFor(request).invoke(*this, request);
     Json notices = Json::array();
     for (const auto& [given, name] : {std::pair(notices_.buffer, "buffer"),
                                       {notices_.caret, "caret"},
                                       {notices_.selection, "selection"}})
         if (given)
             notices.push_back(name);
-    Json reply;
-    reply["result"] = std::move(result);
-    reply["caret"] = document_->getCaretPos();
-    reply["pivot"] = document_->getSelectionPivotPos();
-    reply["notices"] = std::move(notices);
-    return reply;
+    return {{"result", result},
+            {"caret", document_->getCaretPos()},
+            {"pivot", document_->getSelectionPivotPos()},
+            {"notices", notices}};
 }
 
 Json Session::serve(const Json& request) {
     try {
         return undivided([&] { return carryOut(request); });
     } catch (const std::exception& failure) {
-        return errorReply(failure.what());
+        return {{"error", failure.what()}};
     }
 }
 
 Json Session::serveLine(std::string_view line) {
     try {
-        Json request = Json::parse(line);
-        const TakenApart apart(request);
-        return serve(request);
+        return serve(Json::parse(line));
     } catch (const Json::parse_error& failure) {
-        return errorReply("no JSON: column " + std::to_string(failure.byte));
+        return {{"error", "no JSON: column " + std::to_string(failure.byte)}};
     } catch (const Json::out_of_range&) {
-        return errorReply("a number is too large");
+        return {{"error", "a number is too large"}};
     }
 }
 
@@ -154,9 +144,7 @@ std::string Session::replyTo(std::string_view line) {
     const MemoryReserve reserve;
     return undivided([&] {
         // What is no UTF-8 can only come from the system, as in the reason of an error.
-        Json reply = serveLine(line);
-        const TakenApart apart(reply);
-        std::string answer = reply.dump(-1, ' ', false, Json::error_handler_t::replace);
+        std::string answer = serveLine(line).dump(-1, ' ', false, Json::error_handler_t::replace);
         reserve.requireUntouched();
         return answer;
     });

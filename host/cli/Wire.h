@@ -21,29 +21,6 @@ struct Wire;
 
 using Json = nlohmann::json;
 
-/// Takes a value apart when its own scope ends. The destructor of a structured value asks for
-/// memory and ends the program where there is none; that of an empty one does not.
-class TakenApart {
-public:
-    explicit TakenApart(Json& value) : value_(value) {}
-    ~TakenApart() { takeApart(value_, 0); }
-
-    TakenApart(const TakenApart&) = delete;
-    TakenApart& operator=(const TakenApart&) = delete;
-
-private:
-    static void takeApart(Json& value, int depth) {
-        constexpr int deepest = 100; // deeper ones than any request are left to the destructor
-        if (!value.is_structured() || depth > deepest)
-            return;
-        for (Json& part : value)
-            takeApart(part, depth + 1);
-        value.clear();
-    }
-
-    Json& value_;
-};
-
 template <>
 struct Wire<bool> {
     static constexpr const char* name = "bool";
@@ -126,12 +103,10 @@ struct Wire<SmartPtr<Drawing::SpellingError>> {
     static Json write(const SmartPtr<Drawing::SpellingError>& value) {
         if (!value)
             return nullptr;
-        Json error;
-        error["start"] = value->start;
-        error["end"] = value->end;
-        error["dictionaries"] = Wire<Core::StringArray>::write(value->dictionaries);
-        error["suggestions"] = Wire<Core::StringArray>::write(value->suggestions);
-        return error;
+        return {{"start", value->start},
+                {"end", value->end},
+                {"dictionaries", Wire<Core::StringArray>::write(value->dictionaries)},
+                {"suggestions", Wire<Core::StringArray>::write(value->suggestions)}};
     }
 };
 
@@ -154,10 +129,8 @@ struct Wire<std::tuple<T...>> {
         return "[" + names + "]";
     }();
     static Json write(const std::tuple<T...>& values) {
-        Json list = Json::array();
-        std::apply([&list](const T&... value) { (list.push_back(Wire<T>::write(value)), ...); },
-                   values);
-        return list;
+        return std::apply([](const T&... value) { return Json::array({Wire<T>::write(value)...}); },
+                          values);
     }
 };
 
@@ -182,10 +155,8 @@ struct Wire<EditableProperty> {
         return {Wire<Core::String>::read(value[0]), Wire<Core::String>::read(value[1])};
     }
     static Json write(const EditableProperty& value) {
-        Json property = Json::array();
-        property.push_back(Wire<Core::String>::write(value.getName()));
-        property.push_back(Wire<Core::String>::write(value.getValue()));
-        return property;
+        return Json::array({Wire<Core::String>::write(value.getName()),
+                            Wire<Core::String>::write(value.getValue())});
     }
 };
 
@@ -214,13 +185,11 @@ template <>
 struct Wire<ElementInfo> {
     static constexpr const char* name = "element {name, id, repeats, xpath, sort}";
     static Json write(const ElementInfo& value) {
-        Json element;
-        element["name"] = Wire<Core::String>::write(value.name);
-        element["id"] = Wire<Core::String>::write(value.id);
-        element["repeats"] = value.repeats;
-        element["xpath"] = Wire<Core::String>::write(value.xpath);
-        element["sort"] = Wire<Core::String>::write(value.sort);
-        return element;
+        return {{"name", Wire<Core::String>::write(value.name)},
+                {"id", Wire<Core::String>::write(value.id)},
+                {"repeats", value.repeats},
+                {"xpath", Wire<Core::String>::write(value.xpath)},
+                {"sort", Wire<Core::String>::write(value.sort)}};
     }
 };
 
