@@ -1,5 +1,6 @@
 #include "CallTable.h"
 
+#include "RecordedPrimitives.h"
 #include "Session.h"
 
 #include <forme/document/InlineRepeatAlg.h>
@@ -69,6 +70,15 @@ template <typename R, typename... A>
 Operation document(const char* name, R (*function)(A...), const Names& names = {}) {
     return makeOperation<R, A...>(
         name, names, [function](Session&, A... arguments) -> R { return function(arguments...); });
+}
+
+/// An operation that this program makes of what the document offers.
+template <typename R, typename... A>
+Operation onDocument(const char* name, R (*function)(EditableDocumentBuffer&, A...),
+                     const Names& names) {
+    return makeOperation<R, A...>(name, names, [function](Session& session, A... arguments) -> R {
+        return function(session.document(), arguments...);
+    });
 }
 
 /// An operation of the view of the document's lists.
@@ -170,9 +180,11 @@ std::vector<Operation> makeTable() {
         history("history.endActionGroup", &EditActionStack::endActionGroup),
         history("history.startTrackingPos", &EditActionStack::startTrackingPos, {"position"}),
         history("history.retrieveTrackingPos", &EditActionStack::retrieveTrackingPos),
-        document("insertXmlTextAtPosition", &D::insertXmlTextAtPosition, {"position", "xml"}),
-        document("deleteXmlText", &D::deleteXmlText, {"start", "end"}),
-        document("deleteContentAndAdjustCaret", &D::deleteContentAndAdjustCaret, {"start", "end"}),
+        onDocument("insertXmlTextAtPosition", &RecordedPrimitives::insertXmlTextAtPosition,
+                   {"position", "xml"}),
+        onDocument("deleteXmlText", &RecordedPrimitives::deleteXmlText, {"start", "end"}),
+        onDocument("deleteContentAndAdjustCaret", &RecordedPrimitives::deleteContentAndAdjustCaret,
+                   {"start", "end"}),
 
         document("getCaretPos", &D::getCaretPos),
         document("getSelectionPivotPos", &D::getSelectionPivotPos),

@@ -13,6 +13,8 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <limits>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -26,6 +28,11 @@ struct Summary {
     int requests = 0;
     int changes = 0;
 };
+
+void requireOutput() {
+    if (!std::cout.flush())
+        throw std::runtime_error("the output cannot be written");
+}
 
 Core::String wide(const std::string& text) {
     return Core::Encoder::convertUTF8ToString(text);
@@ -86,6 +93,41 @@ bool serveScript(Session& session, const std::string& path, Summary& summary) {
     return true;
 }
 
+/// Answers what the command answers, or after a failure, which is told, the other status. What was
+/// printed must have arrived.
+template <typename Command>
+int statusOf(int afterFailure, Command command) try {
+    const int status = command();
+    requireOutput();
+    return status;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return afterFailure;
+}
+
+/// Reads the next line. Of one that there is no memory for, the rest is left out.
+bool readLine(std::string& line) try {
+    return static_cast<bool>(std::getline(std::cin, line));
+} catch (const std::bad_alloc&) {
+    std::cin.clear();
+    std::cin.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
+    throw;
+}
+
+/// Answers the next line, whatever happens; false at the end of the input.
+bool serveNextLine(Session& session) {
+    try {
+        std::string line;
+        if (!readLine(line))
+            return false;
+        std::cout << session.replyTo(line) << '\n';
+    } catch (const std::bad_alloc&) {
+        std::cout << "{\"error\":\"out of memory\"}\n";
+    }
+    requireOutput();
+    return true;
+}
+
 /// Prints misspelt words and, where standard error is a terminal, keeps a bar below them.
 class SpellingPrinter : public SpellingMonitor {
 public:
@@ -120,73 +162,70 @@ private:
 
 } // namespace
 
-int runScript(const RunOptions& options) try {
-    Session session;
-    session.open(wide(options.document));
-    if (options.show)
-        printText("Before", session);
-    Summary summary;
-    if (!serveScript(session, options.script, summary))
-        return 1;
-    if (options.show) {
-        std::cout << '\n';
-        printText("After", session);
-    }
-    std::cout << summary.requests << (summary.requests == 1 ? " request, " : " requests, ")
-              << summary.changes << " changed the text; "
-              << session.document().getContent().length() << " code units\n";
-    if (!options.output.empty()) {
-        session.save(wide(options.output), static_cast<DocumentEncoding>(options.encoding));
-        std::cout << "written to " << options.output << '\n';
-    }
-    return 0;
-} catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 1;
+int runScript(const RunOptions& options) {
+    return statusOf(1, [&] {
+        Session session;
+        session.open(wide(options.document));
+        if (options.show)
+            printText("Before", session);
+        Summary summary;
+        if (!serveScript(session, options.script, summary))
+            return 1;
+        if (options.show) {
+            std::cout << '\n';
+            printText("After", session);
+        }
+        std::cout << summary.requests << (summary.requests == 1 ? " request, " : " requests, ")
+                  << summary.changes << " changed the text; "
+                  << session.document().getContent().length() << " code units\n";
+        requireOutput();
+        if (!options.output.empty()) {
+            session.save(wide(options.output), static_cast<DocumentEncoding>(options.encoding));
+            std::cout << "written to " << options.output << '\n';
+        }
+        return 0;
+    });
 }
 
-int serveRequests(const std::string& document) try {
-    Session session;
-    if (!document.empty())
-        session.open(wide(document));
-    for (std::string line; std::getline(std::cin, line);)
-        std::cout << session.serveLine(line).dump() << std::endl;
-    return 0;
-} catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 1;
+int serveRequests(const std::string& document) {
+    return statusOf(1, [&] {
+        std::cin.exceptions(std::ios::badbit);
+        Session session;
+        if (!document.empty())
+            session.open(wide(document));
+        while (serveNextLine(session))
+            ;
+        return 0;
+    });
 }
 
-int printStops(const std::string& document) try {
-    std::cout << listStops(document);
-    return 0;
-} catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 1;
+int printStops(const std::string& document) {
+    return statusOf(1, [&] {
+        std::cout << listStops(document);
+        return 0;
+    });
 }
 
 int printCalls() {
-    std::size_t width = 0;
-    for (const Operation& operation : callTable())
-        width = std::max(width, operation.signature().size());
-    for (const Operation& operation : callTable()) {
-        const std::string signature = operation.signature();
-        std::cout << signature << std::string(width + 2 - signature.size(), ' ') << operation.result
-                  << '\n';
-    }
-    return 0;
+    return statusOf(1, [] {
+        std::size_t width = 0;
+        for (const Operation& operation : callTable())
+            width = std::max(width, operation.signature().size());
+        for (const Operation& operation : callTable()) {
+            const std::string signature = operation.signature();
+            std::cout << signature << std::string(width + 2 - signature.size(), ' ')
+                      << operation.result << '\n';
+        }
+        return 0;
+    });
 }
 
-int spellDocument(const SpellOptions& options) try {
-    const SmartPtr<Drawing::SpellChecker> checker = systemSpellChecker();
-    if (!checker)
-        throw std::runtime_error("this program was built without a spell checker");
-    SpellingPrinter printer;
-    const int words = listMisspeltWords(options, *checker, printer);
-    if (!std::cout.flush())
-        throw std::runtime_error("the list could not be written");
-    return words > 0 ? 1 : 0;
-} catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 2;
+int spellDocument(const SpellOptions& options) {
+    return statusOf(2, [&] {
+        const SmartPtr<Drawing::SpellChecker> checker = systemSpellChecker();
+        if (!checker)
+            throw std::runtime_error("this program was built without a spell checker");
+        SpellingPrinter printer;
+        return listMisspeltWords(options, *checker, printer) > 0 ? 1 : 0;
+    });
 }

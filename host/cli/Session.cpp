@@ -1,14 +1,14 @@
 #include "Session.h"
 
 #include "CallTable.h"
+#include "MemoryReserve.h"
 #include "Spelling.h"
 
-#include <forme/foundation/Encoder.h>
-#include <forme/foundation/Exception.h>
+#include <forme/document/EditableDocumentBufferState.h>
 
 #include <exception>
-#include <regex>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -18,17 +18,20 @@ bool hasFoRoot(const Core::String& content) {
     return root >= 0 && (document < 0 || root < document);
 }
 
-/// Whether the text has an XML declaration that names another encoding.
-bool namesOtherEncoding(const Core::String& content, const std::string& encoding) {
-    const int end = content.find(L"?>", 0);
-    if (!content.startsWith(L"<?xml") || end < 0)
-        return false;
-    const std::string declaration = Core::Encoder::toDisplayText(content.subString(0, end));
-    static const std::regex named("\\sencoding\\s*=\\s*[\"']([^\"']*)[\"']");
-    const std::regex wanted(encoding, std::regex::icase);
-    std::smatch name;
-    return std::regex_search(declaration, name, named) && !std::regex_match(name[1].str(), wanted);
-}
+/// A document's XML declaration, if it has one. The scans are there for derived classes.
+class Declaration : public EditableDocumentBuffer {
+public:
+    explicit Declaration(const Core::String& document) {
+        setContent(document.substringBefore(L"?>") + L"?>", true);
+    }
+
+    bool namesOtherEncodingThan(const wchar_t* encoding) const {
+        int attribute = -1;
+        return getNameForTagAtPosition(0, true) == L"?xml" &&
+               containsAttribute(1, L"encoding", attribute) &&
+               getValueForAttributeAt(attribute).compareNoCase(encoding) != 0;
+    }
+};
 
 SmartPtr<EditableDocumentBuffer> makeDocument() {
     SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
@@ -64,7 +67,7 @@ Session::~Session() {
     document_->setMonitor(nullptr);
 }
 
-void Session::adopt(const SmartPtr<EditableDocumentBuffer>& document) {
+void Session::adopt(const SmartPtr<EditableDocumentBuffer>& document) noexcept {
     if (document_)
         document_->setMonitor(nullptr);
     document_ = document;
@@ -75,13 +78,14 @@ void Session::open(const Core::String& path) {
     const SmartPtr<EditableDocumentBuffer> opened = makeDocument();
     loadDocument(*opened, path);
     adopt(opened);
-    notices_ = {"buffer", "caret"};
+    notices_ = {.buffer = true, .caret = true};
 }
 
 void Session::save(const Core::String& path, DocumentEncoding encoding) {
+    const wchar_t* name = encoding == DocumentEncoding::Utf16WithMark ? L"UTF-16" : L"UTF-8";
     const Core::String content = document_->getContent();
-    const char* name = encoding == DocumentEncoding::Utf16WithMark ? "UTF-16" : "UTF-8";
-    if (!namesOtherEncoding(content, name))
+    const SmartPtr<Declaration> declaration(new Declaration(content));
+    if (!declaration->namesOtherEncodingThan(name))
         return document_->saveToFile(path, encoding);
     const SmartPtr<EditableDocumentBuffer> renamed(new EditableDocumentBuffer);
     renamed->setContent(content, true);
@@ -89,14 +93,38 @@ void Session::save(const Core::String& path, DocumentEncoding encoding) {
     renamed->saveToFile(path, encoding);
 }
 
-Json Session::serve(const Json& request) {
-    notices_.clear();
+/// What happened is taken back when it cannot be told, so that after an error nothing has changed.
+template <typename Answer>
+auto Session::undivided(Answer answer) {
+    const SmartPtr<EditableDocumentBuffer> document = document_;
+    EditableDocumentBufferState before(document.get());
     try {
-        const Json result = operationFor(request).invoke(*this, request);
-        return {{"result", result},
-                {"caret", document_->getCaretPos()},
-                {"pivot", document_->getSelectionPivotPos()},
-                {"notices", notices_}};
+        return answer();
+    } catch (...) {
+        before.restorePreviousState();
+        adopt(document);
+        throw;
+    }
+}
+
+Json Session::carryOut(const Json& request) {
+    notices_ = {};
+    const Json result = operationFor(request).invoke(*this, request);
+    Json notices = Json::array();
+    for (const auto& [given, name] : {std::pair(notices_.buffer, "buffer"),
+                                      {notices_.caret, "caret"},
+                                      {notices_.selection, "selection"}})
+        if (given)
+            notices.push_back(name);
+    return {{"result", result},
+            {"caret", document_->getCaretPos()},
+            {"pivot", document_->getSelectionPivotPos()},
+            {"notices", notices}};
+}
+
+Json Session::serve(const Json& request) {
+    try {
+        return undivided([&] { return carryOut(request); });
     } catch (const std::exception& failure) {
         return {{"error", failure.what()}};
     }
@@ -107,5 +135,17 @@ Json Session::serveLine(std::string_view line) {
         return serve(Json::parse(line));
     } catch (const Json::parse_error& failure) {
         return {{"error", "no JSON: column " + std::to_string(failure.byte)}};
+    } catch (const Json::out_of_range&) {
+        return {{"error", "a number is too large"}};
     }
+}
+
+std::string Session::replyTo(std::string_view line) {
+    const MemoryReserve reserve;
+    return undivided([&] {
+        // What is no UTF-8 can only come from the system, as in the reason of an error.
+        std::string answer = serveLine(line).dump(-1, ' ', false, Json::error_handler_t::replace);
+        reserve.requireUntouched();
+        return answer;
+    });
 }

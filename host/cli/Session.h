@@ -8,7 +8,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// Registers the names that a host registers as a rule.
 void setUpAsHost(EditableDocumentBuffer& document);
@@ -40,14 +39,26 @@ public:
     Json serve(const Json& request);
     /// The same for a line of text.
     Json serveLine(std::string_view line);
+    /// The same, with the reply as a line of text.
+    std::string replyTo(std::string_view line);
 
 private:
-    void onBufferChanged() override { notices_.emplace_back("buffer"); }
-    void onCaretChanged() override { notices_.emplace_back("caret"); }
-    void onSelectionChanged() override { notices_.emplace_back("selection"); }
+    /// What the monitor heard. A monitor must not raise, so that no memory is asked for.
+    struct Notices {
+        bool buffer = false;
+        bool caret = false;
+        bool selection = false;
+    };
 
-    void adopt(const SmartPtr<EditableDocumentBuffer>& document);
+    void onBufferChanged() override { notices_.buffer = true; }
+    void onCaretChanged() override { notices_.caret = true; }
+    void onSelectionChanged() override { notices_.selection = true; }
+
+    template <typename Answer>
+    auto undivided(Answer answer);
+    Json carryOut(const Json& request);
+    void adopt(const SmartPtr<EditableDocumentBuffer>& document) noexcept;
 
     SmartPtr<EditableDocumentBuffer> document_;
-    std::vector<std::string> notices_;
+    Notices notices_;
 };

@@ -3,7 +3,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <csignal>
+#include <iostream>
+
 int main(int argc, char** argv) {
+    // A file that grows too large is then an error like any other, and the half of it goes.
+    std::signal(SIGXFSZ, SIG_IGN);
+
     CLI::App app{"Edits page-oriented documents by script or by request."};
     app.require_subcommand(1);
 
@@ -43,7 +49,8 @@ int main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& outcome) { // a call for help is one too
-        return app.exit(outcome) == 0 ? 0 : 2;
+        const bool isHelp = app.exit(outcome) == 0;
+        return isHelp && std::cout.flush() ? 0 : 2;
     }
     if (run->parsed())
         return runScript(options);

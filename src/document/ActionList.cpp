@@ -1,7 +1,11 @@
 #include "document/ActionList.h"
 
+#include <new>
 #include <utility>
-#include <vector>
+
+ActionList::ActionList(ActionList&& other) noexcept
+    : newest_(std::move(other.newest_)), size_(std::exchange(other.size_, 0)),
+      dropped_(std::exchange(other.dropped_, 0)) {}
 
 ActionList& ActionList::operator=(ActionList other) noexcept {
     std::swap(newest_, other.newest_);
@@ -15,7 +19,12 @@ ActionList::~ActionList() {
 }
 
 void ActionList::pushBack(const EditAction& action) {
-    newest_ = std::make_shared<Node>(Node{action, newest_});
+    pushBack(Prepared(action));
+}
+
+void ActionList::pushBack(Prepared record) noexcept {
+    record.node_->older = std::move(newest_);
+    newest_ = std::move(record.node_);
     ++size_;
 }
 
@@ -32,8 +41,13 @@ void ActionList::dropFront() {
     --size_;
     ++dropped_;
     // Cutting the chain copies it, so that it is done once for as many drops as there are records.
-    if (dropped_ > size_)
+    if (dropped_ <= size_)
+        return;
+    try {
         cutDropped();
+    } catch (const std::bad_alloc&) {
+        // What was dropped is only kept for longer: the next drop tries again.
+    }
 }
 
 void ActionList::clear() {
@@ -44,15 +58,15 @@ void ActionList::clear() {
 }
 
 void ActionList::cutDropped() {
-    std::vector<EditAction> kept;
-    kept.reserve(size_);
+    ActionList kept;
+    std::shared_ptr<Node>* end = &kept.newest_;
     forEachFromBack([&](const EditAction& action) {
-        kept.push_back(action);
+        *end = std::make_shared<Node>(Node{action, nullptr});
+        end = &(*end)->older;
         return true;
     });
-    clear();
-    for (auto action = kept.rbegin(); action != kept.rend(); ++action)
-        pushBack(*action);
+    kept.size_ = size_;
+    *this = std::move(kept);
 }
 
 /// Lets a chain go record by record: left to itself, its end would recurse once for each.

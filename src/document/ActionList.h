@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <utility>
 
 /// The records of one direction of the history, the next to replay at the back. Copies share their
 /// records, so that a snapshot of a long history costs nothing: the list is a chain from the newest
@@ -12,15 +13,19 @@ class ActionList {
 public:
     ActionList() = default;
     ActionList(const ActionList&) = default;
+    ActionList(ActionList&& other) noexcept;
     ActionList& operator=(ActionList other) noexcept;
     ~ActionList();
 
     bool empty() const { return size_ == 0; }
     std::size_t size() const { return size_; }
 
+    class Prepared;
+
+    void pushBack(const EditAction& action);
+    void pushBack(Prepared record) noexcept;
     /// The next to replay; the list must not be empty.
     const EditAction& back() const { return newest_->action; }
-    void pushBack(const EditAction& action);
     EditAction takeBack();
     /// Removes the oldest record.
     void dropFront();
@@ -46,4 +51,23 @@ private:
     std::shared_ptr<Node> newest_;
     std::size_t size_ = 0;
     std::size_t dropped_ = 0; // records behind the oldest that the chain still holds
+};
+
+/// A record that has its memory, so that pushing it cannot fail. A copy has memory of its own.
+class ActionList::Prepared {
+public:
+    explicit Prepared(const EditAction& action)
+        : node_(std::make_shared<Node>(Node{action, nullptr})) {}
+    Prepared(const Prepared& other) : Prepared(other.node_->action) {}
+    Prepared(Prepared&&) noexcept = default;
+    Prepared& operator=(Prepared other) noexcept {
+        node_ = std::move(other.node_);
+        return *this;
+    }
+    ~Prepared() = default;
+
+private:
+    friend class ActionList;
+
+    std::shared_ptr<Node> node_;
 };

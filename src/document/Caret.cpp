@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "text/XmlScan.h"
 
 void EditableDocumentBuffer::setCaret(bool extend, int position) {
@@ -41,7 +41,7 @@ void EditableDocumentBuffer::setCaretPos(bool extend, int position) {
     if (position != -1 &&
         (isOnInvalidPosition(position) || XmlScan::unitStart(text_.view(), position) != position))
         return;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     setCaret(extend, position);
 }

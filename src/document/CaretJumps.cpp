@@ -3,7 +3,7 @@
 #include "document/EditableDocumentBuffer.h"
 
 #include "document/CaretWalk.h"
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -34,7 +34,7 @@ const StringArray& sideRegions() {
 // Flows
 
 void EditableDocumentBuffer::moveCaretToFirstFoFlow() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const int first = getNextValidCaretPos(0);
     setCaret(false, getNextPositionAdjustedToFoFlow(first));
 }
@@ -65,7 +65,7 @@ bool EditableDocumentBuffer::moveCaretToReference(int sequenceIndex, int offset)
     const int target = outsideMarkup(start + offset);
     if (target < start || !inEditableElement(target))
         return false;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     setCaret(false, target);
     return true;
 }

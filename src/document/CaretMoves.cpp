@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "document/PageOrder.h"
 #include "text/XmlScan.h"
 
@@ -29,7 +29,7 @@ bool isAtomicObjectAt(Text text, int position) {
 // Right
 
 void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool mergeBoundaries) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     if (isOnInvalidPosition(caretPos_))
         return;
     endKeyTypingSequence();
@@ -69,7 +69,7 @@ bool EditableDocumentBuffer::moveRightThroughTable() {
 // Left
 
 void EditableDocumentBuffer::moveCaretLeft(bool extend, bool byWord, bool mergeBoundaries) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     if (isOnInvalidPosition(caretPos_))
         return;
@@ -120,12 +120,12 @@ bool EditableDocumentBuffer::isInOneElement(int position, int other) const {
 // Home and end
 
 void EditableDocumentBuffer::moveCaretHome(bool extend) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     setCaret(extend, homePosition(staticContentAround(caretPos_)));
 }
 
 void EditableDocumentBuffer::moveCaretToEnd(bool extend) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const int region = staticContentAround(caretPos_);
     if (!pageMasterEditingMode_ || region >= 0)
         setCaret(extend, endPosition(region));

@@ -2,8 +2,9 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
-#include "document/FreezeNotifications.h"
+#include "document/RecordedCommand.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
 #include "foundation/XmlWriter.h"
@@ -63,7 +64,7 @@ bool isPrefix(std::wstring_view name) {
 } // namespace
 
 void EditableDocumentBuffer::setContent(const String& content, bool resetHistory) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     std::optional<EditActionGroup> step;
     if (!resetHistory) {
@@ -94,7 +95,7 @@ void EditableDocumentBuffer::replaceText(const String& content) {
 }
 
 void EditableDocumentBuffer::setContentFromFile(const String& path) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const SmartPtr<Core::IO::Stream> file(new Core::IO::FileStream(path, false, false, false));
     setContent(Core::IO::XmlReader(file).readToEnd(), true);
 }
@@ -130,7 +131,12 @@ int EditableDocumentBuffer::updateRootNamespaces(const String& declaration) {
         return 0;
     PropertyCollection properties;
     properties.addProperty({name, uri}, true);
-    return setPropertiesForElementAt(getRootElementPos(), properties);
+    RecordedCommand command(this);
+    const int shift = setPropertiesForElementAt(getRootElementPos(), properties);
+    if (command.mayStand())
+        return shift;
+    command.takeBack();
+    return 0;
 }
 
 String EditableDocumentBuffer::getNamespaces() const {

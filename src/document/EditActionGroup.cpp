@@ -4,7 +4,7 @@
 #include "document/EditableDocumentBuffer.h"
 
 EditActionGroup::EditActionGroup(EditActionStack* stack)
-    : EditActionGroup(stack, stack->openGroup()) {}
+    : stack_(stack), group_(stack->openGroup()) {}
 
 EditActionGroup::EditActionGroup(EditableDocumentBuffer* buffer)
     : EditActionGroup(&buffer->getEditActionStack()) {}

@@ -16,11 +16,6 @@ public:
     EditActionGroup& operator=(const EditActionGroup&) = delete;
 
 private:
-    friend class EditableDocumentBufferState;
-
-    /// Takes up a group that is open on the stack already.
-    EditActionGroup(EditActionStack* stack, unsigned group) : stack_(stack), group_(group) {}
-
     EditActionStack* stack_;
     unsigned group_;
 };

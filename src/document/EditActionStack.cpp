@@ -5,6 +5,7 @@
 #include "foundation/Exception.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -26,10 +27,11 @@ void forgetIn(ActionList& actions, ForgottenStretch stretch) {
 void EditActionStack::addAction(const EditAction& action) {
     if (action.getString().empty() && action.getType() != EditAction::EditCaret)
         return;
+    ActionList::Prepared record(action.inverse());
     if (undoActions_.size() + 1 > static_cast<std::size_t>(limit_) && !undoActions_.empty())
         undoActions_.dropFront();
     track(action);
-    push(action.inverse());
+    push(std::move(record));
     redoActions_.clear();
 }
 
@@ -44,8 +46,8 @@ EditAction EditActionStack::getRedoAction() {
 EditAction EditActionStack::moveBack(ActionList& from, ActionList& to) {
     if (from.empty())
         throw Core::Exception(L"history: nothing to undo or redo");
+    to.pushBack(from.back().inverse());
     EditAction action = from.takeBack();
-    to.pushBack(action.inverse());
     track(action);
     return action;
 }
@@ -62,17 +64,17 @@ bool EditActionStack::nextUndoStepIsWhole() const {
     return depth <= 0;
 }
 
-void EditActionStack::push(const EditAction& undone) {
-    undoActions_.pushBack(undone);
+void EditActionStack::push(ActionList::Prepared undone) noexcept {
+    undoActions_.pushBack(std::move(undone));
     ++recorded_;
 }
 
 void EditActionStack::startActionGroup() {
-    push(EditAction(EditAction::EditGroupStart));
+    push(ActionList::Prepared(EditAction(EditAction::EditGroupStart)));
 }
 
 void EditActionStack::endActionGroup() {
-    push(EditAction(EditAction::EditGroupEnd));
+    push(ActionList::Prepared(EditAction(EditAction::EditGroupEnd)));
 }
 
 void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
@@ -87,22 +89,25 @@ void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
 }
 
 unsigned EditActionStack::openGroup() {
-    startActionGroup();
-    openGroups_.push_back(++lastGroup_);
-    return lastGroup_;
+    ActionList::Prepared start(EditAction(EditAction::EditGroupStart));
+    openGroups_.push_back(
+        {lastGroup_ + 1, ActionList::Prepared(EditAction(EditAction::EditGroupEnd))});
+    push(std::move(start));
+    return ++lastGroup_;
 }
 
-void EditActionStack::closeGroup(unsigned group) {
-    const auto open = std::find(openGroups_.begin(), openGroups_.end(), group);
+void EditActionStack::closeGroup(unsigned group) noexcept {
+    const auto open = std::find_if(openGroups_.begin(), openGroups_.end(),
+                                   [group](const OpenGroup& one) { return one.number == group; });
     if (open == openGroups_.end())
         return;
+    push(std::move(open->end));
     openGroups_.erase(open);
-    endActionGroup();
 }
 
-void EditActionStack::restore(const EditActionStack& earlier) {
+void EditActionStack::restore(EditActionStack&& earlier) noexcept {
     const unsigned lastGroup = lastGroup_;
-    *this = earlier;
+    *this = std::move(earlier);
     lastGroup_ = lastGroup;
 }
 
@@ -127,7 +132,8 @@ void EditActionStack::track(const EditAction& performed) {
     if (trackingPos_ < 0 || trackingPos_ < performed.getActionPosition())
         return;
     if (performed.getType() == EditAction::EditInsert)
-        trackingPos_ += performed.getString().length();
+        trackingPos_ += std::min(performed.getString().length(),
+                                 std::numeric_limits<int>::max() - trackingPos_);
     else if (performed.getType() == EditAction::EditDelete)
         trackingPos_ -= performed.getString().length();
 }

@@ -58,26 +58,32 @@ public:
 
 private:
     friend class EditActionGroup;
+    friend class EditableDocumentBuffer;
     friend class EditableDocumentBufferState;
 
     /// Goes back to a copy made earlier. Numbers of groups are never used twice.
-    void restore(const EditActionStack& earlier);
+    void restore(EditActionStack&& earlier) noexcept;
 
     /// Groups that are open, by number. A snapshot keeps the list, so that a group opened after it
     /// adds no end marker once the snapshot is restored.
+    struct OpenGroup {
+        unsigned number;
+        ActionList::Prepared end; // so that a scope can always end
+    };
+
     unsigned openGroup();
-    void closeGroup(unsigned group);
+    void closeGroup(unsigned group) noexcept;
 
     EditAction moveBack(ActionList& from, ActionList& to);
     void track(const EditAction& performed);
 
-    void push(const EditAction& undone);
+    void push(ActionList::Prepared undone) noexcept;
 
     ActionList undoActions_;
     ActionList redoActions_;
     int limit_;
     std::size_t recorded_ = 0;
     int trackingPos_ = -1;
-    std::vector<unsigned> openGroups_;
+    std::vector<OpenGroup> openGroups_;
     unsigned lastGroup_ = 0;
 };

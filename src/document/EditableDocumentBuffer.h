@@ -15,7 +15,7 @@
 #include "foundation/Vector.h"
 #include "text/EditableXmlBuffer.h"
 
-#include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -167,7 +167,7 @@ public:
     bool canRedo() const { return editActionStack_.hasMoreRedoActions(); }
 
     /// Ends a run of typing, so that what is typed next is a step of its own.
-    void endKeyTypingSequence() { keyTypingGroup_.reset(); }
+    void endKeyTypingSequence();
 
     /// The history, for those who bracket several operations or keep an offset valid across them.
     EditActionStack& getEditActionStack() { return editActionStack_; }
@@ -771,6 +771,7 @@ protected:
     void formatInline(int from, int to, PropertyCollection properties);
 
 private:
+    friend class CommandScope;
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
     friend class PageOrder;
@@ -999,7 +1000,9 @@ private:
     EditActionStack editActionStack_;
     Core::String selectedElementName_; // what selectParent() selected last
     IEditableBufferMonitor* monitor_ = nullptr;
-    std::unique_ptr<EditActionGroup> keyTypingGroup_;
+    bool isInCommand_ = false;
+    std::optional<unsigned>
+        typingGroup_; // the group of the history that a run of typing keeps open
     Core::StringArray editableElements_;
     Core::StringArray inlineEditableElements_;
     SmartPtr<Core::Object> tableBufferCache_;

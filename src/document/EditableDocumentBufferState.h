@@ -1,16 +1,16 @@
 #pragma once
 
 #include "document/EditActionStack.h"
+#include "document/EditableDocumentBuffer.h"
 #include "foundation/Api.h"
 #include "foundation/String.h"
 
 #include <optional>
 
-class EditableDocumentBuffer;
-
 /// A snapshot of a buffer from which a command that failed takes everything back: text, caret,
-/// pivot, both lists of the history, the open groups and the typing run. Text and lists are shared
-/// with the buffer, so that a snapshot costs the same for every document.
+/// pivot, both lists of the history, the open groups, the typing run, the running search and the
+/// modes. Text and lists are shared with the buffer, so that a snapshot costs the same for every
+/// document.
 class FORME_API EditableDocumentBufferState {
 public:
     explicit EditableDocumentBufferState(EditableDocumentBuffer* buffer);
@@ -19,9 +19,9 @@ public:
     EditableDocumentBufferState(const EditableDocumentBufferState&) = delete;
     EditableDocumentBufferState& operator=(const EditableDocumentBufferState&) = delete;
 
-    /// Writes everything back without telling the monitor. A group that was opened since the
-    /// snapshot adds nothing to the history when its scope ends.
-    void restorePreviousState();
+    /// Writes everything back without telling the monitor, which uses the snapshot up. A group that
+    /// was opened since the snapshot adds nothing to the history when its scope ends.
+    void restorePreviousState() noexcept;
 
     /// Puts one undo step, the replacement of the text as it was by what it is now, in the place of
     /// all that was recorded since the snapshot.
@@ -34,4 +34,8 @@ private:
     int selectionPivotPos_;
     EditActionStack editActionStack_;
     std::optional<unsigned> typingGroup_;
+    Core::String selectedElementName_;
+    EditableDocumentBuffer::RunningSearch search_;
+    bool pageMasterEditingMode_;
+    bool editingDummyPage_;
 };

@@ -1,8 +1,8 @@
 // Finding text and replacing it.
 
 #include "document/CaretWalk.h"
+#include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
-#include "document/FreezeNotifications.h"
 #include "document/RecordedCommand.h"
 #include "text/XmlScan.h"
 
@@ -236,7 +236,7 @@ bool TextSearch::wasFoundBefore(int match) const {
 
 int EditableDocumentBuffer::findReplace(const String& find, const String& replacement, bool,
                                         bool wholeWord, Direction direction, bool replace) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     const SearchRequest request{find, wholeWord, direction, replace};
     if (!replace)
@@ -258,7 +258,9 @@ int EditableDocumentBuffer::findReplace(const String& find, const String& replac
     if (!replaced) {
         const int pivot = selectionPivotPos_;
         const int caret = caretPos_;
+        const RunningSearch search = search_;
         command.takeBack();
+        search_ = search; // which goes on, although nothing was replaced
         if (match >= 0)
             selectRange(pivot, caret);
     }

@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "document/RecordedCommand.h"
 #include "foundation/ObjectId.h"
 
@@ -28,7 +28,7 @@ const StringArray& conditionalSequences() {
 } // namespace
 
 void EditableDocumentBuffer::saveInitialPosition(bool save) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     if (!save) {
         forgetInitialPosition();
         return;
@@ -73,7 +73,7 @@ String EditableDocumentBuffer::idOfElement(int element) {
 }
 
 void EditableDocumentBuffer::loadInitialPosition() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const String id =
         getPropertiesFromElementAt(getRootElementPos()).getPropertyValue(initialPosition);
     if (id.empty())

@@ -2,6 +2,7 @@
 
 #include "document/XmlValidator.h"
 #include "foundation/WellFormed.h"
+#include "text/XmlCharacters.h"
 
 #include <algorithm>
 #include <set>
@@ -230,10 +231,15 @@ bool MarkupChange::keepsLexicallyValid() const {
     return XmlValidator(newText_).validate() || !XmlValidator(oldText_).validate();
 }
 
+bool MarkupChange::keepsToCharacters() const {
+    return XmlCharacters::countForbidden(part(after_)) <=
+           XmlCharacters::countForbidden(part(before_));
+}
+
 bool MarkupChange::keepsWellFormed() const {
     if (isPlain_)
         return true;
-    if (!keepsLexicallyValid())
+    if (!keepsToCharacters() || !keepsLexicallyValid())
         return false;
     if (isAroundRoot_)
         return isWhole(after_) || !isWhole(before_);

@@ -15,7 +15,8 @@ public:
     MarkupChange(const Core::String& before, const Core::String& after);
 
     /// Whether the text is as good as before: what changed is well formed if it was, and the text
-    /// lexically valid if it was. A change of what was neither may be anything.
+    /// lexically valid if it was. A change of what was neither may be anything, but for what no
+    /// document can hold.
     bool keepsWellFormed() const;
 
 private:
@@ -30,6 +31,7 @@ private:
     std::vector<int> openTagsBefore(int position) const;
     bool partFits() const;
     bool keepsLexicallyValid() const;
+    bool keepsToCharacters() const;
 
     const Core::String& oldText_;
     const Core::String& newText_;

@@ -32,13 +32,14 @@ std::vector<Text> flowsOf(Text text) {
 } // namespace
 
 RecordedCommand::RecordedCommand(EditableDocumentBuffer* buffer)
-    : buffer_(buffer), freeze_(buffer), before_(buffer), oldText_(buffer->getContent()),
+    : buffer_(buffer), scope_(buffer), before_(buffer), oldText_(buffer->getContent()),
       group_(afterTyping(buffer)) {}
 
 /// The step is closed before the monitor hears.
-RecordedCommand::~RecordedCommand() {
+RecordedCommand::~RecordedCommand() noexcept(false) {
     group_.reset();
-    if (!buffer_->getEditActionStack().nextUndoStepIsWhole() && buffer_->getContent() != oldText_)
+    if (!scope_.isFailing() && !buffer_->getEditActionStack().nextUndoStepIsWhole() &&
+        buffer_->getContent() != oldText_)
         before_.recordReplacement();
 }
 
@@ -51,5 +52,5 @@ bool RecordedCommand::mayStand() const {
 
 void RecordedCommand::takeBack() {
     before_.restorePreviousState();
-    freeze_.discard();
+    scope_.discardNotices();
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/EditableDocumentBufferState.h"
-#include "document/FreezeNotifications.h"
 #include "foundation/String.h"
 
 #include <optional>
@@ -15,7 +15,8 @@
 class RecordedCommand {
 public:
     explicit RecordedCommand(EditableDocumentBuffer* buffer);
-    ~RecordedCommand();
+    /// Raises when the step cannot be recorded; then nothing has happened.
+    ~RecordedCommand() noexcept(false);
 
     RecordedCommand(const RecordedCommand&) = delete;
     RecordedCommand& operator=(const RecordedCommand&) = delete;
@@ -30,7 +31,7 @@ public:
 
 private:
     EditableDocumentBuffer* buffer_;
-    FreezeNotifications freeze_;
+    CommandScope scope_;
     EditableDocumentBufferState before_;
     Core::String oldText_;
     std::optional<EditActionGroup> group_;

@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ bool EditableDocumentBuffer::offsetIsInSelection(int offset) const {
 }
 
 void EditableDocumentBuffer::resetSelection() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     setCaret(false, caretPos_);
 }
@@ -43,7 +43,7 @@ void EditableDocumentBuffer::selectRange(int pivot, int caret) {
 // Setting
 
 void EditableDocumentBuffer::selectCurrentElement() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const int element = getCurrentElementPosition(caretPos_);
     const int behind = positionBehindElement(element);
     if (element >= 0 && behind >= 0)
@@ -51,7 +51,7 @@ void EditableDocumentBuffer::selectCurrentElement() {
 }
 
 void EditableDocumentBuffer::selectElement(const String& path) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const int element = getElementPositionFromPath(path, caretPos_);
     const int closing = getClosingTagForTagAtPosition(element);
     // Deliberate: unlike selectCurrentElement() this leaves the closing tag out.
@@ -60,7 +60,7 @@ void EditableDocumentBuffer::selectElement(const String& path) {
 }
 
 void EditableDocumentBuffer::selectElementStartingAtCaretPosition() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     setCaret(true, positionBehindElement(caretPos_));
 }
 
@@ -71,7 +71,7 @@ int EditableDocumentBuffer::positionBehindElement(int element) const {
 // Growing outward
 
 void EditableDocumentBuffer::selectParent() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const String parentName = getParentElementName(caretPos_);
     const StopRange content = stopsOfElement(searchParent(parentName, caretPos_, false, true, L""));
     if (!hasSelectedText() || selectedElementName_.empty())

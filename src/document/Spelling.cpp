@@ -1,9 +1,8 @@
 // The words of the document as a spell checker sees them.
 
 #include "document/CaretWalk.h"
+#include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
-#include "document/EditableDocumentBufferState.h"
-#include "document/FreezeNotifications.h"
 #include "text/XmlScan.h"
 
 #include <bitset>
@@ -158,18 +157,11 @@ int EditableDocumentBuffer::getNextWordStartPosition(int position, const String&
 SmartPtr<SpellingError>
 EditableDocumentBuffer::getNextSpellingError(const String& defaultDictionaries, bool restart) {
     SpellChecker& checker = *spellChecker_; // raises before anything has changed
-    EditableDocumentBufferState before(this);
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
-    try {
-        if (restart)
-            moveCaretToFirstFoFlow();
-        return selectMisspeltWord(checker, dictionariesAtCaret(defaultDictionaries));
-    } catch (...) {
-        before.restorePreviousState();
-        freeze.discard();
-        throw;
-    }
+    if (restart)
+        moveCaretToFirstFoFlow();
+    return selectMisspeltWord(checker, dictionariesAtCaret(defaultDictionaries));
 }
 
 SmartPtr<SpellingError>

@@ -2,9 +2,9 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
 #include "document/EditableDocumentBufferState.h"
-#include "document/FreezeNotifications.h"
 #include "document/MarkupChange.h"
 #include "document/RecordedCommand.h"
 #include "text/XmlScan.h"
@@ -155,19 +155,19 @@ EditableDocumentBuffer::tryInsertText(const String& text, bool isXml, bool selec
         return Insertion::None;
     std::optional<EditableDocumentBufferState> before(this);
     const String oldText = text_;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     if (isXml)
         endKeyTypingSequence(); // markup starts an undo step of its own
-    const bool isFirst = !keyTypingGroup_;
+    const bool isFirst = !typingGroup_;
     if (isFirst)
-        keyTypingGroup_ = std::make_unique<EditActionGroup>(this);
+        typingGroup_ = editActionStack_.openGroup();
     const std::size_t recorded = editActionStack_.recordedCount();
     Insertion insertion = insertInPlaceOfSelection(text, isXml, selectInserted);
     if (insertion == Insertion::Done && !MarkupChange(oldText, text_).keepsWellFormed())
         insertion = Insertion::RolledBack;
     if (insertion != Insertion::Done) {
         before->restorePreviousState();
-        freeze.discard();
+        scope.discardNotices();
         return insertion;
     }
     before.reset(); // the record that grows is then shared with nobody and need not be copied

@@ -2,7 +2,9 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
+
+#include <utility>
 
 using Core::String;
 
@@ -22,6 +24,7 @@ int offsetAfterDeletion(int offset, int start, int end) {
 void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String& xml) {
     if (position < 0 || position > text_.length())
         return;
+    CommandScope scope(this);
     const auto moved = [&](int offset) {
         return offset >= position ? offset + xml.length() : offset;
     };
@@ -33,6 +36,7 @@ void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String&
 String EditableDocumentBuffer::deleteXmlText(int start, int end) {
     if (isOnInvalidPosition(start) || isOnInvalidPosition(end) || end < start)
         return {};
+    CommandScope scope(this);
     String removed = text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end));
     text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start + 1));
     textChangedFrom(start);
@@ -44,7 +48,7 @@ String EditableDocumentBuffer::deleteXmlText(int start, int end) {
 String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
     if (start < 0 || start > end || isOnInvalidPosition(end))
         return {};
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     String removed = deleteXmlText(start, end - 1);
     adjustCaretToAnEditablePosition();
     setCaret(false, start);
@@ -53,15 +57,15 @@ String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
 }
 
 void EditableDocumentBuffer::placeCaretAfterEdit(int caret, int pivot) {
-    FreezeNotifications freeze(this); // the monitor hears of the text before the caret
-    placeCaret(false, pivot);         // also where it is kept out of: it goes along with its text
+    CommandScope scope(this); // the monitor hears of the text before the caret
+    placeCaret(false, pivot); // also where it is kept out of: it goes along with its text
     if (caret != pivot)
         placeCaret(true, caret);
     notifyBufferChanged();
 }
 
 void EditableDocumentBuffer::executeAction(const EditAction& action) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const String& text = action.getString();
     const int position = action.getActionPosition();
     switch (action.getType()) {
@@ -97,8 +101,13 @@ void EditableDocumentBuffer::replayCaret(int pivot, int caret) {
     }
 }
 
+void EditableDocumentBuffer::endKeyTypingSequence() {
+    if (typingGroup_)
+        editActionStack_.closeGroup(*std::exchange(typingGroup_, std::nullopt));
+}
+
 void EditableDocumentBuffer::undo() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     if (!canUndo())
         return;
@@ -109,7 +118,7 @@ void EditableDocumentBuffer::undo() {
 }
 
 void EditableDocumentBuffer::redo() {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     if (canRedo())
         replayStep(&EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);

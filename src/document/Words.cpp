@@ -3,7 +3,7 @@
 #include "document/EditableDocumentBuffer.h"
 
 #include "document/CaretWalk.h"
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "text/XmlScan.h"
 
 #include <optional>
@@ -184,7 +184,7 @@ bool WordWalk::isPlaceholderAtEnd(int position) const {
 // The steps
 
 void EditableDocumentBuffer::jumpToNextWord(bool extend) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     const int start = caretPos_;
     int behindEdge = -1;
@@ -226,7 +226,7 @@ bool EditableDocumentBuffer::stepOverTag(bool extend) {
 }
 
 void EditableDocumentBuffer::jumpToPreviousWord(bool extend) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     while (stepToPreviousWord(extend) && !moveLeftThroughTable()) {
     }

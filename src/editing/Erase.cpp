@@ -1,8 +1,8 @@
 // Backspace and Delete as commands, and what they repair afterwards.
 
 #include "document/CaretWalk.h"
+#include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
-#include "document/FreezeNotifications.h"
 #include "document/RecordedCommand.h"
 #include "editing/BlockLevel.h"
 #include "editing/ListBuffer.h"
@@ -54,12 +54,12 @@ bool EditableDocumentBuffer::isInRegion(int position) const {
 bool EditableDocumentBuffer::wordStaysInCell(bool forward) {
     if (!isInElementContext(L"fo:table-cell", caretPos_))
         return true;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     const int start = caretPos_;
     selectWord(forward);
     const int end = caretPos_;
     placeCaret(false, start);
-    freeze.discard();
+    scope.discardNotices();
     return isInCellAround(start, end);
 }
 

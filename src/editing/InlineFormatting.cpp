@@ -2,8 +2,8 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
-#include "document/FreezeNotifications.h"
 #include "document/RecordedCommand.h"
 
 #include <algorithm>
@@ -50,7 +50,7 @@ void EditableDocumentBuffer::formatSelection(const PropertyCollection& propertie
 void EditableDocumentBuffer::formatInline(int from, int to, PropertyCollection properties) {
     if (isOnInvalidPosition(from) || isOnInvalidPosition(to))
         return;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     EditActionGroup group(this);
     recordCaret();

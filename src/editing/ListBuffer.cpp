@@ -3,8 +3,8 @@
 #include "editing/ListBuffer.h"
 
 #include "document/CaretWalk.h"
+#include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
-#include "document/FreezeNotifications.h"
 #include "editing/ListCommand.h"
 #include "text/XmlScan.h"
 
@@ -82,7 +82,7 @@ void ListBuffer::selectListLabel() {
     const int block = labelBlock(document_.caretPos_);
     if (block < 0)
         return;
-    FreezeNotifications freeze(&document_);
+    CommandScope scope(&document_);
     document_.endKeyTypingSequence();
     const Range label = contentOf(block);
     document_.selectRange(label.start, label.end);

@@ -2,7 +2,7 @@
 
 #include "document/EditableDocumentBuffer.h"
 
-#include "document/FreezeNotifications.h"
+#include "document/CommandScope.h"
 #include "document/RecordedCommand.h"
 #include "text/NameList.h"
 #include "text/XmlScan.h"
@@ -148,7 +148,7 @@ void EditableDocumentBuffer::removeComponent(int position) {
     const int end = lastOffsetOfElement(start);
     if (end < 0)
         return;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     recordCaret();
     recordDeletion(start, deleteXmlText(start, end));

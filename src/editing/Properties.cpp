@@ -2,8 +2,8 @@
 
 #include "document/EditableDocumentBuffer.h"
 
+#include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
-#include "document/FreezeNotifications.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -81,7 +81,7 @@ PropertyCollection EditableDocumentBuffer::getPropertiesFromElementAt(int elemen
 int EditableDocumentBuffer::setPropertiesForElementAt(int element, PropertyCollection properties) {
     if (!bearsAttributes(text_.view(), element))
         return 0;
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     EditActionGroup group(this);
     const int shift = declareNamespaces(properties, element);
@@ -117,7 +117,7 @@ int EditableDocumentBuffer::declareNamespaces(const PropertyCollection& properti
 
 /// Gives the tag exactly these attributes. One undo step.
 int EditableDocumentBuffer::replaceProperties(int element, const PropertyCollection& properties) {
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     EditActionGroup group(this);
     const String removed = clearPropertiesForElementAt(element);
@@ -134,7 +134,7 @@ int EditableDocumentBuffer::replaceProperties(int element, const PropertyCollect
 String EditableDocumentBuffer::clearPropertiesForElementAt(int element) {
     if (!bearsAttributes(text_.view(), element))
         return {};
-    FreezeNotifications freeze(this);
+    CommandScope scope(this);
     endKeyTypingSequence();
     EditActionGroup group(this);
     recordCaret();

@@ -63,9 +63,11 @@ std::string folderOf(const std::string& path) {
 
 } // namespace
 
-FileStream::FileStream(const wchar_t* path, bool write, bool create, bool /*flag*/) : path_(path) {
+FileStream::FileStream(const String& path, bool write, bool create, bool /*flag*/) : path_(path) {
     if (path_.empty())
         throw Exception(L"the path of the file is empty");
+    if (path_.find(L'\0', 0) >= 0) // behind which the system would not read on
+        throw Exception(L"the path of the file holds U+0000");
     const ByteArray name = Encoder::convertStringToUTF8(path_);
     if (write)
         openForWriting(std::string(name.view()), create);
@@ -78,13 +80,17 @@ FileStream::~FileStream() {
 }
 
 void FileStream::openForReading(const std::string& path) {
-    descriptor_ = uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); });
+    // A pipe that nobody writes to would keep the caller waiting.
+    descriptor_ =
+        uninterrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); });
     if (descriptor_ < 0)
         failWith(errno);
     struct stat status {};
-    if (fstat(descriptor_, &status) == 0 && S_ISDIR(status.st_mode)) {
+    if (fstat(descriptor_, &status) != 0)
+        discardAndFail(errno);
+    if (!S_ISREG(status.st_mode)) {
         close();
-        failWith(EISDIR);
+        failAsOtherKind(status.st_mode);
     }
 }
 
@@ -99,10 +105,8 @@ void FileStream::openForWriting(const std::string& path, bool create) {
         createTemporary(0666);
         return;
     }
-    if (S_ISDIR(old->st_mode))
-        failWith(EISDIR);
     if (!S_ISREG(old->st_mode))
-        fail(L"not a regular file");
+        failAsOtherKind(old->st_mode);
     // A rename asks only for the right to the folder, but a file that was made read-only is meant
     // to stay as it is.
     if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0)
@@ -172,8 +176,8 @@ void FileStream::write(ByteArray* buffer, long long offset, long long count) {
     while (count > 0) {
         const auto written = uninterrupted(
             [&] { return ::write(descriptor_, from, static_cast<std::size_t>(count)); });
-        if (written < 0)
-            discardAndFail(errno);
+        if (written <= 0)
+            discardAndFail(written < 0 ? errno : ENOSPC);
         from += written;
         count -= written;
     }
@@ -216,6 +220,13 @@ void FileStream::discard() noexcept {
 
 void FileStream::failWith(int error) const {
     fail(reasonOf(error));
+}
+
+/// The file is there, but nothing that can be read or replaced whole.
+void FileStream::failAsOtherKind(unsigned mode) const {
+    if (S_ISDIR(mode))
+        failWith(EISDIR);
+    fail(L"not a regular file");
 }
 
 void FileStream::discardAndFail(int error) {

@@ -21,8 +21,8 @@ class FORME_API FileStream : public Stream {
 public:
     /// Opens `path` for reading, or with `write` for writing. A file that is not there is written
     /// only with `create`. `flag` has no meaning. Throws Core::Exception with the path and the
-    /// reason when that cannot be done: nothing there, a folder, a device, no right to.
-    FileStream(const wchar_t* path, bool write, bool create, bool flag);
+    /// reason when that cannot be done: nothing there, a folder, a pipe or a device, no right to.
+    FileStream(const String& path, bool write, bool create, bool flag);
     ~FileStream() override;
 
     FileStream(const FileStream&) = delete;
@@ -50,6 +50,7 @@ private:
     void close() noexcept;
     void discard() noexcept;
     [[noreturn]] void failWith(int error) const;
+    [[noreturn]] void failAsOtherKind(unsigned mode) const;
     [[noreturn]] void discardAndFail(int error);
 
     String path_;

@@ -142,7 +142,13 @@ TEST(FileStream, WhatCannotBeOpenedIsToldByNameAndReason) {
     for (const bool write : {false, true})
         EXPECT_EQ(openFault(folder.wide("sub"), write), "sub: Is a directory");
     EXPECT_EQ(openFault(folder.wide("circle"), true), "circle: Too many levels of symbolic links");
-    EXPECT_EQ(openFault(L"/dev/null", true), "null: not a regular file");
+    ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+    for (const bool write : {false, true}) {
+        EXPECT_EQ(openFault(folder.wide("pipe"), write), "pipe: not a regular file");
+        EXPECT_EQ(openFault(L"/dev/null", write), "null: not a regular file");
+    }
+    EXPECT_EQ(messageOf([] { FileStream(String(L"a\0b", 3), false, false, false); }),
+              "the path of the file holds U+0000");
     EXPECT_EQ(openFault(L"", true), "the path of the file is empty");
 }
 

@@ -1,12 +1,15 @@
 #include "Session.h"
 
+#include "CallTable.h"
 #include "foundation/TemporaryFolder.h"
+#include "text/XmlCharacters.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <string>
 #include <tuple>
+#include <vector>
 
 using namespace std::string_literals;
 
@@ -45,7 +48,11 @@ TEST(Session, SaysWhatIsWrongWithARequest) {
           std::pair(R"(["undo",1])", "undo(): arguments expected: 0, given: 1"s),
           std::pair(R"(["setCaretPos",false,"3"])", setCaretPos + "a string given"),
           std::pair(R"(["setCaretPos",false,2147483648])", setCaretPos + "2147483648 given"),
-          std::pair(R"(["setCaretPos",false,[]])", setCaretPos + "an array given")})
+          std::pair(R"(["setCaretPos",false,[]])", setCaretPos + "an array given"),
+          std::pair(R"(["setCaretPos",false,1e400])", "a number is too large"s),
+          std::pair(R"(["open","a\u0000b"])", "the path of the file holds U+0000"s),
+          std::pair(R"(["insertXmlTextAtPosition",0,"\uffff"])",
+                    "the text holds a character that XML cannot hold"s)})
         EXPECT_EQ(Session().serveLine(line).value("error", ""), error);
 }
 
@@ -62,6 +69,78 @@ TEST(Session, StaysUpThroughGarbageAndLosesNothing) {
         EXPECT_NE(session.serveLine(line).value("error", ""), "") << line;
     }
     EXPECT_EQ(session.serve({"getContent"}), before);
+}
+
+namespace {
+
+/// Something of the type that the parameter has, with the text in it.
+Json argumentOf(const Parameter& parameter, const std::string& string, int position) {
+    if (parameter.type.starts_with("property "))
+        return {"id", string};
+    if (parameter.type.starts_with("properties "))
+        return Json::array({{"id", string}});
+    for (const Json& argument : {Json(string), Json(position), Json(true), Json(1)})
+        if (parameter.matches(argument))
+            return argument;
+    return nullptr;
+}
+
+} // namespace
+
+TEST(Session, LetsNothingInThatXmlCannotHold) {
+    const std::string text = R"(<?xml version="1.0"?>)" + document.get<std::string>();
+    const std::size_t first = text.find("first");
+    for (const std::string& bad : {"\0"s, "a\uFFFF"s, "xmlns:x=\uFFFE"s, "\x01"s})
+        for (const Operation& operation : callTable())
+            for (std::size_t bearer = 0; bearer < operation.parameters.size(); ++bearer) {
+                if (operation.name == "setContent") // which takes any text
+                    continue;
+                Session session;
+                session.serve({"setContent", text, true});
+                session.serve({"setCaretPos", false, first + 1});
+                session.serve({"setCaretPos", true, first + 3});
+                Json request{operation.name};
+                for (const Parameter& parameter : operation.parameters)
+                    request.push_back(argumentOf(
+                        parameter, request.size() == bearer + 1 ? bad : "fo:block", first + 2));
+                session.serve(request);
+                const Core::String content = session.document().getContent();
+                EXPECT_EQ(XmlCharacters::countForbidden(content.view()), 0U) << request;
+            }
+}
+
+TEST(Session, UndoesPrimitivesExactly) {
+    Session session;
+    session.serve({"setContent", document, true});
+    const int first = session.document().getCaretPos();
+    const auto state = [&] {
+        return Json{session.serve({"getContent"})["result"], session.document().getCaretPos()};
+    };
+    std::vector<Json> states{state()};
+    for (const Json& request :
+         {Json{"insertText", "x", false, false}, Json{"insertXmlTextAtPosition", first, "ab"},
+          Json{"deleteXmlText", first + 1, first + 2},
+          Json{"deleteContentAndAdjustCaret", first, first + 3},
+          Json{"insertText", "y", false, false}}) {
+        EXPECT_FALSE(session.serve(request).contains("error")) << request;
+        states.push_back(state());
+    }
+    session.serve({"deleteXmlText", first, first - 1}); // is no step
+    for (std::size_t left = states.size() - 1; left-- > 0; session.serve({"undo"}))
+        EXPECT_EQ(state(), states[left + 1]);
+    EXPECT_EQ(state(), states.front());
+    for (std::size_t i = 1; i < states.size(); ++i) {
+        session.serve({"redo"});
+        EXPECT_EQ(state(), states[i]);
+    }
+}
+
+TEST(Session, TracksAPositionUpToTheLargest) {
+    Session session;
+    session.serve({"setContent", document, true});
+    session.serve({"history.startTrackingPos", 2147483646});
+    session.serve({"insertText", "xyz", false, false});
+    EXPECT_EQ(session.serve({"history.retrieveTrackingPos"})["result"], 2147483647);
 }
 
 TEST(Session, FailedOpenKeepsTheDocument) {
@@ -86,8 +165,8 @@ TEST(Session, SavesUnderADeclarationThatNamesTheEncoding) {
         return session.serve({"getContent"})["result"].get<std::string>();
     };
     for (const auto& [declared, encoding, name] :
-         {std::tuple("ISO-8859-1", 1, "UTF-8"), std::tuple("utf-8", 2, "utf-8"),
-          std::tuple("utf-8", 3, "UTF-16")})
+         {std::tuple("ISO-8859-1"s, 1, "UTF-8"), std::tuple(std::string(50000, 'x'), 1, "UTF-8"),
+          std::tuple("utf-8"s, 2, "utf-8"), std::tuple("utf-8"s, 3, "UTF-16")})
         EXPECT_EQ(savedAs(declared, encoding),
                   R"(<?xml version="1.0" encoding=")"s + name + "\"?><a>\u00e9</a>");
 }
