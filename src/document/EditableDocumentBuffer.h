@@ -26,6 +26,7 @@ class WhitespaceAlg;
 
 class ListBuffer;
 struct PlaceholderRepair;
+class TextRewrite;
 
 /// How a document is saved.
 enum class DocumentEncoding {
@@ -772,6 +773,7 @@ private:
     friend class EditableDocumentBufferState;
     friend class CaretWalk;
     friend class WordWalk;
+    friend class TextRewrite;
     friend class TextSearch;
     friend class SpellingWalk;
     friend class BufferAlgorithms::BufferAlg;
@@ -789,6 +791,7 @@ private:
     void recordContent();
 
     void replaceText(const Core::String& content);
+    static int offsetAfterDeletion(int offset, int start, int end);
     void placeCaretAfterEdit(int caret, int pivot);
     void replayStep(EditAction (EditActionStack::*take)(), bool (EditActionStack::*more)() const);
 
@@ -813,6 +816,13 @@ private:
     void formatSelection(const PropertyCollection& properties);
     int startOfTextRun(int position, int limit) const;
     int endOfTextRun(int start, int limit) const;
+    bool planTextRun(int start, int end, const PropertyCollection& properties,
+                     TextRewrite& rewrite) const;
+    bool isWholeInline(int start, int end) const;
+    void planProperties(int element, PropertyCollection properties, TextRewrite& rewrite) const;
+    static Core::String attributesText(PropertyCollection properties,
+                                       const Core::String& elementPrefix);
+    static bool isStandardNamespace(const Core::String& prefix);
     int formatTextRun(int start, int end, const PropertyCollection& properties);
     int wrapInInline(int start, int end, const PropertyCollection& properties);
     int formatBlockAround(int position, const PropertyCollection& properties);
