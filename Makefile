@@ -1,5 +1,5 @@
 # Every target sets up what it needs; see scripts/.
-.PHONY: demo test bench fuzz docs lint install
+.PHONY: demo test bench bench-growth fuzz docs lint install
 
 PRESET ?= debug
 SECONDS ?= 30
@@ -11,6 +11,8 @@ test:
 	@scripts/test.sh $(PRESET)
 bench:
 	@scripts/bench.sh $(ARGS)
+bench-growth:
+	@scripts/bench-growth.sh $(ARGS)
 fuzz:
 	@scripts/fuzz.sh $(SECONDS)
 docs:

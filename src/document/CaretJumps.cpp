@@ -6,8 +6,11 @@
 #include "document/CommandScope.h"
 #include "text/XmlScan.h"
 
+#include <map>
+
 using Core::String;
 using Core::StringArray;
+using XmlScan::Text;
 
 namespace {
 
@@ -27,6 +30,15 @@ const StringArray& sideRegions() {
     static const StringArray names{L"fo:region-before", L"fo:region-after", L"fo:region-start",
                                    L"fo:region-end"};
     return names;
+}
+
+/// The first start tag of that name behind the tag at `position` and before `end`; -1 if none.
+int nextTagNamed(Text text, Text name, int position, int end) {
+    int tag = position;
+    do
+        tag = XmlScan::nextTag(text, XmlScan::stepForward(text, tag));
+    while (tag >= 0 && tag < end && XmlScan::tagName(text, tag) != name);
+    return tag < end ? tag : -1;
 }
 
 } // namespace
@@ -81,11 +93,13 @@ int EditableDocumentBuffer::outsideMarkup(int position) const {
 // Static regions
 
 void EditableDocumentBuffer::moveCaretToFirstStaticRegion() {
+    std::map<String, String> regions; // by the master, which many sequences can have in common
     for (int generator = getNextPageSeq(0); generator >= 0; generator = getNextPageSeq(generator)) {
         const String master =
             getPropertiesFromElementAt(generator).getPropertyValue(L"fo:master-reference");
-        const String region = getFirstPageRegionNameFromMaster(master);
-        const int stop = getFirstEditPosInStaticContent(region, generator);
+        if (regions.find(master) == regions.end())
+            regions[master] = getFirstPageRegionNameFromMaster(master);
+        const int stop = getFirstEditPosInStaticContent(regions[master], generator);
         if (stop < 0)
             continue;
         setCaretPos(false, stop);
@@ -103,15 +117,16 @@ void EditableDocumentBuffer::moveCaretToStaticRegion(const String& flowName, int
 int EditableDocumentBuffer::getFirstEditPosInStaticContent(const String& flowName,
                                                            int generator) const {
     const int end = getClosingTagForTagAtPosition(generator);
-    int content = getNextElementByName(L"fo:static-content", generator);
-    while (content >= 0 && content < end) {
+    const Text text = text_.view();
+    int content = nextTagNamed(text, L"fo:static-content", generator, end);
+    while (content >= 0) {
         const int closing = getClosingTagForTagAtPosition(content);
         if (getPropertiesFromElementAt(content).getPropertyValue(L"fo:flow-name") == flowName) {
             const int stop = getNextValidCaretPos(content);
             if (stop >= 0 && stop <= closing)
                 return stop;
         }
-        content = getNextElementByName(L"fo:static-content", closing);
+        content = nextTagNamed(text, L"fo:static-content", closing, end);
     }
     return -1;
 }

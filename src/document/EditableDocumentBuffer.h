@@ -26,6 +26,7 @@ class WhitespaceAlg;
 
 class ListBuffer;
 struct PlaceholderRepair;
+class TextRewrite;
 
 /// How a document is saved.
 enum class DocumentEncoding {
@@ -776,6 +777,7 @@ private:
     friend class CaretWalk;
     friend class PageOrder;
     friend class WordWalk;
+    friend class TextRewrite;
     friend class TextSearch;
     friend class SpellingWalk;
     friend class BufferAlgorithms::BufferAlg;
@@ -793,6 +795,7 @@ private:
     void recordContent();
 
     void replaceText(const Core::String& content);
+    static int offsetAfterDeletion(int offset, int start, int end);
     void placeCaretAfterEdit(int caret, int pivot);
     bool isOutOfReach(int position) const;
     void placeCaret(bool extend, int position);
@@ -823,6 +826,13 @@ private:
     void formatSelection(const PropertyCollection& properties);
     int startOfTextRun(int position, int limit) const;
     int endOfTextRun(int start, int limit) const;
+    bool planTextRun(int start, int end, const PropertyCollection& properties,
+                     TextRewrite& rewrite) const;
+    bool isWholeInline(int start, int end) const;
+    void planProperties(int element, PropertyCollection properties, TextRewrite& rewrite) const;
+    static Core::String attributesText(PropertyCollection properties,
+                                       const Core::String& elementPrefix);
+    static bool isStandardNamespace(const Core::String& prefix);
     int formatTextRun(int start, int end, const PropertyCollection& properties);
     int wrapInInline(int start, int end, const PropertyCollection& properties);
     int formatBlockAround(int position, const PropertyCollection& properties);

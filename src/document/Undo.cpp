@@ -8,19 +8,6 @@
 
 using Core::String;
 
-namespace {
-
-/// Where an offset goes when `start` through `end` are deleted.
-int offsetAfterDeletion(int offset, int start, int end) {
-    if (offset <= start)
-        return offset;
-    // Deliberate: an offset exactly on `end` lands before `start`; callers have been arranged
-    // around it.
-    return offset < end ? start : offset - (end - start + 1);
-}
-
-} // namespace
-
 void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String& xml) {
     if (position < 0 || position > text_.length())
         return;
@@ -54,6 +41,15 @@ String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
     setCaret(false, start);
     notifyBufferChanged();
     return removed;
+}
+
+/// Where an offset goes when `start` through `end` are deleted.
+int EditableDocumentBuffer::offsetAfterDeletion(int offset, int start, int end) {
+    if (offset <= start)
+        return offset;
+    // Deliberate: an offset exactly on `end` lands before `start`; callers have been arranged
+    // around it.
+    return offset < end ? start : offset - (end - start + 1);
 }
 
 void EditableDocumentBuffer::placeCaretAfterEdit(int caret, int pivot) {

@@ -156,18 +156,26 @@ bool WhitespaceAlg::isSkipped(int position, int element) const {
 struct WhitespaceAlg::Space {
     int position;
     int element;
-    int runStart; ///< the run's first unit
-    int runEnd;   ///< the first unit behind the run
+    const Run& run;
 };
+
+const WhitespaceAlg::Run& WhitespaceAlg::runAround(int position) const {
+    if (run_.start <= position && position < run_.end)
+        return run_;
+    run_.start = position;
+    while (isSpaceAt(text(), run_.start - 1))
+        --run_.start;
+    run_.end = XmlScan::skipSpaces(text(), position);
+    run_.previousTag = XmlScan::previousTag(text(), run_.start);
+    return run_;
+}
 
 bool WhitespaceAlg::isSpaceSkipped(int position, int element) const {
     if (!isSpaceAt(text(), position))
         return false;
     if (treatment_ == IgnoreSpaces && (linefeed_ == IgnoreLinefeed || linefeed_ == LinefeedAsSpace))
         return true;
-    Space space{position, element, position, XmlScan::skipSpaces(text(), position)};
-    while (isSpaceAt(text(), space.runStart - 1))
-        --space.runStart;
+    const Space space{position, element, runAround(position)};
     if (const auto skipped = skippedAsLinefeed(space))
         return *skipped;
     if (const auto skipped = skippedInLeadingRun(space))
@@ -187,7 +195,7 @@ std::optional<bool> WhitespaceAlg::skippedAsLinefeed(const Space& space) const {
 /// At the start of the element, or behind a child that makes a line of its own.
 std::optional<bool> WhitespaceAlg::skippedInLeadingRun(const Space& space) const {
     int start = XmlScan::stepForward(text(), space.element);
-    const int previous = XmlScan::previousTag(text(), space.position);
+    const int previous = space.run.previousTag;
     if (previous > space.element && XmlScan::closingAt(text(), previous) &&
         !isInline(elementName(text(), previous)))
         start = XmlScan::stepForward(text(), previous);
@@ -195,27 +203,27 @@ std::optional<bool> WhitespaceAlg::skippedInLeadingRun(const Space& space) const
     if (space.position == start && isInline(elementName(text(), space.element)) &&
         blockShowsDataBefore(start, space.element))
         return treatment_ == IgnoreSpaces;
-    if (space.runStart <= start && start <= space.position)
+    if (space.run.start <= start && start <= space.position)
         return collapses();
     return std::nullopt;
 }
 
 /// At the end of the element, or before a child that makes a line of its own.
 std::optional<bool> WhitespaceAlg::skippedInTrailingRun(const Space& space) const {
-    if (!XmlScan::onTagStart(text(), space.runEnd) || XmlScan::ignoredAt(text(), space.runEnd))
+    if (!XmlScan::onTagStart(text(), space.run.end) || XmlScan::ignoredAt(text(), space.run.end))
         return std::nullopt;
-    if (!XmlScan::closingAt(text(), space.runEnd) && isInline(elementName(text(), space.runEnd)))
+    if (!XmlScan::closingAt(text(), space.run.end) && isInline(elementName(text(), space.run.end)))
         return std::nullopt;
-    if (space.position == space.runStart && isInline(elementName(text(), space.element)))
+    if (space.position == space.run.start && isInline(elementName(text(), space.element)))
         return treatment_ == IgnoreSpaces;
     return collapses();
 }
 
 /// Between data: all but the first of a run collapse.
 bool WhitespaceAlg::skippedInInnerRun(const Space& space) const {
-    if (!blockShowsDataBefore(space.runStart, space.element))
+    if (!blockShowsDataBefore(space.run.start, space.element))
         return false;
-    if (space.position != space.runStart)
+    if (space.position != space.run.start)
         return collapses();
     const int previous =
         XmlScan::stepBackward(text(), space.position, buffer_.getRootElementName().view());
@@ -276,22 +284,34 @@ bool WhitespaceAlg::standsBackToBack(int position) const {
 
 // What shows
 
-/// Whether anything shows between the start of the block around the element and the position.
-bool WhitespaceAlg::blockShowsDataBefore(int position, int element) const {
+/// Begins at the start of the block around the element, unless that was begun with.
+void WhitespaceAlg::searchBlockAround(int element) const {
+    if (element == search_.element)
+        return;
+    search_.element = element;
     while (element >= 0 && XmlScan::tagName(text(), element) != block)
         element = buffer_.getCurrentElementPosition(element);
-    int at = XmlScan::stepForward(text(), element);
-    while (at >= 0 && at < position) {
-        const bool shows = XmlScan::onTagStart(text(), at)
-                               ? !XmlScan::commentAt(text(), at) &&
-                                     !XmlScan::instructionAt(text(), at) &&
-                                     !isEditable(XmlScan::tagName(text(), at))
-                               : !isSpaceAt(text(), at);
-        if (shows)
-            return true;
-        at = XmlScan::stepForward(text(), at);
+    if (element != search_.block)
+        search_ = {search_.element, element, XmlScan::stepForward(text(), element), -1};
+}
+
+/// Whether anything shows between the start of the block around the element and the position. A
+/// walk asks again and again, so the search goes on from where it was.
+bool WhitespaceAlg::blockShowsDataBefore(int position, int element) const {
+    searchBlockAround(element);
+    while (search_.data < 0 && search_.position >= 0 && search_.position < position) {
+        if (showsAt(search_.position))
+            search_.data = search_.position;
+        search_.position = XmlScan::stepForward(text(), search_.position);
     }
-    return false;
+    return search_.data >= 0 && search_.data < position;
+}
+
+bool WhitespaceAlg::showsAt(int position) const {
+    if (!XmlScan::onTagStart(text(), position))
+        return !isSpaceAt(text(), position);
+    return !XmlScan::commentAt(text(), position) && !XmlScan::instructionAt(text(), position) &&
+           !isEditable(XmlScan::tagName(text(), position));
 }
 
 bool WhitespaceAlg::isInlineTag(int position) const {

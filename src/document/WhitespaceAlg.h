@@ -44,6 +44,19 @@ private:
         LinefeedAsZeroWidthSpace = 3
     };
     struct Space;
+    /// A run of white space. A walk asks of each of its units.
+    struct Run {
+        int start = 0;       ///< the first unit
+        int end = 0;         ///< the first unit behind it
+        int previousTag = 0; ///< the last tag in front of it
+    };
+    /// How far a block was searched for data, and where that begins; -1 while none was met.
+    struct Search {
+        int element = -1; ///< asked about
+        int block = -1;   ///< around it
+        int position = -1;
+        int data = -1;
+    };
 
     void reset();
     void applyShorthand(std::wstring_view value);
@@ -51,6 +64,7 @@ private:
     void applyCollapse(std::wstring_view value);
     void applyLinefeedTreatment(std::wstring_view value);
 
+    const Run& runAround(int position) const;
     bool isSpaceSkipped(int position, int element) const;
     std::optional<bool> skippedAsLinefeed(const Space& space) const;
     std::optional<bool> skippedInLeadingRun(const Space& space) const;
@@ -63,7 +77,9 @@ private:
     bool runMayHideTag(int previousTag, int position) const;
     bool standsBackToBack(int position) const;
 
+    void searchBlockAround(int element) const;
     bool blockShowsDataBefore(int position, int element) const;
+    bool showsAt(int position) const;
     bool isInlineTag(int position) const;
 
     std::wstring_view text() const;
@@ -74,6 +90,8 @@ private:
     Treatment treatment_ = IgnoreAroundLinefeed;
     bool collapse_ = true;
     Linefeed linefeed_ = LinefeedAsSpace;
+    mutable Run run_;
+    mutable Search search_;
 };
 
 } // namespace BufferAlgorithms

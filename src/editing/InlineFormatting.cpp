@@ -5,6 +5,7 @@
 #include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
 #include "document/RecordedCommand.h"
+#include "document/TextRewrite.h"
 
 #include <algorithm>
 
@@ -57,10 +58,16 @@ void EditableDocumentBuffer::formatInline(int from, int to, PropertyCollection p
     properties.setNamespaceForProperties(L"fo");
     const int behind = text_.length() - to; // which no change in the range touches
     const auto limit = [&] { return text_.length() - behind; };
+    TextRewrite rewrite(*this);
     for (int run = startOfTextRun(from, limit()); run >= 0;) {
-        const int end = formatTextRun(run, endOfTextRun(run, limit()), properties);
+        int end = endOfTextRun(run, limit());
+        if (!planTextRun(run, end, properties, rewrite)) {
+            const int shift = rewrite.apply();
+            end = formatTextRun(run + shift, end + shift, properties);
+        }
         run = startOfTextRun(getNextValidCaretPos(end), limit());
     }
+    rewrite.apply();
     recordCaret();
 }
 
@@ -81,6 +88,36 @@ int EditableDocumentBuffer::endOfTextRun(int start, int limit) const {
     return tag < 0 ? limit : std::min(tag, limit);
 }
 
+/// Leaves the inline around the run, which may be one of many, to be put in later; the runs behind
+/// are the same with it and without. Answers false, having done nothing, where more than that has
+/// to change.
+bool EditableDocumentBuffer::planTextRun(int start, int end, const PropertyCollection& properties,
+                                         TextRewrite& rewrite) const {
+    const auto isPlain = [&](const EditableProperty& property) {
+        return !isNonInlineProperty(property) &&
+               (!isStandardNamespace(property.getNamespace()) ||
+                isNamespaceDeclaredAt(property.getNamespace(), start));
+    };
+    const Core::Vector<EditableProperty> list = properties.getPropertyList();
+    if (list.empty() || !isInlineName(L"fo:inline") ||
+        !std::all_of(list.begin(), list.end(), isPlain))
+        return false;
+    if (isWholeInline(start, end)) {
+        planProperties(getCurrentElementPosition(start), properties, rewrite);
+        return true;
+    }
+    PropertyCollection attributes; // each name once
+    attributes.addProperties(properties);
+    rewrite.replace(start, start, L"<fo:inline" + attributesText(attributes, L"fo") + L">");
+    rewrite.replace(end, end, L"</fo:inline>");
+    return true;
+}
+
+bool EditableDocumentBuffer::isWholeInline(int start, int end) const {
+    return isInlineEditableElementName(getCurrentElementName(start)) &&
+           selectionIsEntireElementContent(start, end);
+}
+
 /// Gives the properties to a run of text and to the block around it, each what it can have; answers
 /// where the run ends now.
 int EditableDocumentBuffer::formatTextRun(int start, int end,
@@ -88,9 +125,7 @@ int EditableDocumentBuffer::formatTextRun(int start, int end,
     PropertyCollection inlineProperties = properties;
     const PropertyCollection blockProperties = getAndRemoveNonInlineProperties(inlineProperties);
     if (!inlineProperties.isEmpty()) {
-        const bool isWholeInline = selectionIsEntireElementContent(start, end) &&
-                                   isInlineEditableElementName(getCurrentElementName(start));
-        end += isWholeInline
+        end += isWholeInline(start, end)
                    ? setPropertiesForElementAt(getCurrentElementPosition(start), inlineProperties)
                    : wrapInInline(start, end, inlineProperties);
     }

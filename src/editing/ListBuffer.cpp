@@ -5,6 +5,7 @@
 #include "document/CaretWalk.h"
 #include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
+#include "document/TextRewrite.h"
 #include "editing/ListCommand.h"
 #include "text/XmlScan.h"
 
@@ -73,7 +74,9 @@ void ListBuffer::setItemLabelValue(int item, const String& value) {
         return;
     carryOut([&] {
         document_.recordCaret();
-        replaceInLabel(contentOf(block), value);
+        TextRewrite rewrite(document_);
+        replaceInLabel(contentOf(block), value, rewrite);
+        rewrite.apply();
         document_.recordCaret();
     });
 }
@@ -149,36 +152,33 @@ String ListBuffer::contentOfItems(int element) const {
 void ListBuffer::rewriteLabels(int list, ListType type) {
     document_.recordCaret();
     const std::vector<int> items = itemsOf(list);
-    for (std::size_t i = items.size(); i-- > 0;) {
+    TextRewrite rewrite(document_);
+    for (std::size_t i = 0; i < items.size(); ++i) {
         const int block = labelBlock(items[i]);
         if (block >= 0)
-            replaceInLabel({block, closingTag(block)}, blockTag(type) + labelFor(type, i + 1));
+            replaceInLabel({block, closingTag(block)}, blockTag(type) + labelFor(type, i + 1),
+                           rewrite);
     }
+    rewrite.apply();
     document_.recordCaret();
 }
 
-/// Gives the list's items the numbers from 1 on. The last comes first, so that the offsets of those
-/// before it stay.
+/// Gives the list's items the numbers from 1 on.
 void ListBuffer::renumber(int list) {
     const std::vector<int> items = itemsOf(list);
-    for (std::size_t i = items.size(); i-- > 0;) {
+    TextRewrite rewrite(document_);
+    for (std::size_t i = 0; i < items.size(); ++i) {
         const int block = labelBlock(items[i]);
         if (block >= 0)
-            replaceInLabel(contentOf(block), labelFor(ListType::Numbering, i + 1));
+            replaceInLabel(contentOf(block), labelFor(ListType::Numbering, i + 1), rewrite);
     }
+    rewrite.apply();
 }
 
 /// A caret that the host has put into the label goes to its end.
-void ListBuffer::replaceInLabel(const Range& range, const String& xml) {
+void ListBuffer::replaceInLabel(const Range& range, const String& xml, TextRewrite& rewrite) const {
     if (slice(range.start, range.end) == xml)
         return;
-    const auto outside = [&range](int offset) {
-        return range.start < offset && offset < range.end ? range.end : offset;
-    };
-    const int pivot = outside(document_.selectionPivotPos_);
-    const int caret = outside(document_.caretPos_);
-    if (pivot != document_.selectionPivotPos_ || caret != document_.caretPos_)
-        document_.selectRange(pivot, caret);
-    document_.removeAndRecord(range.start, range.end);
-    document_.insertAndRecord(range.start, xml);
+    rewrite.keepCaretOutside(range.start, range.end);
+    rewrite.replace(range.start, range.end, xml);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 class EditableDocumentBuffer;
+class TextRewrite;
 
 /// What the labels of a list are.
 enum class ListType {
@@ -170,7 +171,7 @@ private:
     Core::String contentOfItems(int element) const;
     void rewriteLabels(int list, ListType type);
     void renumber(int list);
-    void replaceInLabel(const Range& range, const Core::String& xml);
+    void replaceInLabel(const Range& range, const Core::String& xml, TextRewrite& rewrite) const;
 
     // Enter
 

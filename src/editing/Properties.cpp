@@ -4,6 +4,7 @@
 
 #include "document/CommandScope.h"
 #include "document/EditActionGroup.h"
+#include "document/TextRewrite.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -115,15 +116,36 @@ int EditableDocumentBuffer::declareNamespaces(const PropertyCollection& properti
     return shift;
 }
 
+/// The properties as attributes of an element with that prefix, a blank first.
+String EditableDocumentBuffer::attributesText(PropertyCollection properties,
+                                              const String& elementPrefix) {
+    properties.removeNamespaceForPropertiesWith(elementPrefix);
+    return properties.isEmpty() ? String() : L" " + properties.getPropertiesString();
+}
+
+/// Leaves it to the rewrite to give the tag the properties, whose namespaces are declared.
+void EditableDocumentBuffer::planProperties(int element, PropertyCollection properties,
+                                            TextRewrite& rewrite) const {
+    const String prefix = prefixOf(getNameForTagAtPosition(element, true));
+    PropertyCollection merged = getPropertiesFromElementAt(element);
+    properties.setNamespaceForProperties(prefix);
+    merged.addProperties(properties);
+    const AttributeRange attributes = attributeRange(text_.view(), element);
+    rewrite.replace(attributes.start, attributes.end, attributesText(merged, prefix));
+}
+
+bool EditableDocumentBuffer::isStandardNamespace(const String& prefix) {
+    return standardDeclaration(prefix) != nullptr;
+}
+
 /// Gives the tag exactly these attributes. One undo step.
 int EditableDocumentBuffer::replaceProperties(int element, const PropertyCollection& properties) {
     CommandScope scope(this);
     endKeyTypingSequence();
     EditActionGroup group(this);
     const String removed = clearPropertiesForElementAt(element);
-    PropertyCollection written = properties;
-    written.removeNamespaceForPropertiesWith(prefixOf(getNameForTagAtPosition(element, true)));
-    const String text = written.isEmpty() ? String() : L" " + written.getPropertiesString();
+    const String text =
+        attributesText(properties, prefixOf(getNameForTagAtPosition(element, true)));
     const int position = attributeRange(text_.view(), element).start;
     insertXmlTextAtPosition(position, text);
     recordInsertion(position, text);

@@ -3,6 +3,7 @@
 #include "document/CaretWalk.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
+#include "document/TextRewrite.h"
 #include "document/WhitespaceAlg.h"
 #include "editing/ListBuffer.h"
 #include "editing/PlaceholderRepair.h"
@@ -212,8 +213,26 @@ bool SelectionDeletion::takeSibling() {
         return joinSibling(sibling);
     const int behind = buffer_.positionBehindElement(sibling);
     end_ = std::max(end_, behind);
-    remove(sibling, behind);
+    TextRewrite rewrite(buffer_);
+    rewrite.replace(sibling, behind, {});
+    if (buffer_.canHoldCaret(end_))
+        takeFurtherSiblings(sibling, behind, rewrite);
+    end_ += rewrite.apply();
     return true;
+}
+
+/// Those that stand in a row behind the sibling and wholly in the range go with it, and only white
+/// space stays between.
+void SelectionDeletion::takeFurtherSiblings(int sibling, int behind, TextRewrite& rewrite) const {
+    const XmlScan::Text text = buffer_.text_.view();
+    const XmlScan::Text name = XmlScan::tagName(text, sibling);
+    for (;;) {
+        const int next = XmlScan::skipSpaces(text, behind);
+        behind = XmlScan::tagName(text, next) == name ? buffer_.positionBehindElement(next) : -1;
+        if (behind < 0 || end_ <= behind)
+            return;
+        rewrite.replace(next, behind, {});
+    }
 }
 
 /// The range ends in the sibling: its content joins this element. A placeholder that was all either

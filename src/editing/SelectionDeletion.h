@@ -1,6 +1,7 @@
 #pragma once
 
 class EditableDocumentBuffer;
+class TextRewrite;
 struct PlaceholderRepair;
 
 /// The walk that deletes a range of a document whose ends may lie in different blocks, cells or
@@ -47,6 +48,7 @@ private:
     bool leaveElement();
     bool hasSibling() const;
     bool takeSibling();
+    void takeFurtherSiblings(int sibling, int behind, TextRewrite& rewrite) const;
     bool joinSibling(int sibling);
 
     bool takeChild();

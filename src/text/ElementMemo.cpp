@@ -1,5 +1,7 @@
 #include "text/ElementMemo.h"
 
+#include <utility>
+
 namespace {
 
 /// Far more than the tags around a caret. A walk over a whole document begins anew now and then.
@@ -13,8 +15,14 @@ std::optional<int> ElementMemo::find(int tag) const {
 }
 
 void ElementMemo::remember(int tag, int element) {
-    if (elements_.size() >= limit)
-        elements_.clear();
+    if (elements_.size() >= limit) {
+        // What is around the place that the walk has come to is asked for next.
+        std::map<int, int> around;
+        for (auto known = elements_.find(element); known != elements_.end();
+             known = elements_.find(known->second))
+            around.insert(*known);
+        elements_ = std::move(around);
+    }
     elements_[tag] = element;
 }
 

@@ -196,13 +196,13 @@ int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening
          at = previousTag(text, at, source)) {
         if (closingAt(text, at)) {
             ++depth;
-        } else if (isOpening(at)) {
-            if (depth < 1)
-                return at;
-            const std::optional<int> known = --depth == 0 ? knownAround(at) : std::nullopt;
-            if (known)
-                return *known;
+            continue;
         }
+        if (isOpening(at) && --depth < 0)
+            return at;
+        const std::optional<int> known = depth == 0 ? knownAround(at) : std::nullopt;
+        if (known)
+            return *known;
     }
     return -1;
 }

@@ -32,7 +32,7 @@ TEST(TagScan, OneStepIsOneUnit) {
 
 TEST(TagScan, ADocumentTypeIsOneUnitAndNoElement) {
     const std::wstring type = L"<!DOCTYPE r [<!ENTITY e \"]\"><!-- don't ]> --><?p ]> ?>]>";
-    const XmlProbe xml(type + L"<r>isn't</r>\n");
+    const XmlProbe xml(Core::String(type + L"<r>isn't</r>\n"), L"");
     const int root = xml.at(L"<r>");
     EXPECT_EQ(stepsForward(xml),
               (Pieces{type, L"<r>", L"i", L"s", L"n", L"'", L"t", L"</r>", L"\n"}));

@@ -1,0 +1,101 @@
+#pragma once
+
+/// What fills each parameter of each operation, by "operation.parameter" or by the parameter's name
+/// alone; a boolean without an entry is asked both ways. What begins with "$" is filled in from the
+/// document.
+inline const char* const argumentTable = R"json({
+"name": "fo:block", "elementName": "fo:block", "container": "", "path": "",
+"open.path": "$file", "setContentFromFile.path": "$file",
+"save.path": "$other file", "saveToFile.path": "$other file",
+"selectElement.path": "/qfd:document/fo:page-sequence/fo:flow",
+"encoding": 1, "changeXmlEncoding.encoding": "UTF-16", "declaration": "xmlns:a=\"urn:a\"",
+"content": "$content", "isInsideStartTag.text": "$content", "getNamespaces.text": "$content",
+"text": "x", "xml": "<fo:inline>x</fo:inline>",
+"replaceXmlText.xml": "x", "insertStyleSheet.xml": "<qf:stylesheet href=\"a\"/>",
+"indentXmlText.xml": "$content", "insertDocumentInformation.xml": "<qf:info/>",
+"position": "$caret", "start": "$pivot", "end": "$caret", "from": "$pivot", "to": "$caret",
+"offset": 50, "offsetIsInSelection.offset": "$caret",
+"index": 0, "sequenceIndex": 0, "flowName": "xsl-region-before",
+"character": "x", "find": "never there", "replacement": "y", "direction": 0, "replace": false,
+"defaultDictionaries": "en_US", "dictionaries": "en_US", "format": 0,
+"type": 0, "properties": [["fo:color", "red"], ["font-weight", "bold"]],
+"property": ["fo:color", "red"], "getParentProperty.property": "fo:color",
+"getInheritablePropertyValueAtPosition.name": "fo:color", "setParentProperty.property": "fo:color",
+"value": "red", "setItemLabelValue.value": "*", "className": "title", "label": "1)",
+"item": "$item", "element": "$element", "level": "PDF508", "id": "here"
+})json";
+
+/// Further requests; where a row holds several, those before the last come before the clock is
+/// started.
+inline const char* const furtherRequests = R"json([
+    [["insertText", " ", false, false]],
+    [["insertText", "&amp;", true, false]],
+    [["insertText", "<fo:block>x</fo:block>", true, false]],
+    [["insertText", "$blanks", false, false]],
+    [["insertText", "$content text", false, true]],
+    [["insertBreak", 1, false]], [["insertBreak", 2, false]], [["insertBreak", 5, false]],
+    [["insertBreak", 5, true]], [["insertBreak", 6, false]],
+    [["makeList", 1]], [["makeList", 2]], [["changeLabelType", 1]], [["changeLabelType", 2]],
+    [["findReplace", "e", "y", false, false, 0, true]],
+    [["findReplace", "never there", "y", false, true, 2, true]],
+    [["findReplace", "never there", "y", true, false, 1, false]],
+    [["getSelectionAs", 2]],
+    [["setProperties", [["fo:text-align", "end"]], ""]],
+    [["setProperties", [["qf:kind", "k"]], ""]],
+    [["getNextSpellingError", "en_US", false]],
+    [["erase", true, false], ["undo"]],
+    [["erase", true, false], ["undo"], ["redo"]],
+    [["insertText", "x", false, false], ["undo"]],
+    [["insertText", "x", false, false], ["undo"], ["redo"]],
+    [["setProperties", [["font-weight", "bold"]], ""], ["undo"]],
+    [["setProperties", [["font-weight", "bold"]], ""], ["undo"], ["redo"]],
+    [["setProperties", [["font-weight", "bold"]], ""], ["removeProperties", ""]],
+    [["makeList", 0], ["undo"]],
+    [["makeList", 0], ["undo"], ["redo"]],
+    [["makeList", 0], ["removeList"]],
+    [["moveCaretToFirstStaticRegion"], ["resetCaretFromStaticContent"]],
+    [["setPageMasterEditingMode", true], ["moveCaretLeft", false, false, false]]
+])json";
+
+/// Where the caret stands, and what is selected, before each request.
+inline const char* const placeTable = R"json({
+"start": [["moveCaretHome", false]],
+"middle": [["setCaretPos", false, "$middle"]],
+"end": [["moveCaretToEnd", false]],
+"all": [["moveCaretHome", false], ["moveCaretToEnd", true]]
+})json";
+
+/// Documents of one flow: a beginning, a piece that comes again and again, an end.
+struct Shape {
+    const char* name;
+    const wchar_t* start;
+    const wchar_t* piece;
+    const wchar_t* end;
+};
+
+inline constexpr Shape shapes[]{
+    {"paragraphs", L"", L"<fo:block>the quarterly statement &amp; its charges</fo:block>\n", L""},
+    {"table", L"<fo:table><fo:table-body>",
+     L"<fo:table-row><fo:table-cell><fo:block>12.50</fo:block></fo:table-cell>"
+     L"<fo:table-cell><fo:block>charges</fo:block></fo:table-cell></fo:table-row>",
+     L"</fo:table-body></fo:table><fo:block>end</fo:block>"},
+    {"list", L"<fo:list-block>",
+     L"<fo:list-item><fo:list-item-label><fo:block>&#x2022;</fo:block></fo:list-item-label>"
+     L"<fo:list-item-body><fo:block>payments received</fo:block></fo:list-item-body>"
+     L"</fo:list-item>",
+     L"</fo:list-block>"},
+    {"inlines", L"<fo:block>", L"a <fo:inline font-weight=\"bold\">bold</fo:inline> word, ",
+     L"</fo:block>"},
+    {"empty blocks", L"<fo:block>a</fo:block>", L"<fo:block/>", L"<fo:block>z</fo:block>"},
+    {"comments", L"<fo:block>a", L"<!-- a note -->", L"z</fo:block>"},
+    {"blanks", L"<fo:block>a", L" \n", L"z</fo:block>"},
+    {"leading blanks", L"<fo:block>", L" ", L"z</fo:block>"},
+    {"nonbreaking", L"<fo:block>", L"&#x00A0;", L"z</fo:block>"},
+    {"static regions", L"<fo:block>a</fo:block></fo:flow></fo:page-sequence>",
+     L"<fo:page-sequence master-reference=\"page\"><fo:static-content "
+     L"flow-name=\"xsl-region-before\"><fo:block>a</fo:block></fo:static-content>"
+     L"<fo:flow flow-name=\"xsl-region-body\"><fo:block>b</fo:block></fo:flow>"
+     L"</fo:page-sequence>",
+     L"<fo:page-sequence master-reference=\"page\"><fo:flow flow-name=\"xsl-region-body\">"
+     L"<fo:block>z</fo:block>"},
+};

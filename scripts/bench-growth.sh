@@ -1,0 +1,9 @@
+#!/bin/bash
+# Times every request on documents of several shapes and three sizes and prints what grows faster
+# than the text; arguments go to it, as in: scripts/bench-growth.sh --shape list --request erase
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/packages.sh build bench
+scripts/build.sh release forme_growth
+exec build/release/bench/forme_growth "$@"
