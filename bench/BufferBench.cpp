@@ -2,9 +2,9 @@
 
 #include "GeneratedDocument.h"
 
-#include "document/EditActionGroup.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/EditableDocumentBufferState.h"
+#include "document/history/EditActionGroup.h"
 #include "foundation/SmartPtr.h"
 
 #include <benchmark/benchmark.h>

@@ -1,7 +1,7 @@
 // Corrects a word in a document, takes it back, does it again and saves.
-#include <forme/document/EditActionGroup.h>
 #include <forme/document/EditableDocumentBuffer.h>
 #include <forme/document/FreezeNotifications.h>
+#include <forme/document/history/EditActionGroup.h>
 #include <forme/foundation/Encoder.h>
 
 #include <iostream>

@@ -1,7 +1,7 @@
 // Replaces a word in a whole document, as the "Replace all" of a dialog does, and saves.
-#include <forme/document/EditActionGroup.h>
 #include <forme/document/EditableDocumentBuffer.h>
 #include <forme/document/FreezeNotifications.h>
+#include <forme/document/history/EditActionGroup.h>
 #include <forme/foundation/Encoder.h>
 
 #include <iostream>

@@ -3,8 +3,8 @@
 #include "RecordedPrimitives.h"
 #include "Session.h"
 
-#include <forme/document/InlineRepeatAlg.h>
 #include <forme/document/PageSequenceAlg.h>
+#include <forme/editing/objects/InlineRepeatAlg.h>
 
 #include <algorithm>
 #include <stdexcept>

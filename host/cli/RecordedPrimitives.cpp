@@ -1,7 +1,7 @@
 #include "RecordedPrimitives.h"
 
-#include <forme/document/EditAction.h>
-#include <forme/document/EditActionGroup.h>
+#include <forme/document/history/EditAction.h>
+#include <forme/document/history/EditActionGroup.h>
 #include <forme/text/XmlCharacters.h>
 
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <forme/document/EditableDocumentBuffer.h>
-#include <forme/editing/ListBuffer.h>
+#include <forme/editing/lists/ListBuffer.h>
 #include <forme/foundation/Encoder.h>
 
 #include <nlohmann/json.hpp>

@@ -1,5 +1,7 @@
 #include "document/BufferAlg.h"
 
+#include "document/Document.h"
+
 namespace BufferAlgorithms {
 
 int BufferAlg::getCaretPos() const {
@@ -7,19 +9,19 @@ int BufferAlg::getCaretPos() const {
 }
 
 int BufferAlg::getRootElement() const {
-    return buffer_->getRootElementPos();
+    return Document::of(*buffer_).text().root();
 }
 
 int BufferAlg::searchParent(const Core::String& name, int position) const {
-    return buffer_->searchParent(name, position, false, true, L"");
+    return Document::of(*buffer_).text().ancestor(position, name.view());
 }
 
 int BufferAlg::getNextElementByName(const Core::String& name, int position) const {
-    return buffer_->getNextElementByName(name, position);
+    return Document::of(*buffer_).text().nextNamed(position, name.view());
 }
 
 int BufferAlg::getClosingTagForTagAtPosition(int position) const {
-    return buffer_->getClosingTagForTagAtPosition(position);
+    return Document::of(*buffer_).text().closingTag(position);
 }
 
 } // namespace BufferAlgorithms

@@ -1,15 +1,15 @@
 #include "document/CommandScope.h"
 
-#include "document/EditableDocumentBuffer.h"
+#include "document/Document.h"
 
 #include <exception>
 
-CommandScope::CommandScope(EditableDocumentBuffer* buffer)
-    : buffer_(buffer), freeze_(buffer), exceptions_(std::uncaught_exceptions()) {
-    if (buffer_->isInCommand_)
+CommandScope::CommandScope(Document& document)
+    : document_(document), freeze_(document), exceptions_(std::uncaught_exceptions()) {
+    if (document_.isInCommand)
         return;
-    before_.emplace(buffer_);
-    buffer_->isInCommand_ = true;
+    before_.emplace(document_);
+    document_.isInCommand = true;
 }
 
 CommandScope::~CommandScope() {
@@ -20,7 +20,7 @@ CommandScope::~CommandScope() {
     if (isFailing())
         before_->restorePreviousState();
     before_.reset();
-    buffer_->isInCommand_ = false;
+    document_.isInCommand = false;
 }
 
 bool CommandScope::isFailing() const {

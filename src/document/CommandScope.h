@@ -5,14 +5,14 @@
 
 #include <optional>
 
-class EditableDocumentBuffer;
+class Document;
 
 /// The scope of a public operation. The monitor hears when it ends. If it ends by an exception,
 /// whatever raised it, the operation has not happened: the outermost scope takes everything back,
 /// and the monitor hears nothing.
 class CommandScope {
 public:
-    explicit CommandScope(EditableDocumentBuffer* buffer);
+    explicit CommandScope(Document& document);
     ~CommandScope();
 
     CommandScope(const CommandScope&) = delete;
@@ -25,7 +25,7 @@ public:
     void discardNotices() { freeze_.discard(); }
 
 private:
-    EditableDocumentBuffer* buffer_;
+    Document& document_;
     std::optional<EditableDocumentBufferState> before_; // only in the outermost scope
     FreezeNotifications freeze_;
     int exceptions_;

@@ -1,13 +1,18 @@
 // Loading, saving and replacing the whole text, and its large parts.
 
-#include "document/EditableDocumentBuffer.h"
+#include "document/DocumentText.h"
 
+#include "document/Attributes.h"
 #include "document/CommandScope.h"
-#include "document/EditActionGroup.h"
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
+#include "document/TableCache.h"
+#include "document/history/EditActionGroup.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
 #include "foundation/XmlWriter.h"
+#include "text/Markup.h"
 
 #include <algorithm>
 #include <optional>
@@ -63,66 +68,26 @@ bool isPrefix(std::wstring_view name) {
 
 } // namespace
 
-void EditableDocumentBuffer::setContent(const String& content, bool resetHistory) {
-    CommandScope scope(this);
-    endKeyTypingSequence();
+void DocumentText::set(Document& document, const String& content, bool resetHistory) {
+    CommandScope scope(document);
+    document.endTyping();
     std::optional<EditActionGroup> step;
     if (!resetHistory) {
-        step.emplace(this);
-        recordContent();
+        step.emplace(document);
+        document.recordContent();
     }
     String unixContent = content;
     unixContent.replaceAll(L"\r\n", L"\n");
-    replaceText(unixContent);
-    updateCacheOnBufferChange();
-    notifyBufferChanged();
+    document.replaceText(unixContent);
+    TableCache::onBufferChange(document);
+    document.notifyBufferChanged();
     if (resetHistory)
-        editActionStack_.clearStack();
+        document.history.clearStack();
     else
-        recordContent();
+        document.recordContent();
 }
 
-/// The old caret belongs to the old text and has no say in where the new one goes.
-void EditableDocumentBuffer::replaceText(const String& content) {
-    text_ = content;
-    textChangedFrom(0);
-    if (hasSelectedText())
-        notifySelectionChanged();
-    if (caretPos_ != -1)
-        notifyCaretChanged();
-    caretPos_ = selectionPivotPos_ = -1;
-    moveCaretHome(false);
-}
-
-void EditableDocumentBuffer::setContentFromFile(const String& path) {
-    CommandScope scope(this);
-    const SmartPtr<Core::IO::Stream> file(new Core::IO::FileStream(path, false, false, false));
-    setContent(Core::IO::XmlReader(file).readToEnd(), true);
-}
-
-void EditableDocumentBuffer::saveToFile(const String& path, DocumentEncoding encoding) const {
-    const std::optional<WriterArguments> arguments = writerArgumentsFor(encoding);
-    if (!arguments)
-        return;
-    const SmartPtr<Core::IO::FileStream> file(new Core::IO::FileStream(path, true, true, false));
-    Core::IO::XmlWriter(file.get(), arguments->encoding, arguments->mark).write(text_);
-    file->commit();
-}
-
-void EditableDocumentBuffer::changeXmlEncoding(const String& encoding) {
-    if (getNameForTagAtPosition(0, true) != L"?xml" || !isEncodingName(encoding.view()))
-        return;
-    const EditableProperty named(L"encoding", encoding);
-    PropertyCollection declaration;
-    for (const EditableProperty& property : getPropertiesFromElementAt(0).getPropertyList()) {
-        declaration.addProperty(property, true);
-        declaration.addProperty(named, true); // a new one belongs directly behind the version
-    }
-    if (!declaration.isEmpty())
-        replaceProperties(0, declaration);
-}
-
-int EditableDocumentBuffer::updateRootNamespaces(const String& declaration) {
+int Attributes::declareOnRoot(Document& document, const String& declaration) {
     String name = declaration.substringBefore(L"=");
     String uri = declaration.substringAfter(L"=");
     uri.replaceAll(L"\"", L"");
@@ -131,49 +96,82 @@ int EditableDocumentBuffer::updateRootNamespaces(const String& declaration) {
         return 0;
     PropertyCollection properties;
     properties.addProperty({name, uri}, true);
-    RecordedCommand command(this);
-    const int shift = setPropertiesForElementAt(getRootElementPos(), properties);
+    RecordedCommand command(document);
+    const int shift = Attributes::merge(document, document.text().root(), properties);
     if (command.mayStand())
         return shift;
     command.takeBack();
     return 0;
 }
 
-String EditableDocumentBuffer::getNamespaces() const {
-    return namespaceSetToString(getNamespacesFromAllContainers(caretPos_));
+void EditableDocumentBuffer::setContent(const String& content, bool resetHistory) {
+    DocumentText::set(*document_, content, resetHistory);
 }
 
-int EditableDocumentBuffer::getLayoutMasterSetPosition() const {
-    return text_.find(layoutMasterSetStart, 0);
+void EditableDocumentBuffer::setContentFromFile(const String& path) {
+    Document& document = *document_;
+    CommandScope scope(document);
+    const SmartPtr<Core::IO::Stream> file(new Core::IO::FileStream(path, false, false, false));
+    DocumentText::set(document, Core::IO::XmlReader(file).readToEnd(), true);
+}
+
+void EditableDocumentBuffer::saveToFile(const String& path, DocumentEncoding encoding) const {
+    const Document& document = *document_;
+    const std::optional<WriterArguments> arguments = writerArgumentsFor(encoding);
+    if (!arguments)
+        return;
+    const SmartPtr<Core::IO::FileStream> file(new Core::IO::FileStream(path, true, true, false));
+    Core::IO::XmlWriter(file.get(), arguments->encoding, arguments->mark)
+        .write(document.text().content());
+    file->commit();
+}
+
+void EditableDocumentBuffer::changeXmlEncoding(const String& encoding) {
+    Document& document = *document_;
+    if (document.text().tagName(0) != L"?xml" || !isEncodingName(encoding.view()))
+        return;
+    const EditableProperty named(L"encoding", encoding);
+    PropertyCollection declaration;
+    for (const EditableProperty& property : Attributes::of(document, 0).getPropertyList()) {
+        declaration.addProperty(property, true);
+        declaration.addProperty(named, true); // a new one belongs directly behind the version
+    }
+    if (!declaration.isEmpty())
+        Attributes::replace(document, 0, declaration);
+}
+
+int EditableDocumentBuffer::updateRootNamespaces(const String& declaration) {
+    return Attributes::declareOnRoot(*document_, declaration);
+}
+
+String EditableDocumentBuffer::getNamespaces() const {
+    const Document& document = *document_;
+    return Namespaces::asAttributes(Namespaces::around(document.text(), document.caret()));
 }
 
 int EditableDocumentBuffer::getQFDTemplateDefsPosition() const {
-    return text_.find(L"<qfd:document", 0);
+    const Document& document = *document_;
+    return document.text().find(L"<qfd:document", 0);
 }
 
 String EditableDocumentBuffer::getQFDTemplateDefsString(int position) const {
-    const int end = getLayoutMasterSetPosition();
-    if (isOnInvalidPosition(position) || position >= end)
+    const Document& document = *document_;
+    const XmlText& text = document.text();
+    const int end = text.layoutMasterSet();
+    if (!text.isValid(position) || position >= end)
         return {};
-    return text_.subString(static_cast<unsigned>(position), static_cast<unsigned>(end - 1)) +
-           L"</qfd:document>";
-}
-
-int EditableDocumentBuffer::getFirstPageGeneratorPos() const {
-    const int end = text_.find(layoutMasterSetEnd, 0);
-    return end < 0 ? -1 : end + String(layoutMasterSetEnd).length();
+    return text.slice(position, end) + L"</qfd:document>";
 }
 
 String EditableDocumentBuffer::getAllPageSequencesWrappedInRoot() const {
-    const int root = getRootElementPos();
-    const int start = getFirstPageGeneratorPos();
-    const int last = getPreviousElementByName(L"fo:page-sequence", text_.length() - 1);
-    const int end = getNextEditablePositionInXml(getClosingTagForTagAtPosition(last));
+    const Document& document = *document_;
+    const XmlText& text = document.text();
+    const int root = text.root();
+    const int start = text.behindPageMasters();
+    const int last = text.previousNamed(text.length() - 1, L"fo:page-sequence");
+    const int end = text.next(text.closingTag(last));
     if (root < 0 || start < 0 || end < start)
         return {};
-    const auto slice = [this](int from, int behind) {
-        return text_.subString(static_cast<unsigned>(from), static_cast<unsigned>(behind - 1));
-    };
-    return slice(root, getNextEditablePositionInXml(root)) + slice(start, end) + L"</" +
-           getNameForTagAtPosition(root, true) + L">";
+    const auto slice = [&](int from, int behind) { return text.slice(from, behind); };
+    return slice(root, text.next(root)) + slice(start, end) + L"</" + text.nameAt(root) + L">";
 }

@@ -1,93 +1,55 @@
+// The face itself: setting up, and what it only passes on to its document.
+
 #include "document/EditableDocumentBuffer.h"
 
-#include "text/XmlScan.h"
-
-#include <algorithm>
+#include "document/Document.h"
 
 using Core::String;
 
-namespace {
+EditableDocumentBuffer::EditableDocumentBuffer()
+    : EditableDocumentBuffer(std::make_shared<Document>()) {}
 
-constexpr int historyLimit = 10000;
-
-bool contains(const Core::StringArray& names, std::wstring_view name) {
-    return std::any_of(names.begin(), names.end(),
-                       [&](const String& known) { return known.view() == name; });
-}
-
-void appendUnlessPresent(Core::StringArray& names, const String& name) {
-    if (!contains(names, name.view()))
-        names.push_back(name);
-}
-
-} // namespace
-
-EditableDocumentBuffer::EditableDocumentBuffer() : editActionStack_(historyLimit) {}
+EditableDocumentBuffer::EditableDocumentBuffer(const std::shared_ptr<Document>& document)
+    : EditableXmlBuffer(Document::textOf(document)), document_(document) {}
 
 EditableDocumentBuffer::~EditableDocumentBuffer() = default;
 
+// Names
+
 void EditableDocumentBuffer::addEditableElement(const String& name) {
-    appendUnlessPresent(editableElements_, name);
+    document_->names.addEditable(name);
 }
 
 void EditableDocumentBuffer::addInlineEditableElement(const String& name) {
-    appendUnlessPresent(inlineEditableElements_, name);
+    document_->names.addInline(name);
 }
 
 bool EditableDocumentBuffer::isInlineEditableElementName(const String& name) const {
-    return isInlineName(name.view());
+    return document_->names.isInline(name.view());
 }
 
 bool EditableDocumentBuffer::isInlineEditableElementClosingTagName(const String& name) const {
-    return name.startsWith(L"/") && isInlineEditableElementName(name.substringAfter(L"/"));
+    return document_->names.closesInline(name.view());
 }
 
 bool EditableDocumentBuffer::isBlockEditableElementName(const String& name) const {
-    return elementIsEditable(name) && !isInlineEditableElementName(name);
+    return document_->names.isBlock(name.view());
 }
 
 bool EditableDocumentBuffer::elementIsEditable(const String& name) const {
-    return isEditableName(name.view());
+    return document_->names.isEditable(name.view());
 }
 
-std::vector<int> EditableDocumentBuffer::elementsAround(int position) const {
-    std::vector<int> around;
-    for (int element = getCurrentElementPosition(position); element >= 0;
-         element = getCurrentElementPosition(element))
-        around.push_back(element);
-    std::reverse(around.begin(), around.end());
-    return around;
-}
-
-bool EditableDocumentBuffer::isEditableName(std::wstring_view name) const {
-    return contains(editableElements_, name);
-}
-
-bool EditableDocumentBuffer::isInlineName(std::wstring_view name) const {
-    return contains(inlineEditableElements_, name);
+bool EditableDocumentBuffer::elementIsEditable(int position) const {
+    return document_->isEditableAt(position);
 }
 
 bool EditableDocumentBuffer::isEditableElementAtPosition(int position) const {
-    return isEditableName(XmlScan::tagName(text_.view(), position));
+    return document_->isEditableAt(position);
 }
 
 bool EditableDocumentBuffer::inEditableElement(int position) const {
-    return isEditableElementAtPosition(getCurrentElementPosition(position));
-}
-
-void EditableDocumentBuffer::notifyBufferChanged() {
-    if (monitor_)
-        monitor_->onBufferChanged();
-}
-
-void EditableDocumentBuffer::notifyCaretChanged() {
-    if (monitor_)
-        monitor_->onCaretChanged();
-}
-
-void EditableDocumentBuffer::notifySelectionChanged() {
-    if (monitor_)
-        monitor_->onSelectionChanged();
+    return document_->isInEditable(position);
 }
 
 bool EditableDocumentBuffer::isQFDDocument() const {
@@ -96,4 +58,116 @@ bool EditableDocumentBuffer::isQFDDocument() const {
 
 bool EditableDocumentBuffer::isFODocument() const {
     return getRootElementName() == L"fo:root";
+}
+
+// The monitor
+
+void EditableDocumentBuffer::setMonitor(IEditableBufferMonitor* monitor) {
+    document_->monitor = monitor;
+}
+
+IEditableBufferMonitor* EditableDocumentBuffer::getMonitor() const {
+    return document_->monitor;
+}
+
+void EditableDocumentBuffer::notifyBufferChanged() {
+    document_->notifyBufferChanged();
+}
+
+void EditableDocumentBuffer::notifyCaretChanged() {
+    document_->notifyCaretChanged();
+}
+
+void EditableDocumentBuffer::notifySelectionChanged() {
+    document_->notifySelectionChanged();
+}
+
+// The text and the caret
+
+String EditableDocumentBuffer::getContent() const {
+    return document_->text().content();
+}
+
+int EditableDocumentBuffer::getLayoutMasterSetPosition() const {
+    return document_->text().layoutMasterSet();
+}
+
+int EditableDocumentBuffer::getFirstPageGeneratorPos() const {
+    return document_->text().behindPageMasters();
+}
+
+void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String& xml) {
+    document_->insertUnrecorded(position, xml);
+}
+
+String EditableDocumentBuffer::deleteXmlText(int start, int end) {
+    return document_->removeUnrecorded(start, end);
+}
+
+int EditableDocumentBuffer::getCaretPos() const {
+    return document_->caret();
+}
+
+int EditableDocumentBuffer::getSelectionPivotPos() const {
+    return document_->pivot();
+}
+
+bool EditableDocumentBuffer::hasSelectedText() const {
+    return document_->hasSelection();
+}
+
+int EditableDocumentBuffer::getSelectionStartIndex() const {
+    return document_->selectionStart();
+}
+
+void EditableDocumentBuffer::setCaret(bool extend, int position) {
+    document_->moveCaret(extend, position);
+}
+
+// The history
+
+EditActionStack& EditableDocumentBuffer::getEditActionStack() {
+    return document_->history;
+}
+
+bool EditableDocumentBuffer::canUndo() const {
+    return document_->history.hasMoreUndoActions();
+}
+
+bool EditableDocumentBuffer::canRedo() const {
+    return document_->history.hasMoreRedoActions();
+}
+
+void EditableDocumentBuffer::endKeyTypingSequence() {
+    document_->endTyping();
+}
+
+// Modes, and what commands keep
+
+void EditableDocumentBuffer::setPageMasterEditingMode(bool on) {
+    document_->modes.pageMasters = on;
+}
+
+bool EditableDocumentBuffer::getPageMasterEditingMode() const {
+    return document_->modes.pageMasters;
+}
+
+void EditableDocumentBuffer::setEditingDummyPage(bool on) {
+    document_->modes.dummyPage = on;
+}
+
+bool EditableDocumentBuffer::isEditingDummyPage() const {
+    return document_->modes.dummyPage;
+}
+
+void EditableDocumentBuffer::resetfindReplaceStartPos() {
+    document_->search = {};
+}
+
+void EditableDocumentBuffer::setSpellChecker(const SmartPtr<Drawing::SpellChecker>& checker) {
+    document_->spellChecker = checker;
+}
+
+bool EditableDocumentBuffer::tableBufferCacheNull() const {
+    return !document_->tableCache;
 }

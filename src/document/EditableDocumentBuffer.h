@@ -1,10 +1,9 @@
 #pragma once
 
-#include "document/EditAction.h"
-#include "document/EditActionGroup.h"
-#include "document/EditActionStack.h"
 #include "document/ElementInfo.h"
 #include "document/IEditableBufferMonitor.h"
+#include "document/history/EditAction.h"
+#include "document/history/EditActionStack.h"
 #include "foundation/Api.h"
 #include "foundation/Object.h"
 #include "foundation/PropertyCollection.h"
@@ -15,17 +14,13 @@
 #include "foundation/Vector.h"
 #include "text/EditableXmlBuffer.h"
 
+#include <memory>
 #include <optional>
 #include <set>
 #include <vector>
 
-namespace BufferAlgorithms {
-class BufferAlg;
-class WhitespaceAlg;
-} // namespace BufferAlgorithms
-
+class Document;
 class ListBuffer;
-struct PlaceholderRepair;
 class TextRewrite;
 
 /// How a document is saved.
@@ -103,15 +98,15 @@ public:
 
     // The monitor, which is not owned and must outlive the buffer or be set to null
 
-    void setMonitor(IEditableBufferMonitor* monitor) { monitor_ = monitor; }
-    IEditableBufferMonitor* getMonitor() const { return monitor_; }
+    void setMonitor(IEditableBufferMonitor* monitor);
+    IEditableBufferMonitor* getMonitor() const;
     void notifyBufferChanged();
     void notifyCaretChanged();
     void notifySelectionChanged();
 
     // The text
 
-    Core::String getContent() const { return text_; }
+    Core::String getContent() const;
 
     /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. Whether
     /// the text is well formed is not looked at. With `resetHistory` nothing can be undone
@@ -164,14 +159,14 @@ public:
     void undo();
     void redo();
     /// Whether the list holds anything; group markers count.
-    bool canUndo() const { return editActionStack_.hasMoreUndoActions(); }
-    bool canRedo() const { return editActionStack_.hasMoreRedoActions(); }
+    bool canUndo() const;
+    bool canRedo() const;
 
     /// Ends a run of typing, so that what is typed next is a step of its own.
     void endKeyTypingSequence();
 
     /// The history, for those who bracket several operations or keep an offset valid across them.
-    EditActionStack& getEditActionStack() { return editActionStack_; }
+    EditActionStack& getEditActionStack();
 
     // The primitives, which change the text and adjust the caret, and record nothing: whoever calls
     // them pushes the matching EditAction. A position outside the text changes nothing.
@@ -188,9 +183,9 @@ public:
 
     // The caret and the selection, which runs from the pivot to the caret
 
-    int getCaretPos() const { return caretPos_; }
+    int getCaretPos() const;
     /// Equal to the caret when nothing is selected.
-    int getSelectionPivotPos() const { return selectionPivotPos_; }
+    int getSelectionPivotPos() const;
 
     /// Puts the caret to a position, -1 for none; with `extend` the pivot stays. Refused inside
     /// markup, and where the selection would leave its flow or static content. Ends a run of
@@ -280,15 +275,13 @@ public:
     int findReplace(const Core::String& find, const Core::String& replacement, bool matchCase,
                     bool wholeWord, Direction direction, bool replace);
     /// Ends the running search.
-    void resetfindReplaceStartPos() { search_ = {}; }
+    void resetfindReplaceStartPos();
 
     // Spelling. Dictionaries have names such as "en_US", and a list of them has ":" in between. A
     // spelling operation without a checker raises Core::NullPointerException and changes nothing;
     // what the checker raises passes through in the same way.
 
-    void setSpellChecker(const SmartPtr<Drawing::SpellChecker>& checker) {
-        spellChecker_ = checker;
-    }
+    void setSpellChecker(const SmartPtr<Drawing::SpellChecker>& checker);
     /// Selects the next word that no dictionary knows, at or behind the caret or, with `restart`,
     /// the start of the first flow. Null without one; the caret then stays, with `restart` at that
     /// start. The next call goes on behind the word. The dictionaries are those that the document
@@ -306,7 +299,7 @@ public:
 
     // Selecting
 
-    bool hasSelectedText() const { return caretPos_ != selectionPivotPos_; }
+    bool hasSelectedText() const;
     /// Whether the offset lies from the selection's lower end through its upper end, both included.
     bool offsetIsInSelection(int offset) const;
     /// Collapses the selection onto the caret. Ends a run of typing.
@@ -501,11 +494,11 @@ public:
     // The modes of editing. A caret that stands elsewhere already stays until it is next set.
 
     /// While set, the caret may only be put into static content, and no flow is edited.
-    void setPageMasterEditingMode(bool on) { pageMasterEditingMode_ = on; }
-    bool getPageMasterEditingMode() const { return pageMasterEditingMode_; }
+    void setPageMasterEditingMode(bool on);
+    bool getPageMasterEditingMode() const;
     /// While set, the caret is put nowhere: whatever sets it leaves none.
-    void setEditingDummyPage(bool on) { editingDummyPage_ = on; }
-    bool isEditingDummyPage() const { return editingDummyPage_; }
+    void setEditingDummyPage(bool on);
+    bool isEditingDummyPage() const;
 
     // The initial position, which travels in the document as the id of the block or inline where
     // reading should start
@@ -608,7 +601,7 @@ public:
     void updateCacheOnBufferChange();
     void updateCacheOnCaretChange();
     void updateCacheOnSelectionChange();
-    bool tableBufferCacheNull() const { return !tableBufferCache_; }
+    bool tableBufferCacheNull() const;
     void updateTableBufferCache();
 
 protected:
@@ -624,7 +617,7 @@ protected:
     bool canHoldCaret(int position) const;
     bool isEditableElementAtPosition(int position) const;
     bool inEditableElement(int position) const;
-    bool elementIsEditable(int position) const { return isEditableElementAtPosition(position); }
+    bool elementIsEditable(int position) const;
     bool elementIsEditable(const Core::String& name) const;
 
     /// The next or the previous stop: the nearest offset that can hold the caret and is not skipped
@@ -771,253 +764,11 @@ protected:
     /// selected. One undo step.
     void formatInline(int from, int to, PropertyCollection properties);
 
+    /// A face on a document that is there already.
+    explicit EditableDocumentBuffer(const std::shared_ptr<Document>& document);
+
 private:
-    friend class CommandScope;
-    friend class EditableDocumentBufferState;
-    friend class CaretWalk;
-    friend class PageOrder;
-    friend class WordWalk;
-    friend class TextRewrite;
-    friend class TextSearch;
-    friend class SpellingWalk;
-    friend class BufferAlgorithms::BufferAlg;
-    friend class BufferAlgorithms::WhitespaceAlg;
-    friend class SelectionDeletion;
-    friend class Backspace;
-    friend class ForwardDelete;
-    friend class ListBuffer;
-    friend class LineBreak;
-    friend class HardBreak;
+    friend class Document;
 
-    void recordCaret();
-    void recordInsertion(int position, const Core::String& xml);
-    void recordDeletion(int position, const Core::String& xml);
-    void recordContent();
-
-    void replaceText(const Core::String& content);
-    static int offsetAfterDeletion(int offset, int start, int end);
-    void placeCaretAfterEdit(int caret, int pivot);
-    bool isOutOfReach(int position) const;
-    void placeCaret(bool extend, int position);
-    bool moveCaretToStopInCell();
-    int nextStopInCell(int position) const;
-    int previousStopInCell(int position) const;
-    bool isInCellAround(int position, int stop) const;
-    void replayCaret(int pivot, int caret);
-    void replayStep(EditAction (EditActionStack::*take)(), bool (EditActionStack::*more)() const);
-
-    int initialPositionElement() const;
-    Core::String idOfElement(int element);
-    void forgetInitialPosition();
-
-    bool isNamespaceDeclaredAt(const Core::String& prefix, int element) const;
-    int declareNamespaces(const PropertyCollection& properties, int& element);
-    int replaceProperties(int element, const PropertyCollection& properties);
-
-    int elementNamedByPath(const Core::String& path) const;
-    int objectNamedByPath(const Core::String& path) const;
-    int nearestElementNamed(const Core::String& name, int position) const;
-    int styledElement(const Core::String& name) const;
-    bool isStartTagSelected() const;
-    void removeAttributes(int element);
-    std::vector<int> elementsToClear(const Core::String& path) const;
-    std::vector<int> elementsOfSelectedText() const;
-    void changeProperties(int element, const PropertyCollection& properties);
-    void formatSelection(const PropertyCollection& properties);
-    int startOfTextRun(int position, int limit) const;
-    int endOfTextRun(int start, int limit) const;
-    bool planTextRun(int start, int end, const PropertyCollection& properties,
-                     TextRewrite& rewrite) const;
-    bool isWholeInline(int start, int end) const;
-    void planProperties(int element, PropertyCollection properties, TextRewrite& rewrite) const;
-    static Core::String attributesText(PropertyCollection properties,
-                                       const Core::String& elementPrefix);
-    static bool isStandardNamespace(const Core::String& prefix);
-    int formatTextRun(int start, int end, const PropertyCollection& properties);
-    int wrapInInline(int start, int end, const PropertyCollection& properties);
-    int formatBlockAround(int position, const PropertyCollection& properties);
-
-    int tableAroundCaret() const;
-
-    struct StopRange {
-        int first;
-        int last;
-    };
-
-    int selectionUpperEnd() const;
-    void selectRange(int pivot, int caret);
-    int positionBehindElement(int element) const;
-    StopRange stopsOfElement(int element) const;
-    void selectStops(const StopRange& stops);
-    void growSelection(const Core::String& innermostName);
-
-    enum class Insertion { None, Done, RolledBack };
-
-    Insertion tryInsertText(const Core::String& text, bool isXml, bool selectInserted);
-    bool isOnlyPlaceholderAround(int element) const;
-    Insertion insertInline(Core::String text, PropertyCollection properties, bool isXml,
-                           bool selectInserted);
-    Insertion insertInPlaceOfSelection(const Core::String& text, bool isXml, bool selectInserted);
-    bool canInsertText(const Core::String& text) const;
-    void removeSelectionBeforeInsertion();
-    void moveCaretOutOfMarkup();
-    InsertedRange insertMarkup(const Core::String& xml);
-    InsertedRange insertPlainText(const Core::String& text);
-    bool elementHasStop(int element) const;
-    bool wouldBeAllOfLine(const Core::String& text) const;
-    bool isBeforeOnlyPlaceholder(int position) const;
-    void turnEntityBeforeCaretIntoBlank();
-    bool blankWouldShowAt(int position) const;
-    bool beginsLine(int position) const;
-    void deleteSuperfluousPlaceholder();
-    void putCaretOnInsertedPlaceholder(int start, int end);
-    int insertBlockBesideTable(int position);
-    int removePlaceholderBetweenBreaks(int position);
-    void leaveInvisibleSpaceBeforeCaret();
-    InsertedRange passPlaceholder();
-
-    /// The repair of handleElementsContainingJustWhiteSpaces(), told in full.
-    PlaceholderRepair repairEmptied(int position, bool removeEmptyInlines);
-    void insertPlaceholderInto(int element, PlaceholderRepair& repair);
-    bool isRemovableInline(int element) const;
-    bool isFootnoteMark(int element) const;
-    void restoreSelection(int lower, int upper, int place, int change);
-
-    bool isInErasablePlace() const;
-    bool isInRegion(int position) const;
-    bool wordStaysInCell(bool forward);
-    void eraseUnit(bool forward);
-    void eraseWord(bool forward);
-    void selectWord(bool forward);
-    int stopNearSkippedPlace() const;
-    bool blockTagLiesBetween(int start, int end) const;
-    void keepInlineInHolder();
-    void protectAdjacentSpaces();
-
-    int headerElement(const Core::String& name) const;
-    void setHeaderAttributes(const Core::String& name, const PropertyCollection& properties);
-    void insertHeader(const Core::String& xml);
-    void removeHeader(const Core::String& name);
-    void insertPDFSettings(const Core::String& level);
-
-    int flowAroundCaret() const;
-    int lastOffsetOfElement(int element) const;
-    Core::String markupOfElement(int element) const;
-    Core::Vector<PropertyCollection> selectedParameters(const Core::String& name) const;
-    void appendElementsWithId(int generator, std::vector<ElementInfo>& found) const;
-
-    void deleteElementAround(const Core::String& name, bool removeEmptyInlines);
-    void placeCaretForRemoved(int place, const Core::String& container, bool inlineContext);
-    int nearestStop(int place) const;
-    int stopInRegion(int place, int nearest) const;
-    int stopInContainer(int place, int nearest, int container) const;
-    int stopInFiller(int place, const Core::String& filler);
-    bool isWrapperOf(int element, int only) const;
-    bool holdsNothingBut(int only, int element) const;
-    int withEmptiedSequence(int element) const;
-    bool hasItemBehind(int item) const;
-
-    void selectWordBeforeCaret();
-    bool prepareAutotext(Core::String& text) const;
-    Core::String linesWithSoftBreaks(Core::String text) const;
-    Core::String withVisibleBlanks(Core::String text) const;
-
-    void setBreakProperty(int block, const EditableProperty& property);
-    bool isFirstOnLine(int position) const;
-    bool isLastOnLine(int position) const;
-    void leaveSkippedPlaceInLine();
-
-    bool isSkippedByCaret(int position) const;
-    int startOfSkippedSpaces(int position) const;
-    int endOfSkippedSpaces(int position) const;
-    int startOfLayout(int position) const;
-    int endOfLayout(int position) const;
-    bool isLineStart(int position) const;
-    bool isLineEnd(int position) const;
-    int startOfHidden(int position) const;
-    bool isBehindBlockLevelTag(int position) const;
-    bool isEmptyBehindLineBreak(int position) const;
-    bool isPlaceholderLine(int position) const;
-    bool isKeptBlank(int position, int element) const;
-    void insertAndRecord(int position, const Core::String& xml);
-    Core::String removeAndRecord(int start, int end);
-
-    /// The elements around a position, the outermost first.
-    std::vector<int> elementsAround(int position) const;
-    bool isEditableName(std::wstring_view name) const;
-    bool isInlineName(std::wstring_view name) const;
-    bool isInBlockOf(int position, int other) const;
-    bool isInlineStart(int position) const;
-    bool isInlineEnd(int position) const;
-    int lastTagPosition() const;
-    int countStops(int element, int limit) const;
-
-    void moveRightByStop(bool extend, bool mergeBoundaries);
-    void moveLeftByStop(bool extend, bool mergeBoundaries);
-    bool moveRightThroughTable();
-    bool moveLeftThroughTable();
-
-    /// Where a move from one position to another may end: from a flow, if not there then at the
-    /// nearest stop in a flow; from a static content only there. -1 if nowhere.
-    int landingRight(int from, int to) const;
-    int landingLeft(int from, int to, bool mergeBoundaries) const;
-    bool isInOneElement(int position, int other) const;
-
-    bool stepToNextWord(bool extend);
-    bool stepOverTag(bool extend);
-    bool stepToPreviousWord(bool extend);
-    bool isInlineEdgeBetween(int stop, int nextStop) const;
-    bool isInlineEdgeAt(int position) const;
-    bool closesInlineAt(int position) const;
-
-    /// What a search looks for.
-    struct SearchRequest {
-        const Core::String& text;
-        bool wholeWord;
-        Direction direction;
-        bool replaces; // so that nothing but the text itself counts
-    };
-
-    /// Where the running search began, -1 while none runs, and how far it came with its last match.
-    struct RunningSearch {
-        int start = -1;
-        bool beganBehindStart = false; // which was the last selected unit
-        bool hasMatched = false;
-        bool hasWrapped = false;
-        Core::String text;
-        Direction direction = Direction::Forward;
-    };
-
-    int searchOrigin(Direction direction) const;
-    int selectNextMatch(const SearchRequest& request);
-    bool replaceSelectedMatch(const Core::String& find, const Core::String& replacement);
-
-    SmartPtr<Drawing::SpellingError> selectMisspeltWord(Drawing::SpellChecker& checker,
-                                                        const Core::StringArray& dictionaries);
-    Core::String wordBetween(int start, int end) const;
-    Core::StringArray dictionariesAtCaret(const Core::String& defaultDictionaries) const;
-
-    int homePosition(int region) const;
-    int endPosition(int region) const;
-    bool isInTextOfRegion(int position, int region) const;
-    int staticContentAround(int position) const;
-    int firstFlowOf(int generator) const;
-    int pageMasterNamed(const Core::String& name) const;
-    int outsideMarkup(int position) const;
-
-    int caretPos_ = -1;
-    int selectionPivotPos_ = -1;
-    EditActionStack editActionStack_;
-    Core::String selectedElementName_; // what selectParent() selected last
-    IEditableBufferMonitor* monitor_ = nullptr;
-    bool isInCommand_ = false;
-    std::optional<unsigned>
-        typingGroup_; // the group of the history that a run of typing keeps open
-    Core::StringArray editableElements_;
-    Core::StringArray inlineEditableElements_;
-    SmartPtr<Core::Object> tableBufferCache_;
-    RunningSearch search_;
-    SmartPtr<Drawing::SpellChecker> spellChecker_;
-    bool pageMasterEditingMode_ = false;
-    bool editingDummyPage_ = false;
+    std::shared_ptr<Document> document_;
 };

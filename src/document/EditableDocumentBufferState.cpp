@@ -1,42 +1,61 @@
 #include "document/EditableDocumentBufferState.h"
 
+#include "document/Document.h"
+#include "document/history/EditActionGroup.h"
+
 #include <utility>
 
+using Core::String;
+
+struct EditableDocumentBufferState::State {
+    explicit State(const Document& document)
+        : text(document.text().content()), caret(document.caret()), pivot(document.pivot()),
+          history(document.history), typingGroup(document.typingGroup),
+          selectedElementName(document.selectedElementName), search(document.search),
+          modes(document.modes) {}
+
+    String text;
+    int caret;
+    int pivot;
+    EditActionStack history;
+    std::optional<unsigned> typingGroup;
+    String selectedElementName;
+    Document::RunningSearch search;
+    Document::Modes modes;
+};
+
 EditableDocumentBufferState::EditableDocumentBufferState(EditableDocumentBuffer* buffer)
-    : buffer_(buffer), text_(buffer->text_), caretPos_(buffer->caretPos_),
-      selectionPivotPos_(buffer->selectionPivotPos_), editActionStack_(buffer->editActionStack_),
-      typingGroup_(buffer->typingGroup_), selectedElementName_(buffer->selectedElementName_),
-      search_(buffer->search_), pageMasterEditingMode_(buffer->pageMasterEditingMode_),
-      editingDummyPage_(buffer->editingDummyPage_) {}
+    : EditableDocumentBufferState(Document::of(*buffer)) {}
+
+EditableDocumentBufferState::EditableDocumentBufferState(Document& document)
+    : document_(document), before_(std::make_unique<State>(document)) {}
 
 EditableDocumentBufferState::~EditableDocumentBufferState() = default;
 
 /// Everything is moved, for it may be a failed allocation that is being taken back.
 void EditableDocumentBufferState::restorePreviousState() noexcept {
-    buffer_->text_ = std::move(text_);
-    buffer_->textChangedFrom(0);
-    buffer_->caretPos_ = caretPos_;
-    buffer_->selectionPivotPos_ = selectionPivotPos_;
-    buffer_->editActionStack_.restore(std::move(editActionStack_));
-    buffer_->typingGroup_ = typingGroup_;
-    buffer_->selectedElementName_ = std::move(selectedElementName_);
-    buffer_->search_ = std::move(search_);
-    buffer_->pageMasterEditingMode_ = pageMasterEditingMode_;
-    buffer_->editingDummyPage_ = editingDummyPage_;
+    document_.text_.assign(std::move(before_->text));
+    document_.caret_ = before_->caret;
+    document_.pivot_ = before_->pivot;
+    document_.history.restore(std::move(before_->history));
+    document_.typingGroup = before_->typingGroup;
+    document_.selectedElementName = std::move(before_->selectedElementName);
+    document_.search = std::move(before_->search);
+    document_.modes = before_->modes;
 }
 
 void EditableDocumentBufferState::recordReplacement() {
-    EditActionStack& history = buffer_->editActionStack_;
-    buffer_->endKeyTypingSequence();
+    EditActionStack& history = document_.history;
+    document_.endTyping();
     const int tracked = history.retrieveTrackingPos(); // which the records have kept valid
-    history.restore(std::move(editActionStack_));
-    if (typingGroup_)
-        history.closeGroup(*typingGroup_);
-    const EditActionGroup group(buffer_);
+    history.restore(std::move(before_->history));
+    if (before_->typingGroup)
+        history.closeGroup(*before_->typingGroup);
+    const EditActionGroup group(document_);
     history.addAction(
-        EditAction(EditAction::EditCaret, -1, caretPos_, selectionPivotPos_, Core::String()));
-    history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, text_));
-    buffer_->recordContent();
-    buffer_->recordCaret();
+        EditAction(EditAction::EditCaret, -1, before_->caret, before_->pivot, String()));
+    history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, before_->text));
+    document_.recordContent();
+    document_.recordCaret();
     history.startTrackingPos(tracked);
 }

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "document/EditActionStack.h"
-#include "document/EditableDocumentBuffer.h"
+#include "document/history/EditActionStack.h"
 #include "foundation/Api.h"
 #include "foundation/String.h"
 
-#include <optional>
+#include <memory>
+
+class Document;
+class EditableDocumentBuffer;
 
 /// A snapshot of a buffer from which a command that failed takes everything back: text, caret,
 /// pivot, both lists of the history, the open groups, the typing run, the running search and the
@@ -14,6 +16,7 @@
 class FORME_API EditableDocumentBufferState {
 public:
     explicit EditableDocumentBufferState(EditableDocumentBuffer* buffer);
+    explicit EditableDocumentBufferState(Document& document);
     virtual ~EditableDocumentBufferState();
 
     EditableDocumentBufferState(const EditableDocumentBufferState&) = delete;
@@ -28,14 +31,8 @@ public:
     void recordReplacement();
 
 private:
-    EditableDocumentBuffer* buffer_;
-    Core::String text_;
-    int caretPos_;
-    int selectionPivotPos_;
-    EditActionStack editActionStack_;
-    std::optional<unsigned> typingGroup_;
-    Core::String selectedElementName_;
-    EditableDocumentBuffer::RunningSearch search_;
-    bool pageMasterEditingMode_;
-    bool editingDummyPage_;
+    struct State;
+
+    Document& document_;
+    std::unique_ptr<State> before_;
 };

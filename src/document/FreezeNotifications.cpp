@@ -1,20 +1,23 @@
 #include "document/FreezeNotifications.h"
 
-#include "document/EditableDocumentBuffer.h"
+#include "document/Document.h"
 
 IEditableBufferMonitor::~IEditableBufferMonitor() = default;
 
 FreezeNotifications::FreezeNotifications(EditableDocumentBuffer* buffer)
-    : buffer_(buffer), savedMonitor_(buffer->getMonitor()) {
-    buffer_->setMonitor(this);
+    : FreezeNotifications(Document::of(*buffer)) {}
+
+FreezeNotifications::FreezeNotifications(Document& document)
+    : document_(document), savedMonitor_(document.monitor) {
+    document_.monitor = this;
 }
 
 FreezeNotifications::~FreezeNotifications() {
-    buffer_->setMonitor(savedMonitor_);
+    document_.monitor = savedMonitor_;
     if (bufferChanged_)
-        buffer_->notifyBufferChanged();
+        document_.notifyBufferChanged();
     if (caretChanged_)
-        buffer_->notifyCaretChanged();
+        document_.notifyCaretChanged();
     if (selectionChanged_)
-        buffer_->notifySelectionChanged();
+        document_.notifySelectionChanged();
 }

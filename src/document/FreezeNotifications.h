@@ -3,6 +3,7 @@
 #include "document/IEditableBufferMonitor.h"
 #include "foundation/Api.h"
 
+class Document;
 class EditableDocumentBuffer;
 
 /// A scope in which a buffer's monitor hears nothing. When the scope ends, the monitor that was
@@ -12,6 +13,7 @@ class EditableDocumentBuffer;
 class FORME_API FreezeNotifications : public IEditableBufferMonitor {
 public:
     explicit FreezeNotifications(EditableDocumentBuffer* buffer);
+    explicit FreezeNotifications(Document& document);
     ~FreezeNotifications() override;
 
     FreezeNotifications(const FreezeNotifications&) = delete;
@@ -28,7 +30,7 @@ public:
     void onSelectionChanged() override { selectionChanged_ = true; }
 
 private:
-    EditableDocumentBuffer* buffer_;
+    Document& document_;
     IEditableBufferMonitor* savedMonitor_;
     bool bufferChanged_ = false;
     bool caretChanged_ = false;

@@ -1,8 +1,8 @@
 #include "document/MarkupChange.h"
 
-#include "document/XmlValidator.h"
 #include "foundation/WellFormed.h"
 #include "text/XmlCharacters.h"
+#include "text/XmlValidator.h"
 
 #include <algorithm>
 #include <set>

@@ -1,5 +1,8 @@
 // The elements that make pages, by index and by offset.
 
+#include "document/PageSequences.h"
+
+#include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 
 using Core::StringArray;
@@ -14,37 +17,56 @@ const StringArray& pageGenerators() {
 
 } // namespace
 
-int EditableDocumentBuffer::getNextPageSeq(int position) const {
-    return getFirstElementByName(pageGenerators(), position);
+int PageSequences::next(const Document& document, int position) {
+    return document.text().nextNamed(position, pageGenerators());
 }
 
-int EditableDocumentBuffer::getPageSequencePosition(int index) const {
-    int generator = index < 0 ? -1 : getNextPageSeq(0);
+int PageSequences::at(const Document& document, int index) {
+    int generator = index < 0 ? -1 : PageSequences::next(document, 0);
     for (int i = 0; i < index && generator >= 0; ++i)
-        generator = getNextPageSeq(getClosingTagForTagAtPosition(generator));
+        generator = PageSequences::next(document, document.text().closingTag(generator));
     return generator;
 }
 
-int EditableDocumentBuffer::getPageSequenceIdxFromPos(int position) const {
+int PageSequences::indexOf(const Document& document, int position) {
+    const XmlText& text = document.text();
     int index = -1;
-    const int root = searchParent(getRootElementName(), position, true, true, L"");
-    for (int generator = getNextPageSeq(root); generator >= 0 && generator <= position;
-         generator = getNextPageSeq(getClosingTagForTagAtPosition(generator)))
+    const int root = text.outermostAncestor(position, text.rootName());
+    for (int generator = PageSequences::next(document, root);
+         generator >= 0 && generator <= position;
+         generator = PageSequences::next(document, text.closingTag(generator)))
         ++index;
     return index;
 }
 
-int EditableDocumentBuffer::getPageSeqPosFrom(int position) const {
-    const int sequence = searchParent(L"fo:page-sequence", position, false, true, L"");
+int PageSequences::around(const Document& document, int position) {
+    const int sequence = document.text().ancestor(position, L"fo:page-sequence");
     return sequence >= 0 ? sequence
-                         : searchParent(L"qfd:page-sequence-repeat", position, false, true, L"");
+                         : document.text().ancestor(position, L"qfd:page-sequence-repeat");
+}
+
+int PageSequences::firstFlowOf(const Document& document, int generator) {
+    const int flow = document.text().nextNamed(generator, L"fo:flow");
+    return flow < document.text().closingTag(generator) ? flow : -1;
+}
+
+int EditableDocumentBuffer::getNextPageSeq(int position) const {
+    return PageSequences::next(*document_, position);
+}
+
+int EditableDocumentBuffer::getPageSequencePosition(int index) const {
+    return PageSequences::at(*document_, index);
+}
+
+int EditableDocumentBuffer::getPageSequenceIdxFromPos(int position) const {
+    return PageSequences::indexOf(*document_, position);
+}
+
+int EditableDocumentBuffer::getPageSeqPosFrom(int position) const {
+    return PageSequences::around(*document_, position);
 }
 
 int EditableDocumentBuffer::getCurrentPageSequenceIdx() const {
-    return getPageSequenceIdxFromPos(getPageSeqPosFrom(caretPos_));
-}
-
-int EditableDocumentBuffer::firstFlowOf(int generator) const {
-    const int flow = getNextElementByName(L"fo:flow", generator);
-    return flow < getClosingTagForTagAtPosition(generator) ? flow : -1;
+    const Document& document = *document_;
+    return PageSequences::indexOf(document, PageSequences::around(document, document.caret()));
 }

@@ -1,7 +1,6 @@
 #include "document/RecordedCommand.h"
 
 #include "document/MarkupChange.h"
-#include "text/XmlScan.h"
 
 #include <vector>
 
@@ -10,9 +9,9 @@ using XmlScan::Text;
 namespace {
 
 /// For the group, which begins behind the run of typing and not within it.
-EditableDocumentBuffer* afterTyping(EditableDocumentBuffer* buffer) {
-    buffer->endKeyTypingSequence();
-    return buffer;
+Document& afterTyping(Document& document) {
+    document.endTyping();
+    return document;
 }
 
 /// What stands in the flows.
@@ -31,22 +30,21 @@ std::vector<Text> flowsOf(Text text) {
 
 } // namespace
 
-RecordedCommand::RecordedCommand(EditableDocumentBuffer* buffer)
-    : buffer_(buffer), scope_(buffer), before_(buffer), oldText_(buffer->getContent()),
-      group_(afterTyping(buffer)) {}
+RecordedCommand::RecordedCommand(Document& document)
+    : document_(document), scope_(document), before_(document), oldText_(document.text().content()),
+      group_(afterTyping(document)) {}
 
 /// The step is closed before the monitor hears.
 RecordedCommand::~RecordedCommand() noexcept(false) {
     group_.reset();
-    if (!scope_.isFailing() && !buffer_->getEditActionStack().nextUndoStepIsWhole() &&
-        buffer_->getContent() != oldText_)
+    if (!scope_.isFailing() && !document_.history.nextUndoStepIsWhole() &&
+        document_.text().content() != oldText_)
         before_.recordReplacement();
 }
 
 bool RecordedCommand::mayStand() const {
-    const Core::String newText = buffer_->getContent();
-    const bool isFlowLocked = buffer_->getPageMasterEditingMode();
-    return (!isFlowLocked || flowsOf(oldText_.view()) == flowsOf(newText.view())) &&
+    const Core::String newText = document_.text().content();
+    return (!document_.modes.pageMasters || flowsOf(oldText_.view()) == flowsOf(newText.view())) &&
            MarkupChange(oldText_, newText).keepsWellFormed();
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "document/CommandScope.h"
-#include "document/EditActionGroup.h"
-#include "document/EditableDocumentBuffer.h"
+#include "document/Document.h"
 #include "document/EditableDocumentBufferState.h"
+#include "document/history/EditActionGroup.h"
 #include "foundation/String.h"
 
 #include <optional>
@@ -14,7 +14,7 @@
 /// be undone like any other.
 class RecordedCommand {
 public:
-    explicit RecordedCommand(EditableDocumentBuffer* buffer);
+    explicit RecordedCommand(Document& document);
     /// Raises when the step cannot be recorded; then nothing has happened.
     ~RecordedCommand() noexcept(false);
 
@@ -30,9 +30,21 @@ public:
     void takeBack();
 
 private:
-    EditableDocumentBuffer* buffer_;
+    Document& document_;
     CommandScope scope_;
     EditableDocumentBufferState before_;
     Core::String oldText_;
     std::optional<EditActionGroup> group_;
 };
+
+/// Makes a change as one undo step; answers whether it stood. One that would break the document is
+/// taken back.
+template <typename Change>
+bool carryOut(Document& document, Change change) {
+    RecordedCommand command(document);
+    change();
+    if (command.mayStand())
+        return true;
+    command.takeBack();
+    return false;
+}

@@ -1,23 +1,36 @@
 // The cached table around the caret.
 
+#include "document/TableCache.h"
+
+#include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 
-int EditableDocumentBuffer::tableAroundCaret() const {
-    return searchParent(L"fo:table", caretPos_, false, true, L"");
+namespace {
+
+int tableAroundCaret(const Document& document) {
+    return document.text().ancestor(document.caret(), L"fo:table");
+}
+
+} // namespace
+
+void TableCache::onBufferChange(Document& document) {
+    if (tableAroundCaret(document) < 0)
+        document.tableCache = nullptr;
 }
 
 void EditableDocumentBuffer::updateCacheOnBufferChange() {
-    if (tableAroundCaret() < 0)
-        tableBufferCache_ = nullptr;
+    TableCache::onBufferChange(*document_);
 }
 
 void EditableDocumentBuffer::updateCacheOnCaretChange() {
-    if (tableAroundCaret() < 0)
-        tableBufferCache_ = nullptr;
+    Document& document = *document_;
+    if (tableAroundCaret(document) < 0)
+        document.tableCache = nullptr;
 }
 
 void EditableDocumentBuffer::updateCacheOnSelectionChange() {}
 
 void EditableDocumentBuffer::updateTableBufferCache() {
-    tableBufferCache_ = nullptr;
+    Document& document = *document_;
+    document.tableCache = nullptr;
 }

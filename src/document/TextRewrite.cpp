@@ -1,7 +1,6 @@
 #include "document/TextRewrite.h"
 
-#include "document/EditableDocumentBuffer.h"
-#include "text/XmlScan.h"
+#include "document/Document.h"
 
 #include <algorithm>
 #include <string>
@@ -14,23 +13,22 @@ void TextRewrite::begin() {
     if (begun_)
         return;
     begun_ = true;
-    caret_ = buffer_.caretPos_;
-    pivot_ = buffer_.selectionPivotPos_;
+    caret_ = document_.caret();
+    pivot_ = document_.pivot();
 }
 
 void TextRewrite::replace(int start, int end, const String& xml) {
     begin();
     const int position = start + change_;
-    const String removed(XmlScan::slice(buffer_.text_.view(), start, end));
+    const String removed = document_.text().slice(start, end);
     for (int* offset : {&caret_, &pivot_}) {
         if (start < end)
-            *offset =
-                EditableDocumentBuffer::offsetAfterDeletion(*offset, position, end + change_ - 1);
+            *offset = Document::offsetAfterDeletion(*offset, position, end + change_ - 1);
         if (*offset >= position)
             *offset += xml.length();
     }
-    buffer_.recordDeletion(position, removed);
-    buffer_.recordInsertion(position, xml);
+    document_.recordDeletion(position, removed);
+    document_.recordInsertion(position, xml);
     replacements_.push_back({start, end, xml});
     change_ += xml.length() - (end - start);
 }
@@ -52,15 +50,11 @@ int TextRewrite::apply() {
     rewritten.reserve(static_cast<std::size_t>(end - start + std::max(change_, 0)));
     int copied = start;
     for (const Replacement& replacement : replacements_) {
-        rewritten.append(XmlScan::slice(buffer_.text_.view(), copied, replacement.start))
+        rewritten.append(document_.text().view(copied, replacement.start))
             .append(replacement.xml.view());
         copied = replacement.end;
     }
     replacements_.clear();
-    if (start < end)
-        buffer_.text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start));
-    buffer_.text_.insert(static_cast<unsigned>(start), String(std::move(rewritten)));
-    buffer_.textChangedFrom(start);
-    buffer_.placeCaretAfterEdit(caret_, pivot_);
+    document_.rewriteUnrecorded(start, end, String(std::move(rewritten)), pivot_, caret_);
     return std::exchange(change_, 0);
 }

@@ -4,14 +4,14 @@
 
 #include <vector>
 
-class EditableDocumentBuffer;
+class Document;
 
 /// Many replacements in a document as one change of its text. They are recorded, and caret and
 /// pivot move along, as if each had been carried out by itself; but the text behind them, which may
 /// be long, moves only once. Until apply() the text stands as it was.
 class TextRewrite {
 public:
-    explicit TextRewrite(EditableDocumentBuffer& buffer) : buffer_(buffer) {}
+    explicit TextRewrite(Document& document) : document_(document) {}
 
     /// Replaces `start` up to but excluding `end` by `xml`. The offsets are those of the text as it
     /// stands; each replacement stands behind the one before.
@@ -31,7 +31,7 @@ private:
 
     void begin();
 
-    EditableDocumentBuffer& buffer_;
+    Document& document_;
     std::vector<Replacement> replacements_;
     int change_ = 0; // of the text's length
     bool begun_ = false;

@@ -59,6 +59,7 @@ public:
     std::wstring_view view() const noexcept {
         return units_ ? std::wstring_view(*units_) : std::wstring_view();
     }
+    operator std::wstring_view() const noexcept { return view(); }
 
     String(const String& other);
     String(String&& other) noexcept;

@@ -4,18 +4,12 @@
 #include "foundation/Object.h"
 #include "foundation/String.h"
 #include "foundation/Vector.h"
-#include "text/ElementMemo.h"
+#include "text/XmlElementType.h"
 
+#include <memory>
 #include <set>
 
-/// What kind of markup begins or ends at an offset.
-enum XmlElementType {
-    xmlComment = 0,
-    xmlCData = 1,
-    xmlProcessingInstruction = 2,
-    xmlElement = 3,
-    xmlNone = 4
-};
+class XmlText;
 
 /// A whole XML document as one text, and the answers to where things are in it. No tree is built:
 /// each question is answered by scanning the text from a given offset.
@@ -32,6 +26,7 @@ enum XmlElementType {
 /// document.
 class FORME_API EditableXmlBuffer : public Core::Object {
 public:
+    /// An empty text.
     EditableXmlBuffer();
     ~EditableXmlBuffer() override;
 
@@ -47,7 +42,10 @@ public:
     static bool isInsideStartTag(const Core::String& text, int position);
 
 protected:
-    Core::String getRootElementName() const { return rootElementName_; }
+    /// Answers questions about a text that another object changes.
+    explicit EditableXmlBuffer(std::shared_ptr<XmlText> text);
+
+    Core::String getRootElementName() const;
 
     // What stands at a position
 
@@ -272,16 +270,6 @@ protected:
     /// be a placeholder.
     int getNonBreakingSpacePosition(int position) const;
 
-    /// Has to follow every change of `text_`: what stands from the position on may be new.
-    void textChangedFrom(int position);
-
-    /// The document. Derived buffers read and write it directly.
-    Core::String text_;
-
 private:
-    mutable ElementMemo elementMemo_;
-    Core::String pathUpTo(int position, int root) const;
-    int positionBehindNeighbor(int position, bool useCurrent) const;
-
-    Core::String rootElementName_;
+    std::shared_ptr<XmlText> text_;
 };

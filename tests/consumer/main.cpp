@@ -1,5 +1,5 @@
-#include <forme/document/EditActionGroup.h>
 #include <forme/document/EditableDocumentBuffer.h>
+#include <forme/document/history/EditActionGroup.h>
 #include <forme/foundation/SmartPtr.h>
 
 #include <iostream>

@@ -31,11 +31,11 @@ public:
         }
     }
 
-    int length() const { return text_.length(); }
+    int length() const { return getContent().length(); }
 
     /// The fragment in the flow with `|` at each offset.
     std::wstring markedAt(const std::vector<int>& offsets) const {
-        std::wstring text = wide(text_);
+        std::wstring text = wide(getContent());
         for (auto at = offsets.rbegin(); at != offsets.rend(); ++at)
             text.insert(static_cast<std::size_t>(*at), L"|");
         return inShort(flowOf(text));

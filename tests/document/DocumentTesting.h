@@ -54,7 +54,7 @@ public:
 
     /// The fragment in the flow, in the short forms with the marks.
     std::wstring marked() const {
-        std::wstring text = wide(text_);
+        std::wstring text = wide(getContent());
         const int caret = getCaretPos();
         const int pivot = getSelectionPivotPos();
         const auto mark = [&text](int position, const wchar_t* sign) {
@@ -69,12 +69,13 @@ public:
 
     /// Where it first stands, given in the short forms.
     int find(const wchar_t* what, int from = 0) const {
-        return text_.find(Core::String(writtenOut<wchar_t>(what)), static_cast<unsigned>(from));
+        return getContent().find(Core::String(writtenOut<wchar_t>(what)),
+                                 static_cast<unsigned>(from));
     }
     int inFlow(const wchar_t* what) const { return find(what, find(L"\"body\">") + 7); }
     /// What its monitor heard since the last call.
     std::string heard() { return listener_.take(); }
-    std::wstring text() const { return wide(text_); }
+    std::wstring text() const { return wide(getContent()); }
     std::wstring flow() const { return flowOf(text()); }
 
     void recordCaret() {

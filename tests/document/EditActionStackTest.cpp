@@ -1,4 +1,4 @@
-#include "document/EditActionStack.h"
+#include "document/history/EditActionStack.h"
 
 #include "foundation/Exception.h"
 #include "foundation/Wide.h"

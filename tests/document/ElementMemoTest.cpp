@@ -15,8 +15,8 @@ public:
     using TestBuffer::TestBuffer, EditableDocumentBuffer::getCurrentElementPosition;
 
     int anyUnit(Random& random) const {
-        const auto position = random.below(text_.view().size());
-        return XmlScan::unitStart(text_.view(), static_cast<int>(position));
+        const auto position = random.below(getContent().view().size());
+        return XmlScan::unitStart(getContent().view(), static_cast<int>(position));
     }
 
     void edit(Random& random) {
@@ -26,7 +26,7 @@ public:
         const int end = getClosingTagForTagAtPosition(place);
         if (end > place && random.oneIn(3))
             deleteXmlText(place, getNextEditablePositionInXml(end) - 1);
-        else if (text_[place] == L'x' && random.oneIn(2))
+        else if (getContent()[place] == L'x' && random.oneIn(2))
             deleteXmlText(place, place);
         else if (inEditableElement(place))
             insertXmlTextAtPosition(place, random.oneOf(pieces));
@@ -34,7 +34,7 @@ public:
 
     void expectWhatAScanFinds(int position) const {
         ASSERT_EQ(getCurrentElementPosition(position),
-                  XmlScan::currentElement(text_.view(), position))
+                  XmlScan::currentElement(getContent().view(), position))
             << position << " " << text();
     }
 };

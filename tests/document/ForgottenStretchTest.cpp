@@ -1,4 +1,5 @@
 #include "document/DocumentTesting.h"
+#include "document/history/EditActionGroup.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "document/MarkupChange.h"
 
-#include "document/XmlValidator.h"
 #include "properties/RandomCommands.h"
 #include "support/WellFormed.h"
+#include "text/XmlValidator.h"
 
 #include "foundation/Encoder.h"
 

@@ -1,6 +1,7 @@
 #include "document/DocumentTesting.h"
 #include "document/EditableDocumentBufferState.h"
 #include "document/FreezeNotifications.h"
+#include "document/history/EditActionGroup.h"
 #include "properties/RandomCommands.h"
 
 #include <gtest/gtest.h>

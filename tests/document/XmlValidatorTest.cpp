@@ -1,4 +1,4 @@
-#include "document/XmlValidator.h"
+#include "text/XmlValidator.h"
 
 #include "properties/RandomCommands.h"
 

@@ -29,7 +29,7 @@ public:
     /// What a reader sees: the lines, without their formatting. "_" is a non-breaking space, "*" an
     /// object.
     Lines lines() const {
-        std::wistringstream all(readableText(0, text_.length()));
+        std::wistringstream all(readableText(0, getContent().length()));
         Lines lines;
         for (std::wstring line; std::getline(all, line);) {
             const auto bothBlank = [](wchar_t a, wchar_t b) { return a == L' ' && b == L' '; };
@@ -45,7 +45,7 @@ public:
 
     /// What no break may add to or take from the text.
     std::wstring letters() const {
-        std::wstring read = readableText(0, text_.length());
+        std::wstring read = readableText(0, getContent().length());
         std::erase_if(read,
                       [](wchar_t unit) { return unit == L' ' || unit == L'_' || unit == L'\n'; });
         return read;
@@ -56,7 +56,8 @@ public:
     /// same happens to a blank that is all of an inline.
     bool isBesidePassingBlank() const {
         const auto isPassed = [this](int at) {
-            return Core::String::isSpace(XmlScan::unitAt(text_.view(), at)) || isInlineEdge(at);
+            return Core::String::isSpace(XmlScan::unitAt(getContent().view(), at)) ||
+                   isInlineEdge(at);
         };
         int start = getCaretPos();
         for (int at = start; at >= 0 && (at == getCaretPos() || isPassed(at));
@@ -66,8 +67,8 @@ public:
         while (end >= 0 && isPassed(end))
             end = getNextEditablePositionInXml(end);
         for (int at = start; at >= 0 && at < end; at = getNextEditablePositionInXml(at))
-            if (XmlScan::unitAt(text_.view(), at) == L'\n' ||
-                (isInlineEdge(at) && XmlScan::openingAt(text_.view(), at) &&
+            if (XmlScan::unitAt(getContent().view(), at) == L'\n' ||
+                (isInlineEdge(at) && XmlScan::openingAt(getContent().view(), at) &&
                  elementContainsJustWhitespacesOrVoid(at)))
                 return true;
         return false;
@@ -77,7 +78,7 @@ public:
     /// soft break there it has no place, so that it stays before that or leaves what holds it.
     bool isAtEndOfHeldInline() const {
         const int caret = getCaretPos();
-        return XmlScan::closingAt(text_.view(), caret) && isInlineEdge(caret) &&
+        return XmlScan::closingAt(getContent().view(), caret) && isInlineEdge(caret) &&
                (isInElementContext(L"fo:footnote", caret) ||
                 isInElementContext(L"qfd:conditional-inline", caret));
     }
@@ -133,7 +134,7 @@ private:
     }
 
     std::wstring readableText(int start, int end) const {
-        const XmlScan::Text text = text_.view();
+        const XmlScan::Text text = getContent().view();
         std::wstring read;
         for (int at = start; at < end;) {
             const wchar_t unit = XmlScan::unitAt(text, at);
@@ -157,7 +158,8 @@ private:
     int lineTagsBetween(int start, int end) const {
         int count = 0;
         for (int at = start; at >= 0 && at < end; at = getNextEditablePositionInXml(at)) {
-            const wchar_t read = XmlScan::onTagStart(text_.view(), at) ? *readableTag(at) : 0;
+            const wchar_t read =
+                XmlScan::onTagStart(getContent().view(), at) ? *readableTag(at) : 0;
             if (read == L'*')
                 return -1;
             count += read == L'\n' ? 1 : 0;
@@ -166,9 +168,9 @@ private:
     }
 
     const wchar_t* readableTag(int tag) const {
-        if (XmlScan::ignoredAt(text_.view(), tag))
+        if (XmlScan::ignoredAt(getContent().view(), tag))
             return L"";
-        XmlScan::Text name = XmlScan::tagName(text_.view(), tag);
+        XmlScan::Text name = XmlScan::tagName(getContent().view(), tag);
         name.remove_prefix(name.starts_with(L'/') ? 1 : 0);
         const auto known = readings_.find(name);
         return known != readings_.end()
@@ -187,7 +189,7 @@ private:
     }
 
     bool isInlineEdge(int at) const {
-        return XmlScan::onTagStart(text_.view(), at) && *readableTag(at) == 0;
+        return XmlScan::onTagStart(getContent().view(), at) && *readableTag(at) == 0;
     }
 
     mutable std::map<std::wstring, const wchar_t*, std::less<>> readings_; // by name

@@ -2,8 +2,9 @@
 // FORME_ALL_STOPS set they go over every stop, and otherwise over stretches from all parts of a
 // text.
 
-#include "document/CaretWalk.h"
+#include "document/caret/CaretWalk.h"
 #include "document/CaretTesting.h"
+#include "document/Document.h"
 #include "support/Documents.h"
 #include "text/ReferenceMarkup.h"
 #include "text/XmlScan.h"
@@ -35,11 +36,11 @@ public:
     int previous(int position) const {
         return getPreviousEditablePositionInFo(position, false, false);
     }
-    bool isStop(int position) const { return CaretWalk(*this, position).isStop(); }
+    bool isStop(int position) const { return CaretWalk(Document::of(*this), position).isStop(); }
 
     /// Directly behind an object, where a move that passed the object whole ends in any case.
     bool isBehindObject(int position) const {
-        return position > 0 && XmlScan::unitAt(text_.view(), position - 1) == L'>' &&
+        return position > 0 && XmlScan::unitAt(getContent().view(), position - 1) == L'>' &&
                !elementIsEditable(getPreviousTagName(position).substringAfter(L"/"));
     }
 
@@ -70,7 +71,7 @@ public:
                 expected = previous(stop); // a script goes with what stands before it
             if (isSection(unit))
                 expected = stopAtOrBefore(XmlScan::previousTag(
-                    text_.view(), XmlScan::stepForward(text_.view(), unit) - 1));
+                    getContent().view(), XmlScan::stepForward(getContent().view(), unit) - 1));
         }
         return expected;
     }
@@ -94,7 +95,7 @@ private:
     }
 
     void markInaccessible() {
-        const auto markup = parseMarkup(text_.view());
+        const auto markup = parseMarkup(getContent().view());
         ASSERT_TRUE(markup);
         insideUnit_.assign(static_cast<std::size_t>(length()), false);
         closed_ = insideUnit_;
@@ -110,21 +111,23 @@ private:
     }
 
     void markEntities(int start, int end) {
-        for (int at = text_.find(L'&', start); at >= 0 && at < end; at = text_.find(L'&', at + 1))
-            mark(insideUnit_, at + 1, text_.find(L';', at) + 1);
+        for (int at = getContent().find(L'&', start); at >= 0 && at < end;
+             at = getContent().find(L'&', at + 1))
+            mark(insideUnit_, at + 1, getContent().find(L';', at) + 1);
     }
 
     bool isScriptAt(int position) const {
-        return isScript(XmlScan::tagName(text_.view(), position));
+        return isScript(XmlScan::tagName(getContent().view(), position));
     }
     /// The next unit; a script is one.
     int unitBehind(int unit) const {
-        const int last = isScriptAt(unit) ? XmlScan::closingTag(text_.view(), unit) : unit;
-        return XmlScan::stepForward(text_.view(), last);
+        const int last = isScriptAt(unit) ? XmlScan::closingTag(getContent().view(), unit) : unit;
+        return XmlScan::stepForward(getContent().view(), last);
     }
     /// A comment or a CDATA section: from behind it the step left leads to the tag before it.
     bool isSection(int unit) const {
-        return XmlScan::commentAt(text_.view(), unit) || XmlScan::cdataAt(text_.view(), unit);
+        return XmlScan::commentAt(getContent().view(), unit) ||
+               XmlScan::cdataAt(getContent().view(), unit);
     }
     int stopAtOrBefore(int position) const {
         return position < 0 || isStop(position) ? position : previous(position);

@@ -27,7 +27,8 @@ public:
     /// Calls `attempt` with each of the stops until it has failed.
     template <typename Attempt>
     void fromEachStop(int stopsWanted, Attempt attempt) const {
-        const int distance = std::getenv("FORME_ALL_STOPS") ? 0 : text_.length() / stopsWanted;
+        const int distance =
+            std::getenv("FORME_ALL_STOPS") ? 0 : getContent().length() / stopsWanted;
         for (int stop = stopBehind(0, 0); stop >= 0 && !testing::Test::HasFailure();
              stop = stopBehind(stop, distance))
             attempt(stop);
@@ -47,7 +48,7 @@ public:
 private:
     /// The next stop behind a position or at least `distance` units further; -1 if there is none.
     int stopBehind(int position, int distance) const {
-        const int from = XmlScan::unitStart(text_.view(), position + distance);
+        const int from = XmlScan::unitStart(getContent().view(), position + distance);
         return getNextValidCaretPos(std::max(position, from));
     }
 };

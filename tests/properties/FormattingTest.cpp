@@ -21,7 +21,7 @@ class FormattedDocument : public TestBuffer {
 public:
     /// A range of text as a user drags it, seldom a long one.
     void selectAnything(Random& random) {
-        const int length = text_.length();
+        const int length = getContent().length();
         const auto below = [&random](int limit) {
             return static_cast<int>(random.below(static_cast<std::size_t>(limit)));
         };
@@ -49,7 +49,7 @@ public:
         for (int next = 0, at = 0; at >= 0; at = next) {
             next = getNextEditablePositionInXml(at);
             if (next >= 0 && (!onTagStartPosition(at) || ignoredElementAtPosition(at)))
-                text += XmlScan::slice(text_.view(), at, next);
+                text += XmlScan::slice(getContent().view(), at, next);
         }
         return Core::Encoder::toDisplayText(Core::String(text));
     }
@@ -58,7 +58,8 @@ private:
     /// The next stop, but none in the middle of a surrogate pair, which no tag can part.
     int stopBehind(int position) const {
         const int stop = getNextValidCaretPos(position);
-        const bool inPair = stop >= 0 && text_[stop] >= 0xDC00 && text_[stop] < 0xE000;
+        const bool inPair =
+            stop >= 0 && getContent()[stop] >= 0xDC00 && getContent()[stop] < 0xE000;
         return inPair ? getNextValidCaretPos(stop) : stop;
     }
 };

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "text/EditableXmlBuffer.h"
+#include "text/XmlText.h"
+
+#include <memory>
 
 /// The scanners, open to tests, on a text of the test's own.
 class XmlProbe : public EditableXmlBuffer {
     using B = EditableXmlBuffer;
 
 public:
-    explicit XmlProbe(const Core::String& text, const wchar_t* root = L"r") {
-        text_ = text;
+    explicit XmlProbe(const Core::String& text, const wchar_t* root = L"r")
+        : XmlProbe(std::make_shared<XmlText>(), text) {
         setRootElement(root);
     }
 
@@ -49,4 +52,12 @@ public:
         B::positionsAreInTheSameFlowElement, B::positionsAreInTheSameStaticContent,
         B::searchFirstParent, B::searchParent, B::stringArrayToReverseTagString,
         B::stringArrayToTagString;
+
+private:
+    XmlProbe(const std::shared_ptr<XmlText>& owner, const Core::String& text)
+        : B(owner), text_(text) {
+        owner->assign(text);
+    }
+
+    Core::String text_;
 };

@@ -1,0 +1,179 @@
+// Attributes of a tag as properties: read, merged, cleared and written back.
+
+#include "document/Attributes.h"
+
+#include "document/CommandScope.h"
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/TextRewrite.h"
+#include "document/history/EditActionGroup.h"
+#include "text/Markup.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+using Core::String;
+
+namespace {
+
+struct Namespace {
+    const wchar_t* prefix;
+    const wchar_t* declaration;
+};
+
+/// What can be declared on the root when a property needs it.
+constexpr std::array<Namespace, 4> standardNamespaces{{
+    {L"fo", L"xmlns:fo=\"http://www.w3.org/1999/XSL/Format\""},
+    {L"xsl", L"xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\""},
+    {L"qf", L"xmlns:qf=\"urn:forme:qf/1.0\""},
+    {L"qfd", L"xmlns:qfd=\"urn:forme:qfd/1.0\""},
+}};
+
+const wchar_t* standardDeclaration(const String& prefix) {
+    for (const Namespace& known : standardNamespaces)
+        if (prefix == known.prefix)
+            return known.declaration;
+    return nullptr;
+}
+
+/// The part of a tag that its attributes stand in: from behind the name up to but excluding what
+/// closes the tag, "/>", "?>" or ">".
+struct AttributeRange {
+    int start;
+    int end;
+};
+
+AttributeRange attributeRange(const XmlText& text, int element) {
+    const int start = element + 1 + static_cast<int>(text.tagName(element).size());
+    int end = text.tagEnd(start);
+    const wchar_t before = text.unitAt(end - 1);
+    if (before == L'/' || before == L'?')
+        --end;
+    return {std::min(start, end), end};
+}
+
+/// Whether the markup at `element` can bear attributes: a start tag or a processing instruction.
+bool bearsAttributes(const XmlText& text, int element) {
+    return text.onTagStart(element) && !text.closingAt(element) && !text.standsAt(L"<!", element) &&
+           text.tagEnd(element) >= 0;
+}
+
+String prefixOf(const String& elementName) {
+    return elementName.substringBefore(L":");
+}
+
+} // namespace
+
+PropertyCollection Attributes::of(const Document& document, int element) {
+    const XmlText& text = document.text();
+    PropertyCollection properties;
+    if (!bearsAttributes(text, element))
+        return properties;
+    const String prefix = prefixOf(text.nameAt(element));
+    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
+        PropertyCollection attribute;
+        attribute.addProperty({String(text.attributeName(at)), String(text.attributeValue(at))},
+                              true);
+        attribute.setNamespaceForProperties(prefix);
+        properties.addProperties(attribute);
+    }
+    return properties;
+}
+
+int Attributes::merge(Document& document, int element, PropertyCollection properties) {
+    if (!bearsAttributes(document.text(), element))
+        return 0;
+    CommandScope scope(document);
+    document.endTyping();
+    EditActionGroup group(document);
+    const int shift = Attributes::declareNamespaces(document, properties, element);
+    PropertyCollection merged = Attributes::of(document, element);
+    properties.setNamespaceForProperties(prefixOf(document.text().nameAt(element)));
+    merged.addProperties(properties);
+    return shift + Attributes::replace(document, element, merged);
+}
+
+bool Attributes::isDeclaredAt(const Document& document, const String& prefix, int element) {
+    std::set<String> declared = Namespaces::of(document.text(), element);
+    declared.merge(Namespaces::around(document.text(), element));
+    return std::any_of(declared.begin(), declared.end(), [&](const String& declaration) {
+        return declaration.startsWith(L"xmlns:" + prefix + L"=");
+    });
+}
+
+int Attributes::declareNamespaces(Document& document, const PropertyCollection& properties,
+                                  int& element) {
+    int shift = 0;
+    for (const EditableProperty& property : properties.getPropertyList()) {
+        const String prefix = property.getNamespace();
+        const wchar_t* const declaration = standardDeclaration(prefix);
+        if (!declaration || Attributes::isDeclaredAt(document, prefix, element))
+            continue;
+        const int moved = Attributes::declareOnRoot(document, declaration);
+        if (document.text().root() < element)
+            element += moved;
+        shift += moved;
+    }
+    return shift;
+}
+
+String Attributes::asText(PropertyCollection properties, const String& elementPrefix) {
+    properties.removeNamespaceForPropertiesWith(elementPrefix);
+    return properties.isEmpty() ? String() : L" " + properties.getPropertiesString();
+}
+
+void Attributes::plan(const Document& document, int element, PropertyCollection properties,
+                      TextRewrite& rewrite) {
+    const String prefix = prefixOf(document.text().nameAt(element));
+    PropertyCollection merged = Attributes::of(document, element);
+    properties.setNamespaceForProperties(prefix);
+    merged.addProperties(properties);
+    const AttributeRange attributes = attributeRange(document.text(), element);
+    rewrite.replace(attributes.start, attributes.end, Attributes::asText(merged, prefix));
+}
+
+bool Attributes::isStandardNamespace(const String& prefix) {
+    return standardDeclaration(prefix) != nullptr;
+}
+
+int Attributes::replace(Document& document, int element, const PropertyCollection& properties) {
+    CommandScope scope(document);
+    document.endTyping();
+    EditActionGroup group(document);
+    const String removed = Attributes::clear(document, element);
+    const String text = Attributes::asText(properties, prefixOf(document.text().nameAt(element)));
+    const int position = attributeRange(document.text(), element).start;
+    document.insertUnrecorded(position, text);
+    document.recordInsertion(position, text);
+    document.recordCaret();
+    return text.length() - removed.length();
+}
+
+String Attributes::clear(Document& document, int element) {
+    if (!bearsAttributes(document.text(), element))
+        return {};
+    CommandScope scope(document);
+    document.endTyping();
+    EditActionGroup group(document);
+    document.recordCaret();
+    const AttributeRange attributes = attributeRange(document.text(), element);
+    String removed = document.removeUnrecorded(attributes.start, attributes.end - 1);
+    if (removed.empty())
+        return {};
+    document.recordDeletion(attributes.start, removed);
+    document.recordCaret();
+    return removed;
+}
+
+PropertyCollection EditableDocumentBuffer::getPropertiesFromElementAt(int element) const {
+    return Attributes::of(*document_, element);
+}
+
+int EditableDocumentBuffer::setPropertiesForElementAt(int element, PropertyCollection properties) {
+    return Attributes::merge(*document_, element, properties);
+}
+
+String EditableDocumentBuffer::clearPropertiesForElementAt(int element) {
+    return Attributes::clear(*document_, element);
+}

@@ -1,0 +1,165 @@
+#include "document/Document.h"
+
+#include "document/CommandScope.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/caret/Moves.h"
+
+#include <utility>
+
+using Core::String;
+
+namespace {
+
+constexpr int historyLimit = 10000;
+
+} // namespace
+
+Document::Document() : history(historyLimit) {}
+
+Document::~Document() = default;
+
+Document& Document::of(EditableDocumentBuffer& face) {
+    return *face.document_;
+}
+
+const Document& Document::of(const EditableDocumentBuffer& face) {
+    return *face.document_;
+}
+
+std::shared_ptr<XmlText> Document::textOf(const std::shared_ptr<Document>& document) {
+    return {document, &document->text_};
+}
+
+// The caret and the selection
+
+void Document::moveCaret(bool extend, int position) {
+    if (position == -1 || modes.dummyPage || !isOutOfReach(position))
+        placeCaret(extend, position);
+}
+
+bool Document::isOutOfReach(int position) const {
+    return modes.pageMasters && !text_.isWithin(position, L"fo:static-content");
+}
+
+void Document::placeCaret(bool extend, int position) {
+    const bool hadSelection = hasSelection();
+    if (position == -1 || modes.dummyPage) {
+        caret_ = pivot_ = -1;
+        notifyCaretChanged();
+        notifySelectionChanged();
+        return;
+    }
+    if (caret_ != position) {
+        if (extend && !text_.areInSameRegion(caret_, position))
+            return;
+        caret_ = position;
+        notifyCaretChanged();
+    }
+    if (!extend)
+        pivot_ = caret_;
+    if (hadSelection || hasSelection())
+        notifySelectionChanged();
+}
+
+void Document::select(int pivot, int caret) {
+    setCaret(pivot);
+    extendTo(caret);
+}
+
+// Changes
+
+int Document::offsetAfterDeletion(int offset, int start, int end) {
+    if (offset <= start)
+        return offset;
+    // Deliberate: an offset exactly on `end` lands before `start`; callers have been arranged
+    // around it.
+    return offset < end ? start : offset - (end - start + 1);
+}
+
+void Document::insertUnrecorded(int position, const String& xml) {
+    if (position < 0 || position > text_.length())
+        return;
+    const auto moved = [&](int offset) {
+        return offset >= position ? offset + xml.length() : offset;
+    };
+    text_.insert(position, xml);
+    placeCaretAfterEdit(moved(caret_), moved(pivot_));
+}
+
+String Document::removeUnrecorded(int start, int end) {
+    if (!text_.isValid(start) || !text_.isValid(end) || end < start)
+        return {};
+    String removed = text_.slice(start, end + 1);
+    text_.erase(start, end + 1);
+    placeCaretAfterEdit(offsetAfterDeletion(caret_, start, end),
+                        offsetAfterDeletion(pivot_, start, end));
+    return removed;
+}
+
+void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivot, int caret) {
+    if (start < end)
+        text_.erase(start, end);
+    text_.insert(start, xml);
+    placeCaretAfterEdit(caret, pivot);
+}
+
+void Document::placeCaretAfterEdit(int caret, int pivot) {
+    CommandScope scope(*this); // the monitor hears of the text before the caret
+    placeCaret(false, pivot);  // also where it is kept out of: it goes along with its text
+    if (caret != pivot)
+        placeCaret(true, caret);
+    notifyBufferChanged();
+}
+
+/// The old caret belongs to the old text and has no say in where the new one goes.
+void Document::replaceText(const String& content) {
+    text_.assign(content);
+    if (hasSelection())
+        notifySelectionChanged();
+    if (caret_ != -1)
+        notifyCaretChanged();
+    caret_ = pivot_ = -1;
+    Moves::home(*this, false);
+}
+
+void Document::endTyping() {
+    if (typingGroup)
+        history.closeGroup(*std::exchange(typingGroup, std::nullopt));
+}
+
+// Records
+
+/// The text as it stands: the offsets of the records around this one count in it, so an undone and
+/// redone replacement must not bring back line ends that were converted.
+void Document::recordContent() {
+    history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, text_.content()));
+}
+
+void Document::recordCaret() {
+    history.addAction(EditAction(EditAction::EditCaret, -1, caret_, pivot_, L""));
+}
+
+void Document::recordInsertion(int position, const String& xml) {
+    history.addAction(EditAction(EditAction::EditInsert, position, -1, -1, xml));
+}
+
+void Document::recordDeletion(int position, const String& xml) {
+    history.addAction(EditAction(EditAction::EditDelete, position, -1, -1, xml));
+}
+
+// What the monitor hears
+
+void Document::notifyBufferChanged() {
+    if (monitor)
+        monitor->onBufferChanged();
+}
+
+void Document::notifyCaretChanged() {
+    if (monitor)
+        monitor->onCaretChanged();
+}
+
+void Document::notifySelectionChanged() {
+    if (monitor)
+        monitor->onSelectionChanged();
+}

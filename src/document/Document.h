@@ -1,0 +1,136 @@
+#pragma once
+
+#include "document/EditableNames.h"
+#include "document/history/EditActionStack.h"
+#include "foundation/Object.h"
+#include "foundation/SmartPtr.h"
+#include "foundation/SpellChecker.h"
+#include "foundation/String.h"
+#include "text/XmlText.h"
+
+#include <memory>
+#include <optional>
+
+class EditableDocumentBuffer;
+class IEditableBufferMonitor;
+enum class Direction;
+
+/// All the state of a document that is being edited: text, caret and pivot, history, names, modes,
+/// monitor. Commands are functions over it, in the rooms that carry them out.
+///
+/// What is selected runs from the pivot to the caret; positions are as in XmlText.
+class Document {
+public:
+    Document();
+    ~Document();
+
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    /// The document behind a face.
+    static Document& of(EditableDocumentBuffer& face);
+    static const Document& of(const EditableDocumentBuffer& face);
+    /// Its text, which lives as long as the document does.
+    static std::shared_ptr<XmlText> textOf(const std::shared_ptr<Document>& document);
+
+    const XmlText& text() const { return text_; }
+
+    // The caret and the selection
+
+    int caret() const { return caret_; }
+    /// Equal to the caret when nothing is selected.
+    int pivot() const { return pivot_; }
+    bool hasSelection() const { return caret_ != pivot_; }
+    int selectionStart() const { return caret_ < pivot_ ? caret_ : pivot_; }
+    /// Excluded from what is selected.
+    int selectionEnd() const { return caret_ < pivot_ ? pivot_ : caret_; }
+
+    /// Put the caret to a position, -1 for none, as far as the modes of editing allow. extendTo()
+    /// leaves the pivot where it is, and does nothing where the selection would leave its flow or
+    /// static content.
+    void setCaret(int position) { moveCaret(false, position); }
+    void extendTo(int position) { moveCaret(true, position); }
+    void moveCaret(bool extend, int position);
+    void select(int pivot, int caret);
+    /// Whether the caret is kept out of there, as out of the flows while page masters are edited.
+    /// What would be edited there stays as it is.
+    bool isOutOfReach(int position) const;
+    /// What moveCaret() does where the caret is not kept out.
+    void placeCaret(bool extend, int position);
+
+    /// Whether an editable element's tag stands at the position.
+    bool isEditableAt(int position) const { return names.isEditable(text_.tagName(position)); }
+    /// Whether the element around the position is editable.
+    bool isInEditable(int position) const { return isEditableAt(text_.elementAround(position)); }
+
+    // What only Edit and the replay of the history do: changes that record nothing. They take caret
+    // and pivot along.
+
+    /// Inserts before the position, which may be the length of the text; nothing elsewhere.
+    void insertUnrecorded(int position, const Core::String& xml);
+    /// Removes from `start` through `end`, both included; answers what was removed. A caret within
+    /// goes to `start`, but one exactly on `end` to `start - 1`.
+    Core::String removeUnrecorded(int start, int end);
+    /// Puts `xml` in the place of `start` up to but excluding `end`, after which caret and pivot
+    /// stand where the caller has worked out.
+    void rewriteUnrecorded(int start, int end, const Core::String& xml, int pivot, int caret);
+    /// Takes another text, in which the caret goes to its first place.
+    void replaceText(const Core::String& content);
+    /// Where an offset goes when `start` through `end` are removed.
+    static int offsetAfterDeletion(int offset, int start, int end);
+
+    // The history
+
+    EditActionStack history;
+    /// The group that a run of typing keeps open, so that it is one undo step.
+    std::optional<unsigned> typingGroup;
+    void endTyping();
+
+    /// Records of what was done. An insertion or a deletion is recorded by Edit, which does it.
+    void recordCaret();
+    void recordInsertion(int position, const Core::String& xml);
+    void recordDeletion(int position, const Core::String& xml);
+    void recordContent();
+
+    // What the monitor hears
+
+    IEditableBufferMonitor* monitor = nullptr;
+    void notifyBufferChanged();
+    void notifyCaretChanged();
+    void notifySelectionChanged();
+
+    // Settings
+
+    EditableNames names;
+    struct Modes {
+        bool pageMasters = false; ///< the caret may only stand in static content
+        bool dummyPage = false;   ///< the caret may stand nowhere
+    };
+    Modes modes;
+
+    // What commands keep from one call to the next
+
+    /// Where the running search began, -1 while none runs, and how far it came with its last match.
+    struct RunningSearch {
+        int start = -1;
+        bool beganBehindStart = false; ///< which was the last selected unit
+        bool hasMatched = false;
+        bool hasWrapped = false;
+        Core::String text;
+        Direction direction{};
+    };
+    RunningSearch search;
+    SmartPtr<Drawing::SpellChecker> spellChecker;
+    Core::String selectedElementName; ///< what growing the selection reached last
+    SmartPtr<Core::Object> tableCache;
+    bool isInCommand = false; ///< whether a scope stands around what is being done
+
+private:
+    friend class EditableDocumentBufferState;
+
+    void placeCaretAfterEdit(int caret, int pivot);
+
+    XmlText text_;
+    int caret_ = -1;
+    int pivot_ = -1;
+};

@@ -1,9 +1,0 @@
-#include "document/InlineRepeatAlg.h"
-
-namespace BufferAlgorithms {
-
-void InlineRepeatAlg::deleteInlineRepeat() {
-    buffer().deleteParent(L"qfd:inline-repeat");
-}
-
-} // namespace BufferAlgorithms

@@ -1,0 +1,19 @@
+#pragma once
+
+class Document;
+
+namespace PageSequences {
+
+/// The next one behind the position, also one in a repeat; -1 if there is none.
+int next(const Document& document, int position);
+/// The one with that index; -1 if there are fewer.
+int at(const Document& document, int index);
+/// The index of the last one that begins at or before the position; -1 if none does, or outside
+/// the root element.
+int indexOf(const Document& document, int position);
+/// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in
+/// neither.
+int around(const Document& document, int position);
+int firstFlowOf(const Document& document, int generator);
+
+} // namespace PageSequences

@@ -1,0 +1,156 @@
+// What keeps a place for the caret in what a deletion emptied, and the questions that deleting asks
+// about an element's content.
+
+#include "document/Placeholders.h"
+
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/caret/Stops.h"
+#include "document/history/EditActionGroup.h"
+#include "text/NameList.h"
+#include "text/XmlScan.h"
+
+#include <array>
+
+using Core::String;
+using XmlScan::contains;
+using XmlScan::Text;
+
+namespace {
+
+constexpr Text block = L"fo:block";
+
+constexpr std::array<Text, 2> inlineHolders{L"qfd:conditional-inline", L"qfd:inline-repeat"};
+
+constexpr std::array<Text, 6> blockContainers{
+    L"fo:flow",           L"fo:static-content",  L"fo:table-cell",
+    L"fo:list-item-body", L"fo:block-container", L"fo:footnote-body"};
+
+/// Whether a tag that opens, closes or is a block stands at the position.
+bool isBlockTag(const XmlText& text, int position) {
+    const Text name = text.tagName(position);
+    return name == block || name == L"/fo:block";
+}
+
+int placeholderLengthBefore(const XmlText& text, int position) {
+    for (const Text placeholder : {XmlScan::nbspEntity, XmlScan::nbspCharacter}) {
+        const int length = static_cast<int>(placeholder.size());
+        if (text.standsAt(placeholder, position - length))
+            return length;
+    }
+    return 0;
+}
+
+/// What the caret can stand in gets a placeholder, what holds inlines or blocks gets one of these
+/// with a placeholder.
+void insertPlaceholderInto(Document& document, int element, PlaceholderRepair& repair) {
+    const Text name = document.text().tagName(element);
+    const bool holdsText = document.names.isEditable(name);
+    const bool holdsInline = contains(inlineHolders, name);
+    if (!holdsText && !holdsInline && !contains(blockContainers, name))
+        return;
+    const String child = holdsInline ? L"fo:inline" : L"fo:block";
+    const String start = holdsText ? String() : L"<" + child + L">";
+    const String end = holdsText ? String() : L"</" + child + L">";
+    const String xml = start + String(XmlScan::nbspEntity) + end;
+    repair.insertedStart = document.text().next(element);
+    repair.insertedEnd = repair.insertedStart + xml.length();
+    repair.placeholder = repair.insertedStart + start.length();
+    const bool caretThere = document.caret() == repair.insertedStart;
+    document.insertUnrecorded(repair.insertedStart, xml);
+    if (caretThere)
+        document.setCaret(repair.placeholder);
+    document.recordInsertion(repair.insertedStart, xml);
+    document.recordCaret();
+}
+
+/// An inline goes when it is empty, unless what is around it must hold one.
+bool isRemovableInline(const Document& document, int element) {
+    return document.names.isInline(document.text().tagName(element)) &&
+           !contains(inlineHolders, document.text().nameAround(element).view()) &&
+           !Placeholders::isFootnoteMark(document, element);
+}
+
+} // namespace
+
+// What was done
+
+void PlaceholderRepair::addRemoval(int start, int end) {
+    const int removedBefore = removedEnd - removedStart;
+    removedStart = start;
+    removedEnd = end + removedBefore;
+}
+
+int PlaceholderRepair::map(int offset) const {
+    if (offset >= removedEnd)
+        offset -= removedEnd - removedStart;
+    else if (offset > removedStart)
+        offset = removedStart;
+    return insertedPlaceholder() && offset >= insertedStart ? offset + insertedEnd - insertedStart
+                                                            : offset;
+}
+
+bool Placeholders::repairEmptied(Document& document, int position, bool removeEmptyInlines) {
+    return Placeholders::repair(document, position, removeEmptyInlines).done();
+}
+
+PlaceholderRepair Placeholders::repair(Document& document, int position, bool removeEmptyInlines) {
+    const XmlText& text = document.text();
+    const EditActionGroup group(document);
+    document.recordCaret();
+    PlaceholderRepair repair;
+    int element = text.elementAround(position);
+    while (removeEmptyInlines && isRemovableInline(document, element) &&
+           Placeholders::isVoid(document, element)) {
+        const int behind = text.behindElement(element);
+        document.recordDeletion(element, document.removeUnrecorded(element, behind - 1));
+        document.recordCaret();
+        repair.addRemoval(element, behind);
+        element = text.elementAround(element);
+    }
+    if (Placeholders::isVoid(document, element))
+        insertPlaceholderInto(document, element, repair);
+    return repair;
+}
+
+bool Placeholders::isFootnoteMark(const Document& document, int element) {
+    return document.names.isInline(document.text().tagName(element)) &&
+           document.text().nameAround(element) == L"fo:footnote";
+}
+
+bool Placeholders::holdsOneUnit(const Document& document, int element) {
+    const int first = Stops::next(document, element);
+    const int closing = document.text().closingTag(element);
+    return first >= 0 && closing >= 0 &&
+           (first == closing || first == Stops::previous(document, closing));
+}
+
+bool Placeholders::isBetweenBreaks(const Document& document, int position, bool& isCharacter,
+                                   bool& follows) {
+    const XmlText& text = document.text();
+    const int lengthBefore = placeholderLengthBefore(text, position);
+    const int lengthAt = text.placeholderLength(position);
+    if ((lengthBefore > 0) == (lengthAt > 0))
+        return false;
+    follows = lengthAt > 0;
+    isCharacter = lengthBefore + lengthAt == 1;
+    const int start = position - lengthBefore;
+    const int before = document.text().previous(start);
+    const int behind = position + lengthAt;
+    const bool isWholeBlock = text.openingAt(before) && text.closingAt(behind);
+    return isBlockTag(text, before) && isBlockTag(text, behind) && !isWholeBlock;
+}
+
+bool EditableDocumentBuffer::handleElementsContainingJustWhiteSpaces(int position,
+                                                                     bool removeEmptyInlines) {
+    return Placeholders::repairEmptied(*document_, position, removeEmptyInlines);
+}
+
+bool EditableDocumentBuffer::editableElementContainsJustOneMoreChar(int element) const {
+    return Placeholders::holdsOneUnit(*document_, element);
+}
+
+bool EditableDocumentBuffer::singleNbspBetweenLineBreakTags(int position, bool& isCharacter,
+                                                            bool& follows) const {
+    return Placeholders::isBetweenBreaks(*document_, position, isCharacter, follows);
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+class Document;
+
+namespace TableCache {
+
+void onBufferChange(Document& document);
+
+} // namespace TableCache

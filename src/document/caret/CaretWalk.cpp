@@ -1,0 +1,123 @@
+#include "document/caret/CaretWalk.h"
+
+#include "document/Document.h"
+#include "text/XmlScan.h"
+
+#include <algorithm>
+#include <array>
+
+using XmlScan::Text;
+
+namespace {
+
+/// Whether a step back may have ended inside a section, where one holds what looks like the start
+/// of another kind.
+bool passesSectionEnd(const XmlText& text, int previous, int position) {
+    const Text passed = text.view(previous, position);
+    const auto holds = [&](Text end) { return passed.find(end) != Text::npos; };
+    return holds(XmlScan::cdataEnd) || holds(XmlScan::commentEnd) || holds(XmlScan::instructionEnd);
+}
+
+constexpr std::array<Text, 3> scripts{L"qfd:xslt-global", L"qfd:xslt", L"qfd:inline-xslt"};
+
+bool isScript(Text name) {
+    return std::find(scripts.begin(), scripts.end(), name) != scripts.end();
+}
+
+} // namespace
+
+CaretWalk::CaretWalk(const Document& document, int position)
+    : document_(document), whitespace_(document) {
+    restartAt(position);
+}
+
+void CaretWalk::restartAt(int position) {
+    position_ = position;
+    around_ = document_.text().elementsAround(position);
+}
+
+bool CaretWalk::stepForward() {
+    const XmlText& text = document_.text();
+    const int next = text.next(position_);
+    if (!text.isValid(next))
+        return false;
+    if (text.openingAt(position_))
+        around_.push_back(position_);
+    else if (text.closingAt(position_))
+        leaveElement();
+    position_ = next;
+    return true;
+}
+
+bool CaretWalk::stepBackward() {
+    const XmlText& text = document_.text();
+    int previous = document_.text().previous(position_);
+    if (previous < 0)
+        return false;
+    if (passesSectionEnd(text, previous, position_))
+        previous = text.unitStart(previous);
+    position_ = previous;
+    if (text.closingAt(previous))
+        around_.push_back(document_.text().elementAround(previous));
+    else if (text.openingAt(previous))
+        leaveElement();
+    return true;
+}
+
+bool CaretWalk::stepForwardOverScript() {
+    const XmlText& text = document_.text();
+    if (isScript(text.tagName(position_)))
+        restartAt(text.closingTag(position_));
+    return stepForward();
+}
+
+bool CaretWalk::stepBackwardOverScript() {
+    const XmlText& text = document_.text();
+    const Text name = text.tagName(position_);
+    if (name.starts_with(L'/') && isScript(name.substr(1)))
+        restartAt(text.startTag(position_));
+    return stepBackward();
+}
+
+bool CaretWalk::toNextStop() {
+    while (stepForwardOverScript())
+        if (isStop())
+            return true;
+    return false;
+}
+
+bool CaretWalk::toPreviousStop() {
+    while (stepBackwardOverScript())
+        if (isStop())
+            return true;
+    return false;
+}
+
+void CaretWalk::leaveElement() {
+    if (!around_.empty())
+        around_.pop_back();
+}
+
+bool CaretWalk::canHoldCaret() const {
+    if (!document_.text().isValid(position_))
+        return false;
+    const bool mayStand = document_.isEditableAt(element()) ||
+                          document_.text().isBeforeTable(position_) ||
+                          document_.text().isBehindTable(position_);
+    return mayStand && !isClosedToCaret();
+}
+
+bool CaretWalk::isClosedToCaret() const {
+    return std::any_of(around_.begin(), around_.end(), [this](int element) {
+        const Text name = document_.text().tagName(element);
+        return name == L"fo:list-item-label" || name == L"qfd:xslt-global";
+    });
+}
+
+bool CaretWalk::isSkippedInElement(int position) {
+    if (loaded_ != element()) {
+        whitespace_.load(around_);
+        loaded_ = element();
+    }
+    return whitespace_.isSkipped(position, element());
+}

@@ -1,0 +1,172 @@
+// The caret on its way to a page sequence, a region or a reference.
+
+#include "document/caret/Jumps.h"
+
+#include "document/Attributes.h"
+#include "document/CommandScope.h"
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/PageSequences.h"
+#include "document/caret/CaretWalk.h"
+#include "document/caret/Moves.h"
+#include "document/caret/Stops.h"
+
+#include <map>
+
+using Core::String;
+using Core::StringArray;
+using XmlScan::Text;
+
+namespace {
+
+const StringArray& pageMasters() {
+    static const StringArray names{L"fo:simple-page-master", L"fo:page-sequence-master"};
+    return names;
+}
+
+const StringArray& pageMasterReferences() {
+    static const StringArray names{L"fo:single-page-master-reference",
+                                   L"fo:repeatable-page-master-reference",
+                                   L"fo:conditional-page-master-reference"};
+    return names;
+}
+
+const StringArray& sideRegions() {
+    static const StringArray names{L"fo:region-before", L"fo:region-after", L"fo:region-start",
+                                   L"fo:region-end"};
+    return names;
+}
+
+/// The first start tag of that name behind the tag at `position` and before `end`; -1 if none.
+int nextTagNamed(const XmlText& text, Text name, int position, int end) {
+    int tag = position;
+    do
+        tag = text.nextTag(text.next(tag));
+    while (tag >= 0 && tag < end && text.tagName(tag) != name);
+    return tag < end ? tag : -1;
+}
+
+int pageMasterNamed(const Document& document, const String& name) {
+    const XmlText& text = document.text();
+    int master = text.nextNamed(text.layoutMasterSet(), pageMasters());
+    while (master >= 0 &&
+           Attributes::of(document, master).getPropertyValue(L"fo:master-name") != name)
+        master = text.nextNamed(master, pageMasters());
+    return master;
+}
+
+} // namespace
+
+void Moves::toFirstFlow(Document& document) {
+    CommandScope scope(document);
+    const int first = Stops::next(document, 0);
+    document.setCaret(Stops::nextInFlow(document, first));
+}
+
+bool Moves::toPageSequence(Document& document, int index) {
+    const int flow = PageSequences::firstFlowOf(document, PageSequences::at(document, index));
+    const int stop = Stops::next(document, flow);
+    if (flow < 0 || stop <= flow || stop > document.text().closingTag(flow))
+        return false;
+    Moves::to(document, false, stop);
+    return true;
+}
+
+int Jumps::firstStopInStaticContent(const Document& document, const String& flowName,
+                                    int generator) {
+    const int end = document.text().closingTag(generator);
+    const XmlText& text = document.text();
+    int content = nextTagNamed(text, L"fo:static-content", generator, end);
+    while (content >= 0) {
+        const int closing = document.text().closingTag(content);
+        if (Attributes::of(document, content).getPropertyValue(L"fo:flow-name") == flowName) {
+            const int stop = Stops::next(document, content);
+            if (stop >= 0 && stop <= closing)
+                return stop;
+        }
+        content = nextTagNamed(text, L"fo:static-content", closing, end);
+    }
+    return -1;
+}
+
+String Jumps::firstSideRegionOf(const Document& document, const String& masterName) {
+    const XmlText& text = document.text();
+    int master = pageMasterNamed(document, masterName);
+    if (text.tagName(master) == L"fo:page-sequence-master") {
+        const int reference = text.nextNamed(master, pageMasterReferences());
+        master = pageMasterNamed(
+            document, Attributes::of(document, reference).getPropertyValue(L"fo:master-reference"));
+    }
+    const int region = text.nextNamed(master, sideRegions());
+    if (region < 0 || region > text.closingTag(master))
+        return {};
+    const String name = Attributes::of(document, region).getPropertyValue(L"fo:region-name");
+    return name.empty() ? L"xsl-" + text.localNameAt(region) : name;
+}
+
+void EditableDocumentBuffer::moveCaretToFirstFoFlow() {
+    Moves::toFirstFlow(*document_);
+}
+
+void EditableDocumentBuffer::resetCaretFromStaticContent() {
+    Document& document = *document_;
+    if (document.text().staticContentAround(document.caret()) >= 0)
+        Moves::toFirstFlow(document);
+}
+
+bool EditableDocumentBuffer::moveCaretToPageSequence(int index) {
+    return Moves::toPageSequence(*document_, index);
+}
+
+bool EditableDocumentBuffer::moveCaretToReference(int sequenceIndex, int offset) {
+    Document& document = *document_;
+    if (sequenceIndex == -1)
+        return false;
+    if (offset < 1)
+        return Moves::toPageSequence(document, sequenceIndex);
+    const int flow =
+        PageSequences::firstFlowOf(document, PageSequences::at(document, sequenceIndex));
+    const int start = document.text().next(flow);
+    if (start < 0 || offset > document.text().closingTag(flow) - start)
+        return false;
+    const int target = Stops::outsideMarkup(document, start + offset);
+    if (target < start || !document.isInEditable(target))
+        return false;
+    CommandScope scope(document);
+    document.setCaret(target);
+    return true;
+}
+
+void EditableDocumentBuffer::moveCaretToFirstStaticRegion() {
+    Document& document = *document_;
+    std::map<String, String> regions; // by the master, which many sequences can have in common
+    for (int generator = PageSequences::next(document, 0); generator >= 0;
+         generator = PageSequences::next(document, generator)) {
+        const String master =
+            Attributes::of(document, generator).getPropertyValue(L"fo:master-reference");
+        if (regions.find(master) == regions.end())
+            regions[master] = Jumps::firstSideRegionOf(document, master);
+        const int stop = Jumps::firstStopInStaticContent(document, regions[master], generator);
+        if (stop < 0)
+            continue;
+        Moves::to(document, false, stop);
+        return;
+    }
+}
+
+void EditableDocumentBuffer::moveCaretToStaticRegion(const String& flowName, int sequenceIndex) {
+    Document& document = *document_;
+    const int stop = Jumps::firstStopInStaticContent(document, flowName,
+                                                     PageSequences::at(document, sequenceIndex));
+    if (stop >= 0)
+        Moves::to(document, false, stop);
+}
+
+int EditableDocumentBuffer::getFirstEditPosInStaticContent(const String& flowName,
+                                                           int generator) const {
+    return Jumps::firstStopInStaticContent(*document_, flowName, generator);
+}
+
+String EditableDocumentBuffer::getFirstPageRegionNameFromMaster(const String& masterName) const {
+    return Jumps::firstSideRegionOf(*document_, masterName);
+}

@@ -1,0 +1,209 @@
+// The caret on its way left and right, home and to the end.
+
+#include "document/caret/Moves.h"
+
+#include "document/CommandScope.h"
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/Placeholders.h"
+#include "document/caret/PageOrder.h"
+#include "document/caret/Stops.h"
+#include "document/caret/Words.h"
+
+#include <algorithm>
+#include <array>
+
+using XmlScan::Text;
+
+namespace {
+
+/// What the caret passes as one unit.
+constexpr std::array<Text, 8> atomicObjects{
+    L"fo:external-graphic", L"qfd:chart",    L"qfd:field",       L"qf:barcode",
+    L"qf:geomap",           L"qf:object-3d", L"qf:media-object", L"qfd:subdocument-content"};
+
+bool isAtomicObjectAt(const XmlText& text, int position) {
+    const Text name = text.tagName(position);
+    return std::find(atomicObjects.begin(), atomicObjects.end(), name) != atomicObjects.end();
+}
+
+void moveRightByStop(Document& document, bool extend, bool mergeBoundaries) {
+    const XmlText& text = document.text();
+    const bool passesObject = isAtomicObjectAt(text, document.caret());
+    const int next = Moves::landingRight(
+        document, document.caret(),
+        passesObject ? text.next(text.closingTag(document.caret()))
+                     : Stops::next(document, document.caret(), false, mergeBoundaries));
+    const int target = passesObject ? next : PageOrder(document).next(document.caret(), next);
+    if (text.isValid(target))
+        document.moveCaret(extend && target == next, target);
+}
+
+void moveLeftByStop(Document& document, bool extend, bool mergeBoundaries) {
+    const int previous = Moves::landingLeft(
+        document, document.caret(),
+        Stops::previous(document, document.caret(), false, mergeBoundaries), true);
+    const int target = PageOrder(document).previous(document.caret(), previous);
+    if (document.text().isValid(target))
+        document.moveCaret(extend && target == previous, target);
+}
+
+bool isInTextOfRegion(const Document& document, int position, int region) {
+    const XmlText& text = document.text();
+    const int element = text.elementAround(position);
+    return document.isEditableAt(element) && text.staticContentAround(position) == region &&
+           (region >= 0 || text.isInFlow(position)) && !Placeholders::isVoid(document, element);
+}
+
+/// The first stop with text of the static content `region`, or with -1 of the flows.
+int homePosition(const Document& document, int region) {
+    const XmlText& text = document.text();
+    const int start = std::max(region, 0);
+    const int end = region < 0 ? text.length() : text.closingTag(region);
+    int stop = Stops::next(document, start);
+    while (stop >= 0 && stop <= end && !isInTextOfRegion(document, stop, region)) {
+        const int other = region < 0 ? text.staticContentAround(stop) : -1;
+        stop = Stops::next(document, other < 0 ? stop : text.closingTag(other));
+    }
+    return stop <= end ? stop : -1;
+}
+
+/// The last such stop.
+int endPosition(const Document& document, int region) {
+    const int end = region < 0 ? document.text().lastTag() : document.text().closingTag(region);
+    int stop = Stops::previous(document, end);
+    while (stop > region && !isInTextOfRegion(document, stop, region))
+        stop = Stops::previous(document, stop);
+    return stop > region ? stop : -1;
+}
+
+} // namespace
+
+void Moves::to(Document& document, bool extend, int position) {
+    if (position != -1 &&
+        (!document.text().isValid(position) || document.text().unitStart(position) != position))
+        return;
+    CommandScope scope(document);
+    document.endTyping();
+    document.moveCaret(extend, position);
+}
+
+void Moves::toStop(Document& document) {
+    if (Stops::canHoldCaret(document, document.caret()) || Moves::toStopInCell(document))
+        return;
+    const int before = document.caret();
+    Moves::right(document);
+    if (document.caret() == before)
+        Moves::left(document);
+}
+
+bool Moves::toStopInCell(Document& document) {
+    const int next = Stops::nextInCell(document, document.caret());
+    const int stop = next >= 0 ? next : Stops::previousInCell(document, document.caret());
+    if (stop >= 0)
+        document.setCaret(stop);
+    return stop >= 0;
+}
+
+void Moves::right(Document& document, bool extend, bool byWord, bool mergeBoundaries) {
+    CommandScope scope(document);
+    if (!document.text().isValid(document.caret()))
+        return;
+    document.endTyping();
+    if (!extend && document.hasSelection())
+        document.setCaret(std::max(document.caret(), document.pivot()));
+    else if (Moves::rightThroughTable(document))
+        return;
+    else if (byWord)
+        Words::stepRight(document, extend);
+    else
+        moveRightByStop(document, extend, mergeBoundaries);
+}
+
+bool Moves::rightThroughTable(Document& document) {
+    if (isAtomicObjectAt(document.text(), document.caret()))
+        return false;
+    const int next =
+        Moves::landingRight(document, document.caret(), Stops::next(document, document.caret()));
+    const int target = PageOrder(document).next(document.caret(), next);
+    if (document.text().isValid(target) && target != next)
+        document.setCaret(target);
+    return target != next;
+}
+
+void Moves::left(Document& document, bool extend, bool byWord, bool mergeBoundaries) {
+    CommandScope scope(document);
+    document.endTyping();
+    if (!document.text().isValid(document.caret()))
+        return;
+    if (!extend && !byWord && document.hasSelection())
+        document.setCaret(std::min(document.caret(), document.pivot()));
+    else if (Moves::leftThroughTable(document))
+        return;
+    else if (byWord)
+        Words::stepLeft(document, extend);
+    else
+        moveLeftByStop(document, extend, mergeBoundaries);
+}
+
+bool Moves::leftThroughTable(Document& document) {
+    const int previous = Moves::landingLeft(document, document.caret(),
+                                            Stops::previous(document, document.caret()), true);
+    const int target = PageOrder(document).previous(document.caret(), previous);
+    if (document.text().isValid(target) && target != previous)
+        document.setCaret(target);
+    return target != previous;
+}
+
+int Moves::landingRight(const Document& document, int from, int to) {
+    const XmlText& text = document.text();
+    if (text.isInFlow(from))
+        return text.areInOneElement(from, to) ? to : Stops::nextInFlow(document, to);
+    return text.areInSameStaticContent(from, to) ? to : -1;
+}
+
+int Moves::landingLeft(const Document& document, int from, int to, bool mergeBoundaries) {
+    const XmlText& text = document.text();
+    if (text.isInFlow(from))
+        return text.areInOneElement(from, to)
+                   ? to
+                   : Stops::previousInFlow(document, to, mergeBoundaries);
+    return text.areInSameStaticContent(from, to) ? to : -1;
+}
+
+void Moves::home(Document& document, bool extend) {
+    CommandScope scope(document);
+    document.moveCaret(
+        extend, homePosition(document, document.text().staticContentAround(document.caret())));
+}
+
+void Moves::end(Document& document, bool extend) {
+    CommandScope scope(document);
+    const int region = document.text().staticContentAround(document.caret());
+    if (!document.modes.pageMasters || region >= 0)
+        document.moveCaret(extend, endPosition(document, region));
+}
+
+void EditableDocumentBuffer::setCaretPos(bool extend, int position) {
+    Moves::to(*document_, extend, position);
+}
+
+void EditableDocumentBuffer::adjustCaretToAnEditablePosition() {
+    Moves::toStop(*document_);
+}
+
+void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool mergeBoundaries) {
+    Moves::right(*document_, extend, byWord, mergeBoundaries);
+}
+
+void EditableDocumentBuffer::moveCaretLeft(bool extend, bool byWord, bool mergeBoundaries) {
+    Moves::left(*document_, extend, byWord, mergeBoundaries);
+}
+
+void EditableDocumentBuffer::moveCaretHome(bool extend) {
+    Moves::home(*document_, extend);
+}
+
+void EditableDocumentBuffer::moveCaretToEnd(bool extend) {
+    Moves::end(*document_, extend);
+}

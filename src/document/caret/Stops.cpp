@@ -1,0 +1,274 @@
+// The stops: the offsets at which the caret can stand, and the walks from one to the next.
+
+#include "document/caret/Stops.h"
+
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/Placeholders.h"
+#include "document/caret/CaretWalk.h"
+#include "document/caret/Lines.h"
+#include "text/XmlScan.h"
+
+using XmlScan::Text;
+
+namespace {
+
+/// On the start tag of an inline whose edges may merge; a link keeps its own.
+bool isInlineStart(const Document& document, int position) {
+    const Text name = document.text().tagName(position);
+    return document.names.isInline(name) && name != L"fo:basic-link";
+}
+
+/// On the closing tag of such an inline.
+bool isInlineEnd(const Document& document, int position) {
+    const Text name = document.text().tagName(position);
+    return name.starts_with(L'/') && document.names.isInline(name.substr(1)) &&
+           name != L"/fo:basic-link";
+}
+
+/// How many stops the element holds, counted up to `limit`.
+int countStops(const Document& document, int element, int limit) {
+    const int end = document.text().closingTag(element);
+    int count = 0;
+    for (int stop = Stops::next(document, element); stop >= 0 && stop <= end && count < limit;
+         stop = Stops::next(document, stop))
+        ++count;
+    return count;
+}
+
+} // namespace
+
+int Stops::nextInCell(const Document& document, int position) {
+    const int stop = Stops::next(document, position);
+    return Stops::isInCellAround(document, position, stop) ? stop : -1;
+}
+
+int Stops::previousInCell(const Document& document, int position) {
+    const int stop = Stops::previous(document, position);
+    return Stops::isInCellAround(document, position, stop) ? stop : -1;
+}
+
+bool Stops::isInCellAround(const Document& document, int position, int stop) {
+    const XmlText& text = document.text();
+    static const Core::StringArray holders{L"fo:table-cell", L"fo:flow", L"fo:static-content"};
+    const int holder = text.ancestor(position, holders);
+    int element = text.elementAround(stop);
+    while (element > holder)
+        element = text.elementAround(element);
+    return holder >= 0 && element == holder;
+}
+
+int Stops::outsideMarkup(const Document& document, int position) {
+    const int start = document.text().unitStart(position);
+    if (start == position || CaretWalk(document, start).isStop())
+        return start;
+    return Stops::previous(document, start);
+}
+
+bool Stops::canHoldCaret(const Document& document, int position) {
+    return CaretWalk(document, position).canHoldCaret();
+}
+
+int Stops::next(const Document& document, int position, bool wrap, bool mergeBoundaries) {
+    const XmlText& text = document.text();
+    if (!text.isValid(position))
+        return -1;
+    CaretWalk walk(document, position);
+    if (text.holdsOnlyPlaceholder(walk.element())) {
+        const int last = text.closingTag(walk.element());
+        if (last != position && !walk.isSkippedInElement(last))
+            return last;
+    }
+    int previous = position;
+    int remembered = -1;
+    bool wrapped = false;
+    for (;;) {
+        if (!walk.stepForwardOverScript()) {
+            if (remembered >= 0 || !wrap || wrapped)
+                return remembered;
+            wrapped = true;
+            walk.restartAt(0);
+        }
+        const int stop = walk.position();
+        if (stop == position)
+            return -1;
+        if (!walk.isStop())
+            continue;
+        const bool fromEdge = isInlineStart(document, previous) || isInlineEnd(document, previous);
+        if (!mergeBoundaries || !fromEdge || !Lines::areInOneBlock(document, previous, stop))
+            return stop;
+        if (isInlineEnd(document, previous))
+            remembered = stop;
+        previous = stop;
+    }
+}
+
+int Stops::previous(const Document& document, int position, bool wrap, bool mergeBoundaries) {
+    const XmlText& text = document.text();
+    if (!text.isValid(position))
+        return -1;
+    CaretWalk walk(document, position);
+    int previous = position;
+    bool wrapped = false;
+    for (;;) {
+        if (!walk.stepBackwardOverScript()) {
+            if (!wrap || wrapped)
+                return -1;
+            wrapped = true;
+            walk.restartAt(text.lastTag());
+        }
+        const int stop = walk.position();
+        if (stop == position)
+            return -1;
+        if (!walk.isStop())
+            continue;
+        const bool entersInline = isInlineStart(document, stop) && text.next(stop) == previous;
+        const bool leavesInline =
+            isInlineEnd(document, stop) && Lines::areInOneBlock(document, previous, stop);
+        if (!mergeBoundaries || (!entersInline && !leavesInline))
+            return stop;
+        previous = stop;
+    }
+}
+
+int Stops::next(const Document& document, int position) {
+    return next(document, position, false, false);
+}
+
+int Stops::previous(const Document& document, int position) {
+    return previous(document, position, false, false);
+}
+
+int Stops::nextInFlow(const Document& document, int position) {
+    while (position >= 0 && !document.text().isInFlow(position))
+        position = Stops::next(document, position);
+    return position;
+}
+
+int Stops::previousInFlow(const Document& document, int position, bool mergeBoundaries) {
+    while (position >= 0 && !document.text().isInFlow(position))
+        position = Stops::previous(document, position, false, mergeBoundaries);
+    return position;
+}
+
+bool Stops::skipBackward(const Document& document, int& position, bool crossElements) {
+    bool metAnother = false;
+    CaretWalk walk(document, position);
+    while (walk.isSkipped()) {
+        const int element = walk.element();
+        if (!walk.stepBackward())
+            break;
+        if (walk.element() != element) {
+            metAnother = true;
+            if (!crossElements)
+                break;
+        }
+        position = walk.position();
+    }
+    return metAnother;
+}
+
+bool Stops::skipForward(const Document& document, int& position, bool crossElements) {
+    bool metAnother = false;
+    CaretWalk walk(document, position);
+    while (walk.isSkipped()) {
+        const int element = walk.element();
+        if (!walk.stepForward())
+            break;
+        if (walk.element() != element) {
+            metAnother = true;
+            if (!crossElements)
+                break;
+        }
+        position = walk.position();
+    }
+    return metAnother;
+}
+
+bool Placeholders::isVoid(const Document& document, int element) {
+    const XmlText& text = document.text();
+    if (text.selfClosingAt(element))
+        return true;
+    if (!text.openingAt(element))
+        return false;
+    int depth = 1;
+    for (int at = text.next(element); text.isValid(at); at = text.next(at)) {
+        if (text.closingAt(at)) {
+            if (--depth == 0)
+                return true;
+        } else if (text.onTagStart(at)) {
+            if (!document.isEditableAt(at))
+                return false;
+            depth += text.openingAt(at) ? 1 : 0;
+        } else if (!Core::String::isSpace(text.unitAt(at))) {
+            return false;
+        }
+    }
+    return false;
+}
+
+bool Stops::isCaretAtEdge(const Document& document, bool forward) {
+    const XmlText& text = document.text();
+    const int element = text.elementAround(document.caret());
+    if (element < 0)
+        return false;
+    if (text.holdsOnlyPlaceholder(element))
+        return true;
+    if (document.names.isInline(text.tagName(element)) && countStops(document, element, 3) < 3)
+        return true;
+    if (!forward)
+        return Stops::previous(document, document.caret()) <= element;
+    const int next = Stops::next(document, document.caret());
+    return next < 0 || next > text.closingTag(element);
+}
+
+bool Stops::isSkipped(const Document& document, int position) {
+    return CaretWalk(document, position).isSkipped();
+}
+
+bool EditableDocumentBuffer::canHoldCaret(int position) const {
+    return Stops::canHoldCaret(*document_, position);
+}
+
+int EditableDocumentBuffer::getNextEditablePositionInFo(int position, bool wrap,
+                                                        bool mergeBoundaries) const {
+    return Stops::next(*document_, position, wrap, mergeBoundaries);
+}
+
+int EditableDocumentBuffer::getPreviousEditablePositionInFo(int position, bool wrap,
+                                                            bool mergeBoundaries) const {
+    return Stops::previous(*document_, position, wrap, mergeBoundaries);
+}
+
+int EditableDocumentBuffer::getNextValidCaretPos(int position) const {
+    return Stops::next(*document_, position);
+}
+
+int EditableDocumentBuffer::getPreviousValidCaretPos(int position) const {
+    return Stops::previous(*document_, position);
+}
+
+int EditableDocumentBuffer::getNextPositionAdjustedToFoFlow(int position) const {
+    return Stops::nextInFlow(*document_, position);
+}
+
+int EditableDocumentBuffer::getPreviousPositionAdjustedToFoFlow(int position,
+                                                                bool mergeBoundaries) const {
+    return Stops::previousInFlow(*document_, position, mergeBoundaries);
+}
+
+bool EditableDocumentBuffer::skipSpacesBackwards(int& position, bool crossElements) const {
+    return Stops::skipBackward(*document_, position, crossElements);
+}
+
+bool EditableDocumentBuffer::skipSpacesFromPos(int& position, bool crossElements) const {
+    return Stops::skipForward(*document_, position, crossElements);
+}
+
+bool EditableDocumentBuffer::elementContainsJustWhitespacesOrVoid(int element) const {
+    return Placeholders::isVoid(*document_, element);
+}
+
+bool EditableDocumentBuffer::isBoudaryEditablePosition(bool forward) const {
+    return Stops::isCaretAtEdge(*document_, forward);
+}

@@ -1,0 +1,76 @@
+#include "document/history/ActionList.h"
+
+#include <new>
+#include <utility>
+
+ActionList::ActionList(ActionList&& other) noexcept
+    : newest_(std::move(other.newest_)), size_(std::exchange(other.size_, 0)),
+      dropped_(std::exchange(other.dropped_, 0)) {}
+
+ActionList& ActionList::operator=(ActionList other) noexcept {
+    std::swap(newest_, other.newest_);
+    std::swap(size_, other.size_);
+    std::swap(dropped_, other.dropped_);
+    return *this;
+}
+
+ActionList::~ActionList() {
+    release(std::move(newest_));
+}
+
+void ActionList::pushBack(const EditAction& action) {
+    pushBack(Prepared(action));
+}
+
+void ActionList::pushBack(Prepared record) noexcept {
+    record.node_->older = std::move(newest_);
+    newest_ = std::move(record.node_);
+    ++size_;
+}
+
+EditAction ActionList::takeBack() {
+    EditAction action = newest_->action;
+    std::shared_ptr<Node> older = newest_->older;
+    newest_ = std::move(older);
+    if (--size_ == 0)
+        clear();
+    return action;
+}
+
+void ActionList::dropFront() {
+    --size_;
+    ++dropped_;
+    // Cutting the chain copies it, so that it is done once for as many drops as there are records.
+    if (dropped_ <= size_)
+        return;
+    try {
+        cutDropped();
+    } catch (const std::bad_alloc&) {
+        // What was dropped is only kept for longer: the next drop tries again.
+    }
+}
+
+void ActionList::clear() {
+    release(std::move(newest_));
+    newest_ = nullptr;
+    size_ = 0;
+    dropped_ = 0;
+}
+
+void ActionList::cutDropped() {
+    ActionList kept;
+    std::shared_ptr<Node>* end = &kept.newest_;
+    forEachFromBack([&](const EditAction& action) {
+        *end = std::make_shared<Node>(Node{action, nullptr});
+        end = &(*end)->older;
+        return true;
+    });
+    kept.size_ = size_;
+    *this = std::move(kept);
+}
+
+/// Lets a chain go record by record: left to itself, its end would recurse once for each.
+void ActionList::release(std::shared_ptr<Node> chain) {
+    while (chain && chain.use_count() == 1)
+        chain = std::move(chain->older);
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "document/history/ActionList.h"
+#include "document/history/EditAction.h"
+#include "foundation/Api.h"
+
+#include <cstddef>
+#include <vector>
+
+/// Undo and redo as two lists of records. What is stored are inverses: the undo list holds what
+/// must be done to undo, so that a replay needs no knowledge of the commands. Copies share their
+/// records.
+class FORME_API EditActionStack {
+public:
+    /// `limit` is the largest count of undo entries, group markers included.
+    explicit EditActionStack(int limit) : limit_(limit) {}
+
+    /// Records a performed action and forgets what could be redone. An empty text is no record,
+    /// unless the action is of the caret. At the limit the oldest entry goes, whatever it is.
+    void addAction(const EditAction& action);
+
+    /// Take the next entry and put its counterpart on the other list. An empty list raises
+    /// Core::Exception.
+    EditAction getUndoAction();
+    EditAction getRedoAction();
+
+    bool hasMoreUndoActions() const { return !undoActions_.empty(); }
+    bool hasMoreRedoActions() const { return !redoActions_.empty(); }
+
+    /// Whether the next undo step still has its beginning, which the limit may have trimmed away.
+    bool nextUndoStepIsWhole() const;
+
+    /// Put a bare marker on the undo list. Neither the limit nor the redo list is touched.
+    void startActionGroup();
+    void endActionGroup();
+
+    void clearUndoActionList() { undoActions_.clear(); }
+    void clearRedoActionList() { redoActions_.clear(); }
+    /// Empties both lists. A group that is open adds nothing more when its scope ends.
+    void clearStack();
+
+    /// Merges the last `count` entries, a key of the open run of typing, with those of the keys
+    /// before, if it is not the first: what it changed in the text that they inserted changes their
+    /// record. Undo and redo bring back the same, the caret included, so that a run costs what its
+    /// text does and no limit cuts it in two.
+    void mergeTyping(std::size_t count, bool isFirst);
+    /// How many entries were ever put on the undo list by recording.
+    std::size_t recordedCount() const { return recorded_; }
+
+    /// Takes note that `removed` has gone from the text at `start` without a record: the records
+    /// are changed as if it had never been there, so that every step stays exact without it.
+    void forget(int start, const Core::String& removed);
+
+    /// From now on keeps the offset valid across the actions recorded and replayed.
+    void startTrackingPos(int position) { trackingPos_ = position; }
+    /// The tracked offset, -1 if there is none; it is tracked no longer.
+    int retrieveTrackingPos();
+
+    /// Open a group and close it by the number it was given; one that is not open any more adds
+    /// nothing. EditActionGroup does both.
+    unsigned openGroup();
+    void closeGroup(unsigned group) noexcept;
+
+    /// Goes back to a copy made earlier. Numbers of groups are never used twice.
+    void restore(EditActionStack&& earlier) noexcept;
+
+private:
+    /// A group that is open. A snapshot keeps the list of them, so that one opened after it adds no
+    /// end marker once the snapshot is restored.
+    struct OpenGroup {
+        unsigned number;
+        ActionList::Prepared end; // so that a scope can always end
+    };
+
+    EditAction moveBack(ActionList& from, ActionList& to);
+    void track(const EditAction& performed);
+
+    void push(ActionList::Prepared undone) noexcept;
+
+    ActionList undoActions_;
+    ActionList redoActions_;
+    int limit_;
+    std::size_t recorded_ = 0;
+    int trackingPos_ = -1;
+    std::vector<OpenGroup> openGroups_;
+    unsigned lastGroup_ = 0;
+};

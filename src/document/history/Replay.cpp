@@ -1,0 +1,112 @@
+// The primitives that change the text, and the replay of what was recorded.
+
+#include "document/history/Replay.h"
+
+#include "document/CommandScope.h"
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/caret/Moves.h"
+
+#include <utility>
+
+using Core::String;
+
+namespace {
+
+/// A caret that has stood where it is kept out of since before is put back there.
+void replayCaret(Document& document, int pivot, int caret) {
+    if (document.caret() != -1 && document.isOutOfReach(document.caret())) {
+        document.placeCaret(false, pivot);
+        document.placeCaret(true, caret);
+    } else {
+        document.setCaret(pivot);
+        document.extendTo(caret);
+    }
+}
+
+/// Replays one outermost group, or one record outside any. Markers were exchanged when they were
+/// moved to this list, so that a group reads from its end to its start in both directions.
+void replayStep(Document& document, EditAction (EditActionStack::*take)(),
+                bool (EditActionStack::*more)() const) {
+    int depth = 0;
+    do {
+        const EditAction action = (document.history.*take)();
+        switch (action.getType()) {
+        case EditAction::EditGroupEnd:
+            ++depth;
+            break;
+        case EditAction::EditGroupStart:
+            if (--depth == 0)
+                return;
+            break;
+        default:
+            History::replay(document, action);
+            if (depth < 1)
+                return;
+        }
+    } while ((document.history.*more)());
+}
+
+} // namespace
+
+void History::replay(Document& document, const EditAction& action) {
+    CommandScope scope(document);
+    const String& text = action.getString();
+    const int position = action.getActionPosition();
+    switch (action.getType()) {
+    case EditAction::EditInsert:
+        document.insertUnrecorded(position, text);
+        break;
+    case EditAction::EditDelete:
+        document.removeUnrecorded(position, position + text.length() - 1);
+        break;
+    case EditAction::EditContent:
+        document.replaceText(text);
+        document.notifyBufferChanged();
+        break;
+    case EditAction::EditCaret:
+        replayCaret(document, action.getSelPivotPosition(), action.getCaretPosition());
+        break;
+    case EditAction::EditGroupStart:
+    case EditAction::EditGroupEnd:
+        break;
+    }
+    if (!document.text().isValid(document.caret()))
+        Moves::home(document, false);
+}
+
+String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
+    Document& document = *document_;
+    if (start < 0 || start > end || !document.text().isValid(end))
+        return {};
+    CommandScope scope(document);
+    String removed = document.removeUnrecorded(start, end - 1);
+    Moves::toStop(document);
+    document.setCaret(start);
+    document.notifyBufferChanged();
+    return removed;
+}
+
+void EditableDocumentBuffer::executeAction(const EditAction& action) {
+    History::replay(*document_, action);
+}
+
+void EditableDocumentBuffer::undo() {
+    Document& document = *document_;
+    CommandScope scope(document);
+    document.endTyping();
+    if (!document.history.hasMoreUndoActions())
+        return;
+    if (document.history.nextUndoStepIsWhole())
+        replayStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
+    else
+        document.history.clearUndoActionList();
+}
+
+void EditableDocumentBuffer::redo() {
+    Document& document = *document_;
+    CommandScope scope(document);
+    document.endTyping();
+    if (document.history.hasMoreRedoActions())
+        replayStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+class Document;
+class TextRewrite;
+struct PlaceholderRepair;
+
+/// The walk that deletes a range of a document whose ends may lie in different blocks, cells or
+/// lists. It goes from the start of the range to its end: text goes, elements that lie wholly in
+/// the range go as wholes, and a boundary that must stay is stepped over. Sibling blocks whose
+/// boundary goes are joined, and the first one's start tag rules.
+///
+/// Each round either moves on towards the end or shortens the range, so that the walk ends. It
+/// records what it does and leaves the caret where the range began, or where it ended if the last
+/// boundary before that was stepped over.
+class SelectionDeletion {
+public:
+    /// The range from `start` up to but excluding `end`, both valid. The list that begins at
+    /// `handledList`, and each that begins before it, is treated as any other element; -1 for none.
+    SelectionDeletion(Document& document, int start, int end, int handledList);
+
+    void run();
+
+    /// Where the caret belongs.
+    int start() const { return start_; }
+    /// Where the text behind the range begins.
+    int end() const { return end_; }
+
+private:
+    void takeWholeElement();
+    void takeIndentation();
+
+    // A round and its cases; each answers whether another round follows.
+
+    int unitsAhead() const;
+    bool playRound();
+
+    bool isNothingEditableLeft() const;
+
+    int listAround(int position) const;
+    bool deleteFromList(int list);
+    bool isWhollySelected(int list) const;
+    bool deleteWholeList(int list);
+    bool passList();
+
+    bool deleteRestOfText();
+    bool deleteTextBefore(int tag);
+
+    bool leaveElement();
+    bool hasSibling() const;
+    bool takeSibling();
+    void takeFurtherSiblings(int sibling, int behind, TextRewrite& rewrite) const;
+    bool joinSibling(int sibling);
+
+    bool takeChild();
+    bool deleteChild(int behind);
+
+    bool settle();
+
+    void remove(int from, int to);
+    PlaceholderRepair repair();
+    void keepLineBetweenBlockTags();
+    void keepLineBehindLineBreak();
+    void insertPlaceholderAtStart();
+
+    bool finishAtStart();
+    bool finishAtCaret();
+    int stopNear(int position) const;
+
+    Document& document_;
+    int start_;
+    int end_;
+    int position_; // up to here the range has been dealt with
+    int handledList_;
+};

@@ -1,0 +1,400 @@
+#include "text/XmlText.h"
+
+#include "text/NameList.h"
+
+#include <algorithm>
+#include <utility>
+
+using Core::String;
+using Core::StringArray;
+using XmlScan::Text;
+
+namespace {
+
+struct Delimiters {
+    XmlElementType type;
+    Text start;
+    Text end;
+};
+
+constexpr Delimiters delimited[] = {
+    {xmlProcessingInstruction, XmlScan::instructionStart, XmlScan::instructionEnd},
+    {xmlComment, XmlScan::commentStart, XmlScan::commentEnd},
+    {xmlCData, XmlScan::cdataStart, XmlScan::cdataEnd}};
+
+const Delimiters* delimitersOf(XmlElementType type) {
+    const auto* const found =
+        std::find_if(std::begin(delimited), std::end(delimited),
+                     [type](const Delimiters& known) { return known.type == type; });
+    return found == std::end(delimited) ? nullptr : found;
+}
+
+bool isAmong(const StringArray& names, Text wanted) {
+    return std::any_of(names.begin(), names.end(),
+                       [wanted](const String& name) { return name.view() == wanted; });
+}
+
+/// The closing tag that follows the placeholder at `position` with only white space between; -1 if
+/// there is none.
+int closingTagBehindPlaceholder(Text text, int position) {
+    const int length = XmlScan::placeholderLength(text, position);
+    if (length == 0)
+        return -1;
+    const int behind = XmlScan::skipSpaces(text, position + length);
+    return XmlScan::closingAt(text, behind) ? behind : -1;
+}
+
+} // namespace
+
+// Changes
+
+void XmlText::insert(int position, const String& xml) {
+    text_.insert(static_cast<unsigned>(position), xml);
+    elementMemo_.forgetBehind(position);
+}
+
+void XmlText::erase(int start, int end) {
+    text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start));
+    elementMemo_.forgetBehind(start);
+}
+
+void XmlText::assign(String content) noexcept {
+    text_ = std::move(content);
+    elementMemo_.forgetBehind(0);
+}
+
+// What stands at a position
+
+bool XmlText::closingTagFollows(int position) const {
+    return isValid(position) && nextTagName(position).startsWith(L"/");
+}
+
+XmlElementType XmlText::kindBeginningAt(int position) const {
+    if (!onTagStart(position))
+        return xmlNone;
+    for (const Delimiters& known : delimited)
+        if (standsAt(known.start, position))
+            return known.type;
+    return xmlElement;
+}
+
+XmlElementType XmlText::kindEndingAt(int position) const {
+    if (!isValid(position) || unitAt(position) != L'>')
+        return xmlNone;
+    for (const Delimiters& known : delimited) {
+        const int delimiter = position - static_cast<int>(known.end.size()) + 1;
+        if (delimiter < 1 || !standsAt(known.end, delimiter))
+            continue;
+        const int opened = rFind(known.start, delimiter - 1);
+        const int closed = rFind(known.end, delimiter - 1);
+        return opened >= 0 && opened >= closed ? known.type : xmlNone;
+    }
+    return xmlElement;
+}
+
+int XmlText::kindStart(XmlElementType type, int position) const {
+    if (const Delimiters* const known = delimitersOf(type))
+        return rFind(known->start, position);
+    if (type != xmlElement)
+        return position;
+    return position < 1 ? -1 : startTag(previous(position - 1));
+}
+
+int XmlText::kindEnd(XmlElementType type, int position) const {
+    if (const Delimiters* const known = delimitersOf(type)) {
+        const int found = find(known->end, position);
+        return found < 0 ? -1 : found + static_cast<int>(known->end.size());
+    }
+    return type == xmlElement ? behindElement(position) : position;
+}
+
+bool XmlText::isBeforeTable(int position) const {
+    return tagName(position) == L"fo:table";
+}
+
+bool XmlText::isBehindTable(int position) const {
+    return isValid(position) && position > 0 && unitAt(position - 1) == L'>' &&
+           tagName(previousTag(position)) == L"/fo:table";
+}
+
+// Tags
+
+int XmlText::lastTag() const {
+    int tag = previousTag(length() - 1);
+    while (ignoredAt(tag))
+        tag = previousTag(tag);
+    return tag;
+}
+
+int XmlText::lastOffsetOf(int element) const {
+    const int closing = closingTag(element);
+    return closing < 0 ? -1 : tagEnd(closing);
+}
+
+String XmlText::markupOf(int element) const {
+    const int last = lastOffsetOf(element);
+    return last < 0 ? String() : slice(element, last + 1);
+}
+
+String XmlText::localNameAt(int position) const {
+    return String(XmlScan::localName(tagName(position)));
+}
+
+String XmlText::nextTagName(int position) const {
+    return nameAt(onTagStart(position) ? position : nextTag(position));
+}
+
+// The element around a position
+
+int XmlText::elementAround(int position) const {
+    return XmlScan::currentElement(all(), position, elementMemo_);
+}
+
+std::vector<int> XmlText::elementsAround(int position) const {
+    std::vector<int> around;
+    for (int element = elementAround(position); element >= 0; element = elementAround(element))
+        around.push_back(element);
+    std::reverse(around.begin(), around.end());
+    return around;
+}
+
+String XmlText::startTagAround(int position) const {
+    const int element = elementAround(position);
+    const int behind = next(element);
+    return behind < 0 ? String() : slice(element + 1, behind - 1);
+}
+
+int XmlText::searchAncestor(int position, const StringArray& names, const Climb& climb) const {
+    const View limit = climb.limit.empty() ? rootName_.view() : climb.limit;
+    int outermost = -1;
+    for (int element = elementAround(position); element >= 0; element = elementAround(element)) {
+        const View fullName = tagName(element);
+        const View name = climb.withPrefix ? fullName : XmlScan::localName(fullName);
+        if (isAmong(names, name)) {
+            if (!climb.wantOutermost)
+                return element;
+            outermost = element;
+        }
+        if (name == limit)
+            break;
+    }
+    return outermost;
+}
+
+int XmlText::ancestor(int position, View name) const {
+    return ancestorWithin(position, name, rootName_.view());
+}
+
+int XmlText::ancestorWithin(int position, View name, View limit) const {
+    for (int element = elementAround(position); element >= 0; element = elementAround(element)) {
+        const View other = tagName(element);
+        if (other == name)
+            return element;
+        if (other == limit)
+            break;
+    }
+    return -1;
+}
+
+int XmlText::ancestor(int position, const StringArray& names) const {
+    return searchAncestor(position, names, {false, true, {}});
+}
+
+int XmlText::outermostAncestor(int position, const StringArray& names) const {
+    return searchAncestor(position, names, {true, true, {}});
+}
+
+int XmlText::outermostAncestor(int position, View name) const {
+    return outermostAncestor(position, StringArray{String(name)});
+}
+
+int XmlText::localAncestor(int position, const String& localName) const {
+    return searchAncestor(position, {localName}, {false, false, {}});
+}
+
+bool XmlText::areInSameElement(View name, int a, int b) const {
+    const int around = ancestor(a, name);
+    return around >= 0 && around == ancestor(b, name);
+}
+
+bool XmlText::areInSameRegion(int a, int b) const {
+    const int flow = ancestor(a, L"fo:flow");
+    const int region = flow < 0 ? staticContentAround(a) : flow;
+    return region >= 0 && region < b && b <= closingTag(region);
+}
+
+bool XmlText::elementContains(int element, int position) const {
+    return onTagStart(element) && element < position && position < closingTag(element);
+}
+
+// Elements in the order of the text
+
+int XmlText::nextElement(int position) const {
+    int tag = nextTag(onTagStart(position) ? next(position) : position);
+    while (closingAt(tag)) {
+        if (!rootName_.empty() && tagName(tag).substr(1) == rootName_.view())
+            return -1;
+        tag = nextTag(next(tag));
+    }
+    return tag;
+}
+
+int XmlText::previousElement(int position) const {
+    int tag = previousTag(elementAround(position));
+    while (closingAt(tag) || ignoredAt(tag))
+        tag = previousTag(tag);
+    return tag;
+}
+
+int XmlText::nextNamed(int position, View name) const {
+    int element = nextElement(position);
+    while (element >= 0 && tagName(element) != name)
+        element = nextElement(element);
+    return element;
+}
+
+int XmlText::nextNamed(int position, const StringArray& names) const {
+    int element = nextElement(position);
+    while (element >= 0 && !isAmong(names, tagName(element)))
+        element = nextElement(element);
+    return element;
+}
+
+int XmlText::previousNamed(int position, View name) const {
+    int tag = previousTag(position);
+    while (tag >= 0 && tagName(tag) != name)
+        tag = previousTag(tag);
+    return tag;
+}
+
+// Children and siblings
+
+int XmlText::firstChild(int element) const {
+    if (!onTagStart(element) || selfClosingAt(element))
+        return -1;
+    const int tag = nextTag(next(element));
+    return tag > closingTag(element) ? -1 : tag;
+}
+
+int XmlText::childNamed(int element, View name) const {
+    const int end = closingTag(element);
+    int child = firstChild(element);
+    while (child >= 0 && child <= end) {
+        if (tagName(child) == name)
+            return child;
+        child = nextTag(behindElement(child));
+    }
+    return -1;
+}
+
+int XmlText::sibling(int element) const {
+    const int sibling = nextSibling(element);
+    return sibling < closingTagAround(element) ? sibling : -1;
+}
+
+int XmlText::previousNeighbor(int position, bool useCurrent) const {
+    const bool atSelfClosing = !useCurrent && selfClosingAt(position);
+    int tag = previousTag(atSelfClosing ? position : elementAround(position));
+    while (commentAt(tag))
+        tag = previousTag(tag);
+    if (closingAt(tag))
+        return elementAround(tag);
+    return selfClosingAt(tag) ? tag : -1;
+}
+
+int XmlText::behindNeighbor(int position, bool useCurrent) const {
+    const bool atSelfClosing = !useCurrent && selfClosingAt(position);
+    return skipSpaces(next(atSelfClosing ? position : closingTagAround(position)));
+}
+
+int XmlText::nextNeighbor(int position, bool useCurrent) const {
+    const int behind = behindNeighbor(position, useCurrent);
+    return onTagStart(behind) ? nextTag(behind) : -1;
+}
+
+String XmlText::nextNeighborName(int position, bool useCurrent) const {
+    int behind = behindNeighbor(position, useCurrent);
+    while (commentAt(behind))
+        behind = skipSpaces(next(behind));
+    return onTagStart(behind) ? nextTagName(nextTag(behind)) : String();
+}
+
+// Paths
+
+String XmlText::pathUpTo(int position, int root) const {
+    String path;
+    while (position >= 0) {
+        position = elementAround(position);
+        const String name = nameAt(position);
+        path = L"/" + name + path;
+        if (name == rootName_ || position == root)
+            break;
+    }
+    return path;
+}
+
+String XmlText::pathOfPosition(int position) const {
+    return pathUpTo(position, -1);
+}
+
+String XmlText::path(int position) const {
+    return pathUpTo(position, root());
+}
+
+int XmlText::elementNamedByPath(const String& wanted, int position) const {
+    if (wanted.empty())
+        return elementAround(position);
+    if (wanted == L"/" + rootName_)
+        return root();
+    String reached = path(position);
+    int slash = reached.rFind(L'/');
+    while (reached != wanted && slash >= 0) {
+        reached = slash > 0 ? reached.subString(0, static_cast<unsigned>(slash - 1)) : String();
+        position = elementAround(position);
+        slash = reached.rFind(L'/');
+    }
+    return elementAround(position);
+}
+
+// Placeholders
+
+bool XmlText::holdsOnlyPlaceholder(int element) const {
+    if (!openingAt(element))
+        return false;
+    const int closing = closingTagBehindPlaceholder(all(), skipSpaces(next(element)));
+    return closing >= 0 && closing == closingTag(element);
+}
+
+bool XmlText::isPlaceholderAtElementEnd(int position) const {
+    const int closing = closingTagBehindPlaceholder(all(), position);
+    return closing >= 0 && closing == closingTagAround(position);
+}
+
+bool XmlText::isPlaceholderBeforeClosingTag(int position) const {
+    const int closing = closingTagBehindPlaceholder(all(), position);
+    return closing >= 0 && closing == closingTagAround(closing);
+}
+
+bool XmlText::beginsTrailingSpaces(int position) const {
+    int start = closingTagAround(position);
+    if (start < 1 || !String::isSpace(unitAt(start - 1)))
+        return false;
+    while (start > 0 && String::isSpace(unitAt(start - 1)))
+        --start;
+    return position == start;
+}
+
+int XmlText::placeholderBehind(int position) const {
+    for (int at = next(position); isValid(at); ++at)
+        if (unitAt(at) == L'&' || unitAt(at) == L'\x00A0')
+            return at;
+    return -1;
+}
+
+// The large parts of a document
+
+int XmlText::behindPageMasters() const {
+    static constexpr Text closing = L"</fo:layout-master-set>";
+    const int found = find(closing, 0);
+    return found < 0 ? -1 : found + static_cast<int>(closing.size());
+}
