@@ -6,12 +6,12 @@
 #include "document/history/EditActionStack.h"
 #include "foundation/Api.h"
 #include "foundation/Object.h"
-#include "foundation/PropertyCollection.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
 #include "foundation/SpellingError.h"
 #include "foundation/String.h"
 #include "foundation/Vector.h"
+#include "foundation/values/PropertyCollection.h"
 #include "text/EditableXmlBuffer.h"
 
 #include <memory>

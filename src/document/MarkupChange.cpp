@@ -1,6 +1,6 @@
 #include "document/MarkupChange.h"
 
-#include "foundation/WellFormed.h"
+#include "foundation/xml/WellFormed.h"
 #include "text/XmlCharacters.h"
 #include "text/XmlValidator.h"
 

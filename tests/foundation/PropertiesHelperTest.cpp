@@ -1,4 +1,4 @@
-#include "foundation/PropertiesHelper.h"
+#include "foundation/values/PropertiesHelper.h"
 
 #include "foundation/PropertyTesting.h"
 

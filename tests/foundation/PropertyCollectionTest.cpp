@@ -1,4 +1,4 @@
-#include "foundation/PropertyCollection.h"
+#include "foundation/values/PropertyCollection.h"
 
 #include "foundation/PropertyTesting.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/PropertyCollection.h"
 #include "foundation/Wide.h"
+#include "foundation/values/PropertyCollection.h"
 #include "support/Table.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Messages.h"
-#include "foundation/DomParser.h"
 #include "foundation/Encoder.h"
-#include "foundation/ParseException.h"
+#include "foundation/xml/DomParser.h"
+#include "foundation/xml/ParseException.h"
 
 #include <string>
 #include <string_view>

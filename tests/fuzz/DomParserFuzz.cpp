@@ -1,9 +1,9 @@
 // Any bytes are either parsed or refused with a reason, and a tree that was written and read again
 // is written in the same way.
 
-#include "foundation/DomParser.h"
 #include "foundation/Encoder.h"
 #include "foundation/Exception.h"
+#include "foundation/xml/DomParser.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -3,8 +3,8 @@
 // list count from 1. FORME_RANDOM_LIST_COMMANDS sets how many commands are tried, FORME_RANDOM_SEED
 // where the streams begin.
 
-#include "foundation/DomParser.h"
 #include "foundation/Encoder.h"
+#include "foundation/xml/DomParser.h"
 #include "properties/RandomCommands.h"
 #include "support/Documents.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/PropertyCollection.h"
 #include "foundation/String.h"
+#include "foundation/values/PropertyCollection.h"
 
 class Document;
 

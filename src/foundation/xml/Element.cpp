@@ -1,0 +1,120 @@
+#include "foundation/xml/Element.h"
+
+#include "foundation/xml/QualifiedName.h"
+
+namespace Xml {
+
+Element::~Element() = default;
+
+std::unique_ptr<Element> Element::make(const Core::String& name, const Core::String& prefix) {
+    auto checked = std::make_shared<QualifiedName>(QualifiedName::checked(name, prefix));
+    return std::make_unique<Element>(std::move(checked));
+}
+
+std::unique_ptr<Element> Element::copyTag() const {
+    auto copy = std::make_unique<Element>(name_);
+    copy->attributes_.reserve(attributes_.size());
+    for (const auto& attribute : attributes_)
+        copy->addAttribute(attribute->name_, attribute->get_value());
+    return copy;
+}
+
+Attribute* Element::get_attribute(const Core::String& name, const Core::String& prefix) const {
+    QualifiedName wanted = QualifiedName::split(name);
+    if (wanted.prefix.empty())
+        wanted.prefix = prefix;
+    return findAttribute(wanted);
+}
+
+Attribute* Element::set_attribute(const Core::String& name, const Core::String& value,
+                                  const Core::String& prefix) {
+    QualifiedName wanted = QualifiedName::checked(name, prefix);
+    requireXmlText(value);
+    Attribute* found = wanted.declaresNamespace() ? findExactly(wanted) : findAttribute(wanted);
+    if (!found)
+        return addAttribute(std::make_shared<QualifiedName>(std::move(wanted)), value);
+    found->set_value(value);
+    return found;
+}
+
+bool Element::remove_attribute(const Core::String& name, const Core::String& prefix) {
+    Attribute* found = get_attribute(name, prefix);
+    if (!found)
+        return false;
+    std::erase_if(attributes_, [found](const auto& attribute) { return attribute.get() == found; });
+    return true;
+}
+
+std::list<Attribute*> Element::get_attributes() const {
+    std::list<Attribute*> attributes;
+    for (const auto& attribute : attributes_)
+        if (!attribute->name_->declaresNamespace())
+            attributes.push_back(attribute.get());
+    return attributes;
+}
+
+TextNode* Element::get_child_text() const {
+    for (Node* child = firstChild_; child; child = child->next_)
+        if (child->is_text())
+            return static_cast<TextNode*>(child);
+    return nullptr;
+}
+
+void Element::set_child_text(const Core::String& text) {
+    requireXmlText(text);
+    TextNode* kept = text.empty() ? nullptr : get_child_text();
+    for (Node *child = firstChild_, *next; child; child = next) {
+        next = child->next_;
+        if (child->is_text() && child != kept)
+            remove_child(child);
+    }
+    if (kept)
+        kept->set_content(text);
+    else if (!text.empty())
+        add_child_text(text);
+}
+
+TextNode* Element::add_child_text(const Core::String& text) {
+    requireXmlText(text);
+    if (!lastChild_ || lastChild_->kind_ != Kind::Text)
+        return static_cast<TextNode*>(append(std::make_unique<TextNode>(text)));
+    auto* last = static_cast<TextNode*>(lastChild_);
+    last->set_content(last->get_content() + text);
+    return last;
+}
+
+Attribute* Element::addAttribute(Name name, const Core::String& value) {
+    attributes_.push_back(std::make_unique<Attribute>(std::move(name), value));
+    attributes_.back()->parent_ = this;
+    return attributes_.back().get();
+}
+
+Attribute* Element::findAttribute(const QualifiedName& wanted) const {
+    if (wanted.declaresNamespace())
+        return nullptr;
+    if (Attribute* exact = findExactly(wanted))
+        return exact;
+    if (wanted.prefix.empty())
+        return findWithAnyPrefix(wanted.local);
+    return wanted.prefix == name_->prefix ? findExactly({Core::String(), wanted.local}) : nullptr;
+}
+
+Attribute* Element::findExactly(const QualifiedName& wanted) const {
+    for (const auto& attribute : attributes_) {
+        const QualifiedName& name = *attribute->name_;
+        if (name.local == wanted.local && name.prefix == wanted.prefix)
+            return attribute.get();
+    }
+    return nullptr;
+}
+
+Attribute* Element::findWithAnyPrefix(const Core::String& local) const {
+    for (const auto& attribute : attributes_) {
+        const QualifiedName& name = *attribute->name_;
+        if (name.local == local && !name.declaresNamespace())
+            return attribute.get();
+    }
+    return nullptr;
+}
+
+} // namespace Xml
