@@ -245,17 +245,6 @@ private:
     int position_ = 0; // the last that was filled in
 };
 
-std::string randomCommand(Random& random, const Document& document, const CommandMix& mix) {
-    std::size_t total = 0;
-    for (const CommandKind& kind : mix.kinds)
-        total += kind.weight;
-    std::size_t at = random.below(total);
-    const CommandKind* kind = mix.kinds.data();
-    for (; at >= kind->weight; ++kind)
-        at -= kind->weight;
-    return Filler(random, document).fill(kind->request).dump();
-}
-
 CommandMix mixOf(std::initializer_list<const char*> groups) {
     const Json table = parseTable(commandTable);
     CommandMix mix;
@@ -266,6 +255,18 @@ CommandMix mixOf(std::initializer_list<const char*> groups) {
 }
 
 } // namespace
+
+std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
+                          const CommandMix& mix) {
+    std::size_t total = 0;
+    for (const CommandKind& kind : mix.kinds)
+        total += kind.weight;
+    std::size_t at = random.below(total);
+    const CommandKind* kind = mix.kinds.data();
+    for (; at >= kind->weight; ++kind)
+        at -= kind->weight;
+    return Filler(random, document).fill(kind->request).dump();
+}
 
 CommandMix everyCommand() {
     return mixOf({"every", "lists"});

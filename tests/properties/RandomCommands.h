@@ -49,6 +49,10 @@ CommandMix everyCommand();
 /// What people do in lists.
 CommandMix listCommands();
 
+/// A request of the mix, filled in for where the document's caret is.
+std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
+                          const CommandMix& mix);
+
 /// Requests on a document, each a line of the script that `forme run` replays.
 struct CommandStream {
     std::string document; ///< the path of its file
