@@ -252,8 +252,23 @@ void typing(benchmark::State& state, const char* name, std::size_t most) {
     }
 }
 
+/// A run of typing without a move of the caret, and its undo: twice as long, twice the time.
+void longRun(benchmark::State& state) {
+    for (auto _ : state) {
+        const SmartPtr<Typist> typist(new Typist(0));
+        const Core::String before = typist->getContent();
+        for (long key = 0; key < state.range(0); ++key)
+            typist->typeCharacter(key % 6 == 5 ? ' ' : 'x');
+        typist->undo();
+        if (typist->getContent() != before)
+            state.SkipWithError("the run was not undone as one");
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
 } // namespace
 
+BENCHMARK(longRun)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(typing, sveltecomponent, "sveltecomponent", 1000000)
     ->Arg(0)
     ->UseManualTime()
