@@ -2,6 +2,7 @@
 
 #include "GeneratedDocument.h"
 
+#include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/EditableDocumentBufferState.h"
 #include "document/history/EditActionGroup.h"
@@ -26,10 +27,11 @@ public:
     using EditableXmlBuffer::getNextEditablePositionInXml;
     using EditableXmlBuffer::getPreviousEditablePositionInXml;
 
-    int find(const wchar_t* what) const { return text_.find(what, 0); }
-    int length() const { return text_.length(); }
+    int find(const wchar_t* what) const { return text().find(what, 0); }
+    int length() const { return text().length(); }
     /// An offset in the middle of the document that stands in the text of a block.
-    int middle() const { return text_.find(L" the ", static_cast<unsigned>(length() / 2)) + 1; }
+    int middle() const { return text().find(L" the ", length() / 2) + 1; }
+    const XmlText& text() const { return Document::of(*this).text(); }
 };
 
 const Core::String& documentOfSize(long long bytes) {

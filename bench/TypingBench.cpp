@@ -3,6 +3,7 @@
 #include "EditingTrace.h"
 #include "GeneratedDocument.h"
 
+#include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "foundation/Encoder.h"
 #include "foundation/SmartPtr.h"
@@ -72,7 +73,7 @@ public:
     /// Any of the line's blanks; the placeholder stays.
     void eraseBlankInBlankLine() {
         const int end = getLastPositionInElementContaining(at_);
-        if (text_[end - 1] == L' ')
+        if (unitAt(end - 1) == L' ')
             deleteContentAtPosition(false, end - 1, end);
     }
 
@@ -88,7 +89,7 @@ public:
     /// leave one blank of the two.
     void erasePreviousCharacter() {
         const int character = getPreviousEditablePositionInXml(at_);
-        if (isHidden(character) || (text_[character - 1] == L' ' && text_[at_] == L' ')) {
+        if (isHidden(character) || (unitAt(character - 1) == L' ' && unitAt(at_) == L' ')) {
             at_ = character;
             setCaretPos(false, at_);
             eraseNextCharacter();
@@ -128,6 +129,8 @@ public:
     }
 
 private:
+    wchar_t unitAt(int position) const { return Document::of(*this).text().unitAt(position); }
+
     /// Where only blanks stand before the caret, that line is empty to us and gets a placeholder,
     /// which is one of the blanks.
     void typeLineFeed() {
@@ -141,8 +144,7 @@ private:
     Core::String lineAt(int line) const {
         const int start = getNextEditablePositionInXml(line);
         const int end = getClosingTagForTagAtPosition(line);
-        const Core::String content =
-            text_.subString(static_cast<unsigned>(start), static_cast<unsigned>(end - 1));
+        const Core::String content = Document::of(*this).text().slice(start, end);
         return content == L"&#x00A0;" || content == L"\x00A0" ? Core::String() : content;
     }
 
@@ -150,7 +152,7 @@ private:
     bool isHidden(int position) const {
         int shown = position;
         skipSpacesFromPos(shown, false);
-        return text_[position] == L' ' && shown > position;
+        return unitAt(position) == L' ' && shown > position;
     }
 
     int startOfNextLine() const {
@@ -252,8 +254,23 @@ void typing(benchmark::State& state, const char* name, std::size_t most) {
     }
 }
 
+/// A run of typing without a move of the caret, and its undo: twice as long, twice the time.
+void longRun(benchmark::State& state) {
+    for (auto _ : state) {
+        const SmartPtr<Typist> typist(new Typist(0));
+        const Core::String before = typist->getContent();
+        for (long key = 0; key < state.range(0); ++key)
+            typist->typeCharacter(key % 6 == 5 ? ' ' : 'x');
+        typist->undo();
+        if (typist->getContent() != before)
+            state.SkipWithError("the run was not undone as one");
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
 } // namespace
 
+BENCHMARK(longRun)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(typing, sveltecomponent, "sveltecomponent", 1000000)
     ->Arg(0)
     ->UseManualTime()

@@ -89,8 +89,7 @@ void Document::insertUnrecorded(int position, const String& xml) {
 String Document::removeUnrecorded(int start, int end) {
     if (!text_.isValid(start) || !text_.isValid(end) || end < start)
         return {};
-    String removed = text_.slice(start, end + 1);
-    text_.erase(start, end + 1);
+    String removed = text_.erase(start, end + 1);
     placeCaretAfterEdit(offsetAfterDeletion(caret_, start, end),
                         offsetAfterDeletion(pivot_, start, end));
     return removed;

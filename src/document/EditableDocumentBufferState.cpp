@@ -9,12 +9,12 @@ using Core::String;
 
 struct EditableDocumentBufferState::State {
     explicit State(const Document& document)
-        : text(document.text().content()), caret(document.caret()), pivot(document.pivot()),
+        : text(document.text().mark()), caret(document.caret()), pivot(document.pivot()),
           history(document.history), typingGroup(document.typingGroup),
           selectedElementName(document.selectedElementName), search(document.search),
           modes(document.modes) {}
 
-    String text;
+    TextMark text;
     int caret;
     int pivot;
     EditActionStack history;
@@ -32,9 +32,13 @@ EditableDocumentBufferState::EditableDocumentBufferState(Document& document)
 
 EditableDocumentBufferState::~EditableDocumentBufferState() = default;
 
+const TextMark& EditableDocumentBufferState::text() const {
+    return before_->text;
+}
+
 /// Everything is moved, for it may be a failed allocation that is being taken back.
 void EditableDocumentBufferState::restorePreviousState() noexcept {
-    document_.text_.assign(std::move(before_->text));
+    document_.text_.goBackTo(before_->text);
     document_.caret_ = before_->caret;
     document_.pivot_ = before_->pivot;
     document_.history.restore(std::move(before_->history));
@@ -54,7 +58,8 @@ void EditableDocumentBufferState::recordReplacement() {
     const EditActionGroup group(document_);
     history.addAction(
         EditAction(EditAction::EditCaret, -1, before_->caret, before_->pivot, String()));
-    history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, before_->text));
+    history.addAction(
+        EditAction(EditAction::EditContent, -1, -1, -1, document_.text().contentAt(before_->text)));
     document_.recordContent();
     document_.recordCaret();
     history.startTrackingPos(tracked);

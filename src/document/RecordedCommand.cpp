@@ -1,6 +1,6 @@
 #include "document/RecordedCommand.h"
 
-#include "document/MarkupChange.h"
+#include "text/MarkupChange.h"
 
 #include <vector>
 
@@ -31,21 +31,22 @@ std::vector<Text> flowsOf(Text text) {
 } // namespace
 
 RecordedCommand::RecordedCommand(Document& document)
-    : document_(document), scope_(document), before_(document), oldText_(document.text().content()),
-      group_(afterTyping(document)) {}
+    : document_(document), scope_(document), before_(document), group_(afterTyping(document)) {}
 
 /// The step is closed before the monitor hears.
 RecordedCommand::~RecordedCommand() noexcept(false) {
     group_.reset();
     if (!scope_.isFailing() && !document_.history.nextUndoStepIsWhole() &&
-        document_.text().content() != oldText_)
+        !document_.text().isAsAt(before_.text()))
         before_.recordReplacement();
 }
 
 bool RecordedCommand::mayStand() const {
-    const Core::String newText = document_.text().content();
-    return (!document_.modes.pageMasters || flowsOf(oldText_.view()) == flowsOf(newText.view())) &&
-           MarkupChange(oldText_, newText).keepsWellFormed();
+    const XmlText& text = document_.text();
+    if (document_.modes.pageMasters &&
+        flowsOf(text.contentAt(before_.text()).view()) != flowsOf(text.view(0, text.length())))
+        return false;
+    return MarkupChange(text, before_.text()).keepsWellFormed();
 }
 
 void RecordedCommand::takeBack() {

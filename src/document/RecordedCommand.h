@@ -4,7 +4,6 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBufferState.h"
 #include "document/history/EditActionGroup.h"
-#include "foundation/String.h"
 
 #include <optional>
 
@@ -33,7 +32,6 @@ private:
     Document& document_;
     CommandScope scope_;
     EditableDocumentBufferState before_;
-    Core::String oldText_;
     std::optional<EditActionGroup> group_;
 };
 

@@ -166,7 +166,7 @@ int markupEnd(Text text, int position) noexcept {
     if (unitAt(text, position) == L'&') {
         // An "&" that opens no entity is a unit by itself.
         const std::size_t end =
-            text.find_first_of(L";&<> \t\n\r", static_cast<std::size_t>(position) + 1);
+            text.find_first_of(behindEntityName, static_cast<std::size_t>(position) + 1);
         return end != Text::npos && text[end] == L';' ? static_cast<int>(end) + 1 : position + 1;
     }
     if (commentAt(text, position))
@@ -378,6 +378,17 @@ int unitStart(Text text, int position) noexcept {
         at = end;
     }
     return position;
+}
+
+int unitStartInText(Text text, int position) noexcept {
+    if (!isValid(text, position))
+        return position;
+    int before = position - 1;
+    while (before >= 0 && behindEntityName.find(unitAt(text, before)) == Text::npos)
+        --before;
+    if (before >= 0 && unitAt(text, before) == L'&' && markupEnd(text, before) > position)
+        return before;
+    return isInsidePair(text, position) ? position - 1 : position;
 }
 
 int unitEnd(Text text, int position) noexcept {

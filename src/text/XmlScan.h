@@ -27,6 +27,8 @@ inline constexpr Text instructionEnd = L"?>";
 inline constexpr Text nbspEntity = L"&#x00A0;";
 inline constexpr Text nbspCharacter = L"\x00A0";
 inline constexpr Text foRootEnd = L"</fo:root>";
+/// What ends the name of an entity, which is one if that is the ";".
+inline constexpr Text behindEntityName = L";&<> \t\n\r";
 
 inline bool isValid(Text text, int position) noexcept {
     return position >= 0 && static_cast<std::size_t>(position) < text.size();
@@ -90,6 +92,9 @@ int stepBackward(Text text, int position, Text rootName) noexcept;
 /// document type. Scans from the start of the text, since what looks like markup may be the content
 /// of a section.
 int unitStart(Text text, int position) noexcept;
+
+/// The same for a position that is known to be text or to begin markup; any other is its own unit.
+int unitStartInText(Text text, int position) noexcept;
 
 /// The offset behind the unit that begins at a valid position, the length of the text included; -1
 /// where the unit is not complete. An "&" that opens no entity is a unit by itself.

@@ -49,18 +49,130 @@ int closingTagBehindPlaceholder(Text text, int position) {
 // Changes
 
 void XmlText::insert(int position, const String& xml) {
-    text_.insert(static_cast<unsigned>(position), xml);
-    elementMemo_.forgetBehind(position);
+    replace(position, 0, String(), xml);
 }
 
-void XmlText::erase(int start, int end) {
-    text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start));
-    elementMemo_.forgetBehind(start);
+String XmlText::erase(int start, int end) {
+    String removed = slice(start, end);
+    replace(start, end - start, removed, String());
+    return removed;
 }
 
-void XmlText::assign(String content) noexcept {
+/// A text that may be shared is exchanged by a changed copy. So what the log holds spliced has been
+/// made, and can be undone, in place.
+void XmlText::replace(int start, int count, const String& removed, const String& with) {
+    TextLog::Version* version = nullptr;
+    if (isMarked()) {
+        version = &log_->prepare({start, count, with.length()});
+        version->isWhole = isLent_;
+        (version->isWhole ? version->other : version->removed) = version->isWhole ? text_ : removed;
+        version->inserted = with;
+    }
+    text_.replace(static_cast<unsigned>(start), static_cast<unsigned>(count), with);
+    isLent_ = false;
+    if (version)
+        log_->follow(*version);
+    forgetFrom(start);
+}
+
+void XmlText::assign(String content) {
+    if (isMarked()) {
+        TextLog::Version& version = log_->prepare({0, length(), content.length()});
+        version.isWhole = true;
+        version.other = std::move(text_);
+        log_->follow(version);
+    }
     text_ = std::move(content);
-    elementMemo_.forgetBehind(0);
+    isLent_ = true;
+    forgetFrom(0);
+}
+
+void XmlText::forgetFrom(int position) noexcept {
+    elementMemo_.forgetBehind(position);
+    markupMemo_.forgetFrom(position);
+    isKnownRegular_ = false;
+}
+
+// Versions
+
+TextMark XmlText::mark() const {
+    if (!log_)
+        log_ = std::make_shared<TextLog>();
+    return TextMark(log_, isKnownRegular_);
+}
+
+TextChange XmlText::changeSince(const TextMark& mark) const {
+    std::vector<TextChange> changes;
+    log_->walk(*mark.version_, [&](const TextLog::Version& version, bool isUndone) {
+        const TextChange& change = version.change;
+        changes.push_back(isUndone ? change
+                                   : TextChange{change.start, change.inserted, change.removed});
+    });
+    if (changes.empty())
+        return {};
+    TextChange whole = changes.back();
+    std::for_each(changes.rbegin() + 1, changes.rend(),
+                  [&](const TextChange& change) { whole.add(change); });
+    return whole;
+}
+
+std::wstring XmlText::oldText(const TextMark& mark, const TextChange& change) const {
+    std::wstring old(view(change.start, change.start + change.inserted));
+    log_->walk(*mark.version_, [&](const TextLog::Version& version, bool isUndone) {
+        const auto [start, removed, inserted] = version.change;
+        const View put = version.isWhole ? XmlScan::slice(version.other.view(), start,
+                                                          start + (isUndone ? removed : inserted))
+                                         : (isUndone ? version.removed : version.inserted).view();
+        old.replace(static_cast<std::size_t>(start - change.start),
+                    static_cast<std::size_t>(isUndone ? inserted : removed), put);
+    });
+    return old;
+}
+
+String XmlText::contentAt(const TextMark& mark) const {
+    const TextChange change = changeSince(mark);
+    std::wstring old(view(0, change.start));
+    old.append(oldText(mark, change)).append(view(change.start + change.inserted, length()));
+    return String(std::move(old));
+}
+
+bool XmlText::isAsAt(const TextMark& mark) const {
+    const TextChange change = changeSince(mark);
+    return change.empty() ||
+           (change.removed == change.inserted &&
+            oldText(mark, change) == view(change.start, change.start + change.inserted));
+}
+
+void XmlText::goBackTo(const TextMark& mark) noexcept {
+    log_->walk(*mark.version_, [this](TextLog::Version& version, bool isUndone) {
+        const auto [start, removed, inserted] = version.change;
+        if (version.isWhole) {
+            std::swap(text_, version.other);
+            isLent_ = true;
+        } else {
+            text_.replace(static_cast<unsigned>(start),
+                          static_cast<unsigned>(isUndone ? inserted : removed),
+                          isUndone ? version.removed : version.inserted);
+        }
+        forgetFrom(start);
+    });
+    log_->current_ = mark.version_;
+    isKnownRegular_ = mark.isRegular_;
+}
+
+/// What is shared cannot be changed in place, neither now nor on the way back.
+bool XmlText::mayBeShared() const {
+    if (!isMarked())
+        return true;
+    const TextLog::Version& version = log_->current();
+    return !version.hasBranched && (version.isWhole || !version.before);
+}
+
+String XmlText::content() const {
+    if (!mayBeShared())
+        return String(all());
+    isLent_ = true;
+    return text_;
 }
 
 // What stands at a position
@@ -117,7 +229,16 @@ bool XmlText::isBehindTable(int position) const {
            tagName(previousTag(position)) == L"/fo:table";
 }
 
-// Tags
+// Units and tags in the order of the text
+
+int XmlText::markupAround(int position) const {
+    return isValid(position) ? markupMemo_.around(all(), position) : -1;
+}
+
+int XmlText::unitStart(int position) const {
+    const int markup = markupAround(position);
+    return markup < 0 ? XmlScan::unitStartInText(all(), position) : markup;
+}
 
 int XmlText::lastTag() const {
     int tag = previousTag(length() - 1);

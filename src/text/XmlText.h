@@ -3,9 +3,12 @@
 #include "foundation/String.h"
 #include "foundation/Vector.h"
 #include "text/ElementMemo.h"
+#include "text/MarkupMemo.h"
+#include "text/TextLog.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
 
+#include <memory>
 #include <vector>
 
 /// The text of one document, which it alone owns and stores, and the answers to where things are in
@@ -20,6 +23,10 @@ public:
     using View = XmlScan::Text;
     using Source = XmlScan::Source;
 
+    XmlText() = default;
+    XmlText(const XmlText&) = delete;
+    XmlText& operator=(const XmlText&) = delete;
+
     // The units
 
     int length() const { return text_.length(); }
@@ -31,17 +38,37 @@ public:
     View view(int start, int end) const { return XmlScan::slice(all(), start, end); }
     /// A copy of the same.
     Core::String slice(int start, int end) const { return Core::String(view(start, end)); }
-    /// The whole text, shared and not copied.
-    Core::String content() const { return text_; }
+    /// The whole text, shared where that does not stand in the way of going back to a mark.
+    Core::String content() const;
 
     // Changes
 
     /// Inserts before a position that may be the length of the text.
     void insert(int position, const Core::String& xml);
-    /// Removes from `start` up to but excluding `end`, both within the text.
-    void erase(int start, int end);
+    /// Removes from `start` up to but excluding `end`, both within the text; answers what went.
+    Core::String erase(int start, int end);
     /// Takes another text in the place of all.
-    void assign(Core::String content) noexcept;
+    void assign(Core::String content);
+
+    // Versions. A change that raises has not happened.
+
+    /// Marks the text as it is now. The mark must not outlive the text.
+    TextMark mark() const;
+    /// What has changed since the mark, as one range that holds all changes.
+    TextChange changeSince(const TextMark& mark) const;
+    /// What stood in the place of such a range.
+    std::wstring oldText(const TextMark& mark, const TextChange& change) const;
+    /// The whole text as it was, copied.
+    Core::String contentAt(const TextMark& mark) const;
+    /// Whether the text is what it was.
+    bool isAsAt(const TextMark& mark) const;
+    /// Brings back the text as it was. This needs no memory, for it may be want of memory that is
+    /// being taken back.
+    void goBackTo(const TextMark& mark) noexcept;
+
+    /// Whether the text is known to be regular, as XmlValidator tells it; each change forgets that.
+    bool isKnownRegular() const { return isKnownRegular_; }
+    void noteRegular() const { isKnownRegular_ = true; }
 
     /// Names the root element, with prefix. Walks that climb stop there.
     void setRootName(const Core::String& name) { rootName_ = name; }
@@ -94,7 +121,10 @@ public:
         return XmlScan::stepBackward(all(), position, rootName_.view());
     }
     /// Where the unit that holds a valid position begins.
-    int unitStart(int position) const { return XmlScan::unitStart(all(), position); }
+    int unitStart(int position) const;
+    /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
+    /// markup begins.
+    int markupAround(int position) const;
     /// The first offset at or after the position that is no white space.
     int skipSpaces(int position) const { return XmlScan::skipSpaces(all(), position); }
     /// The length of the placeholder, entity or character, that stands there; 0 if none does.
@@ -249,10 +279,18 @@ public:
 
 private:
     View all() const { return text_.view(); }
+    bool isMarked() const { return log_ && log_.use_count() > 1; }
+    bool mayBeShared() const;
+    void replace(int start, int count, const Core::String& removed, const Core::String& with);
+    void forgetFrom(int position) noexcept;
     int behindNeighbor(int position, bool useCurrent) const;
     Core::String pathUpTo(int position, int root) const;
 
     Core::String text_;
+    mutable bool isLent_ = false; // whether somebody else may hold the same storage
     Core::String rootName_;
     mutable ElementMemo elementMemo_;
+    mutable MarkupMemo markupMemo_;
+    mutable std::shared_ptr<TextLog> log_; // also held by each mark
+    mutable bool isKnownRegular_ = false;
 };

@@ -58,3 +58,13 @@ bool XmlValidator::validate() const {
     }
     return true;
 }
+
+bool XmlValidator::isRegular(Text text) {
+    for (int tag = XmlScan::find(text, L'<', 0); tag >= 0;) {
+        const int end = behindMarkup(text, tag);
+        if (end < 0 || end != XmlScan::unitEnd(text, tag))
+            return false;
+        tag = XmlScan::find(text, L'<', end);
+    }
+    return true;
+}

@@ -25,8 +25,10 @@ constexpr std::array<Text, PropertyCount> propertyNames{
 
 using Values = std::array<std::optional<Text>, PropertyCount>;
 
-bool equalsNoCase(Text value, const wchar_t* keyword) {
-    return String(value).compareNoCase(keyword) == 0;
+/// The other case of a unit is one unit, so that the length tells nearly always.
+bool equalsNoCase(Text value, Text keyword) {
+    return value.size() == keyword.size() &&
+           (value == keyword || String(value).toLower().view() == keyword);
 }
 
 /// Takes the values that the tag sets. A name without a prefix counts as its element's, but gives
@@ -120,9 +122,9 @@ void WhitespaceAlg::applyShorthand(Text value) {
 }
 
 void WhitespaceAlg::applyTreatment(Text value) {
-    static constexpr std::array keywords{L"ignore", L"preserve", L"ignore-if-before-linefeed",
-                                         L"ignore-if-after-linefeed",
-                                         L"ignore-if-surrounding-linefeed"};
+    static constexpr std::array<Text, 5> keywords{
+        L"ignore", L"preserve", L"ignore-if-before-linefeed", L"ignore-if-after-linefeed",
+        L"ignore-if-surrounding-linefeed"};
     for (std::size_t keyword = 0; keyword < keywords.size(); ++keyword)
         if (equalsNoCase(value, keywords[keyword]))
             treatment_ = static_cast<Treatment>(keyword);
@@ -134,8 +136,8 @@ void WhitespaceAlg::applyCollapse(Text value) {
 }
 
 void WhitespaceAlg::applyLinefeedTreatment(Text value) {
-    static constexpr std::array keywords{L"ignore", L"preserve", L"treat-as-space",
-                                         L"treat-as-zero-width-space"};
+    static constexpr std::array<Text, 4> keywords{L"ignore", L"preserve", L"treat-as-space",
+                                                  L"treat-as-zero-width-space"};
     for (std::size_t keyword = 0; keyword < keywords.size(); ++keyword)
         if (equalsNoCase(value, keywords[keyword]))
             linefeed_ = static_cast<Linefeed>(keyword);

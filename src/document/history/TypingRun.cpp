@@ -2,6 +2,10 @@
 
 namespace {
 
+/// A record that is full grows no more, so that a key in a long run costs what one in a short run
+/// does, though snapshots share the record and it is copied.
+constexpr int mostUnits = 1024;
+
 bool isNext(const ActionList& undo, EditAction::EditActionType type) {
     return !undo.empty() && undo.back().getType() == type;
 }
@@ -13,7 +17,7 @@ void TypingRun::continueFrom(ActionList& undo) {
     if (!hasStart_)
         return;
     caretBehind_ = undo.takeBack();
-    if (!isNext(undo, EditAction::EditDelete))
+    if (!isNext(undo, EditAction::EditDelete) || undo.back().getString().length() >= mostUnits)
         return;
     const EditAction inserted = undo.takeBack();
     changes_.push_back({inserted.getType(), inserted.getActionPosition(), inserted.getString()});

@@ -324,12 +324,12 @@ bool Backspace::eraseInPreviousList(int list) {
     const bool beginsBlock = tagName_ == L"fo:block";
     const bool endsLine = text.closingAt(next) || text.tagName(next) == L"fo:block";
     const int place = document_.caret();
-    const String before = document_.text().content();
+    const TextMark before = text.mark();
     document_.recordCaret();
     document_.setCaret(last);
     if (beginsBlock || !endsLine)
         Lists::eraseText(document_, true, false);
-    if (beginsBlock && document_.text().content() == before)
+    if (beginsBlock && text.isAsAt(before))
         document_.setCaret(place);
     document_.recordCaret();
     caret_ = document_.caret();

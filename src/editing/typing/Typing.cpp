@@ -7,7 +7,6 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/EditableDocumentBufferState.h"
-#include "document/MarkupChange.h"
 #include "document/Placeholders.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/Moves.h"
@@ -16,6 +15,7 @@
 #include "editing/deletion/Deletion.h"
 #include "editing/formatting/Formatting.h"
 #include "text/Markup.h"
+#include "text/MarkupChange.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -265,8 +265,10 @@ Insertion insertInPlaceOfSelection(Document& document, const String& text, bool 
 void putCaretOnInsertedPlaceholder(Document& document, int start, int end) {
     const XmlText& text = document.text();
     const int element = text.elementAround(document.caret());
+    if (!text.holdsOnlyPlaceholder(element))
+        return;
     const int placeholder = text.placeholderBehind(element);
-    if (!text.holdsOnlyPlaceholder(element) || placeholder < start || end <= placeholder)
+    if (placeholder < start || end <= placeholder)
         return;
     document.setCaret(placeholder);
     document.recordCaret();
@@ -390,7 +392,6 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
     if (!Typing::canInsert(document, text))
         return Insertion::None;
     std::optional<EditableDocumentBufferState> before(document);
-    const String oldText = document.text().content();
     CommandScope scope(document);
     if (isXml)
         document.endTyping(); // markup starts an undo step of its own
@@ -400,7 +401,7 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
     const std::size_t recorded = document.history.recordedCount();
     Insertion insertion = insertInPlaceOfSelection(document, text, isXml, selectInserted);
     if (insertion == Insertion::Done &&
-        !MarkupChange(oldText, document.text().content()).keepsWellFormed())
+        !MarkupChange(document.text(), before->text()).keepsWellFormed())
         insertion = Insertion::RolledBack;
     if (insertion != Insertion::Done) {
         before->restorePreviousState();

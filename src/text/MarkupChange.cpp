@@ -1,0 +1,268 @@
+#include "text/MarkupChange.h"
+
+#include "foundation/xml/WellFormed.h"
+#include "text/MarkupMatcher.h"
+#include "text/XmlCharacters.h"
+#include "text/XmlValidator.h"
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+using Core::String;
+using XmlScan::Text;
+
+namespace {
+
+int length(Text text) {
+    return static_cast<int>(text.size());
+}
+
+/// The offset behind the unit at a valid position; the length of the text where it is not complete.
+int behindUnit(Text text, int position) {
+    const int end = XmlScan::unitEnd(text, position);
+    return end < 0 ? length(text) : end;
+}
+
+int rootStart(Text text) {
+    int at = XmlScan::find(text, L'<', 0);
+    while (at >= 0 && (XmlScan::ignoredAt(text, at) || XmlScan::standsAt(text, L"<!", at)))
+        at = XmlScan::find(text, L'<', behindUnit(text, at));
+    return at;
+}
+
+/// How many units there are from the closing tag of the root at `root` on; -1 where anything but
+/// white space follows it, which is rare enough not to be looked through.
+int countFromRootEnd(Text text, int root) {
+    const int closing = XmlScan::rFind(text, L"</", length(text) - 1);
+    const Text name = XmlScan::tagName(text, root);
+    if (closing < 0 || !XmlScan::standsAt(text, name, closing + 2))
+        return -1;
+    const int end = XmlScan::skipSpaces(text, closing + 2 + length(name));
+    const bool isTag = XmlScan::standsAt(text, L">", end);
+    return isTag && XmlScan::skipSpaces(text, end + 1) == length(text) ? length(text) - closing
+                                                                       : -1;
+}
+
+/// Whether a document with this prolog may use the entities and names that a matcher has met.
+bool knowsNames(Text prolog, const MarkupMatcher& met) {
+    if (met.entitiesInText().empty() && met.entitiesInValues().empty() &&
+        met.foreignNames().empty())
+        return true;
+    std::wstring document(prolog);
+    const auto refer = [&document](const std::set<Text>& entities) {
+        for (const Text entity : entities)
+            document.append(L"&").append(entity).append(L";");
+    };
+    document += L"<r k=\"";
+    refer(met.entitiesInValues());
+    document += L"\">";
+    refer(met.entitiesInText());
+    for (const Text name : met.foreignNames())
+        document.append(L"<").append(name).append(L"/>");
+    return Xml::isWellFormed(String(document += L"</r>"));
+}
+
+/// Whether a whole text is well formed: its root, and what stands around that.
+bool isWhole(Text text) {
+    const int root = rootStart(text);
+    if (root < 0)
+        return false;
+    const Text prolog = XmlScan::slice(text, 0, root);
+    MarkupMatcher element(XmlScan::slice(text, root, length(text)));
+    if (!element.readElement() || !knowsNames(prolog, element))
+        return false;
+    const Text epilog = XmlScan::slice(text, root + element.position(), length(text));
+    return Xml::isWellFormed(String(std::wstring(prolog).append(L"<r/>").append(epilog)));
+}
+
+/// Whether it is text that means the same in every document.
+bool isPlainText(Text part) {
+    MarkupMatcher matcher(part);
+    return part.find(L'<') == Text::npos && matcher.readContent() &&
+           matcher.entitiesInText().empty();
+}
+
+bool joinsNext(wchar_t unit) {
+    return unit == L']' || (unit >= 0xD800 && unit < 0xDC00);
+}
+
+bool joinsPrevious(wchar_t unit) {
+    return unit == L']' || unit == L'>' || (unit >= 0xDC00 && unit < 0xE000);
+}
+
+} // namespace
+
+MarkupChange::MarkupChange(const XmlText& text, const TextMark& before)
+    : text_(text), mark_(before), after_(text.view(0, text.length())), root_(rootStart(after_)),
+      content_(root_ < 0 ? length(after_) : behindUnit(after_, root_)),
+      behindContent_(countFromRootEnd(after_, root_)) {
+    findDifference();
+    isPlain_ = onlyTextDiffers();
+    isAroundRoot_ = !isInRoot();
+    if (isPlain_ || isAroundRoot_)
+        return;
+    widenToWholeUnits();
+    widenToStartTags();
+}
+
+void MarkupChange::findDifference() {
+    const TextChange change = text_.changeSince(mark_);
+    oldPart_ = text_.oldText(mark_, change);
+    start_ = change.start;
+    behind_ = length(after_) - change.start - change.inserted;
+    const Text old = oldPart_;
+    const Text part = newPart();
+    const auto start = std::mismatch(old.begin(), old.end(), part.begin(), part.end());
+    const auto end = std::mismatch(old.rbegin(), std::make_reverse_iterator(start.first),
+                                   part.rbegin(), std::make_reverse_iterator(start.second));
+    start_ += static_cast<int>(start.first - old.begin());
+    behind_ += static_cast<int>(end.first - old.rbegin());
+    oldPart_ = std::wstring(start.first, end.first.base());
+}
+
+bool MarkupChange::isInRoot() const {
+    return content_ <= start_ && 0 <= behindContent_ && behindContent_ <= behind_;
+}
+
+/// Whether nothing differs but text, from one whole unit to another, so that the markup around it
+/// stays what it is. So it is with nearly every key.
+bool MarkupChange::onlyTextDiffers() const {
+    if (oldPart_.empty() && newPart().empty())
+        return true;
+    if (!isPlainText(oldPart_) || !isPlainText(newPart()) || !isInRoot())
+        return false;
+    const wchar_t previous = XmlScan::unitAt(after_, start_ - 1);
+    const wchar_t next = XmlScan::unitAt(after_, length(after_) - behind_);
+    return !joinsNext(previous) && !joinsPrevious(next) && oldUnitStart() == start_;
+}
+
+/// Where the unit began that held the start of the difference. Whether that is markup, the text in
+/// front tells, which is the same as before.
+int MarkupChange::oldUnitStart() const {
+    const int markup = text_.markupAround(start_);
+    if (markup >= 0)
+        return markup;
+    const Text front = XmlScan::slice(after_, content_, start_);
+    const Text rest = XmlScan::slice(after_, length(after_) - behind_, length(after_));
+    const std::size_t from = std::min(front.find_last_of(XmlScan::behindEntityName), front.size());
+    const std::size_t to = std::min(rest.find_first_of(XmlScan::behindEntityName), rest.size() - 1);
+    const std::wstring word =
+        std::wstring(front.substr(from)).append(oldPart_).append(rest.substr(0, to + 1));
+    const int at = static_cast<int>(front.size() - from);
+    return start_ - at + XmlScan::unitStartInText(word, at);
+}
+
+Text MarkupChange::newPart() const {
+    return XmlScan::slice(after_, start_, length(after_) - behind_);
+}
+/// What the ends of the difference cut through belongs to it whole, in both texts: a unit, a
+/// surrogate pair, and what could become the end of a CDATA section, which no text may hold.
+void MarkupChange::widenToWholeUnits() {
+    int start = oldUnitStart();
+    while (start > content_ && joinsNext(XmlScan::unitAt(after_, start - 1)))
+        --start;
+    startAt(start);
+    int rest = std::min(behind_, 256);
+    while (!widenInto(rest))
+        rest = rest > behind_ / 4 ? behind_ : rest * 4;
+}
+
+void MarkupChange::startAt(int position) {
+    oldPart_.insert(0, XmlScan::slice(after_, position, start_));
+    start_ = position;
+}
+
+/// Widens the end into so many units of what is behind; false where they do not tell all.
+bool MarkupChange::widenInto(int rest) {
+    const int behind = behind_ - rest;
+    const std::wstring before =
+        oldPart_ + std::wstring(after_.substr(after_.size() - static_cast<std::size_t>(behind_),
+                                              static_cast<std::size_t>(rest)));
+    const Text after = XmlScan::slice(after_, start_, length(after_) - behind);
+    const auto pass = [&](Text text, int& end) {
+        const bool mayBeCut = behind > 0 && XmlScan::unitAt(text, end) == L'&' &&
+                              XmlScan::unitEnd(text, end) == end + 1;
+        end = mayBeCut ? length(text) : behindUnit(text, end);
+    };
+    int oldEnd = 0;
+    int newEnd = 0;
+    while (oldEnd < length(oldPart_))
+        pass(before, oldEnd);
+    const int wholeUnits = oldEnd;
+    // Units are passed in the text that is behind, until both are at the same place or at the end.
+    for (int same = rest;;) {
+        const int oldRest = length(before) - oldEnd;
+        const int newRest = length(after) - newEnd;
+        if (oldRest > std::min(newRest, same))
+            pass(before, oldEnd);
+        else if (newRest > std::min(oldRest, same))
+            pass(after, newEnd);
+        else if (oldRest > 0 && joinsPrevious(XmlScan::unitAt(before, oldEnd)))
+            same = oldRest - 1;
+        else
+            break;
+    }
+    if (behind > 0 && oldEnd == length(before))
+        return false;
+    wasContent_ = MarkupMatcher(XmlScan::slice(before, 0, wholeUnits)).readContent();
+    behind_ = behind + length(before) - oldEnd;
+    oldPart_ = before.substr(0, static_cast<std::size_t>(oldEnd));
+    return true;
+}
+
+/// The elements that the part closes belong to it from their start tags on, so that their names can
+/// be compared.
+void MarkupChange::widenToStartTags() {
+    MarkupMatcher before(oldPart_);
+    MarkupMatcher after(newPart());
+    before.readContent();
+    after.readContent();
+    int element = start_;
+    for (int count = std::max(before.unmatched(), after.unmatched()); count > 0; --count)
+        element = element < content_ ? root_ : text_.elementAround(element);
+    startAt(element < content_ ? root_ : element);
+}
+
+/// Whether the part is well formed, if it was, and leaves the same elements open. One that has come
+/// to reach out of the root cannot be.
+bool MarkupChange::partFits() const {
+    if (!isInRoot())
+        return !wasContent_;
+    MarkupMatcher before(oldPart_);
+    MarkupMatcher after(newPart());
+    if (!before.readContent() || before.unmatched() > 0)
+        return true;
+    if (!after.readContent() || after.unmatched() > 0 || after.open() != before.open())
+        return false;
+    const Text prolog = XmlScan::slice(after_, 0, root_);
+    return knowsNames(prolog, after) || !knowsNames(prolog, before);
+}
+
+/// A document type that declares something does not pass for tags; such a text is only parsed.
+bool MarkupChange::keepsLexicallyValid() const {
+    const bool isLocal = mark_.isRegular() && !isAroundRoot_;
+    if (XmlValidator::isRegular(isLocal ? newPart() : after_)) {
+        text_.noteRegular();
+        return true;
+    }
+    const Core::String now(after_);
+    return XmlValidator(now).validate() || !XmlValidator(oldContent()).validate();
+}
+
+bool MarkupChange::keepsToCharacters() const {
+    return XmlCharacters::countForbidden(newPart()) <= XmlCharacters::countForbidden(oldPart_);
+}
+
+bool MarkupChange::keepsWellFormed() const {
+    if (isPlain_) {
+        if (mark_.isRegular())
+            text_.noteRegular();
+        return true;
+    }
+    if (!keepsToCharacters() || !keepsLexicallyValid())
+        return false;
+    if (isAroundRoot_)
+        return isWhole(after_) || !isWhole(oldContent());
+    return partFits() || isWhole(after_);
+}

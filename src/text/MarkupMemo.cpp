@@ -1,0 +1,34 @@
+#include "text/MarkupMemo.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A scan over so much costs less than a command.
+constexpr int distance = 2048;
+
+} // namespace
+
+int MarkupMemo::around(XmlScan::Text text, int position) {
+    const XmlScan::Text before = XmlScan::slice(text, 0, position);
+    const auto behind = std::lower_bound(starts_.begin(), starts_.end(), position);
+    int at = behind == starts_.begin() ? XmlScan::find(before, L'<', 0) : *(behind - 1);
+    while (at >= 0) {
+        remember(at);
+        const int end = XmlScan::unitEnd(text, at);
+        if (end < 0 || end > position)
+            return at;
+        at = XmlScan::find(before, L'<', end);
+    }
+    return -1;
+}
+
+void MarkupMemo::remember(int markup) {
+    if (starts_.empty() || markup >= starts_.back() + distance)
+        starts_.push_back(markup);
+}
+
+/// What stands directly before markup may be an entity that is complete because of it.
+void MarkupMemo::forgetFrom(int position) noexcept {
+    starts_.erase(std::lower_bound(starts_.begin(), starts_.end(), position), starts_.end());
+}
