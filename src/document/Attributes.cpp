@@ -125,12 +125,17 @@ String Attributes::asText(PropertyCollection properties, const String& elementPr
 
 void Attributes::plan(const Document& document, int element, PropertyCollection properties,
                       TextRewrite& rewrite) {
-    const String prefix = prefixOf(document.text().nameAt(element));
     PropertyCollection merged = Attributes::of(document, element);
-    properties.setNamespaceForProperties(prefix);
+    properties.setNamespaceForProperties(prefixOf(document.text().nameAt(element)));
     merged.addProperties(properties);
+    Attributes::planReplacement(document, element, merged, rewrite);
+}
+
+void Attributes::planReplacement(const Document& document, int element,
+                                 const PropertyCollection& properties, TextRewrite& rewrite) {
     const AttributeRange attributes = attributeRange(document.text(), element);
-    rewrite.replace(attributes.start, attributes.end, Attributes::asText(merged, prefix));
+    const String prefix = prefixOf(document.text().nameAt(element));
+    rewrite.replace(attributes.start, attributes.end, Attributes::asText(properties, prefix));
 }
 
 bool Attributes::isStandardNamespace(const String& prefix) {

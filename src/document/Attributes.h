@@ -25,6 +25,9 @@ Core::String asText(PropertyCollection properties, const Core::String& elementPr
 /// Leaves it to the rewrite to give the tag the properties, whose namespaces are declared.
 void plan(const Document& document, int element, PropertyCollection properties,
           TextRewrite& rewrite);
+/// Leaves it to the rewrite to give the tag exactly these attributes.
+void planReplacement(const Document& document, int element, const PropertyCollection& properties,
+                     TextRewrite& rewrite);
 /// Whether it is one of the prefixes whose declaration is known here: fo, xsl, qf, qfd.
 bool isStandardNamespace(const Core::String& prefix);
 /// Declares one of these on the root; answers by how much the text behind that moved.
