@@ -22,7 +22,7 @@ struct Namespace {
     const wchar_t* declaration;
 };
 
-/// What can be declared on the root when a property needs it.
+/// What can be declared on the root when a property or markup needs it.
 constexpr std::array<Namespace, 4> standardNamespaces{{
     {L"fo", L"xmlns:fo=\"http://www.w3.org/1999/XSL/Format\""},
     {L"xsl", L"xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\""},
@@ -107,10 +107,10 @@ int Attributes::declareNamespaces(Document& document, const PropertyCollection& 
     int shift = 0;
     for (const EditableProperty& property : properties.getPropertyList()) {
         const String prefix = property.getNamespace();
-        const wchar_t* const declaration = standardDeclaration(prefix);
-        if (!declaration || Attributes::isDeclaredAt(document, prefix, element))
+        if (!Attributes::isStandardNamespace(prefix) ||
+            Attributes::isDeclaredAt(document, prefix, element))
             continue;
-        const int moved = Attributes::declareOnRoot(document, declaration);
+        const int moved = Attributes::declareStandard(document, prefix);
         if (document.text().root() < element)
             element += moved;
         shift += moved;
@@ -125,16 +125,25 @@ String Attributes::asText(PropertyCollection properties, const String& elementPr
 
 void Attributes::plan(const Document& document, int element, PropertyCollection properties,
                       TextRewrite& rewrite) {
-    const String prefix = prefixOf(document.text().nameAt(element));
     PropertyCollection merged = Attributes::of(document, element);
-    properties.setNamespaceForProperties(prefix);
+    properties.setNamespaceForProperties(prefixOf(document.text().nameAt(element)));
     merged.addProperties(properties);
+    Attributes::planReplacement(document, element, merged, rewrite);
+}
+
+void Attributes::planReplacement(const Document& document, int element,
+                                 const PropertyCollection& properties, TextRewrite& rewrite) {
     const AttributeRange attributes = attributeRange(document.text(), element);
-    rewrite.replace(attributes.start, attributes.end, Attributes::asText(merged, prefix));
+    const String prefix = prefixOf(document.text().nameAt(element));
+    rewrite.replace(attributes.start, attributes.end, Attributes::asText(properties, prefix));
 }
 
 bool Attributes::isStandardNamespace(const String& prefix) {
     return standardDeclaration(prefix) != nullptr;
+}
+
+int Attributes::declareStandard(Document& document, const String& prefix) {
+    return Attributes::declareOnRoot(document, standardDeclaration(prefix));
 }
 
 int Attributes::replace(Document& document, int element, const PropertyCollection& properties) {

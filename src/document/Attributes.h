@@ -25,7 +25,13 @@ Core::String asText(PropertyCollection properties, const Core::String& elementPr
 /// Leaves it to the rewrite to give the tag the properties, whose namespaces are declared.
 void plan(const Document& document, int element, PropertyCollection properties,
           TextRewrite& rewrite);
+/// Leaves it to the rewrite to give the tag exactly these attributes.
+void planReplacement(const Document& document, int element, const PropertyCollection& properties,
+                     TextRewrite& rewrite);
+/// Whether it is one of the prefixes whose declaration is known here: fo, xsl, qf, qfd.
 bool isStandardNamespace(const Core::String& prefix);
+/// Declares one of these on the root; answers by how much the text behind that moved.
+int declareStandard(Document& document, const Core::String& prefix);
 /// Gives the tag exactly these attributes. One undo step.
 int replace(Document& document, int element, const PropertyCollection& properties);
 /// Removes all attributes; answers their text. One undo step.

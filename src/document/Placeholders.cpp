@@ -4,7 +4,9 @@
 #include "document/Placeholders.h"
 
 #include "document/Document.h"
+#include "document/Edit.h"
 #include "document/EditableDocumentBuffer.h"
+#include "document/caret/Lines.h"
 #include "document/caret/Stops.h"
 #include "document/history/EditActionGroup.h"
 #include "text/NameList.h"
@@ -111,6 +113,15 @@ PlaceholderRepair Placeholders::repair(Document& document, int position, bool re
     if (Placeholders::isVoid(document, element))
         insertPlaceholderInto(document, element, repair);
     return repair;
+}
+
+int Placeholders::repairLine(Document& document, int position) {
+    const PlaceholderRepair repaired = Placeholders::repair(document, position, true);
+    const int place =
+        repaired.insertedPlaceholder() ? repaired.placeholder : repaired.map(position);
+    if (Lines::isStart(document, place) && Lines::isEnd(document, place))
+        Edit(document).insert(place, String(XmlScan::nbspEntity));
+    return place;
 }
 
 bool Placeholders::isFootnoteMark(const Document& document, int element) {

@@ -33,6 +33,9 @@ bool isVoid(const Document& document, int element);
 bool repairEmptied(Document& document, int position, bool removeEmptyInlines);
 /// The repair of handleElementsContainingJustWhiteSpaces(), told in full.
 PlaceholderRepair repair(Document& document, int position, bool removeEmptyInlines);
+/// Repairs what held an inline that was removed at the position, and if that was all of a line, the
+/// line gets a placeholder. Answers where the caret belongs.
+int repairLine(Document& document, int position);
 /// Without its mark a footnote would have no place in the text, and what is typed in the place of
 /// the mark would go into the note.
 bool isFootnoteMark(const Document& document, int element);

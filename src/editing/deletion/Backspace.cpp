@@ -224,8 +224,8 @@ bool Backspace::takeInlineBefore() {
         caret_ = tag_;
         return true;
     }
-    caret_ = inlineElement;
     Edit(document_).remove(inlineElement, behindTag());
+    caret_ = Placeholders::repairLine(document_, inlineElement);
     return false;
 }
 
@@ -363,8 +363,8 @@ bool Backspace::removeObject() {
 /// A blank beside it that would collapse now is kept as a non-breaking space.
 bool Backspace::removeCharacter() {
     if (isOnlyUnitOfInline()) {
-        caret_ = element_;
         Edit(document_).remove(element_, document_.text().behindElement(element_));
+        caret_ = Placeholders::repairLine(document_, element_);
         return false;
     }
     const int character = document_.text().previous(spaces_);

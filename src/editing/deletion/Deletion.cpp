@@ -131,11 +131,13 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
         command.takeBack();
         return;
     }
+    const std::size_t recorded = document.history.recordedCount();
     if (inList)
         Lists::eraseText(document, forward, wholeWord);
     else
         Deletion::eraseText(document, forward, wholeWord, true);
-    if (!command.mayStand()) {
+    const bool didNothing = document.history.recordedCount() == recorded;
+    if (didNothing || !command.mayStand()) {
         command.takeBack();
         return;
     }

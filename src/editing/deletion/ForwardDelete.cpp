@@ -87,10 +87,18 @@ bool ForwardDelete::removeEmptyElement() {
         Edit(document_).remove(place_, document_.text().next(line));
         return false;
     }
+    if (isBlockTag(position_) && followsEmptyLine() && !Lines::isEnd(document_, behind))
+        moveTo(document_.text().previous(Lines::startOfSkipped(document_, place_)));
     Edit(document_).remove(place_, Lines::endOfLayout(document_, behind));
     const int next = Lines::endOfSkipped(document_, place_);
     return !document_.text().selfClosingAt(next) &&
            document_.names.isBlock(document_.text().nameAt(next).substringAfter(L"/"));
+}
+
+/// Whether a line ends there that holds just a placeholder, with the caret behind that.
+bool ForwardDelete::followsEmptyLine() const {
+    const int before = document_.text().previous(Lines::startOfSkipped(document_, place_));
+    return Lines::isPlaceholderLine(document_, before);
 }
 
 // A comment, CDATA section or processing instruction
@@ -121,6 +129,7 @@ bool ForwardDelete::enterInline() {
         (inside < first && document_.text().selfClosingAt(Lines::endOfSkipped(document_, inside))))
         return goOnInside(inside);
     Edit(document_).remove(place_, document_.text().behindElement(position_));
+    keepLine();
     return false;
 }
 
@@ -269,6 +278,7 @@ bool ForwardDelete::removeText() {
     if (isInlineAt(element_) && Placeholders::holdsOneUnit(document_, element_) &&
         !Placeholders::isFootnoteMark(document_, element_)) {
         removeWhole(element_);
+        keepLine();
         return false;
     }
     const int next = Stops::next(document_, position_);
@@ -427,6 +437,12 @@ bool ForwardDelete::goOnInside(int position) {
 void ForwardDelete::removeWhole(int element) {
     moveTo(element);
     Edit(document_).remove(element, document_.text().behindElement(element));
+}
+
+/// For an inline that was all of a line. One inside another was not.
+void ForwardDelete::keepLine() {
+    if (!inside_)
+        moveTo(Placeholders::repairLine(document_, place_));
 }
 
 bool ForwardDelete::isInlineAt(int element) const {

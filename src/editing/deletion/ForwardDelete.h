@@ -29,6 +29,7 @@ private:
     bool removeAtTag();
     bool isBeforeEmptyElement() const;
     bool removeEmptyElement();
+    bool followsEmptyLine() const;
     bool removeMarkup();
     bool isAtNestedBlock() const;
     bool enterInline();
@@ -68,6 +69,7 @@ private:
     bool isInlineAt(int element) const;
     bool isBlockTag(int position) const;
     void removeWhole(int element);
+    void keepLine();
 
     Document& document_;
     int caret_;           // where the caret belongs in the end

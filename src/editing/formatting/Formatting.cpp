@@ -14,16 +14,13 @@
 #include "document/history/EditActionGroup.h"
 
 #include <algorithm>
+#include <set>
 
 using Core::String;
 
 namespace {
 
 constexpr const wchar_t* textAlign = L"fo:text-align";
-
-} // namespace
-
-namespace {
 
 bool isWholeInline(const Document& document, int start, int end) {
     return document.names.isInline(document.text().nameAround(start)) &&
@@ -55,6 +52,37 @@ bool planTextRun(const Document& document, int start, int end, const PropertyCol
     return true;
 }
 
+/// The blocks around the runs of text in the range, in the order of the text.
+std::set<int> blocksAround(const Document& document, int from, int to) {
+    std::set<int> blocks;
+    for (int run = Formatting::startOfTextRun(document, from, to); run >= 0;) {
+        const int end = Formatting::endOfTextRun(document, run, to);
+        if (const int block = document.text().ancestor(end, L"fo:block"); block >= 0)
+            blocks.insert(block);
+        run = Formatting::startOfTextRun(document, Stops::next(document, end), to);
+    }
+    return blocks;
+}
+
+/// Gives all blocks in the range their properties at once. Answers false, having done nothing,
+/// where some of the properties are not for blocks or more than the blocks has to change.
+bool formatBlocks(Document& document, int from, int to, const PropertyCollection& properties) {
+    const Core::Vector<EditableProperty> list = properties.getPropertyList();
+    if (list.empty() || !std::all_of(list.begin(), list.end(), Formatting::isBlockProperty))
+        return false;
+    const std::set<int> blocks = blocksAround(document, from, to);
+    const auto needsNothing = [&](int block) {
+        return Attributes::isDeclaredAt(document, L"fo", block);
+    };
+    if (!std::all_of(blocks.begin(), blocks.end(), needsNothing))
+        return false;
+    TextRewrite rewrite(document);
+    for (const int block : blocks)
+        Attributes::plan(document, block, properties, rewrite);
+    rewrite.apply();
+    return true;
+}
+
 /// Puts an inline around the range; answers by how much the text up to its closing tag moved.
 int wrapInInline(Document& document, int start, int end, const PropertyCollection& properties) {
     static const String opening = L"<fo:inline>";
@@ -76,6 +104,22 @@ int formatTextRun(Document& document, int start, int end, const PropertyCollecti
                    : wrapInInline(document, start, end, inlineProperties);
     }
     return end + Formatting::formatBlockAround(document, end, blockProperties);
+}
+
+void formatTextRuns(Document& document, int from, int to, const PropertyCollection& properties) {
+    const XmlText& text = document.text();
+    const int behind = text.length() - to; // which no change in the range touches
+    const auto limit = [&] { return text.length() - behind; };
+    TextRewrite rewrite(document);
+    for (int run = Formatting::startOfTextRun(document, from, limit()); run >= 0;) {
+        int end = Formatting::endOfTextRun(document, run, limit());
+        if (!planTextRun(document, run, end, properties, rewrite)) {
+            const int shift = rewrite.apply();
+            end = formatTextRun(document, run + shift, end + shift, properties);
+        }
+        run = Formatting::startOfTextRun(document, Stops::next(document, end), limit());
+    }
+    rewrite.apply();
 }
 
 } // namespace
@@ -126,18 +170,8 @@ void Formatting::formatInline(Document& document, int from, int to, PropertyColl
     EditActionGroup group(document);
     document.recordCaret();
     properties.setNamespaceForProperties(L"fo");
-    const int behind = text.length() - to; // which no change in the range touches
-    const auto limit = [&] { return text.length() - behind; };
-    TextRewrite rewrite(document);
-    for (int run = Formatting::startOfTextRun(document, from, limit()); run >= 0;) {
-        int end = Formatting::endOfTextRun(document, run, limit());
-        if (!planTextRun(document, run, end, properties, rewrite)) {
-            const int shift = rewrite.apply();
-            end = formatTextRun(document, run + shift, end + shift, properties);
-        }
-        run = Formatting::startOfTextRun(document, Stops::next(document, end), limit());
-    }
-    rewrite.apply();
+    if (!formatBlocks(document, from, to, properties))
+        formatTextRuns(document, from, to, properties);
     document.recordCaret();
 }
 

@@ -4,6 +4,7 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
+#include "document/TextRewrite.h"
 #include "document/caret/Selection.h"
 #include "document/caret/Stops.h"
 #include "editing/formatting/Formatting.h"
@@ -212,9 +213,13 @@ void EditableDocumentBuffer::removeProperties(const String& path) {
     if (elements.empty())
         return;
     RecordedCommand command(document);
-    // From the last to the first, so that those to come stay where they are.
-    for (auto element = elements.rbegin(); element != elements.rend(); ++element)
-        Attributes::removeAll(document, *element);
+    document.recordCaret();
+    TextRewrite rewrite(document);
+    for (const int element : elements)
+        if (const PropertyCollection all = Attributes::of(document, element); !all.isEmpty())
+            Attributes::planReplacement(document, element, declarationsAmong(all), rewrite);
+    rewrite.apply();
+    document.recordCaret();
     if (!command.mayStand())
         command.takeBack();
 }

@@ -58,11 +58,7 @@ void removePlaceholderInline(Document& document) {
     if (!document.names.isInline(text.tagName(element)) || !text.holdsOnlyPlaceholder(element))
         return;
     Edit(document).remove(element, text.behindElement(element));
-    const PlaceholderRepair repaired = Placeholders::repair(document, element, true);
-    const int place = repaired.insertedPlaceholder() ? repaired.placeholder : repaired.map(element);
-    if (Lines::isStart(document, place) && Lines::isEnd(document, place))
-        Edit(document).insert(place, String(XmlScan::nbspEntity));
-    document.setCaret(place);
+    document.setCaret(Placeholders::repairLine(document, element));
     Deletion::settleCaret(document);
 }
 

@@ -279,9 +279,15 @@ void eraseInItem(Document& document, int item, bool forward, bool wholeWord) {
 void Lists::eraseText(Document& document, bool forward, bool wholeWord) {
     const int item = Lists::itemAround(document, document.caret());
     // A host can put the caret between the tags of an item, where Delete would take its label.
-    if (item >= 0 && Deletion::isInErasablePlace(document) &&
-        Stops::canHoldCaret(document, document.caret()))
-        carryOut(document, [&] { eraseInItem(document, item, forward, wholeWord); });
+    if (item < 0 || !Deletion::isInErasablePlace(document) ||
+        !Stops::canHoldCaret(document, document.caret()))
+        return;
+    RecordedCommand command(document);
+    const std::size_t recorded = document.history.recordedCount();
+    eraseInItem(document, item, forward, wholeWord);
+    const bool didNothing = document.history.recordedCount() == recorded;
+    if (didNothing || !command.mayStand())
+        command.takeBack();
 }
 
 void ListBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {

@@ -14,19 +14,20 @@
 
 namespace {
 
-std::vector<int> itemsTouched(const Document& document, int list, const Lists::Range& range) {
-    std::vector<int> items = Lists::itemsOf(document, list);
-    items.erase(std::remove_if(items.begin(), items.end(),
-                               [&](int item) {
-                                   return range.end <= item ||
-                                          document.text().behindElement(item) <= range.start;
-                               }),
-                items.end());
-    return items;
+/// Those of a list's items or children that the range touches.
+std::vector<int> touchedOf(const Document& document, std::vector<int> children,
+                           const Lists::Range& range) {
+    std::erase_if(children, [&](int child) {
+        return range.end <= child || document.text().behindElement(child) <= range.start;
+    });
+    return children;
 }
 
-/// Whether the range holds the item from its first place for the caret to its last.
+/// Whether the range holds the item from its first place for the caret to its last, or the repeat
+/// with its tags.
 bool isCovered(const Document& document, int item, const Lists::Range& range) {
+    if (!Lists::isItem(document, item))
+        return range.start <= item && document.text().behindElement(item) <= range.end;
     const int body = Lists::bodyOf(document, item);
     const int first = Stops::next(document, body);
     const int last = Stops::previous(document, Lists::closingTag(document, body));
@@ -42,10 +43,8 @@ bool areAllCovered(const Document& document, int list, const std::vector<int>& i
                    const Lists::Range& range) {
     const std::vector<int> children = Lists::childrenOf(document, list);
     return std::all_of(children.begin(), children.end(), [&](int child) {
-        if (std::find(items.begin(), items.end(), child) != items.end())
-            return isCovered(document, child, range);
-        return !Lists::isItem(document, child) && range.start <= child &&
-               document.text().behindElement(child) <= range.end;
+        const bool isTouched = std::binary_search(items.begin(), items.end(), child);
+        return (isTouched || !Lists::isItem(document, child)) && isCovered(document, child, range);
     });
 }
 
@@ -57,20 +56,22 @@ int erasePart(Document& document, int list, const Lists::Range& range) {
     return document.caret();
 }
 
-/// Removes items that the range covers and the text of the others; items are not joined. The last
-/// comes first, so that the offsets of those before it stay. Answers where the first of them went.
-int eraseItems(Document& document, int list, const std::vector<int>& items,
-               const Lists::Range& range) {
+/// Removes items and repeats of items that the range covers and the text of the others; items are
+/// not joined. The last comes first, so that the offsets of those before it stay. Answers where the
+/// first of them went.
+int eraseChildren(Document& document, int list, const Lists::Range& range) {
+    const std::vector<int> children = touchedOf(document, Lists::childrenOf(document, list), range);
     int place = range.start;
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-        const int body = Lists::bodyOf(document, *item);
-        if (isCovered(document, *item, range)) {
-            Edit(document).remove(*item, document.text().behindElement(*item));
-            place = *item;
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+        if (isCovered(document, *child, range)) {
+            Edit(document).remove(*child, document.text().behindElement(*child));
+            place = *child;
         } else {
+            const int holder =
+                Lists::isItem(document, *child) ? Lists::bodyOf(document, *child) : *child;
             place = erasePart(document, list,
-                              {std::max(range.start, Stops::next(document, body)),
-                               std::min(range.end, Lists::closingTag(document, body))});
+                              {std::max(range.start, Stops::next(document, holder)),
+                               std::min(range.end, Lists::closingTag(document, holder))});
         }
     }
     return place;
@@ -115,7 +116,7 @@ int Lists::eraseRange(Document& document, Lists::Range& range) {
     const bool endsInList = range.end < text.behindElement(list);
     const int behindRange = text.length() - range.end;
     const bool isNumbered = Lists::typeOf(document, list) == ListType::Numbering;
-    const std::vector<int> touched = itemsTouched(document, list, range);
+    const std::vector<int> touched = touchedOf(document, Lists::itemsOf(document, list), range);
     const bool isInOneItem = endsInList && touched.size() < 2;
     const bool goesWhole = !isInOneItem && areAllCovered(document, list, touched, range);
 
@@ -126,7 +127,7 @@ int Lists::eraseRange(Document& document, Lists::Range& range) {
     else if (isInOneItem)
         place = erasePart(document, list, range);
     else
-        place = eraseItems(document, list, touched, range);
+        place = eraseChildren(document, list, range);
     document.setCaret(lower <= list ? lower : place);
     document.recordCaret();
     if (isNumbered && !goesWhole)

@@ -14,12 +14,14 @@
 #include "document/history/EditActionGroup.h"
 #include "editing/deletion/Deletion.h"
 #include "editing/formatting/Formatting.h"
+#include "editing/typing/NamespaceBinding.h"
 #include "text/Markup.h"
 #include "text/MarkupChange.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using Core::String;
 using Typing::InsertedRange;
@@ -237,6 +239,15 @@ InsertedRange insertPlainText(Document& document, const String& text) {
     return {inserted.start, inserted.end};
 }
 
+/// Declares on the root what prefixes the inserted markup needs; answers whether all are bound now.
+/// A declaration ends a run of typing, but here it belongs to the step that is under way.
+bool declareWhatIsUsed(Document& document, const InsertedRange& inserted) {
+    const std::optional<unsigned> step = std::exchange(document.typingGroup, std::nullopt);
+    const bool areBound = Typing::bindPrefixes(document, inserted.start, inserted.end);
+    document.typingGroup = step;
+    return areBound;
+}
+
 Insertion insertInPlaceOfSelection(Document& document, const String& text, bool isXml,
                                    bool selectInserted) {
     std::optional<EditActionGroup> group;
@@ -254,6 +265,8 @@ Insertion insertInPlaceOfSelection(Document& document, const String& text, bool 
         isXml ? insertMarkup(document, unixText) : insertPlainText(document, unixText);
     if (selectInserted)
         document.select(inserted.start, inserted.end);
+    if (isXml && !declareWhatIsUsed(document, inserted))
+        return Insertion::RolledBack;
     if (isXml)
         moveCaretOutOfMarkup(document);
     document.recordCaret();
@@ -376,9 +389,10 @@ void Typing::replace(Document& document, int start, int end, const String& xml) 
     document.recordDeletion(start, document.removeUnrecorded(start, end));
     document.insertUnrecorded(start, xml);
     document.recordInsertion(start, xml);
+    const bool areBound = Typing::bindPrefixes(document, start, start + xml.length());
     moveCaretOutOfMarkup(document);
     document.recordCaret();
-    if (!command.mayStand())
+    if (!areBound || !command.mayStand())
         command.takeBack();
 }
 
