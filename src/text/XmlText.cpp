@@ -48,19 +48,24 @@ int closingTagBehindPlaceholder(Text text, int position) {
 
 // Changes
 
+void XmlText::forgetBehind(int position) {
+    precedingTags_.forgetBehind(position);
+    elementMemo_.forgetBehind(position);
+}
+
 void XmlText::insert(int position, const String& xml) {
     text_.insert(static_cast<unsigned>(position), xml);
-    elementMemo_.forgetBehind(position);
+    forgetBehind(position);
 }
 
 void XmlText::erase(int start, int end) {
     text_.erase(static_cast<unsigned>(start), static_cast<unsigned>(end - start));
-    elementMemo_.forgetBehind(start);
+    forgetBehind(start);
 }
 
 void XmlText::assign(String content) noexcept {
     text_ = std::move(content);
-    elementMemo_.forgetBehind(0);
+    forgetBehind(0);
 }
 
 // What stands at a position
@@ -147,7 +152,7 @@ String XmlText::nextTagName(int position) const {
 // The element around a position
 
 int XmlText::elementAround(int position) const {
-    return XmlScan::currentElement(all(), position, elementMemo_);
+    return XmlScan::currentElement(all(), position, precedingTags_, elementMemo_);
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {

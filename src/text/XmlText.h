@@ -3,6 +3,7 @@
 #include "foundation/String.h"
 #include "foundation/Vector.h"
 #include "text/ElementMemo.h"
+#include "text/PrecedingTags.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
 
@@ -91,7 +92,7 @@ public:
     /// One step over a unit: a character, an entity, a tag, a comment, a section, an instruction.
     int next(int position) const { return XmlScan::stepForward(all(), position); }
     int previous(int position) const {
-        return XmlScan::stepBackward(all(), position, rootName_.view());
+        return XmlScan::stepBackward(all(), position, rootName_.view(), precedingTags_);
     }
     /// Where the unit that holds a valid position begins.
     int unitStart(int position) const { return XmlScan::unitStart(all(), position); }
@@ -105,7 +106,7 @@ public:
     /// The tag at or after the position; never a comment, CDATA section or instruction.
     int nextTag(int position) const { return XmlScan::nextTag(all(), position); }
     /// The last tag whose `>` stands at or before the position; instructions included.
-    int previousTag(int position) const { return XmlScan::previousTag(all(), position); }
+    int previousTag(int position) const { return precedingTags_.find(all(), position); }
     /// The last tag of the text, which closes the root.
     int lastTag() const;
     /// The first `>` at or after the position that stands in no quotes.
@@ -249,10 +250,12 @@ public:
 
 private:
     View all() const { return text_.view(); }
+    void forgetBehind(int position);
     int behindNeighbor(int position, bool useCurrent) const;
     Core::String pathUpTo(int position, int root) const;
 
     Core::String text_;
     Core::String rootName_;
+    mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
 };
