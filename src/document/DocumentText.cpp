@@ -22,9 +22,6 @@ using Core::String;
 
 namespace {
 
-constexpr const wchar_t* layoutMasterSetStart = L"<fo:layout-master-set";
-constexpr const wchar_t* layoutMasterSetEnd = L"</fo:layout-master-set>";
-
 struct WriterArguments {
     Core::IO::Encoding encoding;
     int mark;

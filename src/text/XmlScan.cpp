@@ -3,8 +3,11 @@
 #include "foundation/String.h"
 #include "foundation/UnitSearch.h"
 #include "text/ElementMemo.h"
+#include "text/PrecedingTags.h"
+#include "text/TagQuotes.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace XmlScan {
@@ -56,67 +59,47 @@ int stepOverInstruction(Text text, int position) noexcept {
                                     instructionEnd));
 }
 
-/// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
-/// text "a --> b". What looks like another start in a section belongs to it.
-int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
-    const int delimiter = last + 1 - length(end);
-    if (!standsAt(text, end, delimiter))
-        return -1;
-    const int endBefore = rFind(text, end, delimiter - 1);
-    // In "<!-->" the start has units in common with what looks like an end.
-    const int section = find(text, start, std::max(0, endBefore - length(start) + 1));
-    return section >= 0 && find(text, end, section + length(start)) == delimiter ? section : -1;
-}
+/// Finds the ends of the tags before a position, the last tag first, as tagEnd() does, but reads no
+/// part of the text more than once for each kind of quotes.
+class TagEnds {
+public:
+    TagEnds(Text text, int position) noexcept : text_(text), last_(position), read_(position) {}
 
-/// The start of the comment or CDATA section whose last unit stands at `last`; -1 if none does.
-int ignoredEndingAt(Text text, int last) noexcept {
-    const int comment = sectionEndingAt(text, last, commentStart, commentEnd);
-    return comment >= 0 ? comment : sectionEndingAt(text, last, cdataStart, cdataEnd);
-}
-
-/// Where the document type begins, which stands before the root; -1 where the text has none.
-int documentTypeStart(Text text) noexcept {
-    int at = skipSpaces(text, 0);
-    while (ignoredAt(text, at))
-        at = skipSpaces(text, stepForward(text, at));
-    return documentTypeAt(text, at) ? at : -1;
-}
-
-/// The document type that holds the `>` at a valid position, its own or one of what it declares; -1
-/// if none does.
-int documentTypeWith(Text text, int bracket) noexcept {
-    const int type = documentTypeStart(text);
-    return 0 <= type && type < bracket && bracket < documentTypeEnd(text, type) ? type : -1;
-}
-
-/// The last tag whose `>` stands at or before `position`.
-int tagEndingBefore(Text text, int position) noexcept {
-    for (int end = rFind(text, L'>', position); end >= 0; end = rFind(text, L'>', position)) {
-        const int ignored = ignoredEndingAt(text, end);
-        if (ignored >= 0) {
-            position = ignored;
-            continue;
+    /// The end of the tag at `tag`, which is before the position and before those asked before.
+    int endOf(int tag) noexcept {
+        std::array<Scan, QuotesCount> scans;
+        for (const Quotes quotes : {NoQuotes, DoubleQuotes, SingleQuotes}) {
+            Scan scan{-1, quotes};
+            scan.end = tagEndBetween(text_, tag, read_, scan.quotes);
+            scans[quotes] = scan.end < 0 ? scans_[scan.quotes] : scan;
         }
-        const int instruction = sectionEndingAt(text, end, instructionStart, instructionEnd);
-        if (instruction >= 0)
-            return instruction;
-        const int tag = rFind(text, L'<', end);
-        // Looked for only up to there: in a text where a quote is left open it may be far.
-        const int ownEnd = tagEnd(slice(text, 0, end + 1), tag + 1);
-        const bool isTag = ownEnd == end && !standsAt(text, L"<!", tag);
-        if (tag < 0 || isTag)
-            return tag;
-        if (const int type = documentTypeWith(text, end); type >= 0) {
-            if (documentTypeEnd(text, type) == end + 1)
-                return type;
-            position = type;
-            continue;
-        }
-        // The `>` is text, and the `<` may belong to a section between.
-        position = 0 <= ownEnd && ownEnd < end ? ownEnd : end - 1;
+        read_ = tag;
+        scans_ = scans;
+        return scans_[NoQuotes].end < 0 ? endBehind(scans_[NoQuotes].quotes) : scans_[NoQuotes].end;
     }
-    return -1;
-}
+
+private:
+    /// Where a scan from `read_` ends, or in which quotes it comes to `last_`.
+    struct Scan {
+        int end;
+        Quotes quotes;
+    };
+
+    int endBehind(Quotes quotes) noexcept {
+        if (!behind_[quotes]) {
+            Quotes open = quotes;
+            behind_[quotes] = tagEndBetween(text_, last_, length(text_), open);
+        }
+        return *behind_[quotes];
+    }
+
+    Text text_;
+    int last_;
+    int read_;
+    std::array<Scan, QuotesCount> scans_{
+        Scan{-1, NoQuotes}, {-1, DoubleQuotes}, {-1, SingleQuotes}};
+    std::array<std::optional<int>, QuotesCount> behind_;
+};
 
 /// Deliberate: in a fragment only a CDATA section directly before the position is skipped, so a
 /// comment can be the answer; detached page text was arranged around it.
@@ -124,14 +107,6 @@ int tagEndingBeforeInFragment(Text text, int position) noexcept {
     while (standsAt(text, cdataEnd, position - 2))
         position = rFind(text, cdataStart, position - 2);
     return rFind(text, L'<', rFind(text, L'>', position));
-}
-
-/// Whether the `>` at a valid position is text and ends no markup.
-bool isBareBracket(Text text, int position) noexcept {
-    return tagEnd(text, rFind(text, L'<', position) + 1) != position &&
-           ignoredEndingAt(text, position) < 0 &&
-           sectionEndingAt(text, position, instructionStart, instructionEnd) < 0 &&
-           documentTypeWith(text, position) < 0;
 }
 
 /// Whether the position lies between the halves of a surrogate pair.
@@ -186,14 +161,14 @@ bool closesElement(Text text, int position, Text name) noexcept {
     return found.starts_with(L'/') && found.substr(1) == name && !selfClosingAt(text, position);
 }
 
-/// Walks backward over tags to the innermost one that is opened and not closed before `position`;
-/// `isOpening` says which tags open an element, and `knownAround` may know what is around one.
-template <typename IsOpening, typename KnownAround>
-int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening,
+/// Walks backward over tags, of which `previous` tells the one before a position, to the innermost
+/// one that is opened and not closed before `position`; `isOpening` says which tags open an
+/// element, and `knownAround` may know what is around one.
+template <typename Previous, typename IsOpening, typename KnownAround>
+int innermostOpenTag(Text text, int position, Previous previous, IsOpening isOpening,
                      KnownAround knownAround) {
     int depth = 0;
-    for (int at = previousTag(text, position, source); at >= 0;
-         at = previousTag(text, at, source)) {
+    for (int at = previous(position); at >= 0; at = previous(at)) {
         if (closingAt(text, at)) {
             ++depth;
             continue;
@@ -209,6 +184,27 @@ int innermostOpenTag(Text text, int position, Source source, IsOpening isOpening
 
 std::optional<int> nothingKnown(int /*tag*/) {
     return std::nullopt;
+}
+
+template <typename KnownAround>
+int innermostOpenTagOfDocument(Text text, int position, PrecedingTags& tags,
+                               KnownAround knownAround) {
+    return innermostOpenTag(
+        text, position, [text, &tags](int at) { return tags.find(text, at); },
+        [text](int at) { return openingAt(text, at); }, knownAround);
+}
+
+/// `isSkipped` tells which tags are passed over, self-closing ones apart.
+template <typename IsSkipped>
+int innermostOpenTagOfFragment(Text text, int position, IsSkipped isSkipped) {
+    TagEnds ends(text, position);
+    const auto isSelfClosing = [text, &ends](int at) {
+        const int end = ends.endOf(at);
+        return end > at && unitAt(text, end - 1) == L'/';
+    };
+    return innermostOpenTag(
+        text, position, [text](int at) { return previousTag(text, at, Source::Fragment); },
+        [&](int at) { return !isSkipped(at) && !isSelfClosing(at); }, nothingKnown);
 }
 
 } // namespace
@@ -287,17 +283,8 @@ Text localName(Text name) noexcept {
 }
 
 int tagEnd(Text text, int from) noexcept {
-    for (int position = from; isValid(text, position); ++position) {
-        const wchar_t unit = unitAt(text, position);
-        if (unit == L'>')
-            return position;
-        if (unit == L'"' || unit == L'\'') {
-            position = find(text, unit, position + 1);
-            if (position < 0)
-                return -1;
-        }
-    }
-    return -1;
+    Quotes quotes = NoQuotes;
+    return from < 0 ? -1 : tagEndBetween(text, from, length(text), quotes);
 }
 
 bool documentTypeAt(Text text, int position) noexcept {
@@ -345,6 +332,11 @@ int stepForward(Text text, int position, Source source) noexcept {
 }
 
 int stepBackward(Text text, int position, Text rootName) noexcept {
+    PrecedingTags tags;
+    return stepBackward(text, position, rootName, tags);
+}
+
+int stepBackward(Text text, int position, Text rootName, PrecedingTags& tags) noexcept {
     if (position < 1 || !isValid(text, position - 1))
         return -1;
     if (!rootName.empty() && tagName(text, position) == rootName)
@@ -352,8 +344,8 @@ int stepBackward(Text text, int position, Text rootName) noexcept {
     const wchar_t before = unitAt(text, position - 1);
     // Deliberate: behind a comment or CDATA section this is the tag before it, while a step forward
     // passes the section as one unit; the deletion commands depend on the difference.
-    if (before == L'>' && !isBareBracket(text, position - 1))
-        return previousTag(text, position - 1);
+    if (before == L'>')
+        return tags.isText(text, position - 1) ? position - 1 : tags.find(text, position - 1);
     if (before != L';')
         return isInsidePair(text, position - 1) ? position - 2 : position - 1;
     for (int start = position - 2; start >= 0; --start) {
@@ -448,10 +440,9 @@ int nextTag(Text text, int position) noexcept {
 }
 
 int previousTag(Text text, int position, Source source) noexcept {
-    if (!isValid(text, position))
-        return -1;
-    return source == Source::Fragment ? tagEndingBeforeInFragment(text, position)
-                                      : tagEndingBefore(text, position);
+    if (source == Source::Document)
+        return PrecedingTags().find(text, position);
+    return isValid(text, position) ? tagEndingBeforeInFragment(text, position) : -1;
 }
 
 int closingTag(Text text, int position, Source source) noexcept {
@@ -490,12 +481,13 @@ int startTag(Text text, int position) noexcept {
         return position;
     if (!closingAt(text, position))
         return -1;
-    int at = previousTag(text, stepForward(text, position));
+    PrecedingTags tags;
+    int at = tags.find(text, stepForward(text, position));
     const Text closingName = tagName(text, at);
     int counter = -1;
     // Deliberate: a start tag at offset 0 is never found, and a self-closing tag of the same name
     // counts as a start tag; the deletion cases were arranged around both.
-    for (; at > 0; at = previousTag(text, at)) {
+    for (; at > 0; at = tags.find(text, at)) {
         const Text name = tagName(text, at);
         if (name == closingName) {
             ++counter;
@@ -509,21 +501,18 @@ int startTag(Text text, int position) noexcept {
 }
 
 int currentElement(Text text, int position, Source source) noexcept {
-    if (source == Source::Document)
-        return innermostOpenTag(
-            text, position, source, [text](int at) { return openingAt(text, at); }, nothingKnown);
+    if (source == Source::Document) {
+        PrecedingTags tags;
+        return innermostOpenTagOfDocument(text, position, tags, nothingKnown);
+    }
     // Deliberate: in a fragment a CDATA section that the walk meets counts as a start tag; detached
     // page text holds none.
-    const int found = innermostOpenTag(
-        text, position, source,
-        [text](int at) {
-            return !commentAt(text, at) && !instructionAt(text, at) && !selfClosingAt(text, at);
-        },
-        nothingKnown);
+    const int found = innermostOpenTagOfFragment(
+        text, position, [text](int at) { return commentAt(text, at) || instructionAt(text, at); });
     return tagName(text, found).empty() ? -1 : found;
 }
 
-int currentElement(Text text, int position, ElementMemo& memo) {
+int currentElement(Text text, int position, PrecedingTags& tags, ElementMemo& memo) {
     int tag = onTagStart(text, position) ? position : -1;
     if (const auto known = memo.find(tag))
         return *known;
@@ -532,18 +521,15 @@ int currentElement(Text text, int position, ElementMemo& memo) {
         tag = tag < 0 ? sibling : tag;
         return memo.find(sibling);
     };
-    const int element = innermostOpenTag(
-        text, position, Source::Document, [text](int at) { return openingAt(text, at); },
-        knownAround);
+    const int element = innermostOpenTagOfDocument(text, position, tags, knownAround);
     if (tag >= 0)
         memo.remember(tag, element);
     return element;
 }
 
 Text fragmentElementName(Text text, int position) noexcept {
-    const int element = innermostOpenTag(
-        text, position, Source::Fragment, [text](int at) { return openingAt(text, at); },
-        nothingKnown);
+    const int element = innermostOpenTagOfFragment(
+        text, position, [text](int at) { return ignoredAt(text, at) || documentTypeAt(text, at); });
     // Deliberate: a tag at the very start of a fragment is not recognised; closingTag() depends on
     // it.
     return element <= 0 ? Text() : tagName(text, element);

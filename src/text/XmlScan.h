@@ -3,6 +3,7 @@
 #include <string_view>
 
 class ElementMemo;
+class PrecedingTags;
 
 /// The tag level of scanning: pure functions that answer questions about a text of XML from a given
 /// offset. No tree is built and nothing is remembered; every scan is linear in the distance walked.
@@ -86,6 +87,7 @@ int stepForward(Text text, int position, Source source = Source::Document) noexc
 /// One step backward. -1 at the start of the text and on the tag named `rootName`, if that is not
 /// empty.
 int stepBackward(Text text, int position, Text rootName) noexcept;
+int stepBackward(Text text, int position, Text rootName, PrecedingTags& tags) noexcept;
 
 /// Where the unit that holds a valid position begins: that position itself, unless it lies inside a
 /// tag, an entity, a surrogate pair, a comment, a CDATA section, a processing instruction or a
@@ -121,7 +123,7 @@ int startTag(Text text, int position) noexcept;
 /// The innermost start tag before `position` that has not been closed there.
 int currentElement(Text text, int position, Source source = Source::Document) noexcept;
 /// The same, with what is known of the text and what is found out now.
-int currentElement(Text text, int position, ElementMemo& memo);
+int currentElement(Text text, int position, PrecedingTags& tags, ElementMemo& memo);
 
 /// The name of the element that is current at `position` of a fragment; empty if there is none.
 Text fragmentElementName(Text text, int position) noexcept;

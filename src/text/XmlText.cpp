@@ -88,6 +88,7 @@ void XmlText::assign(String content) {
 }
 
 void XmlText::forgetFrom(int position) noexcept {
+    precedingTags_.forgetBehind(position);
     elementMemo_.forgetBehind(position);
     markupMemo_.forgetFrom(position);
     isKnownRegular_ = false;
@@ -268,7 +269,7 @@ String XmlText::nextTagName(int position) const {
 // The element around a position
 
 int XmlText::elementAround(int position) const {
-    return XmlScan::currentElement(all(), position, elementMemo_);
+    return XmlScan::currentElement(all(), position, precedingTags_, elementMemo_);
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {

@@ -4,6 +4,7 @@
 #include "foundation/Vector.h"
 #include "text/ElementMemo.h"
 #include "text/MarkupMemo.h"
+#include "text/PrecedingTags.h"
 #include "text/TextLog.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
@@ -118,7 +119,7 @@ public:
     /// One step over a unit: a character, an entity, a tag, a comment, a section, an instruction.
     int next(int position) const { return XmlScan::stepForward(all(), position); }
     int previous(int position) const {
-        return XmlScan::stepBackward(all(), position, rootName_.view());
+        return XmlScan::stepBackward(all(), position, rootName_.view(), precedingTags_);
     }
     /// Where the unit that holds a valid position begins.
     int unitStart(int position) const;
@@ -135,7 +136,7 @@ public:
     /// The tag at or after the position; never a comment, CDATA section or instruction.
     int nextTag(int position) const { return XmlScan::nextTag(all(), position); }
     /// The last tag whose `>` stands at or before the position; instructions included.
-    int previousTag(int position) const { return XmlScan::previousTag(all(), position); }
+    int previousTag(int position) const { return precedingTags_.find(all(), position); }
     /// The last tag of the text, which closes the root.
     int lastTag() const;
     /// The first `>` at or after the position that stands in no quotes.
@@ -289,6 +290,7 @@ private:
     Core::String text_;
     mutable bool isLent_ = false; // whether somebody else may hold the same storage
     Core::String rootName_;
+    mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
     mutable MarkupMemo markupMemo_;
     mutable std::shared_ptr<TextLog> log_; // also held by each mark

@@ -2,9 +2,11 @@
 // position within the text or with none, and they come to an end.
 
 #include "text/EditableXmlBuffer.h"
+#include "text/XmlText.h"
 
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 namespace {
@@ -13,10 +15,7 @@ using Core::String;
 
 class Scanners : private EditableXmlBuffer {
 public:
-    explicit Scanners(const String& text) {
-        text_ = text;
-        setRootElement(L"fo:root");
-    }
+    explicit Scanners(const String& text) : Scanners(std::make_shared<XmlText>(), text) {}
 
     void runAt(int position) const {
         askForPositions(position);
@@ -27,6 +26,12 @@ public:
     }
 
 private:
+    Scanners(const std::shared_ptr<XmlText>& owner, const String& text)
+        : EditableXmlBuffer(owner), text_(text) {
+        owner->assign(text);
+        setRootElement(L"fo:root");
+    }
+
     /// Behind the last unit is an answer too: that is where an element or the text may end.
     void require(int answer) const {
         if (answer < -1 || answer > text_.length())
@@ -145,6 +150,8 @@ private:
             elementContainsPosition(position, other);
         }
     }
+
+    String text_;
 };
 
 /// Bytes above 0x7F become single units, among them U+00A0.

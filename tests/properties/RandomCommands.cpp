@@ -616,3 +616,35 @@ private:
 std::string randomDocument(Random& random, std::size_t listEvery) {
     return Writer(random, listEvery).document();
 }
+
+std::string mutilated(std::string text, Random& random) {
+    static constexpr std::array pieces{"<",
+                                       ">",
+                                       "&",
+                                       "<fo:block>",
+                                       "</fo:block>",
+                                       "\"",
+                                       "]]>",
+                                       "<!--",
+                                       "</",
+                                       "/>",
+                                       "<?",
+                                       "<![CDATA[",
+                                       "'",
+                                       "-->",
+                                       "<fo:list-block>",
+                                       "</fo:flow>",
+                                       "<fo:table-row>"};
+    const std::size_t flow = std::min(text.find("<fo:flow"), text.size());
+    for (std::size_t tears = 1 + random.below(4); tears > 0; --tears) {
+        const std::size_t from = random.oneIn(4) ? 0 : flow;
+        const std::size_t at = std::min(from + random.below(text.size() + 1 - from), text.size());
+        // From tag to tag as a rule, so that more than text is torn.
+        const std::size_t tag = std::min(text.find('<', at), text.size());
+        const std::size_t end =
+            random.oneIn(2) ? std::min(text.find('>', tag), text.size() - 1) : tag;
+        text.replace(tag, end - tag + (end > tag ? 1 : 0),
+                     random.oneIn(2) ? "" : random.oneOf(pieces));
+    }
+    return random.oneIn(4) ? text.substr(0, random.below(text.size() + 1)) : text;
+}

@@ -49,9 +49,12 @@ CommandMix everyCommand();
 /// What people do in lists.
 CommandMix listCommands();
 
-/// A request of the mix, filled in for where the document's caret is.
+/// One request, filled in for the document as it is.
 std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
                           const CommandMix& mix);
+
+/// A text whose tags need not match, cut and torn from one that is well formed.
+std::string mutilated(std::string text, Random& random);
 
 /// Requests on a document, each a line of the script that `forme run` replays.
 struct CommandStream {

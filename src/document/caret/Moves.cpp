@@ -63,7 +63,7 @@ int homePosition(const Document& document, int region) {
     int stop = Stops::next(document, start);
     while (stop >= 0 && stop <= end && !isInTextOfRegion(document, stop, region)) {
         const int other = region < 0 ? text.staticContentAround(stop) : -1;
-        stop = Stops::next(document, other < 0 ? stop : text.closingTag(other));
+        stop = Stops::next(document, std::max(stop, text.closingTag(other)));
     }
     return stop <= end ? stop : -1;
 }

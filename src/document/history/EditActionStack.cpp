@@ -89,7 +89,7 @@ void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
 }
 
 unsigned EditActionStack::openGroup() {
-    ActionList::Prepared start(EditAction(EditAction::EditGroupStart));
+    ActionList::Prepared start{EditAction(EditAction::EditGroupStart)};
     openGroups_.push_back(
         {lastGroup_ + 1, ActionList::Prepared(EditAction(EditAction::EditGroupEnd))});
     push(std::move(start));

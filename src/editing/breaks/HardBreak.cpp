@@ -147,7 +147,7 @@ void HardBreak::keepLineBefore() {
     int end = endOfContent(holder_);
     int before = document_.text().previous(end);
     while (document_.names.closesInline(nameOf(before))) {
-        end = endOfContent(document_.text().elementAround(before));
+        end = Lines::startOfSkipped(document_, before);
         before = document_.text().previous(end);
     }
     if (before > holder_ && isBlockLevelTag(document_.text(), before))
@@ -213,12 +213,12 @@ void HardBreak::wrapLooseContent() {
 int HardBreak::endOfLooseContent() const {
     const int closing = document_.text().closingTag(element_);
     int end = document_.text().nextTag(caret());
-    while (end < closing && !isBlockLevelTag(document_.text(), end))
+    while (0 <= end && end < closing && !isBlockLevelTag(document_.text(), end))
         end = document_.text().nextTag(document_.text().behindElement(end));
     int content = document_.text().skipSpaces(caret());
     while (document_.text().ignoredAt(content))
         content = document_.text().skipSpaces(document_.text().next(content));
-    return content == end ? caret() : end;
+    return end < 0 || content == end ? caret() : end;
 }
 
 int HardBreak::caret() const {

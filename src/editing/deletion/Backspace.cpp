@@ -179,9 +179,9 @@ int Backspace::endOfRun() const {
     int tag = document_.text().nextTag(origin_);
     while (tag >= 0 && tag < limit &&
            document_.text().nameAt(tag).substringAfter(L"/") != L"fo:block") {
-        if (document_.text().openingAt(tag))
-            tag = document_.text().closingTag(tag);
-        tag = document_.text().nextTag(tag + 1);
+        tag = document_.text().nextTag(document_.text().openingAt(tag)
+                                           ? document_.text().behindElement(tag)
+                                           : document_.text().next(tag));
     }
     return tag;
 }
@@ -287,10 +287,10 @@ int Backspace::previousBlock(String& name) const {
 /// lost.
 bool Backspace::isSeparatedFrom(int block) const {
     const XmlText& text = document_.text();
-    for (int at = document_.text().behindElement(block); at < tag_; at = document_.text().next(at))
-        if (!text.onTagStart(at) && !String::isSpace(text.unitAt(at)))
-            return true;
-    return false;
+    int at = text.behindElement(block);
+    while (0 <= at && at < tag_ && (text.onTagStart(at) || String::isSpace(text.unitAt(at))))
+        at = text.next(at);
+    return at < tag_;
 }
 
 // A list

@@ -262,14 +262,10 @@ int ForwardDelete::endOfPlaceholder() const {
 
 bool ForwardDelete::isOnlyContainersBefore(int position, int element) const {
     const XmlText& text = document_.text();
-    for (int at = document_.text().next(element); at < position; at = document_.text().next(at)) {
-        if (String::isSpace(text.unitAt(at)))
-            continue;
-        if (text.tagName(at) != L"fo:block-container")
-            return false;
-        at = document_.text().closingTag(at);
-    }
-    return true;
+    int at = text.skipSpaces(text.next(element));
+    while (at < position && text.tagName(at) == L"fo:block-container")
+        at = text.skipSpaces(text.behindElement(at));
+    return at >= position;
 }
 
 // Text
@@ -345,7 +341,7 @@ int ForwardDelete::findBlockRunEnd(int tagPosition) const {
 
 /// Moves the line to the end of what stands before the boundary; answers where that was.
 int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
-    const int start = startOfRun(run.runEnd);
+    const int start = startOfRun(run);
     const String moved = Edit(document_).remove(start, run.runEnd);
     // The soft break that ended the line would begin an empty one.
     if (document_.text().selfClosingAt(start))
@@ -364,14 +360,15 @@ int ForwardDelete::pullBlockRunBack(const BlockRun& run) {
     return target;
 }
 
-int ForwardDelete::startOfRun(int runEnd) const {
-    int tag = document_.text().previousTag(runEnd);
-    while (!isBlockTag(tag)) {
+/// Where the line begins, behind the last of the tags in front of it.
+int ForwardDelete::startOfRun(const BlockRun& run) const {
+    int tag = document_.text().previousTag(run.runEnd);
+    while (tag > run.firstTag && !isBlockTag(tag)) {
         if (document_.text().closingAt(tag))
             tag = document_.text().elementAround(tag);
         tag = document_.text().previousTag(tag);
     }
-    return Lines::endOfLayout(document_, document_.text().next(tag));
+    return Lines::endOfLayout(document_, document_.text().next(std::max(tag, run.firstTag)));
 }
 
 /// The blocks that the line left empty go, and the white space behind them which does not show.

@@ -59,7 +59,7 @@ private:
     bool mergeNextBlockRun();
     int findBlockRunEnd(int tagPosition) const;
     int pullBlockRunBack(const BlockRun& run);
-    int startOfRun(int runEnd) const;
+    int startOfRun(const BlockRun& run) const;
     int removeEmptied(int position, int firstTag);
     bool mustStayApart(int position) const;
     void clearBoundary(int position, int firstTag);

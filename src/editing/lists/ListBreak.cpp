@@ -128,6 +128,8 @@ bool holdsEmptyLines(const Document& document, int element) {
     const Lists::Range content = Lists::contentOf(document, element);
     bool isBehindTag = true;
     for (int at = content.start; at < content.end; at = document.text().next(at)) {
+        if (at < 0)
+            return false;
         if (String::isSpace(text.unitAt(at)))
             continue;
         const bool isPlaceholder = text.placeholderLength(at) > 0;
@@ -157,8 +159,12 @@ Lists::Range widen(const Document& document, int block, int list) {
         range = {item, text.behindElement(item)};
     while (range.start > list && beginsContent(document, around(range.start), range.start))
         range.start = itemOfBody(document, around(range.start));
-    while (range.end < behindList && endsContent(document, around(range.end), range.end))
-        range.end = text.behindElement(itemOfBody(document, around(range.end)));
+    for (int end = range.end; end < behindList && endsContent(document, around(end), end);) {
+        end = text.behindElement(itemOfBody(document, around(end)));
+        if (end <= range.end)
+            break;
+        range.end = end;
+    }
     return range;
 }
 

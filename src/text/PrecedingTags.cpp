@@ -1,0 +1,113 @@
+#include "text/PrecedingTags.h"
+
+#include <algorithm>
+#include <limits>
+
+using namespace XmlScan;
+
+namespace {
+
+int length(Text text) noexcept {
+    return static_cast<int>(text.size());
+}
+
+/// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
+/// text "a --> b". What looks like another start in a section belongs to it.
+int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
+    const int delimiter = last + 1 - length(end);
+    if (!standsAt(text, end, delimiter))
+        return -1;
+    const Text read = slice(text, 0, last + 1);
+    const int endBefore = rFind(read, end, delimiter - 1);
+    // In "<!-->" the start has units in common with what looks like an end.
+    const int section = find(read, start, std::max(0, endBefore - length(start) + 1));
+    return section >= 0 && find(read, end, section + length(start)) == delimiter ? section : -1;
+}
+
+/// The start of the comment or CDATA section whose last unit stands at `last`; -1 if none does.
+int ignoredEndingAt(Text text, int last) noexcept {
+    const int comment = sectionEndingAt(text, last, commentStart, commentEnd);
+    return comment >= 0 ? comment : sectionEndingAt(text, last, cdataStart, cdataEnd);
+}
+
+/// Where the document type begins or else what is no comment or instruction before it; -1 where one
+/// of them has no end.
+int prologEnd(Text text) noexcept {
+    int at = skipSpaces(text, 0);
+    while (ignoredAt(text, at))
+        at = skipSpaces(text, stepForward(text, at));
+    return at;
+}
+
+} // namespace
+
+int PrecedingTags::find(Text text, int position) noexcept {
+    if (!isValid(text, position))
+        return -1;
+    for (int bracket = rFind(text, L'>', position); bracket >= 0;
+         bracket = rFind(text, L'>', position)) {
+        const Markup markup = endingAt(text, bracket);
+        if (markup.kind == Kind::Tag)
+            return markup.start;
+        position = markup.kind == Kind::Text ? goOnBefore(bracket) : markup.start;
+    }
+    return -1;
+}
+
+void PrecedingTags::forgetBehind(int position) noexcept {
+    if (position <= tag_.last)
+        tag_ = {};
+    if (type_ && position <= type_->last)
+        type_.reset();
+}
+
+/// What ends with the `>`.
+PrecedingTags::Markup PrecedingTags::endingAt(Text text, int bracket) noexcept {
+    if (const int ignored = ignoredEndingAt(text, bracket); ignored >= 0)
+        return {Kind::Skipped, ignored};
+    const int instruction = sectionEndingAt(text, bracket, instructionStart, instructionEnd);
+    if (instruction >= 0)
+        return {Kind::Tag, instruction};
+    findTagBefore(text, bracket);
+    if (tag_.position < 0)
+        return {Kind::Skipped, -1};
+    if (tag_.end == bracket && !standsAt(text, L"<!", tag_.position))
+        return {Kind::Tag, tag_.position};
+    const DocumentType& type = documentType(text);
+    if (bracket < type.end)
+        return {bracket + 1 == type.end ? Kind::Tag : Kind::Skipped, type.start};
+    return {Kind::Text, bracket};
+}
+
+/// The last position before a `>` that is text where markup may end. No `<` stands between it and
+/// the end of the tag before, but that `<` may belong to a section.
+int PrecedingTags::goOnBefore(int bracket) const noexcept {
+    return 0 <= tag_.end && tag_.end < bracket ? tag_.end : bracket - 1;
+}
+
+/// Looks for the end of the tag only up to the `>`: where a quote is left open it may be far.
+void PrecedingTags::findTagBefore(Text text, int bracket) noexcept {
+    const bool isBehind = bracket > tag_.last;
+    if (!isBehind && bracket > tag_.position)
+        return;
+    const int unread = isBehind ? tag_.last + 1 : 0;
+    const int start = rFind(slice(text, unread, bracket + 1), L'<', bracket - unread);
+    if (start >= 0 || !isBehind)
+        tag_ = {.position = start < 0 ? -1 : unread + start, .last = unread + start};
+    if (tag_.end < 0)
+        tag_.end = tagEndBetween(text, tag_.last + 1, bracket + 1, tag_.quotes);
+    tag_.last = bracket;
+}
+
+const PrecedingTags::DocumentType& PrecedingTags::documentType(Text text) noexcept {
+    if (!type_) {
+        const int start = prologEnd(text);
+        const bool isThere = documentTypeAt(text, start);
+        const int end = isThere ? documentTypeEnd(text, start) : -1;
+        const bool isComplete = start >= 0 && (!isThere || end >= 0);
+        type_ = {start, end,
+                 isComplete ? std::max(end, start + length(L"<!DOCTYPE"))
+                            : std::numeric_limits<int>::max()};
+    }
+    return *type_;
+}
