@@ -289,12 +289,18 @@ private:
         static const std::regex arrow(
             R"re((?:^| )-("[^"]*"|\[.*?\](?: => .*?)?|[A-Z][A-Za-z+]*)->(?= |$))re");
         std::smatch found;
-        if (line.starts_with("--- "))
-            scenario.steps.push_back(parseStep(line.substr(4), number_));
-        else if (std::regex_search(line, found, arrow))
-            readRow(scenario, line, std::sregex_iterator(line.begin(), line.end(), arrow));
-        else
-            readText(scenario, line);
+        if (!std::regex_search(line, found, arrow))
+            return readText(scenario, line);
+        const bool beginsCase = found.prefix().length() > 0 && !scenario.steps.empty();
+        readRow(beginsCase ? anotherCaseOf(scenario) : scenario, line,
+                std::sregex_iterator(line.begin(), line.end(), arrow));
+    }
+
+    /// A row that begins with a text, behind the commands of another.
+    Scenario& anotherCaseOf(const Scenario& scenario) {
+        scenarios_.push_back(
+            {scenario.title, number_, {}, {}, scenario.manyNotices, scenario.notUndoable});
+        return scenarios_.back();
     }
 
     /// "before -Key-> after -Key-> after", in which any text may be missing.
