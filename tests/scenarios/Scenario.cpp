@@ -1,8 +1,6 @@
 #include "scenarios/Scenario.h"
 
-#include "Session.h"
-#include "support/EditorState.h"
-#include "support/ShortMarkup.h"
+#include "support/MarkedDocument.h"
 #include "support/WellFormed.h"
 
 #include <algorithm>
@@ -28,37 +26,15 @@ bool isWholeDocument(std::string_view text) {
            text.starts_with("<fo:root");
 }
 
-/// A text with its marks taken out and turned into positions.
-EditorState parseMarks(const std::string& marked) {
-    EditorState state;
-    std::wstring text;
-    const Core::String units = Core::Encoder::convertUTF8ToString(
+EditorState stateBefore(const std::string& marked) {
+    const Core::String text = Core::Encoder::convertUTF8ToString(
         isWholeDocument(marked) ? marked : documentStart + marked + documentEnd);
-    for (const wchar_t unit : units.view()) {
-        if (unit == L'|')
-            state.caret = static_cast<int>(text.size());
-        else if (unit == L'^')
-            state.pivot = static_cast<int>(text.size());
-        else
-            text += unit;
-    }
-    if (state.pivot < 0)
-        state.pivot = state.caret;
-    state.text = Core::String(text);
-    return state;
+    return parseMarks(std::wstring(text.view()));
 }
 
 /// A state with its marks, as a scenario shows it: the whole text, or what stands in its flow.
 std::string show(const EditorState& state, bool whole) {
-    std::wstring text(state.text.view());
-    const auto mark = [&text](int position, wchar_t sign) {
-        if (position >= 0)
-            text.insert(static_cast<std::size_t>(position), 1, sign);
-    };
-    mark(std::max(state.caret, state.pivot), state.caret >= state.pivot ? L'|' : L'^');
-    if (state.caret != state.pivot)
-        mark(std::min(state.caret, state.pivot), state.caret < state.pivot ? L'|' : L'^');
-    const std::string all = Core::Encoder::toDisplayText(Core::String(text));
+    const std::string all = Core::Encoder::toDisplayText(Core::String(withMarks(state)));
     const std::size_t flow = all.find("<fo:flow");
     const std::size_t end = all.rfind("</fo:flow>");
     if (whole || flow == std::string::npos || end == std::string::npos)
@@ -85,7 +61,7 @@ private:
     EditorState current() { return stateOf(session_.document()); }
 
     void begin() {
-        const EditorState before = parseMarks(scenario_.before);
+        const EditorState before = stateBefore(scenario_.before);
         const bool foRoot = scenario_.before.find("<fo:root") != std::string::npos;
         session_.document().setRootElement(foRoot ? L"fo:root" : L"qfd:document");
         session_.document().setContent(before.text, true);
