@@ -1,14 +1,23 @@
 // The caret on its way through text and tables.
 
-#include "CaretTesting.h"
+#include "document/CaretTesting.h"
+#include "document/caret/Moves.h"
 
 #include <algorithm>
 #include <random>
 
 namespace {
 
-constexpr auto stepRight = [](CaretBuffer& buffer) { buffer.right(); };
-constexpr auto stepLeft = [](CaretBuffer& buffer) { buffer.left(); };
+constexpr auto stepRight = [](Document& document) { Moves::right(document); };
+constexpr auto stepLeft = [](Document& document) { Moves::left(document); };
+
+/// Checks where one move takes the caret, the fragment given before and after with its marks.
+template <typename Move>
+void expectMove(const std::wstring& before, Move move, const std::wstring& after) {
+    MarkedDocument buffer(before);
+    move(buffer);
+    EXPECT_EQ(buffer.marked(), after) << "from " << before;
+}
 
 /// Checks that the caret goes right from each of the marks ①, ②, ③… to the next, and back.
 void expectWay(const std::wstring& marked) {
@@ -30,17 +39,17 @@ void expectWay(const std::wstring& marked) {
 TEST(CaretMoves, CollapseASelectionInTheirDirectionAndGiveOneNotice) {
     expectMove(L"<B>a|bc^d</B>", stepRight, L"<B>abc|d</B>");
     expectMove(L"<B>a^bc|d</B>", stepLeft, L"<B>a|bcd</B>");
-    CaretBuffer buffer(L"<B>a^b|c</B>");
+    MarkedDocument buffer(L"<B>a^b|c</B>");
     for (const char* heard : {"s", "c", ""}) {
-        buffer.right();
+        Moves::right(buffer);
         EXPECT_EQ(buffer.heard(), heard);
     }
-    buffer.left(true);
+    Moves::left(buffer, true, false, false);
     EXPECT_EQ(buffer.heard(), "cs");
-    buffer.setCaret(false, -1);
-    buffer.right();
-    buffer.left();
-    EXPECT_EQ(buffer.getCaretPos(), -1);
+    buffer.document().moveCaret(false, -1);
+    Moves::right(buffer);
+    Moves::left(buffer);
+    EXPECT_EQ(buffer.caret(), -1);
 }
 
 TEST(CaretMoves, PassAnObjectWhole) {
@@ -50,8 +59,8 @@ TEST(CaretMoves, PassAnObjectWhole) {
 }
 
 TEST(CaretMoves, MergingCountsTheEdgesOfAnInlineAsOneStop) {
-    const auto right = [](CaretBuffer& b) { b.right(false, true); };
-    const auto left = [](CaretBuffer& b) { b.left(false, true); };
+    const auto right = [](Document& document) { Moves::right(document, false, false, true); };
+    const auto left = [](Document& document) { Moves::left(document, false, false, true); };
     expectMove(L"<B>edi|t<I>a</I></B><B>_</B>", right, L"<B>edit|<I>a</I></B><B>_</B>");
     expectMove(L"<B>edit|<I>a</I></B><B>_</B>", right, L"<B>edit<I>a|</I></B><B>_</B>");
     expectMove(L"<B>edit<I>a|</I></B><B>_</B>", right, L"<B>edit<I>a</I></B><B>|_</B>");
@@ -93,7 +102,7 @@ TEST(CaretMoves, FollowThePageThroughATable) {
     const std::wstring rest = L"<F><R><C><B>f</B></C></R></F><D><R><C><B>";
     expectMove(
         L"<T><H><R><C><B>^h|</B></C></R></H>" + rest + L"d</B></C></R></D></T>",
-        [](CaretBuffer& b) { b.right(true); },
+        [](Document& document) { Moves::right(document, true, false, false); },
         L"<T><H><R><C><B>h</B></C></R></H>" + rest + L"|d</B></C></R></D></T>");
 }
 
@@ -120,10 +129,10 @@ std::wstring randomTable(std::mt19937& random, int depth) {
 
 /// Where the caret comes to with each step until one leads nowhere, or has led in a circle.
 template <typename Step>
-std::vector<int> wayOf(CaretBuffer& buffer, std::size_t limit, Step step) {
+std::vector<int> wayOf(MarkedDocument& buffer, std::size_t limit, Step step) {
     std::vector<int> way;
-    for (int last = -1; buffer.getCaretPos() != last && way.size() <= limit; step(buffer)) {
-        last = buffer.getCaretPos();
+    for (int last = -1; buffer.caret() != last && way.size() <= limit; step(buffer)) {
+        last = buffer.caret();
         way.push_back(last);
     }
     return way;
@@ -136,8 +145,8 @@ TEST(CaretMoves, PassEveryStopOfATableOnceAndComeBackTheSameWay) {
     for (int count = 0; count < 200 && !testing::Test::HasFailure(); ++count) {
         const std::wstring flow = L"<B>|a</B>" + randomTable(random, 2) + L"<B>z</B>";
         SCOPED_TRACE(flow);
-        CaretBuffer buffer(flow);
-        const std::vector<int> stops = buffer.stops(true);
+        MarkedDocument buffer(flow);
+        const std::vector<int> stops = stopsOf(buffer, true);
         std::vector<int> way = wayOf(buffer, stops.size(), stepRight);
         std::vector<int> back = wayOf(buffer, stops.size(), stepLeft);
         EXPECT_EQ(std::vector<int>(way.rbegin(), way.rend()), back);
@@ -147,8 +156,8 @@ TEST(CaretMoves, PassEveryStopOfATableOnceAndComeBackTheSameWay) {
 }
 
 TEST(CaretMoves, HomeAndEndPassBlocksWithNothingToShow) {
-    const auto home = [](CaretBuffer& b) { b.moveCaretHome(false); };
-    const auto end = [](CaretBuffer& b) { b.moveCaretToEnd(false); };
+    const auto home = [](Document& document) { Moves::home(document, false); };
+    const auto end = [](Document& document) { Moves::end(document, false); };
     expectMove(L"<B> <I> </I></B><B>ab|c</B><B/>", home, L"<B> <I> </I></B><B>|abc</B><B/>");
     expectMove(L"<B/><B>a|bc</B><B><I> </I></B>", end, L"<B/><B>abc|</B><B><I> </I></B>");
     expectMove(L"<B/>|", home, L"<B/>");
@@ -157,49 +166,49 @@ TEST(CaretMoves, HomeAndEndPassBlocksWithNothingToShow) {
 // Setting
 
 TEST(CaretSetting, InsideMarkupIsRefused) {
-    const auto accepted = [](CaretBuffer& buffer, const wchar_t* from) {
+    const auto accepted = [](MarkedDocument& buffer, const wchar_t* from) {
         std::wstring units;
-        for (int at = buffer.find(from); at < buffer.length(); ++at) {
-            buffer.setCaretPos(false, -1);
-            buffer.setCaretPos(false, at);
-            if (buffer.getCaretPos() == at)
-                units += buffer.text()[static_cast<std::size_t>(at)];
+        for (int at = buffer.find(from); at < buffer.text().length(); ++at) {
+            buffer->setCaretPos(false, -1);
+            buffer->setCaretPos(false, at);
+            if (buffer.caret() == at)
+                units += buffer.text().unitAt(at);
         }
         return units;
     };
-    CaretBuffer buffer(L"<B id=\"a>b\">t&amp;<!-- <![CDATA[ --><![CDATA[ ]> <!-- ]]>u"
-                       L"<?p don't > ?>v</B>");
+    MarkedDocument buffer(L"<B id=\"a>b\">t&amp;<!-- <![CDATA[ --><![CDATA[ ]> <!-- ]]>u"
+                          L"<?p don't > ?>v</B>");
     // The block, its text, entity and sections, and the four closing tags.
     EXPECT_EQ(accepted(buffer, L"<B"), L"<t&<<u<v<<<<");
-    const int last = buffer.getCaretPos();
-    for (const int outside : {buffer.length(), -2}) {
-        buffer.setCaretPos(false, outside);
-        EXPECT_EQ(buffer.getCaretPos(), last);
+    const int last = buffer.caret();
+    for (const int outside : {buffer.text().length(), -2}) {
+        buffer->setCaretPos(false, outside);
+        EXPECT_EQ(buffer.caret(), last);
     }
-    buffer.setContent(L"<!DOCTYPE qfd:document [\n<!ENTITY a \"b>\">\n] ><qfd:document/>", true);
+    buffer->setContent(L"<!DOCTYPE qfd:document [\n<!ENTITY a \"b>\">\n] ><qfd:document/>", true);
     EXPECT_EQ(accepted(buffer, L"<!"), L"<<");
-    buffer.setContent(L"<!DOCTYPE qfd:document [<!ENTITY e \"]\"><!-- don't ]> -->]>"
-                      L"<qfd:document>isn't</qfd:document>",
-                      true);
+    buffer->setContent(L"<!DOCTYPE qfd:document [<!ENTITY e \"]\"><!-- don't ]> -->]>"
+                       L"<qfd:document>isn't</qfd:document>",
+                       true);
     EXPECT_EQ(accepted(buffer, L"<!"), L"<<isn't<");
 }
 
 TEST(CaretSetting, AdjustingMovesACaretThatCannotHold) {
-    const auto adjust = [](CaretBuffer& b) { b.adjustCaretToAnEditablePosition(); };
+    const auto adjust = [](Document& document) { Moves::toStop(document); };
     expectMove(L"<B>a</B>|<B>b</B>", adjust, L"<B>a</B><B>|b</B>");
     expectMove(L"<B>a</B>|", adjust, L"<B>a|</B>");
     expectMove(L"<B>|a</B>", adjust, L"<B>|a</B>");
 }
 
 TEST(CaretSetting, DeletingContentPutsTheCaretToItsStart) {
-    CaretBuffer buffer(L"<B>abcd</B><B>|e</B>");
+    MarkedDocument buffer(L"<B>abcd</B><B>|e</B>");
     const int start = buffer.find(L"bc");
-    EXPECT_EQ(wide(buffer.deleteContentAndAdjustCaret(start, start + 2)), L"bc");
+    EXPECT_EQ(wide(buffer->deleteContentAndAdjustCaret(start, start + 2)), L"bc");
     EXPECT_EQ(buffer.heard(), "bc");
-    for (const auto& [from, end] :
-         {std::pair(start, buffer.length()), std::pair(-1, start), std::pair(start, start - 1)})
-        EXPECT_TRUE(buffer.deleteContentAndAdjustCaret(from, end).empty());
+    for (const auto& [from, end] : {std::pair(start, buffer.text().length()), std::pair(-1, start),
+                                    std::pair(start, start - 1)})
+        EXPECT_TRUE(buffer->deleteContentAndAdjustCaret(from, end).empty());
     EXPECT_EQ(buffer.marked(), L"<B>a|d</B><B>e</B>");
     EXPECT_EQ(buffer.heard(), "");
-    EXPECT_FALSE(buffer.canUndo());
+    EXPECT_FALSE(buffer->canUndo());
 }

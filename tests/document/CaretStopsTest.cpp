@@ -1,8 +1,25 @@
 // Where the caret can stand: text, tags, white space and placeholders.
 
-#include "CaretTesting.h"
+#include "document/CaretTesting.h"
+#include "document/Placeholders.h"
 
 #include <tuple>
+
+namespace {
+
+/// Checks that the walks right and left over a fragment find exactly the stops marked for each.
+void expectStops(const std::wstring& right, const std::wstring& left) {
+    std::wstring plain = right;
+    std::erase(plain, L'|');
+    const MarkedDocument buffer(plain);
+    EXPECT_EQ(buffer.markedAt(stopsOf(buffer, true)), right);
+    EXPECT_EQ(buffer.markedAt(stopsOf(buffer, false)), left) << "walking left";
+}
+void expectStops(const std::wstring& both) {
+    expectStops(both, both);
+}
+
+} // namespace
 
 TEST(CaretStops, InTextAndAtTheEdgesOfElements) {
     expectStops(L"<B>|a|&amp;|;|b|</B><B>|c|</B>");
@@ -82,25 +99,26 @@ TEST(CaretStops, AroundTablesAndInLists) {
 }
 
 TEST(CaretStops, BothWalksEndAtTheirStartWhenWrapping) {
-    const CaretBuffer buffer(L"<B>ab</B><B>_</B>");
-    const std::vector<int> stops = buffer.stops(true);
-    EXPECT_EQ(buffer.getNextEditablePositionInFo(stops.back(), true, false), stops.front());
-    EXPECT_EQ(buffer.getPreviousEditablePositionInFo(stops.front(), true, false), stops.back());
+    const MarkedDocument buffer(L"<B>ab</B><B>_</B>");
+    const std::vector<int> stops = stopsOf(buffer, true);
+    EXPECT_EQ(Stops::next(buffer, stops.back(), true, false), stops.front());
+    EXPECT_EQ(Stops::previous(buffer, stops.front(), true, false), stops.back());
     for (const wchar_t* lone : {L"", L"<B>_</B>"}) {
-        const CaretBuffer none(lone);
-        const int at = *lone ? none.stops(true).front() : 5;
-        EXPECT_EQ(none.getNextEditablePositionInFo(at, true, false), -1);
-        EXPECT_EQ(none.getPreviousEditablePositionInFo(at, true, false), -1);
+        const MarkedDocument none(lone);
+        const int at = *lone ? stopsOf(none, true).front() : 5;
+        EXPECT_EQ(Stops::next(none, at, true, false), -1);
+        EXPECT_EQ(Stops::previous(none, at, true, false), -1);
     }
 }
 
 TEST(CaretStops, HoldingDoesNotAskWhatShows) {
-    const CaretBuffer buffer(L"<B>a</B>\n<B> b</B><fo:list-item-label><B>c</B></fo:list-item-label>"
-                             L"<qfd:xslt-global><B>d</B></qfd:xslt-global>");
-    EXPECT_TRUE(buffer.canHoldCaret(buffer.find(L" b")));
-    for (const int no :
-         {buffer.find(L"\n<B>"), buffer.find(L"c</B>"), buffer.find(L"d</B>"), -1, buffer.length()})
-        EXPECT_FALSE(buffer.canHoldCaret(no)) << no;
+    const MarkedDocument buffer(
+        L"<B>a</B>\n<B> b</B><fo:list-item-label><B>c</B></fo:list-item-label>"
+        L"<qfd:xslt-global><B>d</B></qfd:xslt-global>");
+    EXPECT_TRUE(Stops::canHoldCaret(buffer, buffer.find(L" b")));
+    for (const int no : {buffer.find(L"\n<B>"), buffer.find(L"c</B>"), buffer.find(L"d</B>"), -1,
+                         buffer.text().length()})
+        EXPECT_FALSE(Stops::canHoldCaret(buffer, no)) << no;
 }
 
 TEST(CaretStops, SkippingSpacesTellsOfTheEdgeOfTheElement) {
@@ -110,10 +128,10 @@ TEST(CaretStops, SkippingSpacesTellsOfTheEdgeOfTheElement) {
           std::tuple(L"<B> | <B>a</B></B>", true, false, L"<B>|  <B>a</B></B>", true),
           std::tuple(L"<B>|  <B>a</B></B>", false, false, L"<B>  |<B>a</B></B>", true),
           std::tuple(L"<B>|  <B>a</B></B>", false, true, L"<B>  <B>|a</B></B>", true)}) {
-        const CaretBuffer buffer(before);
-        int position = buffer.getCaretPos();
-        EXPECT_EQ(backwards ? buffer.skipSpacesBackwards(position, cross)
-                            : buffer.skipSpacesFromPos(position, cross),
+        const MarkedDocument buffer(before);
+        int position = buffer.caret();
+        EXPECT_EQ(backwards ? Stops::skipBackward(buffer, position, cross)
+                            : Stops::skipForward(buffer, position, cross),
                   meetsAnother);
         EXPECT_EQ(buffer.markedAt({position}), after);
     }
@@ -121,8 +139,8 @@ TEST(CaretStops, SkippingSpacesTellsOfTheEdgeOfTheElement) {
 
 TEST(CaretStops, AnElementWithNothingToShow) {
     const auto isVoid = [](const wchar_t* brief) {
-        const CaretBuffer buffer(brief);
-        return buffer.elementContainsJustWhitespacesOrVoid(buffer.find(L"<B"));
+        const MarkedDocument buffer(brief);
+        return Placeholders::isVoid(buffer, buffer.find(L"<B"));
     };
     for (const wchar_t* yes : {L"<B/>", L"<B> \n</B>", L"<B> <B/><I> <I></I></I></B>"})
         EXPECT_TRUE(isVoid(yes)) << yes;
@@ -137,8 +155,8 @@ TEST(CaretStops, TheFirstAndTheLastOfTheElement) {
           std::tuple(L"<B>ab|</B>", false, true), std::tuple(L"<B>|_</B>", true, true),
           std::tuple(L"<B>x<I>|a</I>y</B>", true, true), // two stops in all
           std::tuple(L"<B>x<I>|ab</I>y</B>", true, false)}) {
-        const CaretBuffer buffer(brief);
-        EXPECT_EQ(buffer.isBoudaryEditablePosition(false), isFirst) << brief;
-        EXPECT_EQ(buffer.isBoudaryEditablePosition(true), isLast) << brief;
+        const MarkedDocument buffer(brief);
+        EXPECT_EQ(Stops::isCaretAtEdge(buffer, false), isFirst) << brief;
+        EXPECT_EQ(Stops::isCaretAtEdge(buffer, true), isLast) << brief;
     }
 }

@@ -1,5 +1,5 @@
-#include "document/DocumentTesting.h"
 #include "document/history/EditActionGroup.h"
+#include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -8,45 +8,43 @@
 
 namespace {
 
-class ForgetfulBuffer : public TestBuffer {
-public:
-    using TestBuffer::TestBuffer;
+struct ForgetfulDocument : MarkedDocument {
+    using MarkedDocument::MarkedDocument;
 
-    ForgetfulBuffer& insert(const wchar_t* before, const wchar_t* xml) {
-        insertRecorded(inFlow(before), Core::String(xml));
+    ForgetfulDocument& insert(const wchar_t* before, const wchar_t* xml) {
+        insertRecorded(inFlow(before), xml);
         return *this;
     }
-    ForgetfulBuffer& remove(const wchar_t* what) {
+    ForgetfulDocument& remove(const wchar_t* what) {
         deleteRecorded(inFlow(what), last(what));
         return *this;
     }
     void forget(const wchar_t* what) {
         const int start = inFlow(what);
-        getEditActionStack().forget(start, deleteXmlText(start, last(what)));
+        document().history.forget(start, document().removeUnrecorded(start, last(what)));
     }
 
     /// The states that the history leads through, from its start to its end and back.
     void expectStates(const std::vector<std::wstring>& states) {
-        while (canUndo())
-            undo();
+        while (face().canUndo())
+            face().undo();
         std::vector<std::wstring> forth{flow()};
-        for (; canRedo(); forth.push_back(flow()))
-            redo();
+        for (; face().canRedo(); forth.push_back(flow()))
+            face().redo();
         EXPECT_EQ(forth, states);
         std::vector<std::wstring> back{flow()};
-        for (; canUndo(); back.insert(back.begin(), flow()))
-            undo();
+        for (; face().canUndo(); back.insert(back.begin(), flow()))
+            face().undo();
         EXPECT_EQ(back, states);
     }
 
-private:
     int last(const wchar_t* what) const { return inFlow(what) + Core::String(what).length() - 1; }
 };
 
 } // namespace
 
 TEST(ForgottenStretch, EditsBesideItStayExact) {
-    ForgetfulBuffer buffer(L"|a<!--x-->b");
+    ForgetfulDocument buffer(L"|a<!--x-->b");
     buffer.insert(L"a", L"1").insert(L"<!--", L"2").insert(L"b", L"3").insert(L"</fo:flow>", L"4");
     buffer.remove(L"a2").forget(L"<!--x-->");
     EXPECT_EQ(buffer.flow(), L"13b4");
@@ -54,60 +52,60 @@ TEST(ForgottenStretch, EditsBesideItStayExact) {
 }
 
 TEST(ForgottenStretch, WhatCanBeRedoneStaysExact) {
-    ForgetfulBuffer buffer(L"|a<!--x-->b");
+    ForgetfulDocument buffer(L"|a<!--x-->b");
     buffer.insert(L"a", L"1").remove(L"b").insert(L"</fo:flow>", L"<i/>");
-    while (buffer.canUndo())
-        buffer.undo();
+    while (buffer->canUndo())
+        buffer->undo();
     buffer.forget(L"<!--x-->");
     buffer.expectStates({L"ab", L"1ab", L"1a", L"1a<i/>"});
 }
 
 TEST(ForgottenStretch, WhatCameOrWentWithItDoesSoWithoutIt) {
-    ForgetfulBuffer whole(L"|ad");
+    ForgetfulDocument whole(L"|ad");
     whole.insert(L"d", L"b<!--x-->c").insert(L"a", L"1").forget(L"<!--x-->");
     whole.expectStates({L"ad", L"abcd", L"1abcd"});
-    ForgetfulBuffer inParts(L"|ad");
+    ForgetfulDocument inParts(L"|ad");
     inParts.insert(L"d", L"b<!--").insert(L"d", L"x-->c").forget(L"<!--x-->");
     inParts.expectStates({L"ad", L"abd", L"abcd"});
     // What was changed inside it is gone.
-    ForgetfulBuffer changed(L"|a<!--x--><!--y-->b");
+    ForgetfulDocument changed(L"|a<!--x--><!--y-->b");
     changed.insert(L"a", L"1").remove(L"--><!--").remove(L"b").forget(L"<!--xy-->");
     changed.expectStates({L"ab", L"1ab", L"1a"});
 }
 
 TEST(ForgottenStretch, AReplacedTextIsAnother) {
-    ForgetfulBuffer buffer(L"|a<!--x-->b");
+    ForgetfulDocument buffer(L"|a<!--x-->b");
     buffer.insert(L"b", L"1");
     {
-        const EditActionGroup group(&buffer);
-        buffer.setContent(Core::String(TestBuffer::documentWith(L"cd<!--x-->e")), false);
+        const EditActionGroup group(buffer);
+        buffer->setContent(Core::String(MarkedDocument::documentWith(L"cd<!--x-->e")), false);
     }
     buffer.insert(L"e", L"2").forget(L"<!--x-->");
     buffer.expectStates({L"a<!--x-->b", L"a<!--x-->1b", L"cde", L"cd2e"});
 }
 
 TEST(ForgottenStretch, CaretAndTrackedOffsetAreMoved) {
-    ForgetfulBuffer buffer(L"<B>a<!--x-->b|c</B>");
-    buffer.recordCaret();
+    ForgetfulDocument buffer(L"<B>a<!--x-->b|c</B>");
+    buffer.document().recordCaret();
     buffer.insert(L"</B>", L"1");
-    EditActionStack& stack = buffer.getEditActionStack();
+    EditActionStack& stack = buffer.document().history;
     stack.startTrackingPos(buffer.find(L"c1"));
     buffer.forget(L"<!--x-->");
     EXPECT_EQ(stack.retrieveTrackingPos(), buffer.find(L"c1"));
-    buffer.undo();
-    buffer.setCaret(false, buffer.find(L"a"));
-    buffer.undo();
+    buffer->undo();
+    buffer.document().moveCaret(false, buffer.find(L"a"));
+    buffer->undo();
     EXPECT_EQ(buffer.marked(), L"<B>ab|c</B>");
 }
 
 TEST(Erase, ACommandTakenBackLeavesNoTrace) {
-    TestBuffer buffer(L"<B>a|b></B>");
-    buffer.insertText(L"]]", false, false);
+    MarkedDocument buffer(L"<B>a|b></B>");
+    buffer->insertText(L"]]", false, false);
     buffer.heard();
-    buffer.erase(true, false); // would bring a "]]>" together, which no text may hold
+    buffer->erase(true, false); // would bring a "]]>" together, which no text may hold
     EXPECT_EQ(buffer.heard(), "");
     EXPECT_EQ(buffer.marked(), L"<B>a]]|b></B>");
-    buffer.insertText(L"2", false, false);
-    buffer.undo();
+    buffer->insertText(L"2", false, false);
+    buffer->undo();
     EXPECT_EQ(buffer.marked(), L"<B>a|b></B>") << "the run of typing went on";
 }

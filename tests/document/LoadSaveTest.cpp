@@ -1,8 +1,8 @@
-#include "document/DocumentTesting.h"
 #include "foundation/Encoder.h"
 #include "foundation/Messages.h"
 #include "foundation/TemporaryFolder.h"
 #include "support/Documents.h"
+#include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -40,15 +40,15 @@ class AnyDocument : public testing::TestWithParam<fs::path> {};
 
 TEST_P(AnyDocument, ComesBackAsItWas) {
     const TemporaryFolder folder;
-    TestBuffer buffer;
-    buffer.setContentFromFile(Core::Encoder::convertUTF8ToString(GetParam().string()));
-    buffer.saveToFile(folder.wide("utf8").c_str(), DocumentEncoding::Utf8);
+    MarkedDocument buffer;
+    buffer->setContentFromFile(Core::Encoder::convertUTF8ToString(GetParam().string()));
+    buffer->saveToFile(folder.wide("utf8").c_str(), DocumentEncoding::Utf8);
     EXPECT_TRUE(folder.bytesOf("utf8") == asUtf8(GetParam()));
-    buffer.saveToFile(folder.wide("utf16").c_str(), DocumentEncoding::Utf16WithMark);
-    TestBuffer again;
-    again.setContentFromFile(folder.wide("utf16").c_str());
-    EXPECT_TRUE(again.getContent() == buffer.getContent());
-    EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
+    buffer->saveToFile(folder.wide("utf16").c_str(), DocumentEncoding::Utf16WithMark);
+    MarkedDocument again;
+    again->setContentFromFile(folder.wide("utf16").c_str());
+    EXPECT_TRUE(again.content() == buffer.content());
+    EXPECT_FALSE(buffer->canUndo() || buffer->canRedo());
 }
 
 INSTANTIATE_TEST_SUITE_P(CorpusAndSamples, AnyDocument, testing::ValuesIn(corpusAndSamples()),
@@ -56,17 +56,17 @@ INSTANTIATE_TEST_SUITE_P(CorpusAndSamples, AnyDocument, testing::ValuesIn(corpus
 
 TEST(Saving, KeepsTheThreeEncodingsApart) {
     const TemporaryFolder folder;
-    TestBuffer buffer;
-    buffer.setContent(L"<a>\xE4\xD83D\xDE00</a>\r\n\r", true);
-    buffer.saveToFile(folder.wide("1").c_str(), DocumentEncoding::Utf8);
+    MarkedDocument buffer;
+    buffer->setContent(L"<a>\xE4\xD83D\xDE00</a>\r\n\r", true);
+    buffer->saveToFile(folder.wide("1").c_str(), DocumentEncoding::Utf8);
     EXPECT_EQ(folder.bytesOf("1"), "<a>\xC3\xA4\xF0\x9F\x98\x80</a>\n\r");
-    buffer.saveToFile(folder.wide("2").c_str(), DocumentEncoding::Utf8WithMark);
+    buffer->saveToFile(folder.wide("2").c_str(), DocumentEncoding::Utf8WithMark);
     EXPECT_EQ(folder.bytesOf("2"), "\xEF\xBB\xBF<a>\xC3\xA4\xF0\x9F\x98\x80</a>\n\r");
-    buffer.saveToFile(folder.wide("3").c_str(), DocumentEncoding::Utf16WithMark);
+    buffer->saveToFile(folder.wide("3").c_str(), DocumentEncoding::Utf16WithMark);
     EXPECT_EQ(folder.bytesOf("3"),
               std::string("\xFF\xFE<\0a\0>\0\xE4\0\x3D\xD8\x00\xDE<\0/\0a\0>\0\n\0\r\0", 26));
     for (const int other : {0, 4, -1})
-        buffer.saveToFile(folder.wide("4").c_str(), static_cast<DocumentEncoding>(other));
+        buffer->saveToFile(folder.wide("4").c_str(), static_cast<DocumentEncoding>(other));
     EXPECT_EQ(folder.fileCount(), 3);
 }
 
@@ -76,40 +76,40 @@ TEST(Loading, OfABadFileChangesNothing) {
     folder.put("utf8", "<a>\xC3(</a>");
     folder.put("unknown", "<?xml version=\"1.0\" encoding=\"no-such\"?><a/>");
     for (const char* name : {"missing", "", "empty", "utf8", "unknown"}) {
-        TestBuffer buffer(L"<B>a^b|c</B>");
+        MarkedDocument buffer(L"<B>a^b|c</B>");
         buffer.insertRecorded(buffer.find(L"c</"), L"X");
         const std::wstring before = buffer.marked();
         buffer.heard();
-        const IEditableBufferMonitor* const monitor = buffer.getMonitor();
+        const IEditableBufferMonitor* const monitor = buffer->getMonitor();
         const std::string message =
-            messageOf([&] { buffer.setContentFromFile(folder.wide(name).c_str()); });
+            messageOf([&] { buffer->setContentFromFile(folder.wide(name).c_str()); });
         EXPECT_NE(message.find((folder.path() / name).string()), std::string::npos) << message;
         EXPECT_EQ(buffer.marked(), before) << name;
-        EXPECT_TRUE(buffer.heard().empty() && buffer.getMonitor() == monitor) << name;
-        buffer.undo();
+        EXPECT_TRUE(buffer.heard().empty() && buffer->getMonitor() == monitor) << name;
+        buffer->undo();
         EXPECT_EQ(buffer.marked(), L"<B>a^b|c</B>") << name;
     }
 }
 
 TEST(SetContent, StartsAfreshAtTheFirstFlow) {
-    TestBuffer buffer(L"<B>abc|</B>");
+    MarkedDocument buffer(L"<B>abc|</B>");
     buffer.insertRecorded(buffer.find(L"abc"), L"X");
-    buffer.undo();
+    buffer->undo();
     buffer.heard();
-    buffer.setContent(LR"(<qfd:document><fo:page-sequence>
+    buffer->setContent(LR"(<qfd:document><fo:page-sequence>
 <fo:static-content><fo:block>header</fo:block></fo:static-content>
 <fo:flow><fo:block>body</fo:block></fo:flow></fo:page-sequence></qfd:document>)",
-                      true);
+                       true);
     EXPECT_EQ(buffer.heard(), "bc");
-    EXPECT_FALSE(buffer.canUndo() || buffer.canRedo());
-    EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body"));
-    EXPECT_EQ(buffer.getSelectionPivotPos(), buffer.getCaretPos());
-    buffer.setCaret(false, buffer.find(L"header"));
-    buffer.setContent(buffer.getContent(), true);
-    EXPECT_EQ(buffer.getCaretPos(), buffer.find(L"body")) << "the old caret has no say";
-    buffer.setContent(L"no document at all", true);
-    EXPECT_EQ(buffer.getCaretPos(), -1);
-    EXPECT_EQ(buffer.getSelectionPivotPos(), -1);
+    EXPECT_FALSE(buffer->canUndo() || buffer->canRedo());
+    EXPECT_EQ(buffer.caret(), buffer.find(L"body"));
+    EXPECT_EQ(buffer.document().pivot(), buffer.caret());
+    buffer.document().moveCaret(false, buffer.find(L"header"));
+    buffer->setContent(buffer->getContent(), true);
+    EXPECT_EQ(buffer.caret(), buffer.find(L"body")) << "the old caret has no say";
+    buffer->setContent(L"no document at all", true);
+    EXPECT_EQ(buffer.caret(), -1);
+    EXPECT_EQ(buffer.document().pivot(), -1);
 }
 
 } // namespace

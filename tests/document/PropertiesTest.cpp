@@ -1,13 +1,14 @@
-#include "document/DocumentTesting.h"
+#include "document/Attributes.h"
 #include "foundation/PropertyTesting.h"
+#include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 std::wstring propertiesOf(const wchar_t* tag) {
-    TestBuffer buffer(tag);
-    return shown(buffer.getPropertiesFromElementAt(buffer.find(tag)));
+    MarkedDocument buffer(tag);
+    return shown(Attributes::of(buffer, buffer.find(tag)));
 }
 
 TEST(Properties, AreReadWithTheElementsPrefix) {
@@ -19,25 +20,25 @@ TEST(Properties, AreReadWithTheElementsPrefix) {
 }
 
 TEST(Properties, OnlyStartTagsHaveThem) {
-    TestBuffer buffer(L"<B>t|<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></B>");
+    MarkedDocument buffer(L"<B>t|<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></B>");
     const std::wstring before = buffer.marked();
     for (const int place : {buffer.find(L"t<!"), buffer.find(L"<!--"), buffer.find(L"<!["),
-                            buffer.find(L"</B"), -1, buffer.getContent().length()}) {
-        EXPECT_TRUE(buffer.getPropertiesFromElementAt(place).isEmpty()) << place;
-        EXPECT_EQ(buffer.setPropertiesForElementAt(place, properties(L"fo:a=b")), 0) << place;
-        EXPECT_TRUE(buffer.clearPropertiesForElementAt(place).empty()) << place;
+                            buffer.find(L"</B"), -1, buffer.text().length()}) {
+        EXPECT_TRUE(Attributes::of(buffer, place).isEmpty()) << place;
+        EXPECT_EQ(Attributes::merge(buffer, place, properties(L"fo:a=b")), 0) << place;
+        EXPECT_TRUE(Attributes::clear(buffer, place).empty()) << place;
     }
     EXPECT_EQ(buffer.marked(), before);
-    EXPECT_FALSE(buffer.canUndo());
+    EXPECT_FALSE(buffer->canUndo());
     EXPECT_EQ(buffer.heard(), "");
 }
 
 TEST(Properties, TheShiftCoversADeclarationOnTheRoot) {
-    TestBuffer buffer(L"<B>a|b</B>");
+    MarkedDocument buffer(L"<B>a|b</B>");
     const auto shiftIsExact = [&](const wchar_t* tag, const wchar_t* list) {
-        const int length = buffer.getContent().length();
-        return length + buffer.setPropertiesForElementAt(buffer.find(tag), properties(list)) ==
-               buffer.getContent().length();
+        const int length = buffer.text().length();
+        return length + Attributes::merge(buffer, buffer.find(tag), properties(list)) ==
+               buffer.text().length();
     };
     EXPECT_TRUE(shiftIsExact(L"<B", L"qf:a=1"));
     EXPECT_TRUE(shiftIsExact(L"<qfd:document", L"xsl:a=1"));
@@ -46,8 +47,8 @@ TEST(Properties, TheShiftCoversADeclarationOnTheRoot) {
 
 TEST(Properties, ADeclarationOnTheElementOrAroundItIsEnough) {
     const auto rootDeclares = [](const wchar_t* block, const wchar_t* inlined) {
-        TestBuffer buffer(std::wstring(block) + inlined + L"|</I></B>");
-        buffer.setPropertiesForElementAt(buffer.find(inlined), properties(L"qf:a=1"));
+        MarkedDocument buffer(std::wstring(block) + inlined + L"|</I></B>");
+        Attributes::merge(buffer, buffer.find(inlined), properties(L"qf:a=1"));
         return buffer.find(L"xmlns:qf=\"urn:forme:qf/1.0\"") >= 0;
     };
     EXPECT_FALSE(rootDeclares(L"<B>", L"<I xmlns:qf='urn:own'>"));
@@ -59,25 +60,27 @@ TEST(Properties, ADeclarationOnTheElementOrAroundItIsEnough) {
 TEST(Properties, ClearingAnswersWhatWasThereAndIsOneStep) {
     for (const wchar_t* marked :
          {L"<B  a=\"/>\"\n b='1' >|t</B>", L"<B a=\"/\"/>|", L"<?pi a=\"1\"?>|"}) {
-        TestBuffer buffer(marked);
+        MarkedDocument buffer(marked);
         const int element = buffer.find(L"\"body\">") + 7;
-        const int length = buffer.getContent().length();
-        const int removed = buffer.clearPropertiesForElementAt(element).length();
-        EXPECT_EQ(buffer.getContent().length(), length - removed);
-        EXPECT_TRUE(buffer.getPropertiesFromElementAt(element).isEmpty());
-        buffer.undo();
+        const int length = buffer.text().length();
+        const int removed = Attributes::clear(buffer, element).length();
+        EXPECT_EQ(buffer.text().length(), length - removed);
+        EXPECT_TRUE(Attributes::of(buffer, element).isEmpty());
+        buffer->undo();
         EXPECT_EQ(buffer.marked(), marked);
-        EXPECT_FALSE(buffer.canUndo());
+        EXPECT_FALSE(buffer->canUndo());
     }
-    TestBuffer selfClosing(L"<B a=\"1\" />|");
-    EXPECT_EQ(wide(selfClosing.clearPropertiesForElementAt(selfClosing.find(L"<B"))), L" a=\"1\" ");
+    MarkedDocument selfClosing(L"<B a=\"1\" />|");
+    EXPECT_EQ(wide(Attributes::clear(selfClosing, selfClosing.find(L"<B"))), L" a=\"1\" ");
     EXPECT_EQ(selfClosing.marked(), L"<B/>|");
 }
 
 TEST(Properties, OfANameAreThoseOfTheNearestElement) {
-    TestBuffer buffer(L"<B id=\"1\"><B id=\"2\">a|</B><T/></B>");
-    buffer.setProperties(properties(L"fo:id=3"), L"fo:block", buffer.find(L"</B><T"));
-    const auto blockAt = [&](int place) { return shown(buffer.getProperties(L"fo:block", place)); };
+    MarkedDocument buffer(L"<B id=\"1\"><B id=\"2\">a|</B><T/></B>");
+    buffer->setProperties(properties(L"fo:id=3"), L"fo:block", buffer.find(L"</B><T"));
+    const auto blockAt = [&](int place) {
+        return shown(buffer->getProperties(L"fo:block", place));
+    };
     EXPECT_EQ(blockAt(buffer.find(L"<B id=\"3\"")), L"fo:id=3") << "the tag there";
     EXPECT_EQ(blockAt(buffer.find(L"a</B")), L"fo:id=3");
     EXPECT_EQ(blockAt(buffer.find(L"<T")), L"fo:id=1");

@@ -1,5 +1,5 @@
-#include "document/DocumentTesting.h"
 #include "foundation/Exception.h"
+#include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -36,27 +36,22 @@ public:
     Core::StringArray loaded;
 };
 
-class SpelledBuffer : public TestBuffer {
-public:
-    using EditableDocumentBuffer::getNextWordStartPosition;
-    using EditableDocumentBuffer::getWordEndPosition;
-    using EditableDocumentBuffer::getWordStartPosition;
-
-    explicit SpelledBuffer(const std::wstring& marked)
-        : TestBuffer(marked), checker(new SmallChecker) {
-        setSpellChecker(checker);
+struct SpelledDocument : MarkedDocument {
+    explicit SpelledDocument(const std::wstring& marked)
+        : MarkedDocument(marked), checker(new SmallChecker) {
+        face().setSpellChecker(checker);
     }
 
     const SmartPtr<SmallChecker> checker;
 };
 
 /// What the walk selects from the caret on, error by error, as long as it goes on.
-std::vector<std::wstring> errorsIn(SpelledBuffer& buffer, const wchar_t* dictionaries) {
+std::vector<std::wstring> errorsIn(SpelledDocument& buffer, const wchar_t* dictionaries) {
     std::vector<std::wstring> selected;
     int last = 0;
-    while (const auto error = buffer.getNextSpellingError(dictionaries, false)) {
-        EXPECT_EQ(error->start, buffer.getSelectionPivotPos());
-        EXPECT_EQ(error->end, buffer.getCaretPos());
+    while (const auto error = buffer->getNextSpellingError(dictionaries, false)) {
+        EXPECT_EQ(error->start, buffer.document().pivot());
+        EXPECT_EQ(error->end, buffer.caret());
         selected.push_back(buffer.marked());
         if (error->start < std::exchange(last, error->end))
             break;
@@ -69,7 +64,7 @@ using Errors = std::vector<std::wstring>;
 } // namespace
 
 TEST(Spelling, SelectsEachWordThatIsNotKnown) {
-    SpelledBuffer buffer(L"<B>on|e, tow &amp; three</B><B>oen</B>");
+    SpelledDocument buffer(L"<B>on|e, tow &amp; three</B><B>oen</B>");
     EXPECT_EQ(errorsIn(buffer, L""), (Errors{L"<B>one, ^tow| &amp; three</B><B>oen</B>",
                                              L"<B>one, tow &amp; ^three|</B><B>oen</B>",
                                              L"<B>one, tow &amp; three</B><B>^oen|</B>"}));
@@ -78,95 +73,75 @@ TEST(Spelling, SelectsEachWordThatIsNotKnown) {
 }
 
 TEST(Spelling, BeginsWithTheWordAroundTheCaret) {
-    SpelledBuffer buffer(L"<B>tow</B><B>t<I>o|w</I> two</B>");
+    SpelledDocument buffer(L"<B>tow</B><B>t<I>o|w</I> two</B>");
     EXPECT_EQ(errorsIn(buffer, L""), Errors{L"<B>tow</B><B>^t<I>ow</I>| two</B>"});
-    const auto error = buffer.getNextSpellingError(L"", true);
+    const auto error = buffer->getNextSpellingError(L"", true);
     ASSERT_TRUE(error);
     EXPECT_EQ(error->start, buffer.find(L"tow"));
 }
 
 TEST(Spelling, TakesAWordAcrossInlinesButNotOutOfItsBlock) {
-    SpelledBuffer known(L"<B>|b<I>o<fo:wrapper>ld</fo:wrapper></I>er</B>");
+    SpelledDocument known(L"<B>|b<I>o<fo:wrapper>ld</fo:wrapper></I>er</B>");
     EXPECT_EQ(errorsIn(known, L""), Errors{});
     // The blocks have no stop between the edges of the inlines.
-    SpelledBuffer apart(L"<B>o<I>ne</I></B><B><I>t|w</I>o</B><B>one<I>r</I></B>");
+    SpelledDocument apart(L"<B>o<I>ne</I></B><B><I>t|w</I>o</B><B>one<I>r</I></B>");
     EXPECT_EQ(errorsIn(apart, L""),
               (Errors{L"<B>o<I>ne</I></B><B><I>tw</I>o</B><B>^one<I>r|</I></B>"}));
     // The footnote's text begins directly behind the mark.
-    SpelledBuffer footnote(L"<B>|one<fo:footnote><I>b</I><fo:footnote-body>"
-                           L"<B>two</B></fo:footnote-body></fo:footnote></B>");
+    SpelledDocument footnote(L"<B>|one<fo:footnote><I>b</I><fo:footnote-body>"
+                             L"<B>two</B></fo:footnote-body></fo:footnote></B>");
     EXPECT_EQ(errorsIn(footnote, L""), Errors{L"<B>one<fo:footnote><I>^b|</I><fo:footnote-body>"
                                               L"<B>two</B></fo:footnote-body></fo:footnote></B>"});
 }
 
 TEST(Spelling, FlagsOnlyWhatEveryDictionaryRejects) {
-    SpelledBuffer buffer(L"<B>|one eins zw\xF6lf zw\xF6 one</B>");
-    const auto error = buffer.getNextSpellingError(L"de:en_US:", false);
+    SpelledDocument buffer(L"<B>|one eins zw\xF6lf zw\xF6 one</B>");
+    const auto error = buffer->getNextSpellingError(L"de:en_US:", false);
     ASSERT_TRUE(error);
     EXPECT_EQ(buffer.marked(), L"<B>one eins zw\xF6lf ^zw\xF6| one</B>");
     EXPECT_EQ(error->dictionaries, (Core::StringArray{L"de", L"en_US"}));
     EXPECT_EQ(error->suggestions, (Core::StringArray{L"de zw\xF6", L"", L"en_US zw\xF6", L""}));
-    EXPECT_FALSE(buffer.getNextSpellingError(L"de:en_US:", false));
+    EXPECT_FALSE(buffer->getNextSpellingError(L"de:en_US:", false));
 }
 
 TEST(Spelling, AsksTheDictionariesThatTheDocumentNames) {
-    SpelledBuffer buffer(L"<B qf:spelling-dictionaries=\"de\">|\xE4</B>");
-    EXPECT_TRUE(buffer.getNextSpellingError(L"en_US", false));
+    SpelledDocument buffer(L"<B qf:spelling-dictionaries=\"de\">|\xE4</B>");
+    EXPECT_TRUE(buffer->getNextSpellingError(L"en_US", false));
     EXPECT_EQ(buffer.checker->asked, std::vector<Core::String>{L"de"});
-    EXPECT_EQ(buffer.getSpellingDictionaries(), L"");
+    EXPECT_EQ(buffer->getSpellingDictionaries(), L"");
 
     // A list without a name is none.
-    SpelledBuffer nameless(L"<B qf:spelling-dictionaries=\":\">|one twp</B>");
+    SpelledDocument nameless(L"<B qf:spelling-dictionaries=\":\">|one twp</B>");
     EXPECT_EQ(errorsIn(nameless, L" : ").size(), 1U);
     EXPECT_EQ(nameless.checker->asked.front(), L"en_US");
 
-    buffer.syncSpellerMap(L"en_US::de");
+    buffer->syncSpellerMap(L"en_US::de");
     EXPECT_EQ(buffer.checker->loaded, (Core::StringArray{L"en_US", L"de"}));
-    buffer.setSpellingDictionaries(L"de");
-    EXPECT_EQ(buffer.getSpellingDictionaries(), L"de");
-    buffer.syncSpellerMap(L"en_US");
+    buffer->setSpellingDictionaries(L"de");
+    EXPECT_EQ(buffer->getSpellingDictionaries(), L"de");
+    buffer->syncSpellerMap(L"en_US");
     EXPECT_EQ(buffer.checker->loaded, Core::StringArray{L"de"});
-    buffer.syncSpellerMap(L"");
+    buffer->syncSpellerMap(L"");
     EXPECT_EQ(buffer.checker->loaded, Core::StringArray{L"en_US"});
 }
 
 TEST(Spelling, ChangesNothingWhenTheCheckerIsMissingOrRaises) {
-    SpelledBuffer buffer(L"<B>one</B><B>^tw|o</B>");
+    SpelledDocument buffer(L"<B>one</B><B>^tw|o</B>");
     const std::wstring before = buffer.marked();
-    EXPECT_THROW(buffer.getNextSpellingError(L"fr_FR", true), Core::Exception);
-    buffer.setSpellChecker(nullptr);
-    EXPECT_THROW(buffer.getNextSpellingError(L"", true), Core::NullPointerException);
-    EXPECT_THROW(buffer.syncSpellerMap(L""), Core::NullPointerException);
+    EXPECT_THROW(buffer->getNextSpellingError(L"fr_FR", true), Core::Exception);
+    buffer->setSpellChecker(nullptr);
+    EXPECT_THROW(buffer->getNextSpellingError(L"", true), Core::NullPointerException);
+    EXPECT_THROW(buffer->syncSpellerMap(L""), Core::NullPointerException);
     EXPECT_EQ(buffer.marked(), before);
     EXPECT_EQ(buffer.heard(), "");
 }
 
 TEST(Spelling, LeavesTheCaretWhereThereIsNoErrorOrNoCaret) {
-    SpelledBuffer buffer(L"<B>one</B><B>^tw|o</B>");
-    EXPECT_FALSE(buffer.getNextSpellingError(L"", false));
+    SpelledDocument buffer(L"<B>one</B><B>^tw|o</B>");
+    EXPECT_FALSE(buffer->getNextSpellingError(L"", false));
     EXPECT_EQ(buffer.marked(), L"<B>one</B><B>^tw|o</B>");
-    EXPECT_FALSE(buffer.getNextSpellingError(L"", true));
+    EXPECT_FALSE(buffer->getNextSpellingError(L"", true));
     EXPECT_EQ(buffer.marked(), L"<B>|one</B><B>two</B>");
-    buffer.setCaretPos(false, -1);
-    EXPECT_FALSE(buffer.getNextSpellingError(L"", false));
-}
-
-TEST(Spelling, FindsTheEndsOfWords) {
-    const wchar_t* const letters = L"abc";
-    SpelledBuffer buffer(L"<B>|a<I>bc</I>a x</B><B>b</B>");
-    const int word = buffer.find(L"a<I>");
-    const int blank = buffer.find(L" x<");
-    for (const int position : {word, buffer.find(L"c<"), buffer.find(L"a x")}) {
-        EXPECT_EQ(buffer.getWordStartPosition(position, letters), word) << position;
-        EXPECT_EQ(buffer.getWordEndPosition(position, letters), blank) << position;
-    }
-    EXPECT_EQ(buffer.getWordStartPosition(blank, letters), blank);
-    EXPECT_EQ(buffer.getWordEndPosition(blank, letters), blank);
-    EXPECT_EQ(buffer.getNextWordStartPosition(blank, letters), buffer.find(L"b</"));
-    EXPECT_EQ(buffer.getNextWordStartPosition(buffer.find(L"b</") + 1, letters), -1);
-    for (const int outside : {-1, buffer.getContent().length()}) {
-        EXPECT_EQ(buffer.getWordStartPosition(outside, letters), -1);
-        EXPECT_EQ(buffer.getWordEndPosition(outside, letters), -1);
-        EXPECT_EQ(buffer.getNextWordStartPosition(outside, letters), -1);
-    }
+    buffer->setCaretPos(false, -1);
+    EXPECT_FALSE(buffer->getNextSpellingError(L"", false));
 }

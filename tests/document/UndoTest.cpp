@@ -1,8 +1,9 @@
-#include "document/DocumentTesting.h"
 #include "document/EditableDocumentBufferState.h"
 #include "document/FreezeNotifications.h"
 #include "document/history/EditActionGroup.h"
+#include "document/history/Replay.h"
 #include "properties/RandomCommands.h"
+#include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
@@ -15,12 +16,12 @@
 namespace {
 
 /// Types `xml` at the caret as a command does: recorded, in a group, between two carets.
-void insertAsCommand(TestBuffer& buffer, const wchar_t* xml) {
-    const FreezeNotifications freeze(&buffer);
-    const EditActionGroup group(&buffer);
-    buffer.recordCaret();
-    buffer.insertRecorded(buffer.getCaretPos(), xml);
-    buffer.recordCaret();
+void insertAsCommand(MarkedDocument& buffer, const wchar_t* xml) {
+    const FreezeNotifications freeze(buffer);
+    const EditActionGroup group(buffer);
+    buffer.document().recordCaret();
+    buffer.insertRecorded(buffer.caret(), xml);
+    buffer.document().recordCaret();
 }
 
 TEST(Primitives, MoveCaretAndPivot) {
@@ -29,165 +30,165 @@ TEST(Primitives, MoveCaretAndPivot) {
           std::pair(L"abcd|efgh", L"a|bfgh"), // on the last unit
           std::pair(L"abcde|fgh", L"ab|fgh"), std::pair(L"a^bcdef|gh", L"a^bf|gh"),
           std::pair(L"a|bcdef^gh", L"a|bf^gh"), std::pair(L"abc^de|fgh", L"ab|fgh")}) {
-        TestBuffer buffer(before);
+        MarkedDocument buffer(before);
         const int start = buffer.find(L"cde");
-        EXPECT_EQ(wide(buffer.deleteXmlText(start, start + 2)), L"cde");
+        EXPECT_EQ(wide(buffer->deleteXmlText(start, start + 2)), L"cde");
         EXPECT_EQ(buffer.marked(), after) << before;
     }
     for (const auto& [before, after] :
          {std::pair(L"ab|cd", L"abXY|cd"), std::pair(L"a^bcd|", L"a^bXYcd|")}) {
-        TestBuffer buffer(before);
-        buffer.insertXmlTextAtPosition(buffer.find(L"cd"), L"XY");
+        MarkedDocument buffer(before);
+        buffer->insertXmlTextAtPosition(buffer.find(L"cd"), L"XY");
         EXPECT_EQ(buffer.marked(), after) << before;
     }
 }
 
 TEST(Primitives, RecordNothingTellTheMonitorAndRefuseWhatIsOutsideTheText) {
-    TestBuffer buffer(L"<B>ab|c</B>");
-    buffer.insertXmlTextAtPosition(buffer.find(L"c<"), L"X");
+    MarkedDocument buffer(L"<B>ab|c</B>");
+    buffer->insertXmlTextAtPosition(buffer.find(L"c<"), L"X");
     EXPECT_EQ(buffer.heard(), "bc");
-    buffer.deleteXmlText(buffer.find(L"c<"), buffer.find(L"c<"));
+    buffer->deleteXmlText(buffer.find(L"c<"), buffer.find(L"c<"));
     EXPECT_EQ(buffer.heard(), "b") << "the caret did not move";
     const std::wstring before = buffer.marked();
-    const int length = buffer.getContent().length();
+    const int length = buffer.text().length();
     for (const int position : {-1, INT_MIN, length + 1, INT_MAX})
-        buffer.insertXmlTextAtPosition(position, L"X");
+        buffer->insertXmlTextAtPosition(position, L"X");
     for (const auto& [start, end] : {std::pair(-1, 5), std::pair(5, 4), std::pair(5, length),
                                      std::pair(length, length), std::pair(5, INT_MAX)})
-        EXPECT_TRUE(buffer.deleteXmlText(start, end).empty()) << start << " to " << end;
+        EXPECT_TRUE(buffer->deleteXmlText(start, end).empty()) << start << " to " << end;
     EXPECT_EQ(buffer.marked(), before);
     EXPECT_EQ(buffer.heard(), "");
-    buffer.insertXmlTextAtPosition(length, L"\n");
-    EXPECT_EQ(buffer.getContent().length(), length + 1) << "behind the last unit is a place";
-    EXPECT_FALSE(buffer.canUndo());
+    buffer->insertXmlTextAtPosition(length, L"\n");
+    EXPECT_EQ(buffer.text().length(), length + 1) << "behind the last unit is a place";
+    EXPECT_FALSE(buffer->canUndo());
 }
 
 TEST(Replay, OfNoCaretGoesHome) {
-    TestBuffer buffer(L"<B>ab|c</B>");
-    buffer.executeAction({EditAction::EditCaret, -1, -1, -1, L""});
+    MarkedDocument buffer(L"<B>ab|c</B>");
+    History::replay(buffer, {EditAction::EditCaret, -1, -1, -1, L""});
     EXPECT_EQ(buffer.marked(), L"<B>|abc</B>");
 }
 
 TEST(Undo, OfNothingTellsTheMonitorNothing) {
-    TestBuffer buffer(L"<B>a^bc|d</B>");
-    buffer.undo();
-    buffer.redo();
-    { const EditActionGroup empty(&buffer); }
-    EXPECT_TRUE(buffer.canUndo()) << "an empty group is a step of its own";
-    buffer.undo();
+    MarkedDocument buffer(L"<B>a^bc|d</B>");
+    buffer->undo();
+    buffer->redo();
+    { const EditActionGroup empty(buffer); }
+    EXPECT_TRUE(buffer->canUndo()) << "an empty group is a step of its own";
+    buffer->undo();
     EXPECT_EQ(buffer.heard(), "");
     EXPECT_EQ(buffer.marked(), L"<B>a^bc|d</B>");
 }
 
 TEST(Undo, AStepTrimmedAtTheLimitIsDroppedAndWholeOnesAreUndone) {
-    TestBuffer buffer(L"<B>|</B>");
+    MarkedDocument buffer(L"<B>|</B>");
     {
-        const EditActionGroup trimmed(&buffer);
+        const EditActionGroup trimmed(buffer);
         for (int i = 0; i < 10000; ++i)
-            buffer.insertRecorded(buffer.getCaretPos(), L"a");
+            buffer.insertRecorded(buffer.caret(), L"a");
     }
-    const std::wstring trimmed = buffer.text();
+    const std::wstring trimmed = buffer.content();
     insertAsCommand(buffer, L"X");
-    const std::wstring whole = buffer.text();
+    const std::wstring whole = buffer.content();
     for (const char* why : {"undone", "half a step is not undone"}) {
-        buffer.undo();
-        EXPECT_EQ(buffer.text(), trimmed) << why;
+        buffer->undo();
+        EXPECT_EQ(buffer.content(), trimmed) << why;
     }
-    EXPECT_FALSE(buffer.canUndo());
-    buffer.redo();
-    EXPECT_EQ(buffer.text(), whole);
+    EXPECT_FALSE(buffer->canUndo());
+    buffer->redo();
+    EXPECT_EQ(buffer.content(), whole);
 }
 
 TEST(Undo, TakesBackARunOfTypingHoweverLong) {
-    TestBuffer buffer(L"<B>x|</B>");
+    MarkedDocument buffer(L"<B>x|</B>");
     insertAsCommand(buffer, L"y");
     const std::wstring before = buffer.marked();
     for (int i = 0; i < 3000; ++i)
-        buffer.insertText(i % 7 == 6 ? L" " : L"a", false, false);
+        buffer->insertText(i % 7 == 6 ? L" " : L"a", false, false);
     const std::wstring typed = buffer.marked();
-    buffer.undo();
+    buffer->undo();
     EXPECT_EQ(buffer.marked(), before);
-    buffer.redo();
+    buffer->redo();
     EXPECT_EQ(buffer.marked(), typed);
-    buffer.undo();
-    buffer.undo();
+    buffer->undo();
+    buffer->undo();
     EXPECT_EQ(buffer.marked(), L"<B>x|</B>") << "the run took nothing of the limit from others";
 }
 
 TEST(Undo, LoadingInsideAGroupLeavesNothingToUndo) {
-    TestBuffer buffer(L"<B>|</B>");
+    MarkedDocument buffer(L"<B>|</B>");
     {
-        const EditActionGroup group(&buffer);
+        const EditActionGroup group(buffer);
         insertAsCommand(buffer, L"X");
-        buffer.setContent(buffer.getContent(), true);
+        buffer->setContent(buffer->getContent(), true);
     }
-    EXPECT_FALSE(buffer.canUndo());
+    EXPECT_FALSE(buffer->canUndo());
 }
 
 // Snapshots
 
 TEST(Snapshot, AScopeThatWasRolledBackClosesNoLaterGroup) {
-    TestBuffer buffer(L"<B>|</B>");
-    EditableDocumentBufferState state(&buffer);
-    auto rolledBack = std::make_unique<EditActionGroup>(&buffer);
+    MarkedDocument buffer(L"<B>|</B>");
+    EditableDocumentBufferState state(buffer);
+    auto rolledBack = std::make_unique<EditActionGroup>(buffer);
     state.restorePreviousState();
     {
-        const EditActionGroup later(&buffer);
-        buffer.insertRecorded(buffer.getCaretPos(), L"a");
+        const EditActionGroup later(buffer);
+        buffer.insertRecorded(buffer.caret(), L"a");
         rolledBack.reset();
-        buffer.insertRecorded(buffer.getCaretPos(), L"b");
+        buffer.insertRecorded(buffer.caret(), L"b");
     }
-    buffer.undo();
+    buffer->undo();
     EXPECT_EQ(buffer.marked(), L"<B>|</B>");
 }
 
 TEST(Snapshot, GivesBackTheRunOfTyping) {
-    TestBuffer buffer(L"<B>x|</B>");
+    MarkedDocument buffer(L"<B>x|</B>");
     {
-        EditableDocumentBufferState state(&buffer);
-        buffer.insertText(L"a", false, false);
+        EditableDocumentBufferState state(buffer);
+        buffer->insertText(L"a", false, false);
         state.restorePreviousState();
     }
-    buffer.endKeyTypingSequence();
-    EXPECT_FALSE(buffer.canUndo()) << "no end marker of the run that was taken back";
-    buffer.insertText(L"a", false, false);
+    buffer->endKeyTypingSequence();
+    EXPECT_FALSE(buffer->canUndo()) << "no end marker of the run that was taken back";
+    buffer->insertText(L"a", false, false);
     {
-        EditableDocumentBufferState state(&buffer);
-        buffer.endKeyTypingSequence();
+        EditableDocumentBufferState state(buffer);
+        buffer->endKeyTypingSequence();
         insertAsCommand(buffer, L"broken");
-        buffer.insertText(L"another run", false, false);
+        buffer->insertText(L"another run", false, false);
         state.restorePreviousState();
     }
-    buffer.insertText(L"b", false, false);
+    buffer->insertText(L"b", false, false);
     EXPECT_EQ(buffer.marked(), L"<B>xab|</B>");
-    buffer.undo();
+    buffer->undo();
     EXPECT_EQ(buffer.marked(), L"<B>x|</B>");
-    EXPECT_FALSE(buffer.canUndo());
+    EXPECT_FALSE(buffer->canUndo());
 }
 
 TEST(FreezeNotifications, NestAndTellOnceInOrder) {
-    TestBuffer buffer(L"<B>|</B>");
-    const IEditableBufferMonitor* const first = buffer.getMonitor();
+    MarkedDocument buffer(L"<B>|</B>");
+    const IEditableBufferMonitor* const first = buffer->getMonitor();
     {
-        const FreezeNotifications outer(&buffer);
+        const FreezeNotifications outer(buffer);
         {
-            const FreezeNotifications inner(&buffer);
-            buffer.notifySelectionChanged();
+            const FreezeNotifications inner(buffer);
+            buffer->notifySelectionChanged();
             EXPECT_TRUE(inner.isChanged() && !outer.isChanged());
         }
-        buffer.notifyCaretChanged();
-        buffer.notifyBufferChanged();
-        buffer.notifyCaretChanged();
+        buffer->notifyCaretChanged();
+        buffer->notifyBufferChanged();
+        buffer->notifyCaretChanged();
         EXPECT_EQ(buffer.heard(), "");
     }
     EXPECT_EQ(buffer.heard(), "bcs");
     RecordingMonitor second;
     {
-        const FreezeNotifications quiet(&buffer);
-        buffer.setMonitor(&second);
+        const FreezeNotifications quiet(buffer);
+        buffer->setMonitor(&second);
     }
     EXPECT_EQ(buffer.heard() + second.take(), "");
-    EXPECT_EQ(buffer.getMonitor(), first) << "the monitor of its beginning";
+    EXPECT_EQ(buffer->getMonitor(), first) << "the monitor of its beginning";
 }
 
 /// Random groups, roll-backs, undos and redos, against a list of texts with caret and pivot.
@@ -199,8 +200,8 @@ public:
         while (commands-- > 0 && !testing::Test::HasFailure()) {
             doOne();
             ASSERT_EQ(buffer_.marked(), states_[current_]);
-            ASSERT_EQ(buffer_.canUndo(), current_ > 0);
-            ASSERT_EQ(buffer_.canRedo(), current_ + 1 < states_.size());
+            ASSERT_EQ(buffer_->canUndo(), current_ > 0);
+            ASSERT_EQ(buffer_->canRedo(), current_ + 1 < states_.size());
         }
     }
 
@@ -218,12 +219,12 @@ private:
             rollBack();
             break;
         case 3:
-            buffer_.undo();
+            buffer_->undo();
             expectNotices(current_ > 0);
             current_ -= current_ > 0;
             break;
         default:
-            buffer_.redo();
+            buffer_->redo();
             expectNotices(current_ + 1 < states_.size());
             current_ += current_ + 1 < states_.size();
         }
@@ -247,7 +248,7 @@ private:
 
     /// One recorded insertion or deletion.
     void edit() {
-        buffer_.setCaret(random_.oneIn(2), anywhere());
+        buffer_.document().moveCaret(random_.oneIn(2), anywhere());
         const int at = anywhere();
         if (buffer_.find(L"</B>") - at > 3 && random_.oneIn(2))
             buffer_.deleteRecorded(at, at + static_cast<int>(random_.below(3)));
@@ -256,34 +257,34 @@ private:
     }
 
     void group(int depth) {
-        const EditActionGroup scope(&buffer_);
-        buffer_.recordCaret();
+        const EditActionGroup scope(buffer_);
+        buffer_.document().recordCaret();
         for (std::size_t i = random_.below(4) + 1; i > 0; --i) {
             if (random_.oneIn(6))
                 rollBack();
             depth > 0 && random_.oneIn(3) ? group(depth - 1) : edit();
         }
-        buffer_.recordCaret();
+        buffer_.document().recordCaret();
     }
 
     /// A command that is taken back leaves no trace, and the monitor does not hear of that.
     void rollBack() {
-        buffer_.getEditActionStack().startTrackingPos(500);
-        EditableDocumentBufferState state(&buffer_);
-        const EditActionGroup scope(&buffer_);
+        buffer_.document().history.startTrackingPos(500);
+        EditableDocumentBufferState state(buffer_);
+        const EditActionGroup scope(buffer_);
         edit();
-        const EditActionGroup inner(&buffer_);
+        const EditActionGroup inner(buffer_);
         edit();
         if (random_.oneIn(2))
-            buffer_.endKeyTypingSequence();
+            buffer_->endKeyTypingSequence();
         buffer_.heard();
         state.restorePreviousState();
         ASSERT_EQ(buffer_.heard(), "");
-        ASSERT_EQ(buffer_.getEditActionStack().retrieveTrackingPos(), 500);
+        ASSERT_EQ(buffer_.document().history.retrieveTrackingPos(), 500);
     }
 
     Random random_;
-    TestBuffer buffer_{L"<B>|start</B>"};
+    MarkedDocument buffer_{L"<B>|start</B>"};
     std::vector<std::wstring> states_{buffer_.marked()};
     std::size_t current_ = 0;
 };

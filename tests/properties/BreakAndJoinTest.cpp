@@ -22,14 +22,13 @@ constexpr std::array<Way, 4> ways{Way{BreakType::Hard, false}, Way{BreakType::Ha
 
 using Lines = std::vector<std::wstring>;
 
-class BrokenDocument : public StopsDocument {
-public:
+struct BrokenDocument : StopsDocument {
     using StopsDocument::StopsDocument;
 
     /// What a reader sees: the lines, without their formatting. "_" is a non-breaking space, "*" an
     /// object.
     Lines lines() const {
-        std::wistringstream all(readableText(0, getContent().length()));
+        std::wistringstream all(readableText(0, text().length()));
         Lines lines;
         for (std::wstring line; std::getline(all, line);) {
             const auto bothBlank = [](wchar_t a, wchar_t b) { return a == L' ' && b == L' '; };
@@ -45,7 +44,7 @@ public:
 
     /// What no break may add to or take from the text.
     std::wstring letters() const {
-        std::wstring read = readableText(0, getContent().length());
+        std::wstring read = readableText(0, text().length());
         std::erase_if(read,
                       [](wchar_t unit) { return unit == L' ' || unit == L'_' || unit == L'\n'; });
         return read;
@@ -56,20 +55,17 @@ public:
     /// same happens to a blank that is all of an inline.
     bool isBesidePassingBlank() const {
         const auto isPassed = [this](int at) {
-            return Core::String::isSpace(XmlScan::unitAt(getContent().view(), at)) ||
-                   isInlineEdge(at);
+            return Core::String::isSpace(text().unitAt(at)) || isInlineEdge(at);
         };
-        int start = getCaretPos();
-        for (int at = start; at >= 0 && (at == getCaretPos() || isPassed(at));
-             at = getPreviousEditablePositionInXml(at))
+        int start = caret();
+        for (int at = start; at >= 0 && (at == caret() || isPassed(at)); at = text().previous(at))
             start = at;
-        int end = getCaretPos();
+        int end = caret();
         while (end >= 0 && isPassed(end))
-            end = getNextEditablePositionInXml(end);
-        for (int at = start; at >= 0 && at < end; at = getNextEditablePositionInXml(at))
-            if (XmlScan::unitAt(getContent().view(), at) == L'\n' ||
-                (isInlineEdge(at) && XmlScan::openingAt(getContent().view(), at) &&
-                 elementContainsJustWhitespacesOrVoid(at)))
+            end = text().next(end);
+        for (int at = start; at >= 0 && at < end; at = text().next(at))
+            if (text().unitAt(at) == L'\n' ||
+                (isInlineEdge(at) && text().openingAt(at) && Placeholders::isVoid(*this, at)))
                 return true;
         return false;
     }
@@ -77,55 +73,55 @@ public:
     /// Whether the caret is at the end of an inline that a footnote or a condition holds. Behind a
     /// soft break there it has no place, so that it stays before that or leaves what holds it.
     bool isAtEndOfHeldInline() const {
-        const int caret = getCaretPos();
-        return XmlScan::closingAt(getContent().view(), caret) && isInlineEdge(caret) &&
-               (isInElementContext(L"fo:footnote", caret) ||
-                isInElementContext(L"qfd:conditional-inline", caret));
+        const int position = caret();
+        return text().closingAt(position) && isInlineEdge(position) &&
+               (text().isWithin(position, L"fo:footnote") ||
+                text().isWithin(position, L"qfd:conditional-inline"));
     }
 
     /// Whether nothing is on the line of the caret, not even a placeholder, or on the one before
     /// it, which a soft break ends. A break at the start of a line puts a placeholder there.
     bool isAtBareLine() const {
-        if (!startsLine(getCaretPos()))
+        if (!startsLine(caret()))
             return false;
-        const int tag = getPreviousTagPosition(getCaretPos());
-        return endsLine(getCaretPos()) || (selfClosingTagAtPosition(tag) && startsLine(tag));
+        const int tag = text().previousTag(caret());
+        return endsLine(caret()) || (text().selfClosingAt(tag) && startsLine(tag));
     }
 
     /// Moves to the end of the line before a break. If that line is empty and ends with the layout
     /// of the markup, it has a stop behind that, too. False if another thing than the break is
     /// there.
     bool goBackOverBreak() {
-        const int start = getCaretPos();
-        for (int from = -1; getCaretPos() != from && lineTagsBetween(getCaretPos(), start) == 0;) {
-            from = getCaretPos();
-            moveCaretLeft(false, false, false);
+        const int start = caret();
+        for (int from = -1; caret() != from && lineTagsBetween(caret(), start) == 0;) {
+            from = caret();
+            face().moveCaretLeft(false, false, false);
         }
-        const int element = getCurrentElementPosition(getCaretPos());
-        if (elementContainsJustNonBreakingSpace(element))
-            setCaretPos(false, getNonBreakingSpacePosition(element));
-        const int tags = lineTagsBetween(getCaretPos(), start);
+        const int element = text().elementAround(caret());
+        if (text().holdsOnlyPlaceholder(element))
+            face().setCaretPos(false, text().placeholderBehind(element));
+        const int tags = lineTagsBetween(caret(), start);
         return tags == 1 || tags == 2;
     }
 
     /// Whether Backspace leaves the line alone: in a list, and behind what is no block.
     bool isLineKept() const {
-        return isInElementContext(L"fo:list-block", getCaretPos()) ||
-               getPreviousNeighborName(getCaretPos(), true) != L"fo:block";
+        return text().isWithin(caret(), L"fo:list-block") ||
+               text().tagName(text().previousNeighbor(caret(), true)) != L"fo:block";
     }
 
 private:
     bool startsLine(int position) const {
-        int tag = getPreviousTagPosition(position);
+        int tag = text().previousTag(position);
         while (tag > 0 && *readableTag(tag) == 0)
-            tag = getPreviousTagPosition(tag - 1);
+            tag = text().previousTag(tag - 1);
         return isBlank(readableText(tag, position).substr(1));
     }
 
     bool endsLine(int position) const {
-        int tag = getNextTagPosition(position);
+        int tag = text().nextTag(position);
         while (tag >= 0 && *readableTag(tag) == 0)
-            tag = getNextTagPosition(getNextEditablePositionInXml(tag));
+            tag = text().nextTag(text().next(tag));
         return isBlank(readableText(position, tag));
     }
 
@@ -134,21 +130,19 @@ private:
     }
 
     std::wstring readableText(int start, int end) const {
-        const XmlScan::Text text = getContent().view();
         std::wstring read;
         for (int at = start; at < end;) {
-            const wchar_t unit = XmlScan::unitAt(text, at);
+            const wchar_t unit = text().unitAt(at);
             const bool isCharacter = unit != L'<' && unit != L'&';
-            const int next =
-                isCharacter ? at + 1 : std::max(XmlScan::stepForward(text, at), at + 1);
+            const int next = isCharacter ? at + 1 : std::max(text().next(at), at + 1);
             if (isCharacter)
                 read += Core::String::isSpace(unit) ? L' ' : unit == L'\xA0' ? L'_' : unit;
             else if (unit == L'<')
                 read += readableTag(at);
-            else if (XmlScan::placeholderLength(text, at) > 0)
+            else if (text().placeholderLength(at) > 0)
                 read += L'_';
             else
-                read += XmlScan::slice(text, at, next);
+                read += text().view(at, next);
             at = next;
         }
         return read;
@@ -157,9 +151,8 @@ private:
     /// How many tags begin or end a line there; -1 if an object stands there.
     int lineTagsBetween(int start, int end) const {
         int count = 0;
-        for (int at = start; at >= 0 && at < end; at = getNextEditablePositionInXml(at)) {
-            const wchar_t read =
-                XmlScan::onTagStart(getContent().view(), at) ? *readableTag(at) : 0;
+        for (int at = start; at >= 0 && at < end; at = text().next(at)) {
+            const wchar_t read = text().onTagStart(at) ? *readableTag(at) : 0;
             if (read == L'*')
                 return -1;
             count += read == L'\n' ? 1 : 0;
@@ -168,9 +161,9 @@ private:
     }
 
     const wchar_t* readableTag(int tag) const {
-        if (XmlScan::ignoredAt(getContent().view(), tag))
+        if (text().ignoredAt(tag))
             return L"";
-        XmlScan::Text name = XmlScan::tagName(getContent().view(), tag);
+        XmlScan::Text name = text().tagName(tag);
         name.remove_prefix(name.starts_with(L'/') ? 1 : 0);
         const auto known = readings_.find(name);
         return known != readings_.end()
@@ -179,18 +172,15 @@ private:
     }
 
     const wchar_t* readableElement(XmlScan::Text name) const {
-        if (isInlineEditableElementName(Core::String(name)))
+        if (document().names.isInline(name))
             return L"";
-        bool isLine =
-            isBlockEditableElementName(Core::String(name)) || name == L"fo:block-container";
+        bool isLine = document().names.isBlock(name) || name == L"fo:block-container";
         for (const wchar_t* kind : {L"fo:table", L"fo:list", L"fo:flow", L"fo:static-content"})
             isLine = isLine || name.starts_with(kind);
         return isLine ? L"\n" : L"*";
     }
 
-    bool isInlineEdge(int at) const {
-        return XmlScan::onTagStart(getContent().view(), at) && *readableTag(at) == 0;
-    }
+    bool isInlineEdge(int at) const { return text().onTagStart(at) && *readableTag(at) == 0; }
 
     mutable std::map<std::wstring, const wchar_t*, std::less<>> readings_; // by name
 };
@@ -219,43 +209,43 @@ protected:
         SCOPED_TRACE(GetParam().filename().string() + " at " + std::to_string(stop) +
                      (way.type == BreakType::Hard ? ", hard" : ", soft") +
                      (way.forward ? ", Delete" : ", Backspace"));
-        document.setCaretPos(false, stop);
+        document->setCaretPos(false, stop);
         if (document.isAtBareLine() ||
             (way.type == BreakType::Soft && document.isAtEndOfHeldInline()))
             return;
-        const EditorState before = stateOf(document);
+        const EditorState before = document.state();
         const bool isBesidePassingBlank = document.isBesidePassingBlank();
-        document.insertBreak(way.type, false);
-        if (stateOf(document).text == before.text)
+        document->insertBreak(way.type, false);
+        if (document.state().text == before.text)
             return;
         checkBreak(document, before);
         EXPECT_TRUE(document.letters() == original.letters);
         checkJoin(document, original.lines, isBesidePassingBlank, way, before);
-        while (stateOf(document) != before && document.canUndo())
-            document.undo();
+        while (document.state() != before && document->canUndo())
+            document->undo();
     }
 
 private:
     static void checkBreak(BrokenDocument& document, const EditorState& before) {
-        const EditorState after = stateOf(document);
+        const EditorState after = document.state();
         EXPECT_EQ(xmlError(after.text), "");
-        EXPECT_TRUE(document.canHoldCaret(after.caret)) << after.caret;
-        document.undo();
-        EXPECT_EQ(stateOf(document), before);
-        document.redo();
-        EXPECT_EQ(stateOf(document), after);
+        EXPECT_TRUE(Stops::canHoldCaret(document, after.caret)) << after.caret;
+        document->undo();
+        EXPECT_EQ(document.state(), before);
+        document->redo();
+        EXPECT_EQ(document.state(), after);
     }
 
     static void checkJoin(BrokenDocument& document, Lines expected, bool losesBlank, Way way,
                           const EditorState& before) {
-        const Core::String broken = stateOf(document).text;
+        const Core::String broken = document.state().text;
         const bool isLineKept = document.isLineKept();
-        const bool isMadeBefore = document.getCaretPos() <= before.caret;
+        const bool isMadeBefore = document.caret() <= before.caret;
         const bool isWrapped = isLineKept && way.type == BreakType::Hard;
         if (way.forward && (isWrapped || isMadeBefore || !document.goBackOverBreak()))
             return;
-        document.erase(way.forward, false);
-        const Core::String joined = stateOf(document).text;
+        document->erase(way.forward, false);
+        const Core::String joined = document.state().text;
         if (joined == before.text || (joined == broken && isLineKept))
             return;
         Lines lines = document.lines();

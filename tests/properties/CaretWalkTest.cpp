@@ -3,11 +3,12 @@
 // text.
 
 #include "document/caret/CaretWalk.h"
-#include "document/CaretTesting.h"
-#include "document/Document.h"
+#include "document/Placeholders.h"
+#include "document/caret/Moves.h"
+#include "document/caret/Stops.h"
 #include "support/Documents.h"
+#include "support/MarkedDocument.h"
 #include "text/ReferenceMarkup.h"
-#include "text/XmlScan.h"
 
 #include <climits>
 #include <cstdlib>
@@ -21,27 +22,24 @@ bool isScript(std::wstring_view name) {
     return name == L"qfd:xslt" || name == L"qfd:inline-xslt" || name == L"qfd:xslt-global";
 }
 
-class WalkedDocument : public CaretBuffer {
+class WalkedDocument : public MarkedDocument {
 public:
-    using CaretBuffer::getCurrentElementPosition, CaretBuffer::isInFoFlow,
-        CaretBuffer::positionsAreInTheSameStaticContent;
-
-    WalkedDocument(const Core::String& text, const wchar_t* root) {
-        setRootElement(root);
-        setContent(text, true);
+    WalkedDocument(const Core::String& content, const wchar_t* root) {
+        face().setRootElement(root);
+        face().setContent(content, true);
         markInaccessible();
     }
 
-    int next(int position) const { return getNextEditablePositionInFo(position, false, false); }
-    int previous(int position) const {
-        return getPreviousEditablePositionInFo(position, false, false);
-    }
-    bool isStop(int position) const { return CaretWalk(Document::of(*this), position).isStop(); }
+    int next(int position) const { return Stops::next(*this, position); }
+    int previous(int position) const { return Stops::previous(*this, position); }
+    bool isStop(int position) const { return CaretWalk(*this, position).isStop(); }
+    int length() const { return text().length(); }
 
     /// Directly behind an object, where a move that passed the object whole ends in any case.
     bool isBehindObject(int position) const {
-        return position > 0 && XmlScan::unitAt(getContent().view(), position - 1) == L'>' &&
-               !elementIsEditable(getPreviousTagName(position).substringAfter(L"/"));
+        return position > 0 && text().unitAt(position - 1) == L'>' &&
+               !document().names.isEditable(
+                   text().previousTagName(position).substringAfter(L"/").view());
     }
 
     /// Inside markup or an entity.
@@ -70,8 +68,7 @@ public:
             if (isScriptAt(unit) && unit == stop)
                 expected = previous(stop); // a script goes with what stands before it
             if (isSection(unit))
-                expected = stopAtOrBefore(XmlScan::previousTag(
-                    getContent().view(), XmlScan::stepForward(getContent().view(), unit) - 1));
+                expected = stopAtOrBefore(text().previousTag(text().next(unit) - 1));
         }
         return expected;
     }
@@ -79,14 +76,15 @@ public:
     /// Whether the walk right goes from the placeholder at `stop` to the end of what holds it
     /// alone.
     bool leavesPlaceholder(int stop) const {
-        return elementContainsJustNonBreakingSpace(getCurrentElementPosition(stop));
+        return text().holdsOnlyPlaceholder(text().elementAround(stop));
     }
 
     bool isInVoidElement(int position) const {
-        return elementContainsJustWhitespacesOrVoid(getCurrentElementPosition(position));
+        return Placeholders::isVoid(*this, text().elementAround(position));
     }
     bool canGoHomeTo(int position) const {
-        return isInFoFlow(position) && inEditableElement(position) && !isInVoidElement(position);
+        return text().isInFlow(position) && document().isInEditable(position) &&
+               !isInVoidElement(position);
     }
 
 private:
@@ -95,7 +93,7 @@ private:
     }
 
     void markInaccessible() {
-        const auto markup = parseMarkup(getContent().view());
+        const auto markup = parseMarkup(content());
         ASSERT_TRUE(markup);
         insideUnit_.assign(static_cast<std::size_t>(length()), false);
         closed_ = insideUnit_;
@@ -111,24 +109,18 @@ private:
     }
 
     void markEntities(int start, int end) {
-        for (int at = getContent().find(L'&', start); at >= 0 && at < end;
-             at = getContent().find(L'&', at + 1))
-            mark(insideUnit_, at + 1, getContent().find(L';', at) + 1);
+        for (int at = text().find(L'&', start); at >= 0 && at < end; at = text().find(L'&', at + 1))
+            mark(insideUnit_, at + 1, text().find(L';', at) + 1);
     }
 
-    bool isScriptAt(int position) const {
-        return isScript(XmlScan::tagName(getContent().view(), position));
-    }
+    bool isScriptAt(int position) const { return isScript(text().tagName(position)); }
     /// The next unit; a script is one.
     int unitBehind(int unit) const {
-        const int last = isScriptAt(unit) ? XmlScan::closingTag(getContent().view(), unit) : unit;
-        return XmlScan::stepForward(getContent().view(), last);
+        const int last = isScriptAt(unit) ? text().closingTag(unit) : unit;
+        return text().next(last);
     }
     /// A comment or a CDATA section: from behind it the step left leads to the tag before it.
-    bool isSection(int unit) const {
-        return XmlScan::commentAt(getContent().view(), unit) ||
-               XmlScan::cdataAt(getContent().view(), unit);
-    }
+    bool isSection(int unit) const { return text().commentAt(unit) || text().cdataAt(unit); }
     int stopAtOrBefore(int position) const {
         return position < 0 || isStop(position) ? position : previous(position);
     }
@@ -194,39 +186,39 @@ TEST(CaretWalkProperties, TheWalksFindTheSameStops) {
 }
 
 TEST(CaretWalkProperties, HomeAndEndAreTheFirstAndTheLastStopOfTheFlows) {
-    forEachDocument([](WalkedDocument document) {
-        document.moveCaretHome(false);
+    forEachDocument([](const WalkedDocument& document) {
+        Moves::home(document, false);
         int stop = document.next(0);
         while (stop >= 0 && !document.canGoHomeTo(stop))
             stop = document.next(stop);
-        EXPECT_EQ(document.getCaretPos(), stop);
-        document.moveCaretToEnd(false);
+        EXPECT_EQ(document.caret(), stop);
+        Moves::end(document, false);
         stop = document.previous(document.length() - 1);
         while (stop >= 0 && !document.canGoHomeTo(stop))
             stop = document.previous(stop);
-        EXPECT_EQ(document.getCaretPos(), stop);
+        EXPECT_EQ(document.caret(), stop);
     });
 }
 
 TEST(CaretWalkProperties, NoMoveLeavesItsRegion) {
     std::mt19937 random(7);
-    forEachDocument([&random](WalkedDocument document) {
+    forEachDocument([&random](const WalkedDocument& document) {
         for (const int start : document.startingPoints(allStops ? 20 : 3)) {
-            document.setCaretPos(false, document.next(start));
-            const int from = document.getCaretPos();
+            Moves::to(document, false, document.next(start));
+            const int from = document.caret();
             for (int moves = allStops ? 200 : 10; from >= 0 && moves > 0; --moves) {
                 const bool byWord = random() % 2 == 0;
                 const bool merge = random() % 2 == 0;
                 if (random() % 2 == 0)
-                    document.moveCaretRight(false, byWord, merge);
+                    Moves::right(document, false, byWord, merge);
                 else
-                    document.moveCaretLeft(false, byWord, merge);
-                const int caret = document.getCaretPos();
+                    Moves::left(document, false, byWord, merge);
+                const int caret = document.caret();
                 ASSERT_TRUE(document.isStop(caret) || document.isBehindObject(caret)) << caret;
                 ASSERT_FALSE(document.isInsideUnit(caret)) << caret;
-                ASSERT_TRUE(document.isInFoFlow(from)
-                                ? document.isInFoFlow(caret)
-                                : document.positionsAreInTheSameStaticContent(from, caret))
+                ASSERT_TRUE(document.text().isInFlow(from)
+                                ? document.text().isInFlow(caret)
+                                : document.text().areInSameStaticContent(from, caret))
                     << caret;
             }
         }

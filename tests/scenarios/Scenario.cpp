@@ -1,8 +1,6 @@
 #include "scenarios/Scenario.h"
 
-#include "Session.h"
-#include "support/EditorState.h"
-#include "support/ShortMarkup.h"
+#include "support/MarkedDocument.h"
 #include "support/WellFormed.h"
 
 #include <algorithm>
@@ -28,37 +26,15 @@ bool isWholeDocument(std::string_view text) {
            text.starts_with("<fo:root");
 }
 
-/// A text with its marks taken out and turned into positions.
-EditorState parseMarks(const std::string& marked) {
-    EditorState state;
-    std::wstring text;
-    const Core::String units = Core::Encoder::convertUTF8ToString(
+EditorState stateBefore(const std::string& marked) {
+    const Core::String text = Core::Encoder::convertUTF8ToString(
         isWholeDocument(marked) ? marked : documentStart + marked + documentEnd);
-    for (const wchar_t unit : units.view()) {
-        if (unit == L'|')
-            state.caret = static_cast<int>(text.size());
-        else if (unit == L'^')
-            state.pivot = static_cast<int>(text.size());
-        else
-            text += unit;
-    }
-    if (state.pivot < 0)
-        state.pivot = state.caret;
-    state.text = Core::String(text);
-    return state;
+    return parseMarks(std::wstring(text.view()));
 }
 
 /// A state with its marks, as a scenario shows it: the whole text, or what stands in its flow.
 std::string show(const EditorState& state, bool whole) {
-    std::wstring text(state.text.view());
-    const auto mark = [&text](int position, wchar_t sign) {
-        if (position >= 0)
-            text.insert(static_cast<std::size_t>(position), 1, sign);
-    };
-    mark(std::max(state.caret, state.pivot), state.caret >= state.pivot ? L'|' : L'^');
-    if (state.caret != state.pivot)
-        mark(std::min(state.caret, state.pivot), state.caret < state.pivot ? L'|' : L'^');
-    const std::string all = Core::Encoder::toDisplayText(Core::String(text));
+    const std::string all = Core::Encoder::toDisplayText(Core::String(withMarks(state)));
     const std::size_t flow = all.find("<fo:flow");
     const std::size_t end = all.rfind("</fo:flow>");
     if (whole || flow == std::string::npos || end == std::string::npos)
@@ -85,7 +61,7 @@ private:
     EditorState current() { return stateOf(session_.document()); }
 
     void begin() {
-        const EditorState before = parseMarks(scenario_.before);
+        const EditorState before = stateBefore(scenario_.before);
         const bool foRoot = scenario_.before.find("<fo:root") != std::string::npos;
         session_.document().setRootElement(foRoot ? L"fo:root" : L"qfd:document");
         session_.document().setContent(before.text, true);
@@ -289,12 +265,18 @@ private:
         static const std::regex arrow(
             R"re((?:^| )-("[^"]*"|\[.*?\](?: => .*?)?|[A-Z][A-Za-z+]*)->(?= |$))re");
         std::smatch found;
-        if (line.starts_with("--- "))
-            scenario.steps.push_back(parseStep(line.substr(4), number_));
-        else if (std::regex_search(line, found, arrow))
-            readRow(scenario, line, std::sregex_iterator(line.begin(), line.end(), arrow));
-        else
-            readText(scenario, line);
+        if (!std::regex_search(line, found, arrow))
+            return readText(scenario, line);
+        const bool beginsCase = found.prefix().length() > 0 && !scenario.steps.empty();
+        readRow(beginsCase ? anotherCaseOf(scenario) : scenario, line,
+                std::sregex_iterator(line.begin(), line.end(), arrow));
+    }
+
+    /// A row that begins with a text, behind the commands of another.
+    Scenario& anotherCaseOf(const Scenario& scenario) {
+        scenarios_.push_back(
+            {scenario.title, number_, {}, {}, scenario.manyNotices, scenario.notUndoable});
+        return scenarios_.back();
     }
 
     /// "before -Key-> after -Key-> after", in which any text may be missing.

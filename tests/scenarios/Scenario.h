@@ -24,19 +24,19 @@ struct Scenario {
     std::optional<std::string> notUndoable; ///< why undo does not bring everything back
 };
 
-/// Reads a file of scenarios. Each begins with a line "# title"; the text before follows, in the
-/// short forms of support/ShortMarkup.h, and then the commands, each with the text expected behind
-/// it or none:
+/// Reads a file of scenarios. A line "# title" begins one; the text before follows, in the short
+/// forms of support/ShortMarkup.h, and then the commands, each with the text expected behind it or
+/// none:
 ///
 ///     <B>one|two</B> -Enter-> <B>one</B>¶<B>|two</B> -Backspace-> <B>one|two</B>
 ///
-/// A command on a line of its own is written "--- [request]", or "--- [request] => json" where its
-/// result matters. In a row it is an arrow: "-Key->", "-"text"->" for typing, "-[request]->" or
-/// "-[request] => json->". In a row "¶" is a line feed. Blank lines at the end of a text do not
-/// count.
+/// A command is an arrow: "-Key->", "-"text"->" for typing, "-[request]->" or, where its result
+/// matters, "-[request] => json->". "¶" is a line feed, and a text may also go over several lines;
+/// blank lines at its end do not count. A line that begins with an arrow goes on with the row
+/// before it. One that begins with a text and has an arrow is a further case under the same title.
 ///
 /// At the top of a file "! key NAME = [request]" names a key and "! let SHORT = LONG" a short form;
-/// below a title "! not-undoable: why" takes the scenario out of the check that undo and redo bring
+/// below a title "! not-undoable: why" takes its cases out of the check that undo and redo bring
 /// everything back.
 std::vector<Scenario> readScenarios(const std::string& path);
 

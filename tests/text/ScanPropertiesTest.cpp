@@ -1,8 +1,8 @@
-#include "foundation/Wide.h"
 #include "properties/RandomCommands.h"
 #include "support/Documents.h"
+#include "text/Markup.h"
 #include "text/ReferenceMarkup.h"
-#include "text/XmlProbe.h"
+#include "text/XmlTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,8 @@
 #include <array>
 #include <climits>
 
-using namespace Core;
+using Core::String;
+using XmlScan::Source;
 
 namespace {
 
@@ -20,8 +21,8 @@ class RandomXml {
 public:
     RandomXml(unsigned seed, bool withSections) : random_(seed), withSections_(withSections) {}
 
-    XmlProbe document() {
-        return XmlProbe(String(L"<?xml version=\"1.0\"?>\n<r>" + content(0) + L"</r>\n"));
+    XmlText document() {
+        return xmlText(String(L"<?xml version=\"1.0\"?>\n<r>" + content(0) + L"</r>\n"));
     }
 
 private:
@@ -51,18 +52,18 @@ private:
     bool withSections_;
 };
 
-std::vector<XmlProbe> randomDocuments(bool withSections) {
-    std::vector<XmlProbe> documents;
+std::vector<XmlText> randomDocuments(bool withSections) {
+    std::vector<XmlText> documents;
     for (unsigned seed = 0; seed < 60; ++seed)
         documents.push_back(RandomXml(seed, withSections).document());
     return documents;
 }
 
 /// Documents that people wrote, and random ones.
-std::vector<XmlProbe> allDocuments() {
-    std::vector<XmlProbe> documents = randomDocuments(true);
+std::vector<XmlText> allDocuments() {
+    std::vector<XmlText> documents = randomDocuments(true);
     for (const std::filesystem::path& path : corpusAndSamples())
-        documents.push_back(XmlProbe(textOf(path)));
+        documents.push_back(xmlText(textOf(path)));
     return documents;
 }
 
@@ -74,26 +75,26 @@ auto rootOf(const std::vector<ReferenceMarkup>& markup) {
 } // namespace
 
 TEST(ScanProperties, StepsReachTheEndAndLeadBack) {
-    for (const XmlProbe& xml : allDocuments()) {
-        SCOPED_TRACE(wide(xml.text()).substr(0, 1000));
-        const auto markup = parseMarkup(xml.text().view());
+    for (const XmlText& xml : allDocuments()) {
+        SCOPED_TRACE(wide(xml.content()).substr(0, 1000));
+        const auto markup = parseMarkup(xml.content().view());
         ASSERT_TRUE(markup);
         const auto root = rootOf(*markup);
         const int end = (*markup)[root->partner].start;
         // An apostrophe in a comment before the root hides the root.
-        const std::wstring_view prolog = xml.text().view().substr(0, root->start);
+        const std::wstring_view prolog = xml.view(0, root->start);
         const bool hidden = std::count(prolog.begin(), prolog.end(), L'\'') % 2 == 1;
-        EXPECT_EQ(xml.getFirstEditablePositionInXml(), hidden ? -1 : root->last + 1);
+        EXPECT_EQ(xml.firstPositionInRoot(), hidden ? -1 : root->last + 1);
 
         int from = root->last + 1, tagBefore = root->start;
         for (auto next = root; from >= 0 && from < end;) {
             while (next->start < from)
                 tagBefore = next->kind == ReferenceMarkup::Section ? tagBefore : next->start,
                 ++next;
-            const int to = xml.getNextEditablePositionInXml(from);
+            const int to = xml.next(from);
             // From behind a section the step backward goes to the tag before.
-            const bool jumps = xml.commentTagAtPosition(from) || xml.cdataSectionAtPosition(from);
-            EXPECT_EQ(xml.getPreviousEditablePositionInXml(to), jumps ? tagBefore : from);
+            const bool jumps = xml.commentAt(from) || xml.cdataAt(from);
+            EXPECT_EQ(xml.previous(to), jumps ? tagBefore : from);
             from = to;
         }
         EXPECT_EQ(from, end);
@@ -101,112 +102,109 @@ TEST(ScanProperties, StepsReachTheEndAndLeadBack) {
 }
 
 TEST(ScanProperties, TagsAgreeWithAParser) {
-    for (const XmlProbe& xml : allDocuments()) {
-        SCOPED_TRACE(wide(xml.text()).substr(0, 1000));
-        const auto markup = parseMarkup(xml.text().view());
+    for (const XmlText& xml : allDocuments()) {
+        SCOPED_TRACE(wide(xml.content()).substr(0, 1000));
+        const auto markup = parseMarkup(xml.content().view());
         ASSERT_TRUE(markup);
         int previous = -1;
         for (auto at = rootOf(*markup); at != markup->end(); ++at) {
             const ReferenceMarkup& tag = *at;
             const int partner = (*markup)[tag.partner].start;
             if (previous >= 0) {
-                EXPECT_EQ(xml.getPreviousTagPosition(tag.start), previous);
-                EXPECT_EQ(xml.getCurrentElementPosition(tag.start),
-                          elementAround(*markup, tag.start));
+                EXPECT_EQ(xml.previousTag(tag.start), previous);
+                EXPECT_EQ(xml.elementAround(tag.start), elementAround(*markup, tag.start));
             }
             if (tag.kind == ReferenceMarkup::Opening) {
-                EXPECT_EQ(xml.getClosingTagForTagAtPosition(tag.start), partner);
+                EXPECT_EQ(xml.closingTag(tag.start), partner);
             } else if (tag.kind == ReferenceMarkup::Closing && xml.length() < 1000) {
-                EXPECT_EQ(xml.getStartTagForTagAtPosition(tag.start), partner);
+                EXPECT_EQ(xml.startTag(tag.start), partner);
             }
             if (tag.kind != ReferenceMarkup::Section)
                 previous = tag.start;
         }
         for (int at = 0; at < xml.length() && xml.length() < 1000; ++at) {
             const int element = elementAround(*markup, at);
-            String name = L"old";
-            EXPECT_EQ(xml.getCurrentElementNameAndPos(at, name), element) << at;
-            EXPECT_EQ(wide(name), wide(xml.getNameForTagAtPosition(element, true))) << at;
+            EXPECT_EQ(xml.elementAround(at), element) << at;
+            EXPECT_EQ(xml.nameAround(at), xml.nameAt(element)) << at;
         }
     }
 }
 
 TEST(ScanProperties, FragmentScansAgreeWhereNoSectionStands) {
-    for (const XmlProbe& xml : randomDocuments(false)) {
-        const String& text = xml.text();
+    for (const XmlText& xml : randomDocuments(false)) {
+        const String content = xml.content();
+        const XmlScan::Text text = content.view();
         for (int at = -3; at < xml.length() + 3; ++at) {
-            EXPECT_EQ(XmlProbe::getNextEditablePositionInXml(at, text),
-                      xml.getNextEditablePositionInXml(at));
-            EXPECT_EQ(XmlProbe::getPreviousTagPosition(at, text), xml.getPreviousTagPosition(at));
-            EXPECT_EQ(XmlProbe::getClosingTagForTagAtPosition(at, text),
-                      xml.getClosingTagForTagAtPosition(at));
-            EXPECT_EQ(XmlProbe::getCurrentElementPosition(at, text),
-                      xml.getCurrentElementPosition(at));
-            EXPECT_EQ(XmlProbe::getCurrentElementName(at, text), xml.getCurrentElementName(at));
+            EXPECT_EQ(XmlScan::stepForward(text, at, Source::Fragment), xml.next(at));
+            EXPECT_EQ(XmlScan::previousTag(text, at, Source::Fragment), xml.previousTag(at));
+            EXPECT_EQ(XmlScan::closingTag(text, at, Source::Fragment), xml.closingTag(at));
+            EXPECT_EQ(XmlScan::currentElement(text, at, Source::Fragment), xml.elementAround(at));
+            EXPECT_EQ(XmlScan::fragmentElementName(text, at), xml.nameAround(at).view());
         }
     }
 }
 
 // Also for texts that are no XML, and positions that are none.
 TEST(ScanProperties, EveryAnswerIsAPositionInTheTextOrNone) {
-    const auto check = [](const XmlProbe& xml, int at) {
+    static constexpr int (XmlText::*questions[])(int) const = {&XmlText::nextTag,
+                                                               &XmlText::previousTag,
+                                                               &XmlText::closingTag,
+                                                               &XmlText::startTag,
+                                                               &XmlText::next,
+                                                               &XmlText::nextAttribute,
+                                                               &XmlText::findQuote,
+                                                               &XmlText::previousAttribute,
+                                                               &XmlText::closingTagAround,
+                                                               &XmlText::nextElement,
+                                                               &XmlText::previousElement,
+                                                               &XmlText::firstChild,
+                                                               &XmlText::sibling,
+                                                               &XmlText::placeholderBehind};
+    const auto check = [](const XmlText& xml, int at) {
         SCOPED_TRACE(at);
-        const bool valid = !xml.isOnInvalidPosition(at);
-        for (const int answer : {xml.getNextTagPosition(at),
-                                 xml.getPreviousTagPosition(at),
-                                 xml.getClosingTagForTagAtPosition(at),
-                                 xml.getStartTagForTagAtPosition(at),
-                                 xml.getNextEditablePositionInXml(at),
-                                 at == xml.length() ? -1 : xml.getPreviousEditablePositionInXml(at),
-                                 xml.getNextAttributePosition(at),
-                                 xml.getPreviousAttributePosition(at),
-                                 xml.getNextAttributeValuePosition(at),
-                                 xml.getLastPositionInElementContaining(at),
-                                 xml.getParentElementPosition(at),
-                                 xml.getNextElementPosition(at),
-                                 xml.getPreviousElementPosition(at),
-                                 xml.getFirstChildPosition(at),
-                                 xml.getSiblingElement(at),
-                                 xml.getNonBreakingSpacePosition(at),
-                                 xml.getNextChildByName(L"b", at),
-                                 xml.getElementPositionFromPath(L"/r/b", at),
-                                 xml.getPreviousNeighborPosition(at, false),
-                                 xml.getPreviousNeighborPosition(at, true),
-                                 xml.getNextNeighborPosition(at, false),
-                                 xml.getNextNeighborPosition(at, true),
-                                 xml.searchParent(L"b", at, false, true, L""),
-                                 xml.searchParent(L"b", at, true, false, L"")})
+        const bool valid = xml.isValid(at);
+        const auto expectAnswer = [&](int answer) {
             EXPECT_TRUE(answer >= -1 && answer <= (valid ? xml.length() : -1)) << answer;
-        for (const auto type : {xmlComment, xmlCData, xmlProcessingInstruction, xmlElement}) {
-            EXPECT_LE(xml.getElementStartPosition(type, at), xml.length());
-            EXPECT_LE(xml.getElementEndPosition(type, at), xml.length());
+        };
+        for (const auto question : questions)
+            expectAnswer((xml.*question)(at));
+        for (const bool useCurrent : {false, true}) {
+            expectAnswer(xml.previousNeighbor(at, useCurrent));
+            expectAnswer(xml.nextNeighbor(at, useCurrent));
         }
-        EXPECT_LE(XmlProbe::getClosingTagForTagAtPosition(at, xml.text()), xml.length());
-        EXPECT_TRUE(at > 0 || xml.getClosingTagsBetweenPositions(0, at).empty());
-        const String all =
-            xml.getNextTagName(at) + xml.getPreviousTagName(at) + xml.getNameForAttributeAt(at) +
-            xml.getValueForAttributeAt(at) + xml.getEscapeCharacterString(at) +
-            xml.getNextElementName(at) + xml.getCurrentElementStartTagString(at) +
-            xml.getCharacterDataForElementAt(at) + xml.getNativeText(at, xml.length());
+        for (const int answer :
+             {at == xml.length() ? -1 : xml.previous(at), xml.childNamed(at, L"b"),
+              xml.elementNamedByPath(L"/r/b", at), xml.ancestor(at, L"b"),
+              xml.searchAncestor(at, {L"b"}, {true, false, L""})})
+            expectAnswer(answer);
+        for (const auto kind : {xmlComment, xmlCData, xmlProcessingInstruction, xmlElement}) {
+            EXPECT_LE(xml.kindStart(kind, at), xml.length());
+            EXPECT_LE(xml.kindEnd(kind, at), xml.length());
+        }
+        const String content = xml.content();
+        EXPECT_LE(XmlScan::closingTag(content.view(), at, Source::Fragment), xml.length());
+        EXPECT_TRUE(at > 0 || Markup::openedBetween(xml, 0, at).empty());
+        const String all = xml.nextTagName(at) + xml.previousTagName(at) +
+                           String(xml.attributeName(at)) + String(xml.attributeValue(at)) +
+                           xml.startTagAround(at) + Markup::characterData(xml, at) +
+                           Markup::cutOut(xml, at, xml.length());
         EXPECT_TRUE(valid || all.empty()) << wide(all);
-        EXPECT_FALSE(!valid && (!xml.getNamespacesFromAllContainers(at).empty() ||
-                                xml.elementContainsJustNonBreakingSpace(at) ||
-                                xml.isNbspFollowedByCloseElement(at) ||
-                                xml.isLastValidWhiteSpaceBeforeElementClosed(at) ||
-                                EditableXmlBuffer::isInsideStartTag(xml.text(), at)));
+        EXPECT_FALSE(!valid &&
+                     (!Namespaces::around(xml, at).empty() || xml.holdsOnlyPlaceholder(at) ||
+                      xml.isPlaceholderAtElementEnd(at) || xml.beginsTrailingSpaces(at)));
     };
-    const auto checkAll = [&](const XmlProbe& xml) {
+    const auto checkAll = [&](const XmlText& xml) {
         for (int at = -3; at <= xml.length() + 3 && !testing::Test::HasFailure(); ++at)
             check(xml, at);
         for (const int at : {INT_MIN, INT_MAX})
             check(xml, at);
     };
-    for (const XmlProbe& xml : randomDocuments(true)) {
+    for (const XmlText& xml : randomDocuments(true)) {
         checkAll(xml);
         // Cut anywhere, it is a text in which nothing can be taken for granted.
-        checkAll(XmlProbe(xml.text().subString(xml.length() / 3, xml.length() * 2 / 3)));
+        checkAll(xmlText(xml.content().subString(xml.length() / 3, xml.length() * 2 / 3)));
     }
     for (const wchar_t* hostile : {L"", L"<", L"</", L"<>", L">", L"]]>", L"&", L"<!--",
                                    L"</a>]]></a> ", L" <a><![CDATA[", L"<a b='"})
-        checkAll(XmlProbe(hostile));
+        checkAll(xmlText(hostile));
 }
