@@ -8,6 +8,7 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
 #include "document/TableCache.h"
+#include "document/caret/Moves.h"
 #include "document/history/EditActionGroup.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
@@ -85,6 +86,20 @@ void DocumentText::set(Document& document, const String& content, bool resetHist
         document.history.clearStack();
     else
         document.recordContent();
+}
+
+void DocumentText::replace(Document& document, int start, int end, const String& xml) {
+    if (!document.text().isValid(start) || !document.text().isValid(end) || end < start)
+        return;
+    RecordedCommand command(document);
+    document.recordCaret();
+    document.recordDeletion(start, document.removeUnrecorded(start, end));
+    document.insertUnrecorded(start, xml);
+    document.recordInsertion(start, xml);
+    Moves::outOfMarkup(document);
+    document.recordCaret();
+    if (!command.mayStand())
+        command.takeBack();
 }
 
 int Attributes::declareOnRoot(Document& document, const String& declaration) {

@@ -5,6 +5,7 @@
 #include "document/Attributes.h"
 #include "document/CommandScope.h"
 #include "document/Document.h"
+#include "document/DocumentText.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/EditableDocumentBufferState.h"
 #include "document/MarkupChange.h"
@@ -129,14 +130,6 @@ Insertion insertInline(Document& document, String text, PropertyCollection prope
     return insertion;
 }
 
-/// Markup that was put in may have made the text around the caret a part of a comment or a section,
-/// and a caret on the last unit that was replaced has landed one before the place.
-void moveCaretOutOfMarkup(Document& document) {
-    if (document.text().isValid(document.caret()))
-        document.select(Stops::outsideMarkup(document, document.pivot()),
-                        Stops::outsideMarkup(document, document.caret()));
-}
-
 /// Whether the element whose tag stands at the position has a stop before its end.
 bool elementHasStop(const Document& document, int element) {
     const int closing = document.text().closingTag(element);
@@ -255,7 +248,7 @@ Insertion insertInPlaceOfSelection(Document& document, const String& text, bool 
     if (selectInserted)
         document.select(inserted.start, inserted.end);
     if (isXml)
-        moveCaretOutOfMarkup(document);
+        Moves::outOfMarkup(document);
     document.recordCaret();
     return Insertion::Done;
 }
@@ -363,20 +356,6 @@ void Typing::insertText(Document& document, const String& text,
     if (insertion == Insertion::Done)
         Formatting::formatBlockAround(document, document.selectionStart(), ofBlock);
     if (insertion != Insertion::Done || !command.mayStand())
-        command.takeBack();
-}
-
-void Typing::replace(Document& document, int start, int end, const String& xml) {
-    if (!document.text().isValid(start) || !document.text().isValid(end) || end < start)
-        return;
-    RecordedCommand command(document);
-    document.recordCaret();
-    document.recordDeletion(start, document.removeUnrecorded(start, end));
-    document.insertUnrecorded(start, xml);
-    document.recordInsertion(start, xml);
-    moveCaretOutOfMarkup(document);
-    document.recordCaret();
-    if (!command.mayStand())
         command.takeBack();
 }
 
@@ -521,7 +500,7 @@ void EditableDocumentBuffer::insertTab() {
 }
 
 void EditableDocumentBuffer::replaceXmlText(int start, int end, const String& xml) {
-    Typing::replace(*document_, start, end, xml);
+    DocumentText::replace(*document_, start, end, xml);
 }
 
 EditableDocumentBuffer::InsertedRange
