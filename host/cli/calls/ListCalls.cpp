@@ -26,8 +26,7 @@ std::tuple<String, int> getNextLabel(L& lists, const String& label) {
 } // namespace
 
 std::vector<Operation> Calls::lists() {
-    const Rows lists(
-        [](Session& session) { return session.document().getListBuffer(); });
+    const Rows lists([](Session& session) { return session.document().getListBuffer(); });
     return {
         lists("makeList", &L::makeList, {"type"}),
         lists("createList", &L::createList, {"type"}),
