@@ -78,6 +78,7 @@ void Session::open(const Core::String& path) {
     const SmartPtr<EditableDocumentBuffer> opened = makeDocument();
     loadDocument(*opened, path);
     adopt(opened);
+    opened_ = {};
     notices_ = {.buffer = true, .caret = true};
 }
 
@@ -98,11 +99,13 @@ template <typename Answer>
 auto Session::undivided(Answer answer) {
     const SmartPtr<EditableDocumentBuffer> document = document_;
     EditableDocumentBufferState before(document.get());
+    OpenedObjects opened = opened_;
     try {
         return answer();
     } catch (...) {
         before.restorePreviousState();
         adopt(document);
+        opened_ = std::move(opened);
         throw;
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OpenedObjects.h"
 #include "Wire.h"
 
 #include <forme/document/EditableDocumentBuffer.h>
@@ -27,8 +28,11 @@ public:
     Session& operator=(const Session&) = delete;
 
     EditableDocumentBuffer& document() { return *document_; }
+    /// What requests have opened on the document.
+    OpenedObjects& opened() { return opened_; }
 
-    /// Takes up another document. When the file cannot be read, this throws and the old one stays.
+    /// Takes up another document, on which nothing is open. When the file cannot be read, this
+    /// throws and the old one stays.
     void open(const Core::String& path);
     /// Saves the document, which stays as it is. A declaration that names another encoding names
     /// this one in the file.
@@ -60,5 +64,6 @@ private:
     void adopt(const SmartPtr<EditableDocumentBuffer>& document) noexcept;
 
     SmartPtr<EditableDocumentBuffer> document_;
+    OpenedObjects opened_;
     Notices notices_;
 };

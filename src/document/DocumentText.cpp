@@ -6,8 +6,10 @@
 #include "document/CommandScope.h"
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
+#include "document/NamespaceBinding.h"
 #include "document/RecordedCommand.h"
 #include "document/TableCache.h"
+#include "document/caret/Moves.h"
 #include "document/history/EditActionGroup.h"
 #include "foundation/FileStream.h"
 #include "foundation/XmlReader.h"
@@ -82,6 +84,21 @@ void DocumentText::set(Document& document, const String& content, bool resetHist
         document.history.clearStack();
     else
         document.recordContent();
+}
+
+void DocumentText::replace(Document& document, int start, int end, const String& xml) {
+    if (!document.text().isValid(start) || !document.text().isValid(end) || end < start)
+        return;
+    RecordedCommand command(document);
+    document.recordCaret();
+    document.recordDeletion(start, document.removeUnrecorded(start, end));
+    document.insertUnrecorded(start, xml);
+    document.recordInsertion(start, xml);
+    const bool areBound = NamespaceBinding::bind(document, start, start + xml.length());
+    Moves::outOfMarkup(document);
+    document.recordCaret();
+    if (!areBound || !command.mayStand())
+        command.takeBack();
 }
 
 int Attributes::declareOnRoot(Document& document, const String& declaration) {

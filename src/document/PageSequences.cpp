@@ -4,21 +4,10 @@
 
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
-
-using Core::StringArray;
-
-namespace {
-
-const StringArray& pageGenerators() {
-    static const StringArray names{L"fo:page-sequence", L"qf:insert-document",
-                                   L"qfd:page-sequence-repeat"};
-    return names;
-}
-
-} // namespace
+#include "text/Vocabulary.h"
 
 int PageSequences::next(const Document& document, int position) {
-    return document.text().nextNamed(position, pageGenerators());
+    return document.text().nextNamed(position, Vocabulary::strings<Vocabulary::pageGenerators>());
 }
 
 int PageSequences::at(const Document& document, int index) {

@@ -2,18 +2,20 @@
 
 class Document;
 
+/// The page sequences of a document: fo:page-sequence, qfd:page-sequence-repeat and
+/// qf:insert-document, counted together from 0. A repeat counts as one with all that stands in it.
 namespace PageSequences {
 
 /// The next one behind the position, also one in a repeat; -1 if there is none.
 int next(const Document& document, int position);
 /// The one with that index; -1 if there are fewer.
 int at(const Document& document, int index);
-/// The index of the last one that begins at or before the position; -1 if none does, or outside
-/// the root element.
+/// The index of the last one that begins at or before the position; -1 if none does, or outside the
+/// root element.
 int indexOf(const Document& document, int position);
-/// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in
-/// neither.
+/// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in neither.
 int around(const Document& document, int position);
+/// The first flow in the one that begins there; -1 if it has none.
 int firstFlowOf(const Document& document, int generator);
 
 } // namespace PageSequences

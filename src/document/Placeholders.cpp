@@ -9,10 +9,8 @@
 #include "document/caret/Lines.h"
 #include "document/caret/Stops.h"
 #include "document/history/EditActionGroup.h"
-#include "text/NameList.h"
+#include "text/Vocabulary.h"
 #include "text/XmlScan.h"
-
-#include <array>
 
 using Core::String;
 using XmlScan::contains;
@@ -21,12 +19,6 @@ using XmlScan::Text;
 namespace {
 
 constexpr Text block = L"fo:block";
-
-constexpr std::array<Text, 2> inlineHolders{L"qfd:conditional-inline", L"qfd:inline-repeat"};
-
-constexpr std::array<Text, 6> blockContainers{
-    L"fo:flow",           L"fo:static-content",  L"fo:table-cell",
-    L"fo:list-item-body", L"fo:block-container", L"fo:footnote-body"};
 
 /// Whether a tag that opens, closes or is a block stands at the position.
 bool isBlockTag(const XmlText& text, int position) {
@@ -48,8 +40,8 @@ int placeholderLengthBefore(const XmlText& text, int position) {
 void insertPlaceholderInto(Document& document, int element, PlaceholderRepair& repair) {
     const Text name = document.text().tagName(element);
     const bool holdsText = document.names.isEditable(name);
-    const bool holdsInline = contains(inlineHolders, name);
-    if (!holdsText && !holdsInline && !contains(blockContainers, name))
+    const bool holdsInline = contains(Vocabulary::inlineHolders, name);
+    if (!holdsText && !holdsInline && !contains(Vocabulary::blockContainers, name))
         return;
     const String child = holdsInline ? L"fo:inline" : L"fo:block";
     const String start = holdsText ? String() : L"<" + child + L">";
@@ -69,7 +61,7 @@ void insertPlaceholderInto(Document& document, int element, PlaceholderRepair& r
 /// An inline goes when it is empty, unless what is around it must hold one.
 bool isRemovableInline(const Document& document, int element) {
     return document.names.isInline(document.text().tagName(element)) &&
-           !contains(inlineHolders, document.text().nameAround(element).view()) &&
+           !contains(Vocabulary::inlineHolders, document.text().nameAround(element).view()) &&
            !Placeholders::isFootnoteMark(document, element);
 }
 

@@ -22,28 +22,32 @@ struct PlaceholderRepair {
     int map(int offset) const;
 };
 
+/// The placeholder, a non-breaking space that keeps a place for the caret in what shows nothing
+/// else. Commands put it in where they empty an element and take it away with what is typed there.
 namespace Placeholders {
 
-/// Whether the element's tags hold nothing but white space and editable elements of which the
-/// same is true. A placeholder is something.
+/// Whether the element's tags hold nothing but white space and editable elements of which the same
+/// is true. A placeholder is something.
 bool isVoid(const Document& document, int element);
+/// Whether the element has but one stop before its end.
+bool holdsOneUnit(const Document& document, int element);
+/// Whether it is the inline of a footnote, its mark, which stays when it shows nothing: without it
+/// a footnote would have no place in the text, and what is typed in the place of the mark would go
+/// into the note.
+bool isFootnoteMark(const Document& document, int element);
+/// Whether one placeholder touches the position and is all that stands between two line breaks.
+/// `isCharacter` tells that it is U+00A0 and no entity, `follows` that it stands at the position
+/// and not before; otherwise they mean nothing.
+bool isBetweenBreaks(const Document& document, int position, bool& isCharacter, bool& follows);
+
 /// Puts a placeholder into the element at the position if nothing shows in it. With
-/// `removeEmptyInlines` an inline goes instead, and the same is asked of its parent. Answers
-/// whether the text changed.
-bool repairEmptied(Document& document, int position, bool removeEmptyInlines);
-/// The repair of handleElementsContainingJustWhiteSpaces(), told in full.
+/// `removeEmptyInlines` an inline goes instead, and the same is asked of its parent. Tells where
+/// offsets are now. One undo step.
 PlaceholderRepair repair(Document& document, int position, bool removeEmptyInlines);
+/// The same, answering only whether the text changed.
+bool repairEmptied(Document& document, int position, bool removeEmptyInlines);
 /// Repairs what held an inline that was removed at the position, and if that was all of a line, the
 /// line gets a placeholder. Answers where the caret belongs.
 int repairLine(Document& document, int position);
-/// Without its mark a footnote would have no place in the text, and what is typed in the place of
-/// the mark would go into the note.
-bool isFootnoteMark(const Document& document, int element);
-/// Whether the element has but one stop before its end.
-bool holdsOneUnit(const Document& document, int element);
-/// Whether one placeholder touches the position and is all that stands between two line breaks.
-/// `isCharacter` tells that it is U+00A0 and no entity, `follows` that it stands at the
-/// position and not before; otherwise they mean nothing.
-bool isBetweenBreaks(const Document& document, int position, bool& isCharacter, bool& follows);
 
 } // namespace Placeholders

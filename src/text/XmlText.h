@@ -27,6 +27,8 @@ public:
     XmlText() = default;
     XmlText(const XmlText&) = delete;
     XmlText& operator=(const XmlText&) = delete;
+    XmlText(XmlText&&) = default;
+    XmlText& operator=(XmlText&&) = default;
 
     // The units
 

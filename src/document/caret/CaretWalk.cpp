@@ -1,11 +1,12 @@
 #include "document/caret/CaretWalk.h"
 
 #include "document/Document.h"
+#include "text/Vocabulary.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
-#include <array>
 
+using XmlScan::contains;
 using XmlScan::Text;
 
 namespace {
@@ -16,12 +17,6 @@ bool passesSectionEnd(const XmlText& text, int previous, int position) {
     const Text passed = text.view(previous, position);
     const auto holds = [&](Text end) { return passed.find(end) != Text::npos; };
     return holds(XmlScan::cdataEnd) || holds(XmlScan::commentEnd) || holds(XmlScan::instructionEnd);
-}
-
-constexpr std::array<Text, 3> scripts{L"qfd:xslt-global", L"qfd:xslt", L"qfd:inline-xslt"};
-
-bool isScript(Text name) {
-    return std::find(scripts.begin(), scripts.end(), name) != scripts.end();
 }
 
 } // namespace
@@ -66,7 +61,7 @@ bool CaretWalk::stepBackward() {
 
 bool CaretWalk::stepForwardOverScript() {
     const XmlText& text = document_.text();
-    if (isScript(text.tagName(position_)))
+    if (contains(Vocabulary::scripts, text.tagName(position_)))
         restartAt(text.closingTag(position_));
     return stepForward();
 }
@@ -74,7 +69,7 @@ bool CaretWalk::stepForwardOverScript() {
 bool CaretWalk::stepBackwardOverScript() {
     const XmlText& text = document_.text();
     const Text name = text.tagName(position_);
-    if (name.starts_with(L'/') && isScript(name.substr(1)))
+    if (name.starts_with(L'/') && contains(Vocabulary::scripts, name.substr(1)))
         restartAt(text.startTag(position_));
     return stepBackward();
 }
@@ -109,8 +104,7 @@ bool CaretWalk::canHoldCaret() const {
 
 bool CaretWalk::isClosedToCaret() const {
     return std::any_of(around_.begin(), around_.end(), [this](int element) {
-        const Text name = document_.text().tagName(element);
-        return name == L"fo:list-item-label" || name == L"qfd:xslt-global";
+        return contains(Vocabulary::closedToCaret, document_.text().tagName(element));
     });
 }
 

@@ -10,32 +10,14 @@
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
+#include "text/Vocabulary.h"
 
 #include <map>
 
 using Core::String;
-using Core::StringArray;
 using XmlScan::Text;
 
 namespace {
-
-const StringArray& pageMasters() {
-    static const StringArray names{L"fo:simple-page-master", L"fo:page-sequence-master"};
-    return names;
-}
-
-const StringArray& pageMasterReferences() {
-    static const StringArray names{L"fo:single-page-master-reference",
-                                   L"fo:repeatable-page-master-reference",
-                                   L"fo:conditional-page-master-reference"};
-    return names;
-}
-
-const StringArray& sideRegions() {
-    static const StringArray names{L"fo:region-before", L"fo:region-after", L"fo:region-start",
-                                   L"fo:region-end"};
-    return names;
-}
 
 /// The first start tag of that name behind the tag at `position` and before `end`; -1 if none.
 int nextTagNamed(const XmlText& text, Text name, int position, int end) {
@@ -48,10 +30,11 @@ int nextTagNamed(const XmlText& text, Text name, int position, int end) {
 
 int pageMasterNamed(const Document& document, const String& name) {
     const XmlText& text = document.text();
-    int master = text.nextNamed(text.layoutMasterSet(), pageMasters());
+    int master =
+        text.nextNamed(text.layoutMasterSet(), Vocabulary::strings<Vocabulary::pageMasters>());
     while (master >= 0 &&
            Attributes::of(document, master).getPropertyValue(L"fo:master-name") != name)
-        master = text.nextNamed(master, pageMasters());
+        master = text.nextNamed(master, Vocabulary::strings<Vocabulary::pageMasters>());
     return master;
 }
 
@@ -93,11 +76,12 @@ String Jumps::firstSideRegionOf(const Document& document, const String& masterNa
     const XmlText& text = document.text();
     int master = pageMasterNamed(document, masterName);
     if (text.tagName(master) == L"fo:page-sequence-master") {
-        const int reference = text.nextNamed(master, pageMasterReferences());
+        const int reference =
+            text.nextNamed(master, Vocabulary::strings<Vocabulary::pageMasterReferences>());
         master = pageMasterNamed(
             document, Attributes::of(document, reference).getPropertyValue(L"fo:master-reference"));
     }
-    const int region = text.nextNamed(master, sideRegions());
+    const int region = text.nextNamed(master, Vocabulary::strings<Vocabulary::sideRegions>());
     if (region < 0 || region > text.closingTag(master))
         return {};
     const String name = Attributes::of(document, region).getPropertyValue(L"fo:region-name");

@@ -9,22 +9,14 @@
 #include "document/caret/PageOrder.h"
 #include "document/caret/Stops.h"
 #include "document/caret/Words.h"
+#include "text/Vocabulary.h"
 
 #include <algorithm>
-#include <array>
-
-using XmlScan::Text;
 
 namespace {
 
-/// What the caret passes as one unit.
-constexpr std::array<Text, 8> atomicObjects{
-    L"fo:external-graphic", L"qfd:chart",    L"qfd:field",       L"qf:barcode",
-    L"qf:geomap",           L"qf:object-3d", L"qf:media-object", L"qfd:subdocument-content"};
-
 bool isAtomicObjectAt(const XmlText& text, int position) {
-    const Text name = text.tagName(position);
-    return std::find(atomicObjects.begin(), atomicObjects.end(), name) != atomicObjects.end();
+    return XmlScan::contains(Vocabulary::atomicObjects, text.tagName(position));
 }
 
 void moveRightByStop(Document& document, bool extend, bool mergeBoundaries) {
@@ -169,6 +161,12 @@ int Moves::landingLeft(const Document& document, int from, int to, bool mergeBou
                    ? to
                    : Stops::previousInFlow(document, to, mergeBoundaries);
     return text.areInSameStaticContent(from, to) ? to : -1;
+}
+
+void Moves::outOfMarkup(Document& document) {
+    if (document.text().isValid(document.caret()))
+        document.select(Stops::outsideMarkup(document, document.pivot()),
+                        Stops::outsideMarkup(document, document.caret()));
 }
 
 void Moves::home(Document& document, bool extend) {

@@ -7,6 +7,7 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/caret/Stops.h"
 #include "text/Markup.h"
+#include "text/Vocabulary.h"
 
 #include <algorithm>
 
@@ -39,10 +40,7 @@ void growSelection(Document& document, const String& innermostName) {
         document.selectedElementName = innermostName;
         return;
     }
-    // Deliberate: "fo:table-footer" is not among them.
-    while (document.selectedElementName == L"fo:table-body" ||
-           document.selectedElementName == L"fo:table-header" ||
-           document.selectedElementName == L"fo:list-item") {
+    while (XmlScan::contains(Vocabulary::passedBySelection, document.selectedElementName.view())) {
         document.selectedElementName = text.parentName(inner);
         inner = text.elementAround(inner);
     }

@@ -7,6 +7,7 @@
 #include "document/Placeholders.h"
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Lines.h"
+#include "text/Vocabulary.h"
 #include "text/XmlScan.h"
 
 using XmlScan::Text;
@@ -50,8 +51,7 @@ int Stops::previousInCell(const Document& document, int position) {
 
 bool Stops::isInCellAround(const Document& document, int position, int stop) {
     const XmlText& text = document.text();
-    static const Core::StringArray holders{L"fo:table-cell", L"fo:flow", L"fo:static-content"};
-    const int holder = text.ancestor(position, holders);
+    const int holder = text.ancestor(position, Vocabulary::strings<Vocabulary::caretRegions>());
     int element = text.elementAround(stop);
     while (element > holder)
         element = text.elementAround(element);

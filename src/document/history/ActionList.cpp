@@ -23,8 +23,9 @@ void ActionList::pushBack(const EditAction& action) {
 }
 
 void ActionList::pushBack(Prepared record) noexcept {
-    record.node_->older = std::move(newest_);
-    newest_ = std::move(record.node_);
+    std::shared_ptr<Node> node = std::move(record).take();
+    node->older = std::move(newest_);
+    newest_ = std::move(node);
     ++size_;
 }
 

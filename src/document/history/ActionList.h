@@ -66,8 +66,9 @@ public:
     }
     ~Prepared() = default;
 
-private:
-    friend class ActionList;
+    /// Gives the memory up.
+    std::shared_ptr<Node> take() && { return std::move(node_); }
 
+private:
     std::shared_ptr<Node> node_;
 };

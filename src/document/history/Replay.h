@@ -4,6 +4,7 @@
 
 class Document;
 
+/// Undo and redo: records of the history carried out on the document.
 namespace History {
 
 /// Performs one record of the history.

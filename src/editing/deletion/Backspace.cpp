@@ -7,8 +7,7 @@
 #include "document/caret/Lines.h"
 #include "document/caret/Stops.h"
 #include "editing/deletion/Deletion.h"
-#include "editing/lists/ListBuffer.h"
-#include "editing/lists/Lists.h"
+#include "editing/deletion/ListEdge.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -328,7 +327,7 @@ bool Backspace::eraseInPreviousList(int list) {
     document_.recordCaret();
     document_.setCaret(last);
     if (beginsBlock || !endsLine)
-        Lists::eraseText(document_, true, false);
+        ListEdge::erase(document_, true, false);
     if (beginsBlock && text.isAsAt(before))
         document_.setCaret(place);
     document_.recordCaret();

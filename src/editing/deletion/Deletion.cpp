@@ -5,6 +5,7 @@
 #include "document/BlockLevel.h"
 #include "document/CommandScope.h"
 #include "document/Document.h"
+#include "document/DocumentText.h"
 #include "document/Edit.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/Placeholders.h"
@@ -14,18 +15,13 @@
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
 #include "document/caret/Words.h"
-#include "editing/lists/ListBuffer.h"
-#include "editing/lists/Lists.h"
-#include "editing/typing/Typing.h"
+#include "editing/deletion/ListEdge.h"
+#include "text/Vocabulary.h"
 #include "text/XmlScan.h"
 
 using Core::String;
 
 namespace {
-
-bool isInlineHolder(const String& name) {
-    return name == L"qfd:conditional-inline" || name == L"qfd:inline-repeat";
-}
 
 void selectWord(Document& document, bool forward) {
     if (forward)
@@ -77,7 +73,8 @@ void eraseWord(Document& document, bool forward) {
 void keepInlineInHolder(Document& document) {
     const XmlText& text = document.text();
     const int element = text.elementAround(document.caret());
-    if (!isInlineHolder(text.nameAt(element)) || text.childNamed(element, L"fo:inline") >= 0)
+    if (!XmlScan::contains(Vocabulary::inlineHolders, text.tagName(element)) ||
+        text.childNamed(element, L"fo:inline") >= 0)
         return;
     int place = document.caret();
     if (text.holdsOnlyPlaceholder(element)) {
@@ -100,7 +97,7 @@ void protectAdjacentSpaces(Document& document) {
     int last = document.caret();
     while (isBlank(last + 1))
         ++last;
-    Typing::replace(document, last, last, String(XmlScan::nbspEntity));
+    DocumentText::replace(document, last, last, String(XmlScan::nbspEntity));
     document.setCaret(last);
     document.recordCaret();
 }
@@ -133,7 +130,7 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
     }
     const std::size_t recorded = document.history.recordedCount();
     if (inList)
-        Lists::eraseText(document, forward, wholeWord);
+        ListEdge::erase(document, forward, wholeWord);
     else
         Deletion::eraseText(document, forward, wholeWord, true);
     const bool didNothing = document.history.recordedCount() == recorded;

@@ -7,8 +7,7 @@
 #include "document/caret/Lines.h"
 #include "document/caret/Stops.h"
 #include "editing/deletion/Deletion.h"
-#include "editing/lists/ListBuffer.h"
-#include "editing/lists/Lists.h"
+#include "editing/deletion/ListEdge.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -188,7 +187,7 @@ bool ForwardDelete::eraseInFollowingList(int list) {
     document_.recordCaret();
     document_.setCaret(first);
     const int length = document_.text().length();
-    Lists::eraseText(document_, false, false);
+    ListEdge::erase(document_, false, false);
     if (document_.text().length() != length) {
         if (isEmpty)
             Edit(document_).remove(element_, document_.text().behindElement(element_));

@@ -10,8 +10,7 @@
 #include "document/caret/Stops.h"
 #include "document/caret/WhitespaceAlg.h"
 #include "editing/deletion/Deletion.h"
-#include "editing/lists/ListBuffer.h"
-#include "editing/lists/Lists.h"
+#include "editing/deletion/ListEdge.h"
 #include "text/XmlScan.h"
 
 #include <algorithm>
@@ -146,8 +145,8 @@ bool SelectionDeletion::deleteWholeList(int list) {
 
 /// What is left of the list stays, and the walk goes on behind it.
 bool SelectionDeletion::passList() {
-    Lists::Range range{position_, end_};
-    const int done = Lists::eraseRange(document_, range);
+    ListEdge::Range range{position_, end_};
+    const int done = ListEdge::eraseRange(document_, range);
     if (start_ == position_)
         start_ = range.start;
     end_ = range.end;

@@ -11,14 +11,12 @@
 #include "editing/lists/ListBuffer.h"
 #include "editing/lists/Lists.h"
 #include "text/Markup.h"
-#include "text/NameList.h"
+#include "text/Vocabulary.h"
 
 #include <algorithm>
-#include <array>
 
 using Core::String;
 using XmlScan::contains;
-using XmlScan::Text;
 
 namespace {
 
@@ -28,12 +26,10 @@ struct Move {
     int to;
 };
 
-constexpr std::array<Text, 3> blockHolders{L"qfd:block-repeat", L"qfd:conditional-block",
-                                           L"qfd:conditional-block-sequence"};
-
 /// Whether an element begins there that stands on lines of its own.
 bool endsLine(const XmlText& text, int position) {
-    return isBlockLevelTag(text, position) || contains(blockHolders, text.tagName(position));
+    return isBlockLevelTag(text, position) ||
+           contains(Vocabulary::blockHolders, text.tagName(position));
 }
 
 void eraseForward(Document& document, int item);
@@ -276,7 +272,7 @@ void eraseInItem(Document& document, int item, bool forward, bool wholeWord) {
 
 } // namespace
 
-void Lists::eraseText(Document& document, bool forward, bool wholeWord) {
+void ListEdge::erase(Document& document, bool forward, bool wholeWord) {
     const int item = Lists::itemAround(document, document.caret());
     // A host can put the caret between the tags of an item, where Delete would take its label.
     if (item < 0 || !Deletion::isInErasablePlace(document) ||
@@ -291,5 +287,5 @@ void Lists::eraseText(Document& document, bool forward, bool wholeWord) {
 }
 
 void ListBuffer::eraseTextFromListBuffer(bool forward, bool wholeWord) {
-    Lists::eraseText(document_, forward, wholeWord);
+    ListEdge::erase(document_, forward, wholeWord);
 }

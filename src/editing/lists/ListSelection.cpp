@@ -98,7 +98,7 @@ int Lists::eraseSelection(Document& document, int& start, int& end) {
     Lists::Range range{start, end};
     int done = -1;
     const bool stood = carryOut(document, [&] {
-        done = Lists::eraseRange(document, range);
+        done = ListEdge::eraseRange(document, range);
         Moves::toStop(document);
         document.recordCaret();
     });
@@ -109,7 +109,7 @@ int Lists::eraseSelection(Document& document, int& start, int& end) {
     return done;
 }
 
-int Lists::eraseRange(Document& document, Lists::Range& range) {
+int ListEdge::eraseRange(Document& document, Range& range) {
     const XmlText& text = document.text();
     const int list = Lists::listAround(document, range.start);
     const int lower = document.selectionStart();

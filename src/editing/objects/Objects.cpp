@@ -14,26 +14,12 @@
 #include "editing/deletion/Deletion.h"
 #include "editing/formatting/Formatting.h"
 #include "editing/typing/Typing.h"
-#include "text/NameList.h"
-
-#include <array>
+#include "text/Vocabulary.h"
 
 using Core::String;
 using XmlScan::contains;
-using XmlScan::Text;
 
 namespace {
-
-constexpr std::array<Text, 4> repeatingElements{L"qfd:block-repeat", L"qfd:table-row-repeat",
-                                                L"qfd:inline-repeat", L"qfd:page-sequence-repeat"};
-
-/// What is nothing without the parts that it is made of.
-constexpr std::array<Text, 3> sequences{L"qfd:conditional-block-sequence",
-                                        L"qfd:conditional-inline-sequence", L"fo:list-block"};
-
-/// What a table or a list has a place for, whether it holds something or not.
-constexpr std::array<Text, 3> partsOfStructures{L"fo:table-cell", L"fo:list-item-label",
-                                                L"fo:list-item-body"};
 
 constexpr const wchar_t* blockFiller = L"<fo:block>&#x00A0;</fo:block>";
 constexpr const wchar_t* inlineFiller = L"<fo:inline>&#x00A0;</fo:inline>";
@@ -94,7 +80,7 @@ bool holdsNothingBut(const Document& document, int only, int element) {
 /// Whether an element was made just to hold this one.
 bool isWrapperOf(const Document& document, int element, int only) {
     return Deletion::isInRegion(document, element) &&
-           !contains(partsOfStructures, document.text().tagName(element)) &&
+           !contains(Vocabulary::partsOfStructures, document.text().tagName(element)) &&
            Attributes::of(document, element).isEmpty() && holdsNothingBut(document, only, element);
 }
 
@@ -116,14 +102,14 @@ int Objects::namedByPath(const Document& document, const String& path) {
 
 int Deletion::withEmptiedSequence(const Document& document, int element) {
     const int parent = document.text().elementAround(element);
-    return contains(sequences, document.text().tagName(parent)) &&
+    return contains(Vocabulary::madeOfParts, document.text().tagName(parent)) &&
                    holdsNothingBut(document, element, parent)
                ? parent
                : element;
 }
 
 bool Objects::isRepeating(const String& name) {
-    return contains(repeatingElements, name.view());
+    return contains(Vocabulary::repeating, name.view());
 }
 
 void EditableDocumentBuffer::deleteObject(const String& path, const String& container,

@@ -4,6 +4,7 @@
 
 class Document;
 
+/// The words of a document for a spell checker, and the dictionaries that the document names.
 namespace Spelling {
 
 /// The dictionaries that the root names; empty if it names none.

@@ -7,25 +7,14 @@
 #include "document/RecordedCommand.h"
 #include "document/caret/Stops.h"
 #include "foundation/ObjectId.h"
+#include "text/Vocabulary.h"
 
 using Core::String;
-using Core::StringArray;
 
 namespace {
 
 constexpr const wchar_t* initialPosition = L"qf:initial-pos";
 constexpr const wchar_t* identifier = L"fo:id";
-
-const StringArray& readableElements() {
-    static const StringArray names{L"fo:block", L"fo:inline"};
-    return names;
-}
-
-const StringArray& conditionalSequences() {
-    static const StringArray names{L"qfd:conditional-block-sequence",
-                                   L"qfd:conditional-inline-sequence"};
-    return names;
-}
 
 void forgetInitialPosition(Document& document) {
     const int root = document.text().root();
@@ -40,9 +29,13 @@ void forgetInitialPosition(Document& document) {
 /// within need not exist when the template is run.
 int initialPositionElement(const Document& document) {
     const XmlText& text = document.text();
-    const int element = text.ancestor(document.caret(), readableElements());
-    const int sequence = text.outermostAncestor(element, conditionalSequences());
-    return sequence < 0 ? element : text.ancestor(sequence, readableElements());
+    const int element =
+        text.ancestor(document.caret(), Vocabulary::strings<Vocabulary::initialPositions>());
+    const int sequence =
+        text.outermostAncestor(element, Vocabulary::strings<Vocabulary::conditionalSequences>());
+    return sequence < 0
+               ? element
+               : text.ancestor(sequence, Vocabulary::strings<Vocabulary::initialPositions>());
 }
 
 String idOfElement(Document& document, int element) {
@@ -82,9 +75,10 @@ void EditableDocumentBuffer::loadInitialPosition() {
     const String id = Attributes::of(document, text.root()).getPropertyValue(initialPosition);
     if (id.empty())
         return;
-    int element = text.nextNamed(document.caret(), readableElements());
+    int element =
+        text.nextNamed(document.caret(), Vocabulary::strings<Vocabulary::initialPositions>());
     while (element >= 0 && Attributes::of(document, element).getPropertyValue(identifier) != id)
-        element = text.nextNamed(element, readableElements());
+        element = text.nextNamed(element, Vocabulary::strings<Vocabulary::initialPositions>());
     if (element < 0)
         return;
     document.endTyping();

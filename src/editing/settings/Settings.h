@@ -2,9 +2,10 @@
 
 class Document;
 
+/// What the head of a document says of the whole: style sheet, information, conformance, and
+/// whether variable data printing is on.
 namespace Settings {
 
-/// Whether variable data printing is on.
 bool isVdpSet(const Document& document);
 
 } // namespace Settings

@@ -5,8 +5,10 @@
 #include "document/Attributes.h"
 #include "document/CommandScope.h"
 #include "document/Document.h"
+#include "document/DocumentText.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/EditableDocumentBufferState.h"
+#include "document/NamespaceBinding.h"
 #include "document/Placeholders.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/Moves.h"
@@ -14,7 +16,6 @@
 #include "document/history/EditActionGroup.h"
 #include "editing/deletion/Deletion.h"
 #include "editing/formatting/Formatting.h"
-#include "editing/typing/NamespaceBinding.h"
 #include "text/Markup.h"
 #include "text/MarkupChange.h"
 #include "text/XmlScan.h"
@@ -131,14 +132,6 @@ Insertion insertInline(Document& document, String text, PropertyCollection prope
     return insertion;
 }
 
-/// Markup that was put in may have made the text around the caret a part of a comment or a section,
-/// and a caret on the last unit that was replaced has landed one before the place.
-void moveCaretOutOfMarkup(Document& document) {
-    if (document.text().isValid(document.caret()))
-        document.select(Stops::outsideMarkup(document, document.pivot()),
-                        Stops::outsideMarkup(document, document.caret()));
-}
-
 /// Whether the element whose tag stands at the position has a stop before its end.
 bool elementHasStop(const Document& document, int element) {
     const int closing = document.text().closingTag(element);
@@ -243,7 +236,7 @@ InsertedRange insertPlainText(Document& document, const String& text) {
 /// A declaration ends a run of typing, but here it belongs to the step that is under way.
 bool declareWhatIsUsed(Document& document, const InsertedRange& inserted) {
     const std::optional<unsigned> step = std::exchange(document.typingGroup, std::nullopt);
-    const bool areBound = Typing::bindPrefixes(document, inserted.start, inserted.end);
+    const bool areBound = NamespaceBinding::bind(document, inserted.start, inserted.end);
     document.typingGroup = step;
     return areBound;
 }
@@ -268,7 +261,7 @@ Insertion insertInPlaceOfSelection(Document& document, const String& text, bool 
     if (isXml && !declareWhatIsUsed(document, inserted))
         return Insertion::RolledBack;
     if (isXml)
-        moveCaretOutOfMarkup(document);
+        Moves::outOfMarkup(document);
     document.recordCaret();
     return Insertion::Done;
 }
@@ -378,21 +371,6 @@ void Typing::insertText(Document& document, const String& text,
     if (insertion == Insertion::Done)
         Formatting::formatBlockAround(document, document.selectionStart(), ofBlock);
     if (insertion != Insertion::Done || !command.mayStand())
-        command.takeBack();
-}
-
-void Typing::replace(Document& document, int start, int end, const String& xml) {
-    if (!document.text().isValid(start) || !document.text().isValid(end) || end < start)
-        return;
-    RecordedCommand command(document);
-    document.recordCaret();
-    document.recordDeletion(start, document.removeUnrecorded(start, end));
-    document.insertUnrecorded(start, xml);
-    document.recordInsertion(start, xml);
-    const bool areBound = Typing::bindPrefixes(document, start, start + xml.length());
-    moveCaretOutOfMarkup(document);
-    document.recordCaret();
-    if (!areBound || !command.mayStand())
         command.takeBack();
 }
 
@@ -536,7 +514,7 @@ void EditableDocumentBuffer::insertTab() {
 }
 
 void EditableDocumentBuffer::replaceXmlText(int start, int end, const String& xml) {
-    Typing::replace(*document_, start, end, xml);
+    DocumentText::replace(*document_, start, end, xml);
 }
 
 EditableDocumentBuffer::InsertedRange

@@ -1,6 +1,7 @@
 #include "foundation/xml/Element.h"
 
 #include "foundation/xml/QualifiedName.h"
+#include "foundation/xml/TreeParts.h"
 
 namespace Xml {
 
@@ -12,10 +13,10 @@ std::unique_ptr<Element> Element::make(const Core::String& name, const Core::Str
 }
 
 std::unique_ptr<Element> Element::copyTag() const {
-    auto copy = std::make_unique<Element>(name_);
+    auto copy = std::make_unique<Element>(Node::Parts::name(*this));
     copy->attributes_.reserve(attributes_.size());
     for (const auto& attribute : attributes_)
-        copy->addAttribute(attribute->name_, attribute->get_value());
+        copy->addAttribute(Node::Parts::name(*attribute), attribute->get_value());
     return copy;
 }
 
@@ -48,13 +49,13 @@ bool Element::remove_attribute(const Core::String& name, const Core::String& pre
 std::list<Attribute*> Element::get_attributes() const {
     std::list<Attribute*> attributes;
     for (const auto& attribute : attributes_)
-        if (!attribute->name_->declaresNamespace())
+        if (!Node::Parts::name(*attribute)->declaresNamespace())
             attributes.push_back(attribute.get());
     return attributes;
 }
 
 TextNode* Element::get_child_text() const {
-    for (Node* child = firstChild_; child; child = child->next_)
+    for (Node* child = Node::Parts::firstChild(*this); child; child = Node::Parts::next(*child))
         if (child->is_text())
             return static_cast<TextNode*>(child);
     return nullptr;
@@ -63,8 +64,8 @@ TextNode* Element::get_child_text() const {
 void Element::set_child_text(const Core::String& text) {
     requireXmlText(text);
     TextNode* kept = text.empty() ? nullptr : get_child_text();
-    for (Node *child = firstChild_, *next; child; child = next) {
-        next = child->next_;
+    for (Node *child = Node::Parts::firstChild(*this), *next; child; child = next) {
+        next = Node::Parts::next(*child);
         if (child->is_text() && child != kept)
             remove_child(child);
     }
@@ -76,16 +77,17 @@ void Element::set_child_text(const Core::String& text) {
 
 TextNode* Element::add_child_text(const Core::String& text) {
     requireXmlText(text);
-    if (!lastChild_ || lastChild_->kind_ != Kind::Text)
-        return static_cast<TextNode*>(append(std::make_unique<TextNode>(text)));
-    auto* last = static_cast<TextNode*>(lastChild_);
+    Node* const child = Node::Parts::lastChild(*this);
+    if (!child || Node::Parts::kind(*child) != Kind::Text)
+        return static_cast<TextNode*>(Node::Parts::append(*this, std::make_unique<TextNode>(text)));
+    auto* last = static_cast<TextNode*>(child);
     last->set_content(last->get_content() + text);
     return last;
 }
 
 Attribute* Element::addAttribute(Name name, const Core::String& value) {
     attributes_.push_back(std::make_unique<Attribute>(std::move(name), value));
-    attributes_.back()->parent_ = this;
+    Node::Parts::setParent(*attributes_.back(), this);
     return attributes_.back().get();
 }
 
@@ -96,12 +98,12 @@ Attribute* Element::findAttribute(const QualifiedName& wanted) const {
         return exact;
     if (wanted.prefix.empty())
         return findWithAnyPrefix(wanted.local);
-    return wanted.prefix == name_->prefix ? findExactly({Core::String(), wanted.local}) : nullptr;
+    return wanted.prefix == getNSPrefix() ? findExactly({Core::String(), wanted.local}) : nullptr;
 }
 
 Attribute* Element::findExactly(const QualifiedName& wanted) const {
     for (const auto& attribute : attributes_) {
-        const QualifiedName& name = *attribute->name_;
+        const QualifiedName& name = *Node::Parts::name(*attribute);
         if (name.local == wanted.local && name.prefix == wanted.prefix)
             return attribute.get();
     }
@@ -110,7 +112,7 @@ Attribute* Element::findExactly(const QualifiedName& wanted) const {
 
 Attribute* Element::findWithAnyPrefix(const Core::String& local) const {
     for (const auto& attribute : attributes_) {
-        const QualifiedName& name = *attribute->name_;
+        const QualifiedName& name = *Node::Parts::name(*attribute);
         if (name.local == local && !name.declaresNamespace())
             return attribute.get();
     }

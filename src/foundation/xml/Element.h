@@ -46,12 +46,10 @@ public:
     /// The element's own prefix; empty without one.
     Core::String getNSPrefix() const { return get_namespace_prefix(); }
 
-private:
-    friend class Node;
-    friend class TreeBuilder;
-    friend class TreeWriter;
-    friend class XmlDocument;
+    /// The library's own way to the fields.
+    struct Parts;
 
+private:
     static std::unique_ptr<Element> make(const Core::String& name, const Core::String& prefix);
     std::unique_ptr<Element> copyTag() const;
     Attribute* addAttribute(Name name, const Core::String& value);

@@ -8,6 +8,7 @@
 #include "foundation/xml/EntityReferenceNode.h"
 #include "foundation/xml/ProcessingInstructionNode.h"
 #include "foundation/xml/QualifiedName.h"
+#include "foundation/xml/TreeParts.h"
 
 #include <utility>
 
@@ -70,13 +71,13 @@ std::list<Node*> Node::get_children(const Core::String& name) const {
 
 Element* Node::add_child(const Core::String& name, const Core::String& prefix) {
     requireElement();
-    return static_cast<Element*>(append(Element::make(name, prefix)));
+    return static_cast<Element*>(append(Element::Parts::make(name, prefix)));
 }
 
 Element* Node::add_node_as_prev_sibling(Node* before, const Core::String& name,
                                         const Core::String& prefix) {
     requireChild(before);
-    return static_cast<Element*>(insertBefore(before, Element::make(name, prefix)));
+    return static_cast<Element*>(insertBefore(before, Element::Parts::make(name, prefix)));
 }
 
 void Node::remove_child(Node* child) {
@@ -109,8 +110,8 @@ std::map<Core::String, Core::String> Node::get_namespace_defs() const {
     std::map<Core::String, Core::String> definitions;
     if (!is_element())
         return definitions;
-    for (const auto& attribute : static_cast<const Element*>(this)->attributes_) {
-        const QualifiedName& name = *attribute->name_;
+    for (const auto& attribute : Element::Parts::attributes(*static_cast<const Element*>(this))) {
+        const QualifiedName& name = *Parts::name(*attribute);
         if (name.declaresNamespace())
             definitions[name.prefix.empty() ? Core::String() : name.local] = attribute->get_value();
     }
@@ -157,7 +158,7 @@ std::unique_ptr<Node> Node::copyAlone() const {
     auto content = [this] { return static_cast<const ContentNode*>(this)->get_content(); };
     switch (kind_) {
     case Kind::Element:
-        return static_cast<const Element*>(this)->copyTag();
+        return Element::Parts::copyTag(*static_cast<const Element*>(this));
     case Kind::Text:
         return std::make_unique<TextNode>(content());
     case Kind::CData:

@@ -79,6 +79,9 @@ public:
     /// The default namespace has the empty prefix.
     std::map<Core::String, Core::String> get_namespace_defs() const;
 
+    /// The library's own way to the fields.
+    struct Parts;
+
 protected:
     enum class Kind : unsigned char {
         Document,
@@ -96,12 +99,6 @@ protected:
     Node(Kind kind, Name name) : name_(std::move(name)), kind_(kind) {}
 
 private:
-    friend class Attribute;
-    friend class Element;
-    friend class TreeBuilder;
-    friend class TreeWriter;
-    friend class XmlDocument;
-
     Node* insertBefore(Node* place, std::unique_ptr<Node> node); // at the end when `place` is null
     Node* append(std::unique_ptr<Node> node) { return insertBefore(nullptr, std::move(node)); }
     Node* importBefore(Node* place, const Node* source, bool recursive);

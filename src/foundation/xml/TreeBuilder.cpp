@@ -76,7 +76,7 @@ void TreeBuilder::FreeParser::operator()(XML_ParserStruct* parser) const {
 
 TreeBuilder::TreeBuilder(std::string_view text, bool substituteEntities)
     : text_(text), parser_(XML_ParserCreate("UTF-8")), document_(new XmlDocument),
-      current_(&document_->content_) {
+      current_(&XmlDocument::Parts::content(*document_)) {
     if (!parser_)
         throw std::bad_alloc();
     setHandlers(substituteEntities);
@@ -133,18 +133,18 @@ void TreeBuilder::startElement(const char* name, const char** attributes) {
     auto element = std::make_unique<Element>(nameOf(name));
     // Attributes that a document type adds are left out: the text does not have them.
     int specified = XML_GetSpecifiedAttributeCount(parser_.get());
-    element->attributes_.reserve(static_cast<std::size_t>(specified) / 2);
+    Element::Parts::reserveAttributes(*element, static_cast<std::size_t>(specified) / 2);
     for (int i = 0; i < specified; i += 2)
-        element->addAttribute(nameOf(attributes[i]), decode(attributes[i + 1]));
+        Element::Parts::addAttribute(*element, nameOf(attributes[i]), decode(attributes[i + 1]));
     if (isOutsideRoot())
-        document_->root_ = element.get();
-    current_ = current_->append(std::move(element));
+        XmlDocument::Parts::setRoot(*document_, element.get());
+    current_ = Node::Parts::append(*current_, std::move(element));
     ++depth_;
 }
 
 void TreeBuilder::endElement(const char*) {
     flushText();
-    current_ = current_->parent_;
+    current_ = Node::Parts::parent(*current_);
     --depth_;
 }
 
@@ -174,7 +174,7 @@ void TreeBuilder::addInstruction(const char* target, const char* data) {
 void TreeBuilder::readDeclaration(const char* version, const char*, int) {
     declared_ = true;
     if (version)
-        document_->version_ = decode(version);
+        XmlDocument::Parts::setVersion(*document_, decode(version));
 }
 
 // Gets white space outside the root and, piece by piece, the document type. White space behind the
@@ -187,7 +187,7 @@ void TreeBuilder::readUnhandled(const char* text, int length) {
         flushText();
         inDocumentType_ = true;
         documentTypeStart_ = offset();
-    } else if (!declared_ || document_->content_.has_children()) {
+    } else if (!declared_ || XmlDocument::Parts::content(*document_).has_children()) {
         pendingText_ += piece;
     }
 }
@@ -220,13 +220,13 @@ void TreeBuilder::flushText() {
     if (pendingText_.empty())
         return;
     std::string text = std::exchange(pendingText_, {});
-    current_->append(
-        std::make_unique<TextNode>(decode(isOutsideRoot() ? withLineFeeds(text) : text)));
+    Node::Parts::append(*current_, std::make_unique<TextNode>(
+                                       decode(isOutsideRoot() ? withLineFeeds(text) : text)));
 }
 
 void TreeBuilder::add(std::unique_ptr<Node> node) {
     flushText();
-    current_->append(std::move(node));
+    Node::Parts::append(*current_, std::move(node));
 }
 
 // When a document type points outside, the parser drops references to undeclared entities from
@@ -241,7 +241,7 @@ void TreeBuilder::requireDeclaredEntities(std::string_view tag) const {
     }
 }
 
-Node::Name TreeBuilder::nameOf(std::string_view name) {
+Node::Parts::Name TreeBuilder::nameOf(std::string_view name) {
     auto known = names_.find(name);
     if (known == names_.end())
         known =

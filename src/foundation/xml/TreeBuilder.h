@@ -2,6 +2,7 @@
 
 #include "foundation/SmartPtr.h"
 #include "foundation/String.h"
+#include "foundation/xml/TreeParts.h"
 #include "foundation/xml/XmlDocument.h"
 
 #include <exception>
@@ -62,11 +63,11 @@ private:
     void flushText();
     void add(std::unique_ptr<Node> node);
     void requireDeclaredEntities(std::string_view tag) const;
-    Node::Name nameOf(std::string_view name);
+    Node::Parts::Name nameOf(std::string_view name);
     std::string gapBehind(std::string_view target) const;
     std::string_view currentMarkup() const;
     std::size_t offset() const;
-    bool isOutsideRoot() const { return current_ == &document_->content_; }
+    bool isOutsideRoot() const { return current_ == &XmlDocument::Parts::content(*document_); }
     [[noreturn]] void fail(const Core::String& reason) const;
     [[noreturn]] void failWithParserError() const;
 
@@ -82,7 +83,7 @@ private:
     std::size_t documentTypeStart_ = 0;
     std::set<std::string, std::less<>> entities_; // the general ones that the text declares
     int entityCount_ = 0;
-    std::unordered_map<std::string, Node::Name, Hash, std::equal_to<>> names_;
+    std::unordered_map<std::string, Node::Parts::Name, Hash, std::equal_to<>> names_;
     std::exception_ptr thrown_; // by a handler; it must not pass through the parser's frames
 };
 

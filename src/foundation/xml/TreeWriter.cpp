@@ -1,6 +1,7 @@
 #include "foundation/xml/TreeWriter.h"
 
 #include "foundation/xml/QualifiedName.h"
+#include "foundation/xml/TreeParts.h"
 #include "foundation/xml/XmlDocument.h"
 
 #include <algorithm>
@@ -8,6 +9,8 @@
 namespace Xml {
 
 namespace {
+
+using Parts = Node::Parts;
 
 std::wstring_view contentOf(const Node& node) {
     // The view lives as long as the node: its String shares the storage that get_content() answers.
@@ -76,9 +79,10 @@ void appendEscaped(std::wstring& out, std::wstring_view text, Reference referenc
 } // namespace
 
 Core::String TreeWriter::write(const XmlDocument& document) {
-    bool lacksDocumentType = !document.entityDeclarations_.empty();
-    for (const Node* node = document.content_.firstChild_; node; node = node->next_) {
-        if (node->kind_ == Node::Kind::DocumentType) {
+    bool lacksDocumentType = !XmlDocument::Parts::entityDeclarations(document).empty();
+    for (const Node* node = Parts::firstChild(XmlDocument::Parts::content(document)); node;
+         node = Parts::next(*node)) {
+        if (Parts::kind(*node) == Parts::Kind::DocumentType) {
             writeDocumentType(document, contentOf(*node));
             lacksDocumentType = false;
         } else if (!node->is_element()) {
@@ -86,7 +90,7 @@ Core::String TreeWriter::write(const XmlDocument& document) {
         } else {
             if (lacksDocumentType)
                 writeNewDocumentType(document);
-            writeRoot(*document.root_);
+            writeRoot(*document.getRootNode());
         }
     }
     return Core::String(std::move(out_));
@@ -94,18 +98,18 @@ Core::String TreeWriter::write(const XmlDocument& document) {
 
 void TreeWriter::writeNewDocumentType(const XmlDocument& document) {
     out_ += L"<!DOCTYPE ";
-    writeName(*document.root_);
+    writeName(*document.getRootNode());
     writeDocumentType(document, L">");
     out_ += L'\n';
 }
 
 bool TreeWriter::beginsWithLineBreak(const Node* node) {
-    return node && node->kind_ == Node::Kind::Text && contentOf(*node).starts_with(L'\n');
+    return node && Parts::kind(*node) == Parts::Kind::Text && contentOf(*node).starts_with(L'\n');
 }
 
 // New declarations stand at the head of the internal subset, because the first one of a name binds.
 void TreeWriter::writeDocumentType(const XmlDocument& document, std::wstring_view declaration) {
-    if (document.entityDeclarations_.empty()) {
+    if (XmlDocument::Parts::entityDeclarations(document).empty()) {
         out_ += declaration;
         return;
     }
@@ -114,7 +118,7 @@ void TreeWriter::writeDocumentType(const XmlDocument& document, std::wstring_vie
     out_ += declaration.substr(0, hasSubset ? subset : declaration.size() - 1);
     if (!hasSubset)
         out_ += L" [";
-    for (const auto& entry : document.entityDeclarations_)
+    for (const auto& entry : XmlDocument::Parts::entityDeclarations(document))
         out_.append(L"\n").append(entry.second.view());
     out_ += hasSubset ? declaration.substr(subset) : L"\n]>";
 }
@@ -126,35 +130,36 @@ void TreeWriter::writeRoot(const Element& root) {
             writeStartTag(static_cast<const Element&>(*node));
         else
             writeContent(*node);
-        if (node == &root && root.firstChild_ && !beginsWithLineBreak(root.firstChild_))
+        if (node == &root && Parts::firstChild(root) &&
+            !beginsWithLineBreak(Parts::firstChild(root)))
             out_ += L'\n';
-        if (node->firstChild_) {
-            node = node->firstChild_;
+        if (const Node* child = Parts::firstChild(*node)) {
+            node = child;
             continue;
         }
-        while (node != &root && !node->next_) {
-            node = node->parent_;
+        while (node != &root && !Parts::next(*node)) {
+            node = Parts::parent(*node);
             writeEndTag(*node);
         }
         if (node == &root)
             break;
-        node = node->next_;
+        node = Parts::next(*node);
     }
-    if (!beginsWithLineBreak(root.next_))
+    if (!beginsWithLineBreak(Parts::next(root)))
         out_ += L'\n';
 }
 
 void TreeWriter::writeStartTag(const Element& element) {
     out_ += L'<';
     writeName(element);
-    for (const auto& attribute : element.attributes_) {
+    for (const auto& attribute : Element::Parts::attributes(element)) {
         out_ += L' ';
         writeName(*attribute);
         out_ += L"=\"";
         writeValue(attribute->get_value().view());
         out_ += L'"';
     }
-    out_ += element.firstChild_ ? L">" : L"/>";
+    out_ += Parts::firstChild(element) ? L">" : L"/>";
 }
 
 void TreeWriter::writeEndTag(const Node& element) {
@@ -165,28 +170,28 @@ void TreeWriter::writeEndTag(const Node& element) {
 
 void TreeWriter::writeContent(const Node& node) {
     std::wstring_view content = contentOf(node);
-    switch (node.kind_) {
-    case Node::Kind::Text:
+    switch (Parts::kind(node)) {
+    case Parts::Kind::Text:
         return writeText(content);
-    case Node::Kind::CData:
+    case Parts::Kind::CData:
         return writeCData(content);
-    case Node::Kind::Comment:
+    case Parts::Kind::Comment:
         out_.append(L"<!--").append(content).append(L"-->");
         return;
-    case Node::Kind::ProcessingInstruction:
+    case Parts::Kind::ProcessingInstruction:
         out_ += L"<?";
         writeName(node);
         out_.append(content).append(L"?>");
         return;
-    case Node::Kind::EntityReference:
+    case Parts::Kind::EntityReference:
         out_ += L'&';
         writeName(node);
         out_ += L';';
         return;
-    case Node::Kind::Document:
-    case Node::Kind::DocumentType:
-    case Node::Kind::Element:
-    case Node::Kind::Attribute:
+    case Parts::Kind::Document:
+    case Parts::Kind::DocumentType:
+    case Parts::Kind::Element:
+    case Parts::Kind::Attribute:
         break;
     }
 }
@@ -202,9 +207,10 @@ void TreeWriter::writeCData(std::wstring_view content) {
 }
 
 void TreeWriter::writeName(const Node& node) {
-    if (!node.name_->prefix.empty())
-        out_.append(node.name_->prefix.view()).append(L":");
-    out_ += node.name_->local.view();
+    const QualifiedName& name = *Parts::name(node);
+    if (!name.prefix.empty())
+        out_.append(name.prefix.view()).append(L":");
+    out_ += name.local.view();
 }
 
 void TreeWriter::writeText(std::wstring_view text) {

@@ -2,6 +2,7 @@
 
 #include "foundation/Exception.h"
 #include "foundation/xml/QualifiedName.h"
+#include "foundation/xml/TreeParts.h"
 #include "foundation/xml/TreeWriter.h"
 
 namespace Xml {
@@ -40,7 +41,7 @@ XmlDocument::~XmlDocument() = default;
 
 Element* XmlDocument::createRootNode(const Core::String& name, const Core::String& uri,
                                      const Core::String& prefix) {
-    std::unique_ptr<Element> root = Element::make(name, prefix);
+    std::unique_ptr<Element> root = Element::Parts::make(name, prefix);
     Core::String own = root->getNSPrefix();
     if (!uri.empty())
         root->set_attribute(own.empty() ? Core::String(L"xmlns") : L"xmlns:" + own, uri);
@@ -50,14 +51,14 @@ Element* XmlDocument::createRootNode(const Core::String& name, const Core::Strin
 Element* XmlDocument::createRootNodeByImport(const Node* source, bool recursive) {
     if (!source || !source->is_element())
         throw Core::Exception(L"only an element can be imported as the root");
-    return replaceRoot(Node::copyOf(source, recursive));
+    return replaceRoot(Node::Parts::copyOf(source, recursive));
 }
 
 Element* XmlDocument::replaceRoot(std::unique_ptr<Node> root) {
     Node* old = root_;
-    root_ = static_cast<Element*>(content_.insertBefore(old, std::move(root)));
+    root_ = static_cast<Element*>(Node::Parts::insertBefore(content_, old, std::move(root)));
     if (old)
-        content_.takeOut(old);
+        Node::Parts::takeOut(content_, old);
     return root_;
 }
 

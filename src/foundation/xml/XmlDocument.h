@@ -61,14 +61,18 @@ public:
     /// break behind it. An empty encoding is left out.
     static Core::String getXmlDeclaration(const Core::String& encoding);
 
+    /// The library's own way to the fields.
+    struct Parts;
+
 private:
-    friend class TreeBuilder;
-    friend class TreeWriter;
+    struct Content : Node {
+        Content() : Node(Kind::Document, nullptr) {}
+    };
 
     Element* replaceRoot(std::unique_ptr<Node> root);
 
     Core::String version_;
-    Node content_{Node::Kind::Document, nullptr}; // what stands around the root, and the root
+    Content content_; // what stands around the root, and the root
     Element* root_ = nullptr;
     std::map<Core::String, Core::String> entityDeclarations_; // from "name" or "% name"
 };

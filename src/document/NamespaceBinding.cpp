@@ -1,4 +1,4 @@
-#include "editing/typing/NamespaceBinding.h"
+#include "document/NamespaceBinding.h"
 
 #include "document/Attributes.h"
 #include "document/Document.h"
@@ -94,7 +94,7 @@ private:
 
 } // namespace
 
-bool Typing::bindPrefixes(Document& document, int start, int end) {
+bool NamespaceBinding::bind(Document& document, int start, int end) {
     const std::set<String> unbound = UnboundPrefixes(document.text()).in(start, end);
     const bool areOurs =
         std::all_of(unbound.begin(), unbound.end(), Attributes::isStandardNamespace);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "CallTable.h"
+
+#include <vector>
+
+/// The requests, a table for each room, in the order in which a host meets them. A new operation is
+/// a row in one of them.
+namespace Calls {
+
+/// What this program itself does for a host.
+std::vector<Operation> session();
+/// The names that a host registers, loading and saving, and the large parts of the text.
+std::vector<Operation> document();
+/// Undo and redo, groups of changes, and the changes of the text that a host makes itself.
+std::vector<Operation> history();
+/// Where the caret is and where it goes.
+std::vector<Operation> caret();
+/// Finding and replacing, and spelling.
+std::vector<Operation> search();
+/// What is selected.
+std::vector<Operation> selection();
+/// Insertion of text and markup.
+std::vector<Operation> typing();
+/// Backspace, Delete and what goes with them.
+std::vector<Operation> deletion();
+/// Breaks of lines, pages and columns.
+std::vector<Operation> breaks();
+/// Properties and styles.
+std::vector<Operation> formatting();
+/// Objects, conditional and repeating sections, autotext.
+std::vector<Operation> objects();
+/// Lists.
+std::vector<Operation> lists();
+/// Modes of editing and what the document's head says.
+std::vector<Operation> settings();
+/// What is in the document: flows, components, identified elements.
+std::vector<Operation> content();
+/// Page sequences and what stands in their place.
+std::vector<Operation> pageSequences();
+/// The cache for a host's view of the table around the caret.
+std::vector<Operation> tables();
+
+} // namespace Calls

@@ -1,0 +1,76 @@
+#include "calls/Rows.h"
+#include "support/Documents.h"
+
+#include <forme/document/PageSequenceAlg.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+using BufferAlgorithms::PageSequenceAlg;
+
+namespace {
+
+/// The page sequences counted from one that is named when the view is opened.
+class SequencesFrom : public PageSequenceAlg {
+public:
+    SequencesFrom(const SmartPtr<EditableDocumentBuffer>& document, int first)
+        : PageSequenceAlg(document), first_(first) {}
+
+    int indexAt(int position) const { return getPageSequenceIdxFromPos(position) - first_; }
+
+private:
+    int first_;
+};
+
+std::vector<Operation> table() {
+    const OpenedRows<SequencesFrom> sequences("sequences");
+    return {sequences.open<int>({"first"}), sequences.close(),
+            sequences("indexAt", &SequencesFrom::indexAt, {"position"})};
+}
+
+Json ask(Session& session, const Json& request) {
+    const std::vector<Operation> rows = table();
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const Operation& operation) {
+        return operation.name == request[0] && operation.accepts(request);
+    });
+    return row == rows.end() ? Json("no such row") : row->invoke(session, request);
+}
+
+void setTwoSequences(Session& session) {
+    const std::string sequence =
+        "<fo:page-sequence><fo:flow><fo:block>a</fo:block></fo:flow></fo:page-sequence>";
+    session.serve({"setContent", "<qfd:document>" + sequence + sequence + "</qfd:document>", true});
+}
+
+} // namespace
+
+TEST(OpenedRows, OneIsOpenUntilItIsClosedOrAnotherDocumentIsTakenUp) {
+    Session session;
+    setTwoSequences(session);
+    const Json second = {"sequences.indexAt", 129};
+    EXPECT_THROW(ask(session, second), std::invalid_argument);
+    EXPECT_THROW(ask(session, {"sequences.close"}), std::invalid_argument);
+    EXPECT_EQ(ask(session, {"sequences.open", "1"}), "no such row");
+
+    EXPECT_TRUE(ask(session, {"sequences.open", 0}).is_null());
+    const int index = ask(session, second).get<int>();
+    EXPECT_EQ(index, 1);
+    ask(session, {"sequences.open", 10});
+    EXPECT_EQ(ask(session, second), index - 10);
+    ask(session, {"sequences.close"});
+    try {
+        ask(session, second);
+        FAIL() << "none is open";
+    } catch (const std::invalid_argument& failure) {
+        EXPECT_STREQ(failure.what(), "no \"sequences\" is open; \"sequences.open\" opens one");
+    }
+
+    ask(session, {"sequences.open", 0});
+    session.serve({"open", "no such file"});
+    EXPECT_EQ(ask(session, second), index);
+    EXPECT_FALSE(
+        session.serve({"open", (samplesFolder() / "letter.xml").string()}).contains("error"));
+    EXPECT_THROW(ask(session, second), std::invalid_argument);
+}

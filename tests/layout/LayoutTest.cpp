@@ -1,0 +1,189 @@
+// The rooms of the source tree, and what a file in each may do.
+
+#include "support/Documents.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using std::filesystem::path;
+
+/// From the ground up: a file includes from its own room and from those before it.
+const std::vector<std::string> rooms{"foundation",
+                                     "foundation/xml",
+                                     "foundation/values",
+                                     "text",
+                                     "document",
+                                     "editing/formatting",
+                                     "editing/deletion",
+                                     "editing/lists",
+                                     "editing/typing",
+                                     "editing/breaks",
+                                     "editing/objects",
+                                     "editing/search",
+                                     "editing/settings",
+                                     "trees",
+                                     "templates",
+                                     "tables",
+                                     "pages",
+                                     "forms",
+                                     "channels",
+                                     "checks"};
+
+/// What may take the whole text at once, and what for.
+const std::map<std::string, std::string> wholeTextReaders{
+    {"document/Document.cpp", "the record of a replaced text"},
+    {"document/DocumentText.cpp", "saving"},
+    {"document/EditableDocumentBuffer.cpp", "the host asks for it"},
+    {"document/EditableDocumentBufferState.cpp", "a snapshot"},
+    {"document/RecordedCommand.cpp", "what changed decides whether a command may stand"},
+    {"editing/deletion/Backspace.cpp", "whether the list before the caret changed"},
+    {"editing/typing/Typing.cpp", "what changed decides whether an insertion may stand"}};
+
+/// A header of as many lines as this is a class with too many subjects.
+constexpr std::size_t mostLines = 700;
+const std::string face = "document/EditableDocumentBuffer.h";
+
+std::vector<std::string> linesOf(const path& file) {
+    std::ifstream source(file);
+    EXPECT_TRUE(source) << file;
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(source, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+/// The sources and headers in a folder, named from there.
+std::vector<std::string> sourcesIn(const path& folder) {
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+        if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp")
+            found.push_back(entry.path().lexically_relative(folder).generic_string());
+    std::sort(found.begin(), found.end());
+    EXPECT_FALSE(found.empty()) << folder;
+    return found;
+}
+
+bool isHeader(const std::string& file) {
+    return path(file).extension() == ".h";
+}
+
+/// Which room a file is in, counted from the ground; the number of rooms if in none.
+std::size_t roomOf(const std::string& file) {
+    const std::string folder = path(file).parent_path().generic_string() + "/";
+    std::size_t found = rooms.size();
+    for (std::size_t i = 0; i < rooms.size(); ++i)
+        if (folder.starts_with(rooms[i] + "/") &&
+            (found == rooms.size() || rooms[found].size() < rooms[i].size()))
+            found = i;
+    return found;
+}
+
+/// What the file includes by that pattern, whose first group is what is asked for.
+std::vector<std::string> includesOf(const path& file, const std::regex& pattern) {
+    std::vector<std::string> found;
+    for (const std::string& line : linesOf(file)) {
+        std::smatch match;
+        if (std::regex_search(line, match, pattern))
+            found.push_back(match[1]);
+    }
+    return found;
+}
+
+std::vector<std::string> ownIncludesOf(const std::string& file) {
+    static const std::regex own("^#include \"(.*)\"");
+    return includesOf(sourcesFolder() / file, own);
+}
+
+std::set<std::string> publicHeaders() {
+    std::set<std::string> listed;
+    for (const std::string& line : linesOf(sourcesFolder() / "PublicHeaders.cmake")) {
+        std::istringstream words(line);
+        for (std::string word; words >> word;)
+            if (word.find(".h") != std::string::npos)
+                listed.insert(word.substr(0, word.find(')')));
+    }
+    EXPECT_FALSE(listed.empty());
+    return listed;
+}
+
+/// The lines of a file in which the pattern stands, comments left out.
+std::vector<std::string> linesWith(const std::string& file, const std::regex& pattern) {
+    std::vector<std::string> found;
+    for (const std::string& line : linesOf(sourcesFolder() / file))
+        if (std::regex_search(line.substr(0, line.find("//")), pattern))
+            found.push_back(line);
+    return found;
+}
+
+} // namespace
+
+TEST(Layout, IncludesPointDown) {
+    for (const std::string& file : sourcesIn(sourcesFolder())) {
+        EXPECT_LT(roomOf(file), rooms.size()) << file << " is in no room";
+        for (const std::string& included : ownIncludesOf(file))
+            EXPECT_LE(roomOf(included), roomOf(file)) << file << " includes " << included;
+    }
+}
+
+TEST(Layout, NobodyAboveTheTextTakesAllOfIt) {
+    static const std::regex whole(R"((text\(\)|text_?)(\.|->)content\(\)|)"
+                                  R"((view|slice)\(0, [^)]*length\()");
+    std::set<std::string> readers;
+    for (const std::string& file : sourcesIn(sourcesFolder()))
+        if (roomOf(file) > roomOf("text/XmlText.h") && !linesWith(file, whole).empty())
+            readers.insert(file);
+    for (const std::string& reader : readers)
+        EXPECT_TRUE(wholeTextReaders.count(reader)) << reader << " takes the whole text";
+    for (const auto& [reader, purpose] : wholeTextReaders)
+        EXPECT_TRUE(readers.count(reader)) << reader << " is listed, but takes no whole text";
+}
+
+TEST(Layout, ClassesThatHostsSeeKeepTheirSecrets) {
+    static const std::regex friendship("\\bfriend (class|struct) ");
+    for (const std::string& header : publicHeaders()) {
+        const std::vector<std::string> expected =
+            header == face ? std::vector<std::string>{"    friend class Document;"}
+                           : std::vector<std::string>{};
+        EXPECT_EQ(linesWith(header, friendship), expected) << header;
+    }
+}
+
+TEST(Layout, HeadersAreShort) {
+    for (const std::string& file : sourcesIn(sourcesFolder()))
+        if (isHeader(file) && file != face) {
+            EXPECT_LE(linesOf(sourcesFolder() / file).size(), mostLines) << file;
+        }
+}
+
+TEST(Layout, HostsSeeWhatIsPublic) {
+    const std::set<std::string> listed = publicHeaders();
+    for (const std::string& header : listed)
+        for (const std::string& included : ownIncludesOf(header))
+            EXPECT_TRUE(listed.count(included)) << header << " includes " << included;
+    for (const std::string& file : sourcesIn(sourcesFolder()))
+        if (isHeader(file) && !linesWith(file, std::regex("FORME_API ")).empty()) {
+            EXPECT_TRUE(listed.count(file)) << file << " exports something and is not public";
+        }
+
+    static const std::regex ours("^#include <forme/(.*)>");
+    static const std::regex own("^#include \"(.*)\"");
+    const path host = sourcesFolder().parent_path() / "host";
+    for (const std::string& file : sourcesIn(host)) {
+        for (const std::string& included : includesOf(host / file, ours))
+            EXPECT_TRUE(listed.count(included)) << "host/" << file << " includes " << included;
+        for (const std::string& included : includesOf(host / file, own))
+            EXPECT_FALSE(std::filesystem::exists(sourcesFolder() / included))
+                << "host/" << file << " includes " << included;
+    }
+}
