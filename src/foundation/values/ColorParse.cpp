@@ -30,155 +30,27 @@ constexpr std::array<Form, 6> forms{{
     {L"", ColorParse::parseColorName},
 }};
 
-constexpr std::array<std::wstring_view, 148> names = {L"aliceblue",
-                                                      L"antiquewhite",
-                                                      L"aqua",
-                                                      L"aquamarine",
-                                                      L"azure",
-                                                      L"beige",
-                                                      L"bisque",
-                                                      L"black",
-                                                      L"blanchedalmond",
-                                                      L"blue",
-                                                      L"blueviolet",
-                                                      L"brown",
-                                                      L"burlywood",
-                                                      L"cadetblue",
-                                                      L"chartreuse",
-                                                      L"chocolate",
-                                                      L"coral",
-                                                      L"cornflowerblue",
-                                                      L"cornsilk",
-                                                      L"crimson",
-                                                      L"cyan",
-                                                      L"darkblue",
-                                                      L"darkcyan",
-                                                      L"darkgoldenrod",
-                                                      L"darkgray",
-                                                      L"darkgreen",
-                                                      L"darkgrey",
-                                                      L"darkkhaki",
-                                                      L"darkmagenta",
-                                                      L"darkolivegreen",
-                                                      L"darkorange",
-                                                      L"darkorchid",
-                                                      L"darkred",
-                                                      L"darksalmon",
-                                                      L"darkseagreen",
-                                                      L"darkslateblue",
-                                                      L"darkslategray",
-                                                      L"darkslategrey",
-                                                      L"darkturquoise",
-                                                      L"darkviolet",
-                                                      L"deeppink",
-                                                      L"deepskyblue",
-                                                      L"dimgray",
-                                                      L"dimgrey",
-                                                      L"dodgerblue",
-                                                      L"firebrick",
-                                                      L"floralwhite",
-                                                      L"forestgreen",
-                                                      L"fuchsia",
-                                                      L"gainsboro",
-                                                      L"ghostwhite",
-                                                      L"gold",
-                                                      L"goldenrod",
-                                                      L"gray",
-                                                      L"green",
-                                                      L"greenyellow",
-                                                      L"grey",
-                                                      L"honeydew",
-                                                      L"hotpink",
-                                                      L"indianred",
-                                                      L"indigo",
-                                                      L"ivory",
-                                                      L"khaki",
-                                                      L"lavender",
-                                                      L"lavenderblush",
-                                                      L"lawngreen",
-                                                      L"lemonchiffon",
-                                                      L"lightblue",
-                                                      L"lightcoral",
-                                                      L"lightcyan",
-                                                      L"lightgoldenrodyellow",
-                                                      L"lightgray",
-                                                      L"lightgreen",
-                                                      L"lightgrey",
-                                                      L"lightpink",
-                                                      L"lightsalmon",
-                                                      L"lightseagreen",
-                                                      L"lightskyblue",
-                                                      L"lightslategray",
-                                                      L"lightslategrey",
-                                                      L"lightsteelblue",
-                                                      L"lightyellow",
-                                                      L"lime",
-                                                      L"limegreen",
-                                                      L"linen",
-                                                      L"magenta",
-                                                      L"maroon",
-                                                      L"mediumaquamarine",
-                                                      L"mediumblue",
-                                                      L"mediumorchid",
-                                                      L"mediumpurple",
-                                                      L"mediumseagreen",
-                                                      L"mediumslateblue",
-                                                      L"mediumspringgreen",
-                                                      L"mediumturquoise",
-                                                      L"mediumvioletred",
-                                                      L"midnightblue",
-                                                      L"mintcream",
-                                                      L"mistyrose",
-                                                      L"moccasin",
-                                                      L"navajowhite",
-                                                      L"navy",
-                                                      L"oldlace",
-                                                      L"olive",
-                                                      L"olivedrab",
-                                                      L"orange",
-                                                      L"orangered",
-                                                      L"orchid",
-                                                      L"palegoldenrod",
-                                                      L"palegreen",
-                                                      L"paleturquoise",
-                                                      L"palevioletred",
-                                                      L"papayawhip",
-                                                      L"peachpuff",
-                                                      L"peru",
-                                                      L"pink",
-                                                      L"plum",
-                                                      L"powderblue",
-                                                      L"purple",
-                                                      L"red",
-                                                      L"rosybrown",
-                                                      L"royalblue",
-                                                      L"saddlebrown",
-                                                      L"salmon",
-                                                      L"sandybrown",
-                                                      L"seagreen",
-                                                      L"seashell",
-                                                      L"sienna",
-                                                      L"silver",
-                                                      L"skyblue",
-                                                      L"slateblue",
-                                                      L"slategray",
-                                                      L"slategrey",
-                                                      L"snow",
-                                                      L"springgreen",
-                                                      L"steelblue",
-                                                      L"tan",
-                                                      L"teal",
-                                                      L"thistle",
-                                                      L"tomato",
-                                                      L"transparent",
-                                                      L"turquoise",
-                                                      L"violet",
-                                                      L"wheat",
-                                                      L"white",
-                                                      L"whitesmoke",
-                                                      L"yellow",
-                                                      L"yellowgreen"};
-static_assert(std::is_sorted(names.begin(), names.end()));
+/// Each between two blanks.
+constexpr std::wstring_view names =
+    L" aliceblue antiquewhite aqua aquamarine azure beige bisque black blanchedalmond blue"
+    L" blueviolet brown burlywood cadetblue chartreuse chocolate coral cornflowerblue"
+    L" cornsilk crimson cyan darkblue darkcyan darkgoldenrod darkgray darkgreen darkgrey"
+    L" darkkhaki darkmagenta darkolivegreen darkorange darkorchid darkred darksalmon"
+    L" darkseagreen darkslateblue darkslategray darkslategrey darkturquoise darkviolet"
+    L" deeppink deepskyblue dimgray dimgrey dodgerblue firebrick floralwhite forestgreen"
+    L" fuchsia gainsboro ghostwhite gold goldenrod gray green greenyellow grey honeydew"
+    L" hotpink indianred indigo ivory khaki lavender lavenderblush lawngreen lemonchiffon"
+    L" lightblue lightcoral lightcyan lightgoldenrodyellow lightgray lightgreen lightgrey"
+    L" lightpink lightsalmon lightseagreen lightskyblue lightslategray lightslategrey"
+    L" lightsteelblue lightyellow lime limegreen linen magenta maroon mediumaquamarine"
+    L" mediumblue mediumorchid mediumpurple mediumseagreen mediumslateblue mediumspringgreen"
+    L" mediumturquoise mediumvioletred midnightblue mintcream mistyrose moccasin navajowhite"
+    L" navy oldlace olive olivedrab orange orangered orchid palegoldenrod palegreen"
+    L" paleturquoise palevioletred papayawhip peachpuff peru pink plum powderblue purple red"
+    L" rosybrown royalblue saddlebrown salmon sandybrown seagreen seashell sienna silver"
+    L" skyblue slateblue slategray slategrey snow springgreen steelblue tan teal thistle"
+    L" tomato transparent turquoise violet wheat white whitesmoke yellow yellowgreen"
+    L" ";
 
 bool isComponent(const String& text) {
     float number = 0;
@@ -241,7 +113,9 @@ bool ColorParse::parseHexaColor(const String& text) {
 }
 
 bool ColorParse::parseColorName(const String& text) {
-    return std::binary_search(names.begin(), names.end(), text.toLower().view());
+    const String name = L" " + text.toLower() + L" ";
+    const bool isOneWord = !text.empty() && text.find(L' ', 0) < 0;
+    return isOneWord && names.find(name.view()) != std::wstring_view::npos;
 }
 
 } // namespace Xml

@@ -81,7 +81,7 @@ TEST(ColorParse, KnowsEachFormByItsBeginning) {
     for (const wchar_t* text :
          {L"", L"2pt", L"solid", L"#ff", L"#ffg", L"#", L"rgb(1,2)", L"rgb(1,2,3", L"rgb(1,2,x)",
           L"rgb(1,2,3pt)", L"rgb()", L"cmyk(0,1,1)", L"rgb-icc(1,0,0)", L"rgb-icc(1,0,0,,1)",
-          L"rgb-icc(1,0,0,a,b)", L"spot-color()", L"red "})
+          L"rgb-icc(1,0,0,a,b)", L"spot-color()", L"red ", L"red rosybrown"})
         EXPECT_FALSE(ColorParse::parseColor(text)) << text;
 }
 
