@@ -782,6 +782,7 @@ private:
     friend class ListBuffer;
     friend class LineBreak;
     friend class HardBreak;
+    friend class DocumentSeam;
 
     void recordCaret();
     void recordInsertion(int position, const Core::String& xml);
