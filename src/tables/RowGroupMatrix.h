@@ -30,8 +30,9 @@ private:
         Xml::Element* element;
     };
 
-    void addRow(const Xml::Element& row, int lastRow, int columns);
-    int freeColumn(int row, int column, int columns) const;
+    class FreeColumns;
+
+    void addRow(const Xml::Element& row, int lastRow, FreeColumns& freeColumns);
     int rowCount() const { return static_cast<int>(rowStarts_.size()); }
 
     std::vector<Cell> cells_;            // of all rows, from left to right

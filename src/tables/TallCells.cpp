@@ -4,7 +4,7 @@
 #include <iterator>
 
 void TallCells::add(int first, int last, int start, int end, Xml::Element* cell) {
-    const Stretch stretch{start, added_++, cell};
+    const Stretch stretch{start, last, added_++, cell};
     lastRow_ = std::max(lastRow_, last);
     // From the leaves up: a node at the border whose sibling lies outside stands for itself.
     for (int from = first + rows_, to = last + 1 + rows_; from < to; from /= 2, to /= 2) {
@@ -29,7 +29,7 @@ TallCells::Found TallCells::at(int row, int column) const {
             next->second.order < order)
             continue;
         order = next->second.order;
-        found = {next->second.cell, next->first};
+        found = {next->second.cell, next->first, next->second.last};
     }
     return found;
 }

@@ -22,7 +22,8 @@ public:
 
     struct Found {
         Xml::Element* cell = nullptr;
-        int end = 0; ///< the column behind those which are known to be covered in this row
+        int end = 0;  ///< the column behind those from the coordinate on that it surely covers
+        int last = 0; ///< the last row in which it does
     };
     /// What covers a coordinate; a null cell where nothing does.
     Found at(int row, int column) const;
@@ -30,6 +31,7 @@ public:
 private:
     struct Stretch {
         int start;
+        int last;  ///< row that the cell reaches into
         int order; ///< which of all cells added
         Xml::Element* cell;
     };
