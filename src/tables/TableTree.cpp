@@ -53,16 +53,21 @@ Elements groupsOf(const Element& table, TableRowGroupType type) {
     return groups;
 }
 
+bool isRow(const Element& element) {
+    const String name = element.get_name();
+    return name == L"table-row" || name == L"table-row-repeat";
+}
+
 Elements rowsOf(Element& group) {
     const bool takesCells = group.get_name() != L"table-body";
     Elements rows;
     for (Node* child : group.get_children()) {
         if (!child->is_element())
             continue;
-        const String name = child->get_name();
-        if (name == L"table-row" || name == L"table-row-repeat") {
-            rows.push_back(static_cast<Element*>(child));
-        } else if (takesCells && name == L"table-cell") {
+        auto* element = static_cast<Element*>(child);
+        if (isRow(*element)) {
+            rows.push_back(element);
+        } else if (takesCells && element->get_name() == L"table-cell") {
             rows.push_back(&group);
             break;
         }

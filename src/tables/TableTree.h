@@ -19,6 +19,9 @@ inline constexpr int longestOverhang = 1000;
 /// The elements of a group in their order: several bodies together are the body.
 Elements groupsOf(const Xml::Element& table, TableRowGroupType type);
 
+/// Whether the element is a row of its own, be it one that is written for each node of the data.
+bool isRow(const Xml::Element& element);
+
 /// The rows of one group element: those that are written once for each node of the data count as
 /// one. Cells that stand directly in a header or footer are one row, the group element itself, and
 /// nothing behind the first of them is looked at.
