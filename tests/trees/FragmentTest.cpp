@@ -114,8 +114,9 @@ TEST(Fragment, DeclaresTheTemplatePrefixWhereNothingElseDoes) {
          {std::tuple(L"", L"", L" xmlns:qfd=\"urn:forme:qfd/1.0\""),
           std::tuple(L" xmlns:qfd=\"u\"", L"", L""),
           std::tuple(L"", L" xmlns:qfd=\"u\"", L" xmlns:qfd=\"u\"")}) {
-        const auto text = [&](const std::wstring& declaration, const std::wstring& child) {
-            return L"<r" + std::wstring(root) + L"><fo:table" + declaration + L">\n" + child +
+        const auto text = [front = std::wstring(root)](const std::wstring& declaration,
+                                                       const std::wstring& child) {
+            return L"<r" + front + L"><fo:table" + declaration + L">\n" + child +
                    L"</fo:table></r>";
         };
         TestBuffer buffer;
