@@ -69,14 +69,18 @@ void CellContent::removeText(Element& cell) {
     leavePlaceholder(kept);
 }
 
+void CellContent::renew(Element& cell) {
+    removeIds(cell);
+    removeChildren(cell, [](const Node* child) { return !isBlock(child); });
+    removeText(cell);
+}
+
 Element& CellContent::addLike(Element& cell, bool before) {
     Element* row = cell.get_parent();
     Node* copy = before ? row->import_node_as_prev_sibling(&cell, &cell, true)
                         : row->import_node_as_sibling(&cell, &cell, true);
     Element& added = static_cast<Element&>(*copy);
-    removeIds(added);
-    removeChildren(added, [](const Node* child) { return !isBlock(child); });
-    removeText(added);
+    renew(added);
     return added;
 }
 

@@ -13,6 +13,9 @@ void leavePlaceholder(Xml::Element& element);
 /// and the lists go. Anything else in the cell stays.
 void removeText(Xml::Element& cell);
 
+/// Makes a cell that is a copy a new one: empty, whatever it holds, and without ids.
+void renew(Xml::Element& cell);
+
 /// A new cell like the given one beside it: empty, whatever that holds, and without its ids.
 Xml::Element& addLike(Xml::Element& cell, bool before);
 

@@ -4,7 +4,6 @@
 #include "tables/CellContent.h"
 
 #include <algorithm>
-#include <array>
 
 using Core::String;
 using Xml::Element;
@@ -50,24 +49,6 @@ bool canSplit(const Span& span, const Element* cell) {
     return cell && Core::Format::parseInt(span.textOn(*cell), told) && told > 1;
 }
 
-/// Whether a cell tells where it stands, so that it would not follow when others move.
-bool hasPlacedCells(const TableModel& model) {
-    const auto isPlaced = [](const Element* cell) {
-        return cell->get_attribute(L"column-number") || cell->get_attribute(L"starts-row") ||
-               cell->get_attribute(L"ends-row");
-    };
-    const auto holdsPlaced = [&](const Element* row) {
-        const TableTree::Elements cells = TableTree::cellsOf(*row);
-        return std::any_of(cells.begin(), cells.end(), isPlaced);
-    };
-    constexpr std::array types = {TableRowGroupType::Header, TableRowGroupType::Body,
-                                  TableRowGroupType::Footer};
-    return std::any_of(types.begin(), types.end(), [&](TableRowGroupType type) {
-        const TableTree::Elements& rows = model.group(type).rows;
-        return std::any_of(rows.begin(), rows.end(), holdsPlaced);
-    });
-}
-
 const Element* groupOf(const Element& cell) {
     const Element* row = cell.get_parent();
     return TableTree::isRow(*row) ? row->get_parent() : row;
@@ -94,7 +75,7 @@ void removeCell(Element& cell) {
 
 CellSpans::CellSpans(const TableModel& model, TableCaret& caret)
     : model_(model), caret_(caret),
-      cell_(hasPlacedCells(model) ? nullptr : model.cellAt(caret.caret)) {}
+      cell_(model.hasPlacedCells() ? nullptr : model.cellAt(caret.caret)) {}
 
 Element* CellSpans::cellOf(int row, int column) const {
     return model_.cellAt({caret_.caret.group, row, column});

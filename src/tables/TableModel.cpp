@@ -1,5 +1,7 @@
 #include "tables/TableModel.h"
 
+#include <algorithm>
+
 using Xml::Element;
 
 TableModel::TableModel(Element& table)
@@ -27,4 +29,18 @@ Element* TableModel::rowAt(TableRowGroupType type, int row) const {
 
 Element* TableModel::cellAt(const CellPlace& place) const {
     return group(place.group).matrix.cellAt(place.row, place.column);
+}
+
+bool TableModel::hasPlacedCells() const {
+    const auto isPlaced = [](const Element* cell) {
+        return cell->get_attribute(L"column-number") || cell->get_attribute(L"starts-row") ||
+               cell->get_attribute(L"ends-row");
+    };
+    const auto holdsPlaced = [&](const Element* row) {
+        const TableTree::Elements cells = TableTree::cellsOf(*row);
+        return std::any_of(cells.begin(), cells.end(), isPlaced);
+    };
+    return std::any_of(groups_.begin(), groups_.end(), [&](const RowGroup& group) {
+        return std::any_of(group.rows.begin(), group.rows.end(), holdsPlaced);
+    });
 }

@@ -36,6 +36,9 @@ public:
     /// Null where there is none.
     Xml::Element* rowAt(TableRowGroupType type, int row) const;
     Xml::Element* cellAt(const CellPlace& place) const;
+    /// Whether a cell tells by itself which column or row it stands in, so that it would not follow
+    /// when others move.
+    bool hasPlacedCells() const;
     /// The largest sum of the column spans of one row's own cells.
     int columnCount() const { return columnCount_; }
 

@@ -84,6 +84,21 @@ Elements rowsOf(const Element& table, TableRowGroupType type) {
     return rows;
 }
 
+void putCellsIntoRow(Element& group) {
+    const Elements cells = cellsOf(group);
+    if (cells.empty())
+        return;
+    Element* row = group.add_node_as_prev_sibling(cells.front(), L"table-row", L"fo");
+    for (Element* cell : cells) {
+        row->import_node(cell, true);
+        group.remove_child(cell);
+    }
+}
+
+Elements columnsOf(const Element& table) {
+    return elementsNamed(table, L"table-column");
+}
+
 Elements cellsOf(const Element& row) {
     return elementsNamed(row, L"table-cell");
 }
@@ -94,6 +109,14 @@ int columnSpanOf(const Element& cell) {
 
 int rowSpanOf(const Element& cell) {
     return spanOf(cell, L"number-rows-spanned");
+}
+
+void setColumnSpan(Element& cell, int span) {
+    cell.set_attribute(L"number-columns-spanned", String::formatS(span));
+}
+
+void setRowSpan(Element& cell, int span) {
+    cell.set_attribute(L"number-rows-spanned", String::formatS(span));
 }
 
 int countColumns(const Element& row) {

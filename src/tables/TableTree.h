@@ -29,6 +29,12 @@ Elements rowsOf(Xml::Element& group);
 /// Those of all elements of the group.
 Elements rowsOf(const Xml::Element& table, TableRowGroupType type);
 
+/// The table's fo:table-column elements.
+Elements columnsOf(const Xml::Element& table);
+
+/// Puts the cells that stand in the group directly into a row of their own.
+void putCellsIntoRow(Xml::Element& group);
+
 /// The row's own cells.
 Elements cellsOf(const Xml::Element& row);
 
@@ -36,6 +42,8 @@ Elements cellsOf(const Xml::Element& row);
 /// never below 0, and no more columns than counts.
 int columnSpanOf(const Xml::Element& cell);
 int rowSpanOf(const Xml::Element& cell);
+void setColumnSpan(Xml::Element& cell, int span);
+void setRowSpan(Xml::Element& cell, int span);
 
 /// The sum of the spans of the row's own cells, which is less than the table's columns where a cell
 /// of a row above reaches into this one.

@@ -1,6 +1,5 @@
 #include "trees/DOMBasedBuffer.h"
 
-#include "document/Document.h"
 #include "foundation/values/PropertiesHelper.h"
 #include "trees/Fragment.h"
 
@@ -28,8 +27,8 @@ void removeAttributes(Element& element) {
 
 } // namespace
 
-DOMBasedBuffer::DOMBasedBuffer(EditableDocumentBuffer* document)
-    : fragment_(std::make_unique<Fragment>(Document::of(*document))) {}
+DOMBasedBuffer::DOMBasedBuffer(Document& document)
+    : fragment_(std::make_unique<Fragment>(document)) {}
 
 DOMBasedBuffer::DOMBasedBuffer(const DOMBasedBuffer& other)
     : Object(other), fragment_(std::make_unique<Fragment>(*other.fragment_)) {}

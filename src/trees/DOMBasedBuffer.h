@@ -8,7 +8,7 @@
 
 #include <memory>
 
-class EditableDocumentBuffer;
+class Document;
 class Fragment;
 
 /// A part of the document that is edited as a tree: it is cut out of the text and parsed when the
@@ -45,7 +45,7 @@ public:
     static void setElementProperties(Xml::Element* element, const PropertyCollection& properties);
 
 protected:
-    explicit DOMBasedBuffer(EditableDocumentBuffer* document);
+    explicit DOMBasedBuffer(Document& document);
     DOMBasedBuffer(const DOMBasedBuffer& other);
     DOMBasedBuffer& operator=(const DOMBasedBuffer& other);
 

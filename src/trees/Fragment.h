@@ -26,6 +26,9 @@ public:
     int start() const { return start_; }
     int end() const { return end_; }
 
+    /// Takes what the element has become since it was read for its end, and nothing else.
+    void findEnd() { end_ = document_.elementEnd(start_); }
+
     /// Null before the first reading.
     const SmartPtr<Xml::XmlDocument>& tree() const { return tree_; }
     /// Throws Core::NullPointerException before the first reading.

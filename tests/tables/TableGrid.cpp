@@ -5,6 +5,7 @@
 #include "foundation/xml/DomParser.h"
 #include "tables/TableTree.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 using Xml::Element;
@@ -107,8 +108,9 @@ std::wstring wordsOf(const Element& cell) {
     std::wstring text;
     for (const Node* block : cell.get_children("block")) {
         const Xml::TextNode* word = static_cast<const Element*>(block)->get_child_text();
-        const std::wstring shown = word ? wide(word->get_content()) : L"";
-        text += (text.empty() ? L"" : L" ") + (shown == L"\xA0" ? std::wstring(L"_") : shown);
+        std::wstring shown = word ? wide(word->get_content()) : L"";
+        std::replace(shown.begin(), shown.end(), L'\xA0', L'_');
+        text += (text.empty() ? L"" : L" ") + shown;
     }
     return text;
 }
@@ -139,6 +141,13 @@ std::wstring rowsOf(Element& group) {
     return text;
 }
 
+SmartPtr<Xml::XmlDocument> parsed(const std::wstring& markup) {
+    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(Core::String(markup));
+    Xml::DomParser parser;
+    parser.parseMemory(bytes.ptr(), bytes.size());
+    return parser.getDocument();
+}
+
 } // namespace
 
 std::wstring markupOf(const std::wstring& grid) {
@@ -146,16 +155,19 @@ std::wstring markupOf(const std::wstring& grid) {
 }
 
 SmartPtr<Xml::XmlDocument> treeOf(const std::wstring& grid) {
-    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(Core::String(markupOf(grid)));
-    Xml::DomParser parser;
-    parser.parseMemory(bytes.ptr(), bytes.size());
-    return parser.getDocument();
+    return parsed(markupOf(grid));
+}
+
+std::wstring gridOf(const std::wstring& markup) {
+    return gridOf(*parsed(markup)->getRootNode());
 }
 
 std::wstring gridOf(const Element& table) {
     std::wstring text;
     for (Node* child : table.get_children()) {
         const std::wstring name = wide(child->get_name());
+        if (!child->is_element() || !name.starts_with(L"table-") || name == L"table-column")
+            continue;
         const bool isFirst = text.empty();
         text += isFirst ? L"" : L" ";
         if (name == L"table-header" || name == L"table-footer")

@@ -24,3 +24,4 @@ SmartPtr<Xml::XmlDocument> treeOf(const std::wstring& grid);
 
 /// What such a tree holds, in the same form; spans of 1 are left out.
 std::wstring gridOf(const Xml::Element& table);
+std::wstring gridOf(const std::wstring& markup);

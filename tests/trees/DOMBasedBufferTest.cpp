@@ -16,7 +16,7 @@ public:
     using DOMBasedBuffer::collapseShorthands, DOMBasedBuffer::expandShorthands,
         DOMBasedBuffer::fragment;
 
-    explicit Part(TestBuffer& buffer) : DOMBasedBuffer(&buffer) {
+    explicit Part(TestBuffer& buffer) : DOMBasedBuffer(Document::of(buffer)) {
         fragment().read(buffer.find(L"<T"));
     }
     void commitChangesToEditableBuffer() override { fragment().commit({{-1, -1}, nullptr}); }
