@@ -2,11 +2,13 @@
 
 #include "document/Document.h"
 #include "tables/CellSelection.h"
+#include "tables/ColumnWidths.h"
 #include "tables/Table.h"
 #include "tables/TableColumns.h"
 #include "tables/TablePlaces.h"
 #include "tables/TableRows.h"
 
+using Core::String;
 using Xml::Element;
 using Xml::Node;
 using Type = TableRowGroupType;
@@ -265,4 +267,61 @@ bool EditableTableBuffer::canDecreaseColSpan() const {
 
 bool EditableTableBuffer::canDecreaseRowSpan() const {
     return CellSpans(table_->model(), table_->caret).canSplitRow();
+}
+
+// Widths
+
+String EditableTableBuffer::getColumnWidth(int column) const {
+    return ColumnWidths(*table_).of(column);
+}
+
+void EditableTableBuffer::setColumnWidth(int column, const String& width, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).set(column, width);
+}
+
+void EditableTableBuffer::removeColumnWidth(int column, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).remove(column);
+}
+
+void EditableTableBuffer::setWidthAtColNo(int columnNumber, const String& width, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).setByNumber(columnNumber, width);
+}
+
+String EditableTableBuffer::getCrtColumnWidth() const {
+    return getColumnWidth(getCaretCol());
+}
+
+void EditableTableBuffer::setCrtColumnWidth(const String& width) {
+    setColumnWidth(getCaretCol(), width, true);
+}
+
+void EditableTableBuffer::removeCrtColumnWidth() {
+    removeColumnWidth(getCaretCol(), true);
+}
+
+void EditableTableBuffer::changeTableColWidth(const String& width) {
+    onFreshTable(*table_, [&] { ColumnWidths(*table_).resize(width); });
+}
+
+void EditableTableBuffer::changeTableColWidth(const String& width, float delta) {
+    onFreshTable(*table_, [&] { ColumnWidths(*table_).resize(width, delta); });
+}
+
+void EditableTableBuffer::updateColumnWidths() {
+    onFreshTable(*table_, [&] { ColumnWidths(*table_).normalise(); });
+}
+
+bool EditableTableBuffer::columnHasProportionalValSize(int column) const {
+    return ColumnWidths(*table_).isShare(column);
+}
+
+int EditableTableBuffer::getNextProportionalWithCol(int column) const {
+    return ColumnWidths(*table_).nextShare(column);
+}
+
+int EditableTableBuffer::getPrevProportionalWithCol(int column) const {
+    return ColumnWidths(*table_).previousShare(column);
 }

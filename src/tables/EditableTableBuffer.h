@@ -150,6 +150,35 @@ public:
     bool canDecreaseColSpan() const;
     bool canDecreaseRowSpan() const;
 
+    // Widths, as the fo:table-column elements tell them: a length, "30%", or a share of what other
+    // columns leave, "proportional-column-width(30)", as percentages are written. With `update` the
+    // table is read again before. A column that the table has no element for stays without.
+
+    /// Empty where the column has none.
+    Core::String getColumnWidth(int column) const;
+    void setColumnWidth(int column, const Core::String& width, bool update);
+    void removeColumnWidth(int column, bool update);
+    /// Gives the column with that column-number the width as a share, whatever it is; one is made
+    /// of the nearest column with a lower number where none has it.
+    void setWidthAtColNo(int columnNumber, const Core::String& width, bool update);
+    /// The same for the caret's column.
+    Core::String getCrtColumnWidth() const;
+    void setCrtColumnWidth(const Core::String& width);
+    void removeCrtColumnWidth();
+    /// Resizes the caret's column; a number alone counts inches. Where it and another column have
+    /// shares that one makes up for it, so that the sum stays; nothing happens where it would be
+    /// left without any. The width is `delta` larger than told; not below 0.
+    void changeTableColWidth(const Core::String& width);
+    void changeTableColWidth(const Core::String& width, float delta);
+    /// Writes shares and percentages as numbers of which the sum is 100; nothing happens where a
+    /// column has something else.
+    void updateColumnWidths();
+    bool columnHasProportionalValSize(int column) const;
+    /// The nearest column with a share behind, or before, that column, once around the table; -1
+    /// without one. Going back, column 0 is not looked at.
+    int getNextProportionalWithCol(int column) const;
+    int getPrevProportionalWithCol(int column) const;
+
 private:
     friend class CachedTable;
     friend class Table;

@@ -126,6 +126,66 @@ TEST(EditableTableBuffer, InsertsAndDeletesColumns) {
     }
 }
 
+/// Two columns, the caret in the first; `%` is for a share.
+TEST(EditableTableBuffer, SetsWidths) {
+    const auto share = [](const std::wstring& width) {
+        return width.ends_with(L'%')
+                   ? L"proportional-column-width(" + width.substr(0, width.size() - 1) + L")"
+                   : width;
+    };
+    const auto change = [](const wchar_t* width) {
+        return [width](T& table) { table.changeTableColWidth(width); };
+    };
+    const auto set = [](const wchar_t* width) {
+        return [width](T& table) { table.setCrtColumnWidth(width); };
+    };
+    const auto normalise = [](T& table) { table.updateColumnWidths(); };
+    struct Widths {
+        std::wstring first, second;
+        std::function<void(T&)> command;
+        std::wstring firstAfter, secondAfter;
+    };
+    for (const Widths& each : std::vector<Widths>{
+             {L"20%", L"40%", change(L"30%"), L"30%", L"30%"},
+             {L"20%", L"40%", change(L"60%"), L"20%", L"40%"},
+             {L"20%", L"40%", change(L"0%"), L"20%", L"40%"},
+             {L"20%", L"40%", change(L"12"), L"12in", L"40%"},
+             {L"1in", L"40%", change(L"50%"), L"50%", L"40%"},
+             {L"1in", L"2in", change(L"wide"), L"1in", L"2in"},
+             {L"1in", L"2in", [](T& table) { table.changeTableColWidth(L"2in", -3.0F); }, L"1in",
+              L"2in"},
+             {L"1in", L"2in", [](T& table) { table.changeTableColWidth(L"2in", 0.5F); }, L"2.5in",
+              L"2in"},
+             {L"1in", L"2in", set(L"1.23456%"), L"1.235%", L"2in"},
+             {L"1in", L"2in", set(L"%"), L"1in", L"2in"},
+             {L"1%", L"3%", normalise, L"25", L"75"},
+             {L"25", L"75", normalise, L"25", L"75"},
+             {L"1%", L"3in", normalise, L"1%", L"3in"},
+             {L"1in", L"2in", [](T& table) { table.setWidthAtColNo(1, L"7", true); }, L"1in",
+              L"7%"},
+         }) {
+        std::wstring markup = markupOf(L"(|a, b)");
+        markup.insert(markup.find(L"<fo:table-body"),
+                      L"<fo:table-column column-width=\"" + share(each.first) +
+                          L"\"/><fo:table-column column-width=\"" + share(each.second) + L"\"/>");
+        TestBuffer buffer(markup);
+        const auto table = buffer.getEditableTableBuffer(-1);
+        each.command(*table);
+        EXPECT_EQ(table->getColumnWidth(0), share(each.firstAfter).c_str());
+        EXPECT_EQ(table->getColumnWidth(1), share(each.secondAfter).c_str());
+        EXPECT_EQ(table->getPrevProportionalWithCol(1), -1) << "the first is not looked at";
+    }
+    TestBuffer buffer(markupOf(L"(|a, b)"));
+    const auto table = buffer.getEditableTableBuffer(-1);
+    table->setWidthAtColNo(66, L"7", true);
+    const auto columns = table->getColumns({0, 1, 2});
+    ASSERT_EQ(columns.size(), 3u);
+    EXPECT_EQ(T::getAttributeValue(static_cast<Xml::Element*>(*std::next(columns.begin())),
+                                   "column-number", ""),
+              L"B");
+    EXPECT_EQ(table->getColumnWidth(2), L"proportional-column-width(7)");
+}
+
 TEST(EditableTableBuffer, SelectsItsCellsAgainAfterACommit) {
     TestBuffer buffer(markupOf(L"head (a, b) foot (c) body (d^, e) / (f, g|)"));
     auto table = buffer.getEditableTableBuffer(-1);
