@@ -5,11 +5,24 @@
 
 #include <forme/document/PageSequenceAlg.h>
 #include <forme/editing/objects/InlineRepeatAlg.h>
+#include <forme/tables/EditableTableBuffer.h>
 
 #include <algorithm>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
+
+template <>
+struct Wire<TableRowGroupType> {
+    static constexpr const char* name = "row group (0 header, 1 body, 2 footer, 3 none)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 3;
+    }
+    static TableRowGroupType read(const Json& value) {
+        return static_cast<TableRowGroupType>(value.get<int>());
+    }
+    static Json write(TableRowGroupType value) { return static_cast<int>(value); }
+};
 
 namespace {
 
@@ -49,6 +62,14 @@ Operation makeOperation(const char* name, const Names& names, Call call) {
             [call](Session& session, const Json& request) {
                 return callWith<R, A...>(call, session, request, Indices());
             }};
+}
+
+/// Throws where no table is.
+EditableTableBuffer& tableOf(EditableDocumentBuffer& document) {
+    const auto table = document.getEditableTableBuffer(-1);
+    if (!table)
+        throw Core::Exception(L"the caret is in no table");
+    return *table; // which the document keeps
 }
 
 /// An operation of the document buffer.
@@ -119,6 +140,33 @@ Operation algorithm(const char* name, R (C::*member)(A...) const, const Names& n
     });
 }
 
+/// An operation of the table around the caret, or which is selected. What it changes reaches the
+/// document when the table is committed.
+template <typename R, typename... A>
+Operation table(const char* name, R (EditableTableBuffer::*member)(A...), const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (tableOf(session.document()).*member)(arguments...);
+    });
+}
+
+template <typename R, typename... A>
+Operation table(const char* name, R (EditableTableBuffer::*member)(A...) const,
+                const Names& names = {}) {
+    return makeOperation<R, A...>(name, names, [member](Session& session, A... arguments) -> R {
+        return (tableOf(session.document()).*member)(arguments...);
+    });
+}
+
+int rowNumberFrom(EditableDocumentBuffer& document, int position, int table) {
+    TableRowGroupType group;
+    return document.getTableRowNumberFrom(position, table, group);
+}
+
+/// Whether a table begins around the position, or with -1 the caret.
+bool openTable(EditableDocumentBuffer& document, int position) {
+    return static_cast<bool>(document.getEditableTableBuffer(position));
+}
+
 /// An operation of this program.
 template <typename R, typename... A>
 Operation program(const char* name, R (Session::*member)(A...), const Names& names = {}) {
@@ -138,6 +186,7 @@ std::vector<Operation> makeTable() {
     using BufferAlgorithms::InlineRepeatAlg;
     using BufferAlgorithms::PageSequenceAlg;
     using L = ListBuffer;
+    using E = EditableTableBuffer;
     using Core::String;
     return {
         program("open", &Session::open, {"path"}),
@@ -410,6 +459,53 @@ std::vector<Operation> makeTable() {
         document("updateCacheOnSelectionChange", &D::updateCacheOnSelectionChange),
         document("tableBufferCacheNull", &D::tableBufferCacheNull),
         document("updateTableBufferCache", &D::updateTableBufferCache),
+
+        document("caretIsInsideTable", &D::caretIsInsideTable),
+        document("caretIsInsideSameTable", &D::caretIsInsideSameTable),
+        document("hasSelectedTable", &D::hasSelectedTable),
+        document("selectTable", &D::selectTable, {"path"}),
+        document("moveCaretNextCell", &D::moveCaretNextCell, {"ignored", "addRow"}),
+        document("moveCaretPrevCell", &D::moveCaretPrevCell, {"ignored"}),
+        document("getNextCellPosition", &D::getNextCellPosition, {"cell", "sameRow"}),
+        document("getPrevCellPosition", &D::getPrevCellPosition, {"cell", "sameRow"}),
+        document("getTableRowGroupTypeFrom", &D::getTableRowGroupTypeFrom, {"position", "table"}),
+        document("getTableRowGroupPosition", &D::getTableRowGroupPosition, {"table", "group"}),
+        document("getNextRowElement", &D::getNextRowElement, {"position"}),
+        document("getRowPosFromTableRowGroup", &D::getRowPosFromTableRowGroup,
+                 {"groupElement", "row"}),
+        document("getRowTagNameForRowContaining", &D::getRowTagNameForRowContaining, {"position"}),
+        onDocument("getTableRowNumberFrom", &rowNumberFrom, {"position", "table"}),
+        document("getCellNumberOnRow", &D::getCellNumberOnRow, {"position", "table"}),
+        document("getColSpanFromCell", &D::getColSpanFromCell, {"cell"}),
+        document("getRowSpanFromCell", &D::getRowSpanFromCell, {"cell"}),
+
+        onDocument("table.open", &openTable, {"position"}),
+        table("table.update", &E::updateTableBuffer),
+        table("table.commit", &E::commitChangesToEditableBuffer),
+        table("table.getCaretRow", &E::getCaretRow),
+        table("table.getCaretCol", &E::getCaretCol),
+        table("table.getColumnCount", &E::getColumnCount),
+        table("table.getRowCount", &E::getRowCount, {"group"}),
+        table("table.hasHeader", &E::hasHeader),
+        table("table.hasFooter", &E::hasFooter),
+        table("table.allRowsSelected", &E::allRowsSelected),
+        table("table.insertRow", &E::insertRow, {"above"}),
+        table("table.insertHeaderRow", &E::insertHeaderRow),
+        table("table.insertFooterRow", &E::insertFooterRow),
+        table("table.deleteRows", &E::deleteRows, {"update"}),
+        table("table.deleteRow", &E::deleteRow, {"group", "row"}),
+        table("table.canDeleteRow", &E::canDeleteRow),
+        table("table.insertColumn", &E::insertColumn, {"after"}),
+        table("table.deleteColumn", &E::deleteColumn),
+        table("table.canDeleteColumn", &E::canDeleteColumn),
+        table("table.increaseColSpan", &E::increaseColSpan),
+        table("table.increaseRowSpan", &E::increaseRowSpan),
+        table("table.decreaseColSpan", &E::decreaseColSpan),
+        table("table.decreaseRowSpan", &E::decreaseRowSpan),
+        table("table.canIncreaseColSpan", &E::canIncreaseColSpan),
+        table("table.canIncreaseRowSpan", &E::canIncreaseRowSpan),
+        table("table.canDecreaseColSpan", &E::canDecreaseColSpan),
+        table("table.canDecreaseRowSpan", &E::canDecreaseRowSpan),
     };
 }
 
