@@ -2,6 +2,7 @@
 
 #include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
+#include "document/TableCache.h"
 #include "document/caret/Moves.h"
 
 #include <utility>

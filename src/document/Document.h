@@ -2,7 +2,6 @@
 
 #include "document/EditableNames.h"
 #include "document/history/EditActionStack.h"
-#include "foundation/Object.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
 #include "foundation/String.h"
@@ -13,6 +12,7 @@
 
 class EditableDocumentBuffer;
 class IEditableBufferMonitor;
+class TableCache;
 enum class Direction;
 
 /// All the state of a document that is being edited: text, caret and pivot, history, names, modes,
@@ -121,9 +121,9 @@ public:
     };
     RunningSearch search;
     SmartPtr<Drawing::SpellChecker> spellChecker;
-    Core::String selectedElementName; ///< what growing the selection reached last
-    SmartPtr<Core::Object> tableCache;
-    bool isInCommand = false; ///< whether a scope stands around what is being done
+    Core::String selectedElementName;       ///< what growing the selection reached last
+    std::unique_ptr<TableCache> tableCache; ///< null while no table is kept
+    bool isInCommand = false;               ///< whether a scope stands around what is being done
 
 private:
     friend class EditableDocumentBufferState;

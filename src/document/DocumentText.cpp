@@ -78,7 +78,10 @@ void DocumentText::set(Document& document, const String& content, bool resetHist
     String unixContent = content;
     unixContent.replaceAll(L"\r\n", L"\n");
     document.replaceText(unixContent);
-    TableCache::onBufferChange(document);
+    if (!document.text().isWithin(document.caret(), L"fo:table"))
+        document.tableCache.reset();
+    else if (document.tableCache)
+        document.tableCache->followText();
     document.notifyBufferChanged();
     if (resetHistory)
         document.history.clearStack();

@@ -167,7 +167,3 @@ void EditableDocumentBuffer::resetfindReplaceStartPos() {
 void EditableDocumentBuffer::setSpellChecker(const SmartPtr<Drawing::SpellChecker>& checker) {
     document_->spellChecker = checker;
 }
-
-bool EditableDocumentBuffer::tableBufferCacheNull() const {
-    return !document_->tableCache;
-}

@@ -14,14 +14,18 @@
 #include "foundation/values/PropertyCollection.h"
 #include "text/EditableXmlBuffer.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 class Document;
+class EditableTableBuffer;
 class ListBuffer;
 class TextRewrite;
+enum class TableRowGroupType;
 
 /// How a document is saved.
 enum class DocumentEncoding {
@@ -596,13 +600,80 @@ public:
     /// The index of the one around the caret, outside of these -1.
     int getCurrentPageSequenceIdx() const;
 
-    // The cached table around the caret, to be brought up to date from the host's monitor
+    // Tables. Rows, columns and cells are numbered from 0. A logical column counts the columns that
+    // spans take; the index of a cell does not. A position in a nested table counts for the outer
+    // one, whose `<` `table` is, as if it stood in the cell that holds the nested table; a `table`
+    // of -1 is the innermost around the position.
+
+    bool caretIsInsideTable() const;
+    /// Whether the selection begins at a table's `<` and ends directly behind that table.
+    bool hasSelectedTable() const;
+    /// Selects the table, or other element, that a path names among those around the caret; with an
+    /// empty path the table around the caret, where no table is selected already. Ends a run of
+    /// typing.
+    void selectTable(const Core::String& path);
+
+    /// Tab: the caret goes to the first stop of the next cell as a reader counts, who meets the
+    /// footer behind the body. From the last cell a row is added below, with `addRow`, and the
+    /// caret goes to its first cell; one undo step. Nothing happens outside a cell, and in the last
+    /// one without `addRow`. The first argument has no effect. Ends a run of typing.
+    void moveCaretNextCell(bool ignored, bool addRow);
+    /// Shift+Tab: the same back to the cell before; nothing happens in the first one.
+    void moveCaretPrevCell(bool ignored);
+    /// The `<` of the cell that Tab and Shift+Tab reach from the cell whose `<` is given, with
+    /// `sameRow` only within its row; -1 if there is none.
+    int getNextCellPosition(int cell, bool sameRow) const;
+    int getPrevCellPosition(int cell, bool sameRow) const;
+
+    /// The row group around the position; None where no cell is.
+    TableRowGroupType getTableRowGroupTypeFrom(int position, int table) const;
+    /// The `<` of the table's first element of that group, or for None of the body; -1 without one.
+    int getTableRowGroupPosition(int table, TableRowGroupType group) const;
+    /// The next row, be it repeated, behind the position; this may leave the group.
+    int getNextRowElement(int position) const;
+    /// The `<` of a row of the group element; -1 if it has not so many.
+    int getRowPosFromTableRowGroup(int groupElement, int row) const;
+    /// The name of the innermost row around the position, with prefix; empty if there is none.
+    Core::String getRowTagNameForRowContaining(int position) const;
+    /// The row of the cell around the position, counted in its group, which is told too. Cells that
+    /// stand in a header or footer directly are one row. -1 where no row is.
+    int getTableRowNumberFrom(int position, int table, TableRowGroupType& group) const;
+    /// The index in its row of the cell around the position; -1 where none is.
+    int getCellNumberOnRow(int position, int table) const;
+    /// The `<` of the cell that begins at a logical coordinate; -1 where none begins. `tableBuffer`
+    /// knows the table as it stands; the columns that are taken from above are those of the row
+    /// group of its caret, up to but excluding `rows` and `columns`.
+    int getCellPositionInTable(int table, int row, int column, TableRowGroupType group, int rows,
+                               int columns, EditableTableBuffer* tableBuffer) const;
+    /// The coordinates, row and column, of the row group of that buffer's caret that are taken by a
+    /// cell which begins elsewhere, as far as rows and columns go.
+    std::map<std::pair<int, int>, bool> buildSpanMatrix(int table, int rows, int columns,
+                                                        EditableTableBuffer* tableBuffer) const;
+    /// What the cell says that it spans; 1 where it says nothing that can be read.
+    int getColSpanFromCell(int cell) const;
+    int getRowSpanFromCell(int cell) const;
+
+    /// The table around a position, or with -1 around the caret, to be edited as a tree. If the
+    /// caret is not in the table at a position it goes to the first stop there. A table that is
+    /// selected is found with -1 from outside. The buffer is kept until another table is asked for,
+    /// and given again while that table is where it was. Null where no table is. Raises an
+    /// Xml::ParseException where the table is not well formed.
+    SmartPtr<EditableTableBuffer> getEditableTableBuffer(int position);
+    /// Reads the table around the caret anew; outside of tables the kept one goes.
+    void updateTableBufferCache();
+    /// Whether no table is kept.
+    bool tableBufferCacheNull() const;
+    /// Whether the table around the caret begins where the kept one does.
+    bool caretIsInsideSameTable() const;
+
+    // Bring the kept table up to date, from the host's monitor. The one around the caret takes its
+    // place; a caret outside of tables has none kept.
 
     void updateCacheOnBufferChange();
+    /// The cell that is kept with the table becomes the caret's, and is all that is selected.
     void updateCacheOnCaretChange();
+    /// The cells that are kept as selected become those up to the pivot's.
     void updateCacheOnSelectionChange();
-    bool tableBufferCacheNull() const;
-    void updateTableBufferCache();
 
 protected:
     // Replay

@@ -1,11 +1,11 @@
 #pragma once
 
-class Document;
+/// What a document keeps of the table that was last asked for, so that it need not be read for each
+/// question.
+class TableCache {
+public:
+    virtual ~TableCache() = default;
 
-/// The host's view of the table around the caret, kept as long as it holds.
-namespace TableCache {
-
-/// Drops it when no table is around the caret any more.
-void onBufferChange(Document& document);
-
-} // namespace TableCache
+    /// The text is another one, in which the caret stands in a table.
+    virtual void followText() = 0;
+};

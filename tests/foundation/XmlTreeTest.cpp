@@ -117,14 +117,15 @@ TEST(XmlTree, AttributesAreFoundInOneWayByEveryCall) {
         EXPECT_EQ(attribute ? narrow(attribute->get_value()) : "absent", value) << prefix << name;
     }
     element->set_attribute("d", "D", "");
+    element->set_attribute("c", "C", "");
     element->set_attribute("a", "A", "fo");
     element->set_attribute("e", "E", "qfd");
     EXPECT_EQ(written(document),
-              "<fo:b a=\"A\" qf:a=\"qf\" fo:c=\"fo\" qf:d=\"D\" qfd:e=\"E\"/>\n");
+              "<fo:b a=\"A\" qf:a=\"qf\" fo:c=\"C\" qf:d=\"d\" d=\"D\" qfd:e=\"E\"/>\n");
     for (const char* prefix : {"fo", ""})
         EXPECT_TRUE(element->remove_attribute("a", prefix));
     EXPECT_FALSE(element->remove_attribute("a", ""));
-    EXPECT_EQ(element->get_attributes().size(), 3u);
+    EXPECT_EQ(element->get_attributes().size(), 4u);
     EXPECT_NE(messageOf([&] { element->set_attribute("a b", "v"); }), "");
 }
 

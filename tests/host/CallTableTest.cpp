@@ -29,9 +29,11 @@ std::set<std::string> publicOperations(const std::string& header) {
 }
 
 /// What deals in pointers and references of the host's own and has no meaning in a request.
-const std::set<std::string> notForRequests{
-    "setMonitor",      "getMonitor",    "getEditActionStack",
-    "setSpellChecker", "getListBuffer", "ListBuffer"}; // whose constructor takes a document
+const std::set<std::string> notForRequests{"setMonitor",         "getMonitor",
+                                           "getEditActionStack", "setSpellChecker",
+                                           "getListBuffer",      "getEditableTableBuffer",
+                                           "buildSpanMatrix",    "getCellPositionInTable",
+                                           "ListBuffer"}; // whose constructor takes a document
 
 } // namespace
 

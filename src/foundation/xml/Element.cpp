@@ -31,7 +31,7 @@ Attribute* Element::set_attribute(const Core::String& name, const Core::String& 
                                   const Core::String& prefix) {
     QualifiedName wanted = QualifiedName::checked(name, prefix);
     requireXmlText(value);
-    Attribute* found = wanted.declaresNamespace() ? findExactly(wanted) : findAttribute(wanted);
+    Attribute* found = wanted.declaresNamespace() ? findExactly(wanted) : findToSet(wanted);
     if (!found)
         return addAttribute(std::make_shared<QualifiedName>(std::move(wanted)), value);
     found->set_value(value);
@@ -99,6 +99,13 @@ Attribute* Element::findAttribute(const QualifiedName& wanted) const {
     if (wanted.prefix.empty())
         return findWithAnyPrefix(wanted.local);
     return wanted.prefix == getNSPrefix() ? findExactly({Core::String(), wanted.local}) : nullptr;
+}
+
+Attribute* Element::findToSet(const QualifiedName& wanted) const {
+    if (!wanted.prefix.empty())
+        return findAttribute(wanted);
+    Attribute* bare = findExactly(wanted);
+    return bare ? bare : findExactly({Node::Parts::name(*this)->prefix, wanted.local});
 }
 
 Attribute* Element::findExactly(const QualifiedName& wanted) const {

@@ -15,7 +15,8 @@ namespace Xml {
 /// an attribute up in the same way, so that what one call wrote every other call finds: without a
 /// prefix, the attribute of that local name that has none, or else the first one with any prefix;
 /// with a prefix, the attribute with exactly that one, or else the one without a prefix if the
-/// prefix is the element's own.
+/// prefix is the element's own. Only what writes without a prefix passes those by whose prefix is
+/// another than the element's own, since it would change what they say.
 ///
 /// Namespace declarations are no attributes: only get_namespace_defs() tells them.
 class FORME_API Element : public Node {
@@ -54,6 +55,7 @@ private:
     std::unique_ptr<Element> copyTag() const;
     Attribute* addAttribute(Name name, const Core::String& value);
     Attribute* findAttribute(const QualifiedName& wanted) const;
+    Attribute* findToSet(const QualifiedName& wanted) const;
     Attribute* findExactly(const QualifiedName& wanted) const;
     Attribute* findWithAnyPrefix(const Core::String& local) const;
 

@@ -1,0 +1,122 @@
+#include "tables/CachedTable.h"
+
+#include "document/CommandScope.h"
+#include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/caret/Stops.h"
+#include "foundation/xml/ParseException.h"
+#include "tables/Table.h"
+#include "tables/TablePlaces.h"
+#include "tables/TableSelection.h"
+
+namespace {
+
+int tableAroundCaret(const Document& document) {
+    return TablePlaces::tableAround(document.text(), document.caret());
+}
+
+int tableToOpen(const Document& document, int position) {
+    if (position != -1)
+        return TablePlaces::tableAround(document.text(), position);
+    const int around = tableAroundCaret(document);
+    return around >= 0 ? around : TableSelection::selected(document);
+}
+
+} // namespace
+
+CachedTable::CachedTable(Document& document, int table)
+    : document_(document), buffer_(new EditableTableBuffer(document, table)) {}
+
+const CachedTable* CachedTable::of(const Document& document) {
+    return static_cast<const CachedTable*>(document.tableCache.get());
+}
+
+bool CachedTable::isAt(int table) const {
+    return start() == table &&
+           buffer_->getDocumentBufferEnd() == document_.text().lastOffsetOf(table);
+}
+
+SmartPtr<EditableTableBuffer> CachedTable::open(Document& document, int position) {
+    const int table = tableToOpen(document, position);
+    if (table < 0)
+        return nullptr;
+    if (const CachedTable* cached = of(document); cached && cached->isAt(table))
+        return cached->buffer_;
+    CommandScope scope(document);
+    if (position != -1 && !document.text().elementContains(table, document.caret()))
+        document.setCaret(Stops::next(document, table));
+    document.tableCache.reset(new CachedTable(document, table));
+    return of(document)->buffer_;
+}
+
+void CachedTable::renew(Document& document) {
+    document.tableCache.reset();
+    const int table = tableAroundCaret(document);
+    if (table >= 0)
+        open(document, document.text().next(table));
+}
+
+void CachedTable::onBufferChange(Document& document) {
+    const int table = tableAroundCaret(document);
+    if (!of(document) || of(document)->start() != table || table < 0)
+        renew(document);
+}
+
+void CachedTable::onCaretChange(Document& document) {
+    const CachedTable* cached = of(document);
+    if (!cached)
+        return;
+    if (cached->start() != tableAroundCaret(document)) {
+        renew(document);
+    } else {
+        Table::of(*cached->buffer_).findEnd();
+        Table::of(*cached->buffer_).findCaret();
+    }
+}
+
+void CachedTable::onSelectionChange(Document& document) {
+    const CachedTable* cached = of(document);
+    if (cached && cached->start() == tableAroundCaret(document) && document.hasSelection())
+        Table::of(*cached->buffer_).findSelectionEnd();
+}
+
+/// A text may be anything; a table that cannot be read is not kept.
+void CachedTable::followText() {
+    Document& document = document_;
+    if (start() == tableAroundCaret(document))
+        return;
+    try {
+        renew(document);
+    } catch (const Xml::ParseException&) {
+        document.tableCache.reset();
+    }
+}
+
+SmartPtr<EditableTableBuffer> EditableDocumentBuffer::getEditableTableBuffer(int position) {
+    return CachedTable::open(*document_, position);
+}
+
+void EditableDocumentBuffer::updateTableBufferCache() {
+    CachedTable::renew(*document_);
+}
+
+bool EditableDocumentBuffer::tableBufferCacheNull() const {
+    return !document_->tableCache;
+}
+
+bool EditableDocumentBuffer::caretIsInsideSameTable() const {
+    const CachedTable* cached = CachedTable::of(*document_);
+    return cached && cached->start() == tableAroundCaret(*document_);
+}
+
+void EditableDocumentBuffer::updateCacheOnBufferChange() {
+    CachedTable::onBufferChange(*document_);
+}
+
+void EditableDocumentBuffer::updateCacheOnCaretChange() {
+    CachedTable::onCaretChange(*document_);
+}
+
+void EditableDocumentBuffer::updateCacheOnSelectionChange() {
+    CachedTable::onSelectionChange(*document_);
+}

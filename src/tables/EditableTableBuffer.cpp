@@ -1,0 +1,327 @@
+#include "tables/EditableTableBuffer.h"
+
+#include "document/Document.h"
+#include "tables/CellSelection.h"
+#include "tables/ColumnWidths.h"
+#include "tables/Table.h"
+#include "tables/TableColumns.h"
+#include "tables/TablePlaces.h"
+#include "tables/TableRows.h"
+
+using Core::String;
+using Xml::Element;
+using Xml::Node;
+using Type = TableRowGroupType;
+
+namespace {
+
+std::list<Node*> nodesOf(const TableTree::Elements& elements) {
+    return {elements.begin(), elements.end()};
+}
+
+CellSelection selectionOf(const Table& table) {
+    return {table.model(), table.caret.caret, table.caret.end, table.columnCount};
+}
+
+/// Carries out a command on the table as the document has it now.
+template <typename Command>
+void onFreshTable(Table& table, Command command) {
+    if (!table.update())
+        return;
+    command();
+    table.rebuild();
+}
+
+} // namespace
+
+EditableTableBuffer::EditableTableBuffer(Document& document, int table)
+    : DOMBasedBuffer(document), table_(std::make_unique<Table>(document, fragment(), table)) {}
+
+EditableTableBuffer::~EditableTableBuffer() = default;
+
+void EditableTableBuffer::updateTableBuffer() {
+    table_->update();
+}
+
+void EditableTableBuffer::commitChangesToEditableBuffer() {
+    table_->commit();
+}
+
+// Where the caret is
+
+int EditableTableBuffer::getCaretRow() const {
+    return table_->caret.caret.row;
+}
+
+int EditableTableBuffer::getCaretCol() const {
+    return table_->caret.caret.column;
+}
+
+void EditableTableBuffer::resetCellsSelection() {
+    table_->caret.end = table_->caret.caret;
+}
+
+// The table
+
+Element* EditableTableBuffer::getTableElement() const {
+    return &table_->root();
+}
+
+bool EditableTableBuffer::hasHeader() const {
+    return getTableRowGroupNode(getTableElement(), Type::Header);
+}
+
+bool EditableTableBuffer::hasFooter() const {
+    return getTableRowGroupNode(getTableElement(), Type::Footer);
+}
+
+Element* EditableTableBuffer::getTableRowGroupNode(const Element* table, Type group) {
+    const TableTree::Elements groups =
+        table ? TableTree::groupsOf(*table, group) : TableTree::Elements();
+    return groups.empty() ? nullptr : groups.front();
+}
+
+int EditableTableBuffer::getColumnCount() const {
+    return table_->columnCount;
+}
+
+int EditableTableBuffer::countColumns() const {
+    return TableTree::countTableColumns(table_->root());
+}
+
+int EditableTableBuffer::countColumns(const Element* row) {
+    return row ? TableTree::countColumns(*row) : 0;
+}
+
+int EditableTableBuffer::getPhysicalColumnCount() const {
+    return static_cast<int>(TableTree::columnsOf(table_->root()).size());
+}
+
+int EditableTableBuffer::getRowCount(Type group) const {
+    return static_cast<int>(TableTree::rowsOf(table_->root(), group).size());
+}
+
+std::list<Node*> EditableTableBuffer::getRowsFromTableRowGroup(Element* group) {
+    return group ? nodesOf(TableTree::rowsOf(*group)) : std::list<Node*>();
+}
+
+Element* EditableTableBuffer::getRowFromTableRowGroup(const Element* table, int row, Type group) {
+    const TableTree::Elements rows =
+        table ? TableTree::rowsOf(*table, group) : TableTree::Elements();
+    return row >= 0 && row < static_cast<int>(rows.size()) ? rows[static_cast<std::size_t>(row)]
+                                                           : nullptr;
+}
+
+// Cells
+
+int EditableTableBuffer::getCellCountForRow(const Element* row) {
+    return row ? static_cast<int>(TableTree::cellsOf(*row).size()) : 0;
+}
+
+Element* EditableTableBuffer::getCellElementAt(int row, int column, Type group) const {
+    return table_->model().cellAt({group, row, column});
+}
+
+Element* EditableTableBuffer::getCellFromRow(const Element* row, int column) {
+    return row ? TableTree::cellBeginningAt(*row, column) : nullptr;
+}
+
+Element* EditableTableBuffer::getTableCellFromRow(const Element* row, int index) {
+    const TableTree::Elements cells = row ? TableTree::cellsOf(*row) : TableTree::Elements();
+    return index >= 0 && index < static_cast<int>(cells.size())
+               ? cells[static_cast<std::size_t>(index)]
+               : nullptr;
+}
+
+int EditableTableBuffer::getCellPosInRow(const Element* cell, const Element* row) {
+    return cell && row ? TableTree::indexOf(*cell, *row) : -1;
+}
+
+int EditableTableBuffer::getTableColumnNumberFrom(int documentPosition, int row, Type group) const {
+    return table_->columnAt(documentPosition, group, row);
+}
+
+// What is selected
+
+std::list<Node*> EditableTableBuffer::getSelectedCells() const {
+    return nodesOf(selectionOf(*table_).cells());
+}
+
+std::list<Node*> EditableTableBuffer::getSelectedRows() const {
+    return nodesOf(selectionOf(*table_).rows());
+}
+
+std::vector<int> EditableTableBuffer::getSelectedColumns() const {
+    return selectionOf(*table_).columns();
+}
+
+std::list<Node*> EditableTableBuffer::getColumns(const std::vector<int>& columns) const {
+    const TableTree::Elements all = TableTree::columnsOf(table_->root());
+    std::list<Node*> found;
+    for (const int column : columns)
+        if (column >= 0 && column < static_cast<int>(all.size()))
+            found.push_back(all[static_cast<std::size_t>(column)]);
+    return found;
+}
+
+bool EditableTableBuffer::allRowsSelected() const {
+    const Document& document = table_->document();
+    const auto& [caret, end] = table_->caret;
+    const int last = table_->model().group(Type::Body).rowCount() - 1;
+    const bool isInOneTable =
+        !document.hasSelection() ||
+        document.text().areInSameElement(L"fo:table", document.caret(), document.pivot());
+    return isInOneTable && caret.group == Type::Body && end.group == Type::Body && !hasHeader() &&
+           !hasFooter() && std::minmax(caret.row, end.row) == std::minmax(0, last);
+}
+
+// Where columns and rows stand in the document
+
+Core::Vector<int> EditableTableBuffer::getTableColumnPositionsInTableBuffer() const {
+    const std::vector<int> columns = TablePlaces::childrenNamed(
+        table_->document().text(), getDocumentBufferStart(), L"fo:table-column");
+    return {columns.begin(), columns.end()};
+}
+
+Core::Vector<int> EditableTableBuffer::getTableRowPositionsInTableBuffer(Type group) const {
+    const XmlText& text = table_->document().text();
+    std::vector<int> rows = TablePlaces::rowsOf(text, getDocumentBufferStart(), group);
+    std::erase_if(rows, [&](int row) { return !TablePlaces::isRow(text, row); });
+    return {rows.begin(), rows.end()};
+}
+
+// Rows
+
+void EditableTableBuffer::insertRow(bool above) {
+    onFreshTable(*table_, [&] { TableRows(*table_).insert(above); });
+}
+
+void EditableTableBuffer::insertHeaderRow() {
+    onFreshTable(*table_, [&] { TableRows(*table_).insertInto(Type::Header); });
+}
+
+void EditableTableBuffer::insertFooterRow() {
+    onFreshTable(*table_, [&] { TableRows(*table_).insertInto(Type::Footer); });
+}
+
+void EditableTableBuffer::deleteRows(bool update) {
+    if (update && !table_->update())
+        return;
+    TableRows(*table_).removeSelected();
+    table_->rebuild();
+}
+
+bool EditableTableBuffer::deleteRow(Type group, int row) {
+    bool deleted = false;
+    onFreshTable(*table_, [&] { deleted = TableRows(*table_).remove(group, row); });
+    return deleted;
+}
+
+bool EditableTableBuffer::canDeleteRow() const {
+    return TableRows(*table_).canRemove();
+}
+
+// Columns
+
+void EditableTableBuffer::insertColumn(bool after) {
+    onFreshTable(*table_, [&] { TableColumns(*table_).insert(after); });
+}
+
+void EditableTableBuffer::deleteColumn() {
+    onFreshTable(*table_, [&] { TableColumns(*table_).remove(); });
+}
+
+bool EditableTableBuffer::canDeleteColumn() const {
+    return TableColumns(*table_).canRemove();
+}
+
+// Spans
+
+void EditableTableBuffer::increaseColSpan() {
+    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).mergeColumns(); });
+}
+
+void EditableTableBuffer::increaseRowSpan() {
+    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).mergeRows(); });
+}
+
+void EditableTableBuffer::decreaseColSpan() {
+    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).splitColumn(); });
+}
+
+void EditableTableBuffer::decreaseRowSpan() {
+    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).splitRow(); });
+}
+
+bool EditableTableBuffer::canIncreaseColSpan() const {
+    return CellSpans(table_->model(), table_->caret).canMergeColumns();
+}
+
+bool EditableTableBuffer::canIncreaseRowSpan() const {
+    return CellSpans(table_->model(), table_->caret).canMergeRows();
+}
+
+bool EditableTableBuffer::canDecreaseColSpan() const {
+    return CellSpans(table_->model(), table_->caret).canSplitColumn();
+}
+
+bool EditableTableBuffer::canDecreaseRowSpan() const {
+    return CellSpans(table_->model(), table_->caret).canSplitRow();
+}
+
+// Widths
+
+String EditableTableBuffer::getColumnWidth(int column) const {
+    return ColumnWidths(*table_).of(column);
+}
+
+void EditableTableBuffer::setColumnWidth(int column, const String& width, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).set(column, width);
+}
+
+void EditableTableBuffer::removeColumnWidth(int column, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).remove(column);
+}
+
+void EditableTableBuffer::setWidthAtColNo(int columnNumber, const String& width, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).setByNumber(columnNumber, width);
+}
+
+String EditableTableBuffer::getCrtColumnWidth() const {
+    return getColumnWidth(getCaretCol());
+}
+
+void EditableTableBuffer::setCrtColumnWidth(const String& width) {
+    setColumnWidth(getCaretCol(), width, true);
+}
+
+void EditableTableBuffer::removeCrtColumnWidth() {
+    removeColumnWidth(getCaretCol(), true);
+}
+
+void EditableTableBuffer::changeTableColWidth(const String& width) {
+    onFreshTable(*table_, [&] { ColumnWidths(*table_).resize(width); });
+}
+
+void EditableTableBuffer::changeTableColWidth(const String& width, float delta) {
+    onFreshTable(*table_, [&] { ColumnWidths(*table_).resize(width, delta); });
+}
+
+void EditableTableBuffer::updateColumnWidths() {
+    onFreshTable(*table_, [&] { ColumnWidths(*table_).normalise(); });
+}
+
+bool EditableTableBuffer::columnHasProportionalValSize(int column) const {
+    return ColumnWidths(*table_).isShare(column);
+}
+
+int EditableTableBuffer::getNextProportionalWithCol(int column) const {
+    return ColumnWidths(*table_).nextShare(column);
+}
+
+int EditableTableBuffer::getPrevProportionalWithCol(int column) const {
+    return ColumnWidths(*table_).previousShare(column);
+}

@@ -1,0 +1,190 @@
+#pragma once
+
+#include "foundation/Vector.h"
+#include "tables/TableRowGroupType.h"
+#include "trees/DOMBasedBuffer.h"
+
+#include <list>
+#include <memory>
+#include <vector>
+
+class CachedTable;
+class Table;
+
+/// A table of the document that is edited as a tree. A host takes it for one command, gives the
+/// command and commits it:
+///
+///     const auto table = document->getEditableTableBuffer(-1);
+///     table->insertRow(true);
+///     table->commitChangesToEditableBuffer();
+///
+/// Rows are numbered from 0 in their row group; several bodies together are the body, and cells
+/// that stand in a header or footer directly are one row. Columns are logical: they count the
+/// columns that spans take. A cell is answered for each coordinate that it covers.
+///
+/// A command reads the table from the document first, so that one that was not committed is lost
+/// when the next is given. Where the caret is in no cell of the table, and where the table has
+/// gone, commands change nothing. What is read of the document counts 16-bit code units.
+class FORME_API EditableTableBuffer : public DOMBasedBuffer {
+public:
+    ~EditableTableBuffer() override;
+
+    EditableTableBuffer(const EditableTableBuffer&) = delete;
+    EditableTableBuffer& operator=(const EditableTableBuffer&) = delete;
+
+    // Reading and writing back
+
+    /// Reads the table from the document again, with caret and selection. A caret outside of tables
+    /// goes into this one. Where the table is gone the one around the caret is read, if any.
+    void updateTableBuffer();
+    /// Writes the table back as one undo step. Caret and selection go to their cells, or where the
+    /// cell is gone to the first place in the table; a caret outside of the table stays. Raises a
+    /// Core::Exception, and changes nothing, where the table in the document is no longer the one
+    /// that was read.
+    void commitChangesToEditableBuffer() override;
+
+    // Where the caret is
+
+    /// -1 outside of the table's cells; the column is 0 in the table but in no cell.
+    int getCaretRow() const;
+    int getCaretCol() const;
+    /// Lets nothing but the caret's cell be selected, in this buffer.
+    void resetCellsSelection();
+
+    // The table
+
+    Xml::Element* getTableElement() const;
+    bool hasHeader() const;
+    bool hasFooter() const;
+    /// The first element of the group; null without one.
+    static Xml::Element* getTableRowGroupNode(const Xml::Element* table, TableRowGroupType group);
+    /// The largest sum of the column spans of one row's own cells.
+    int getColumnCount() const;
+    int countColumns() const;
+    /// The sum of the column spans of the row's own cells; 0 for null.
+    static int countColumns(const Xml::Element* row);
+    /// How many fo:table-column elements there are.
+    int getPhysicalColumnCount() const;
+    int getRowCount(TableRowGroupType group) const;
+    /// The rows of one group element.
+    static std::list<Xml::Node*> getRowsFromTableRowGroup(Xml::Element* group);
+    /// Null where the group has not so many rows.
+    static Xml::Element* getRowFromTableRowGroup(const Xml::Element* table, int row,
+                                                 TableRowGroupType group);
+
+    // Cells. Elements may be null and give null, -1 or 0.
+
+    static int getCellCountForRow(const Xml::Element* row);
+    /// The cell that covers a coordinate; null where none does.
+    Xml::Element* getCellElementAt(int row, int column, TableRowGroupType group) const;
+    /// The row's own cell that begins in a column, counting the spans of its own cells only.
+    static Xml::Element* getCellFromRow(const Xml::Element* row, int column);
+    /// The row's own cell of that index, and the index of a cell.
+    static Xml::Element* getTableCellFromRow(const Xml::Element* row, int index);
+    static int getCellPosInRow(const Xml::Element* cell, const Xml::Element* row);
+    /// The logical column of a position in the document that lies in the row; 0 where none is.
+    int getTableColumnNumberFrom(int documentPosition, int row, TableRowGroupType group) const;
+
+    // What is selected, from the caret's cell to that of the selection's other end. It runs in
+    // reading order, and is nothing where one end is in no row group.
+
+    /// A cell with spans once for each of its coordinates that is selected. Where several rows are,
+    /// those of the two ends come first; of two groups the header comes first, then the body.
+    std::list<Xml::Node*> getSelectedCells() const;
+    std::list<Xml::Node*> getSelectedRows() const;
+    /// In ascending order; all columns where more than two rows are concerned.
+    std::vector<int> getSelectedColumns() const;
+    /// The fo:table-column elements with these numbers.
+    std::list<Xml::Node*> getColumns(const std::vector<int>& columns) const;
+    /// Whether the selection, or without one the caret's row, takes all rows of a table that is
+    /// nothing but a body.
+    bool allRowsSelected() const;
+
+    // Where columns and rows stand in the document, by the `<` of their tags. They are those of the
+    // table as it was last committed.
+
+    Core::Vector<int> getTableColumnPositionsInTableBuffer() const;
+    Core::Vector<int> getTableRowPositionsInTableBuffer(TableRowGroupType group) const;
+
+    // Rows
+
+    /// Adds an empty row above or below the caret's, with cells like those. A cell above it that
+    /// spans rows spans one more for each of its columns. Above, a repeated row gives a plain one;
+    /// below the last row of a group of rows the new one stands outside of that group.
+    void insertRow(bool above);
+    /// Adds a row to the header, or the footer, which is made if the table has none.
+    void insertHeaderRow();
+    void insertFooterRow();
+    /// Deletes the selected rows; one body row stays. A header or footer goes with its last row.
+    /// Without `update` the table is not read again before.
+    void deleteRows(bool update);
+    /// Whether a row was deleted, or the group with its last row.
+    bool deleteRow(TableRowGroupType group, int row);
+    /// Whether the caret's row can go without leaving spans that lack a row.
+    bool canDeleteRow() const;
+
+    // Columns
+
+    /// Adds a column of empty cells behind or before the caret's. A cell that spans columns takes
+    /// one more instead, if the new one comes behind. The new fo:table-column is like the one
+    /// before it. Not in a table whose cells tell their columns or rows by themselves.
+    void insertColumn(bool after);
+    /// Deletes the cells in the caret's column, whatever they span.
+    void deleteColumn();
+    /// Whether no cell that spans columns stands in the caret's column, as far as the first rows of
+    /// the groups and the caret's row tell.
+    bool canDeleteColumn() const;
+
+    // Spans
+
+    /// Merges the caret's cell with the one to its right, in the last column with that to its left.
+    void increaseColSpan();
+    /// Merges the caret's cell with the one below, in the last row with that above.
+    void increaseRowSpan();
+    /// Gives the last column, or row, of the caret's cell to a new cell.
+    void decreaseColSpan();
+    void decreaseRowSpan();
+    /// Whether a host may offer them. Merging at an edge is never offered.
+    bool canIncreaseColSpan() const;
+    bool canIncreaseRowSpan() const;
+    bool canDecreaseColSpan() const;
+    bool canDecreaseRowSpan() const;
+
+    // Widths, as the fo:table-column elements tell them: a length, "30%", or a share of what other
+    // columns leave, "proportional-column-width(30)", as percentages are written. With `update` the
+    // table is read again before. A column that the table has no element for stays without.
+
+    /// Empty where the column has none.
+    Core::String getColumnWidth(int column) const;
+    void setColumnWidth(int column, const Core::String& width, bool update);
+    void removeColumnWidth(int column, bool update);
+    /// Gives the column with that column-number the width as a share, whatever it is; one is made
+    /// of the nearest column with a lower number where none has it.
+    void setWidthAtColNo(int columnNumber, const Core::String& width, bool update);
+    /// The same for the caret's column.
+    Core::String getCrtColumnWidth() const;
+    void setCrtColumnWidth(const Core::String& width);
+    void removeCrtColumnWidth();
+    /// Resizes the caret's column; a number alone counts inches. Where it and another column have
+    /// shares that one makes up for it, so that the sum stays; nothing happens where it would be
+    /// left without any. The width is `delta` larger than told; not below 0.
+    void changeTableColWidth(const Core::String& width);
+    void changeTableColWidth(const Core::String& width, float delta);
+    /// Writes shares and percentages as numbers of which the sum is 100; nothing happens where a
+    /// column has something else.
+    void updateColumnWidths();
+    bool columnHasProportionalValSize(int column) const;
+    /// The nearest column with a share behind, or before, that column, once around the table; -1
+    /// without one. Going back, column 0 is not looked at.
+    int getNextProportionalWithCol(int column) const;
+    int getPrevProportionalWithCol(int column) const;
+
+private:
+    friend class CachedTable;
+    friend class Table;
+
+    /// The table that begins at the position.
+    EditableTableBuffer(Document& document, int table);
+
+    std::unique_ptr<Table> table_;
+};

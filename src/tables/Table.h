@@ -1,0 +1,65 @@
+#pragma once
+
+#include "tables/CellSpans.h"
+#include "tables/TableModel.h"
+#include "trees/Fragment.h"
+
+#include <optional>
+
+class Document;
+class EditableTableBuffer;
+
+/// A table of a document while it is edited as a tree: the fragment, its model, and where caret and
+/// selection stand in it. What commands change in the tree reaches the document by commit().
+class Table {
+public:
+    /// The table behind a face.
+    static Table& of(const EditableTableBuffer& face);
+
+    /// Reads the table that begins at the position.
+    Table(Document& document, Fragment& fragment, int table);
+
+    /// Brings everything in step with the document's text, and the caret into a table. False, and
+    /// nothing done, where the table is gone and the caret stands in no other.
+    bool update();
+    /// Looks at the tree again, which a command has changed.
+    void rebuild() { model_.emplace(*fragment_.root()); }
+    /// Writes the tree back; caret and selection go with their cells.
+    void commit();
+
+    Document& document() const { return document_; }
+    const Fragment& fragment() const { return fragment_; }
+    Xml::Element& root() const { return *fragment_.root(); }
+    const TableModel& model() const { return *model_; }
+
+    /// The logical column of a position in the document that stands in that row; 0 where no cell of
+    /// the row begins.
+    int columnAt(int position, TableRowGroupType group, int row) const;
+
+    /// The `<` in the document of the cell that begins at a place; -1 where none begins.
+    /// Deliberate: which columns are taken from above is asked of the group of the caret, up to but
+    /// excluding `rows` and `columns`.
+    int cellPosition(int table, const CellPlace& place, int rows, int columns) const;
+    /// Whether the coordinate of the caret's group is taken by a cell that begins elsewhere.
+    bool isCovered(int row, int column) const;
+
+    // What the caches of the document refresh
+
+    void findEnd() { fragment_.findEnd(); }
+    void findCaret();
+    void findSelectionEnd();
+
+    TableCaret caret;
+    int columnCount = 0;
+
+private:
+    void read(int table);
+    CellPlace placeAt(int position) const;
+    CellPlace endPlace() const;
+    std::optional<CaretPlace> caretAfterCommit() const;
+    int cellPosition(const CellPlace& place) const;
+
+    Document& document_;
+    Fragment& fragment_;
+    std::optional<TableModel> model_;
+};

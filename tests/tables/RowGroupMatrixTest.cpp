@@ -1,0 +1,166 @@
+#include "tables/RowGroupMatrix.h"
+
+#include "foundation/Encoder.h"
+#include "tables/TableGrid.h"
+#include "tables/TableTree.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Xml::Element;
+
+std::vector<std::vector<Element*>> bodiesOf(const Element& table) {
+    std::vector<std::vector<Element*>> bodies;
+    for (Element* body : TableTree::groupsOf(table, TableRowGroupType::Body))
+        bodies.push_back(TableTree::rowsOf(*body));
+    return bodies;
+}
+
+RowGroupMatrix matrixOf(const Element& table) {
+    return {bodiesOf(table), TableTree::countTableColumns(table)};
+}
+
+/// The word in the cell that covers each coordinate, "." for a hole; a line each row.
+std::wstring shown(const Element& table, int rows, int columns) {
+    const RowGroupMatrix matrix = matrixOf(table);
+    std::wstring text;
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            const Element* cell = matrix.cellAt(row, column);
+            const auto block = cell ? cell->get_children("block") : std::list<Xml::Node*>();
+            text += block.empty()
+                        ? Core::String(L".")
+                        : static_cast<Element*>(block.front())->get_child_text()->get_content();
+        }
+        text += L" ";
+    }
+    return text;
+}
+
+TEST(RowGroupMatrix, TellsWhichCellCoversACoordinate) {
+    for (const auto& [grid, columns, expected] :
+         {std::tuple(L"([a]1x2, b) / (c)", 3, L"ab. ac. ... "),
+          std::tuple(L"([a]2x2, b) / (c) / (d, e, f)", 3, L"aab aac def "),
+          std::tuple(L"(a, b) / ([c]1x5, d)", 2, L"ab cd c. c. c. c. .. "),
+          std::tuple(L"([a]abcx1, [b]1xabc) / (c)", 2, L"ab c. "),
+          std::tuple(L"([a]0x1, [b]1x0, c) / ([d]1x-1, [e]-1x1, f)", 2, L".c .f "),
+          std::tuple(L"(a, [b]1x2, c) / ([d]3x1) / (e)", 4, L"abc. ddd. e... "),
+          std::tuple(L"(a, [b]1x2) / ([c]2x2) / (d)", 4, L"ab.. cc.. ccd. "),
+          std::tuple(L"([a]1x3, b) body (c, d)", 2, L"ab cd .. ")}) {
+        const auto tree = treeOf(grid);
+        const std::wstring rows = expected;
+        const int count = static_cast<int>(std::count(rows.begin(), rows.end(), L' '));
+        EXPECT_EQ(shown(*tree->getRootNode(), count, columns), expected) << grid;
+    }
+    const auto tree = treeOf(L"([a]99999999x99999999, b)");
+    const RowGroupMatrix matrix = matrixOf(*tree->getRootNode());
+    const Element* a = matrix.cellAt(0, 0);
+    EXPECT_EQ(matrix.cellAt(1000, 999), a);
+    EXPECT_NE(matrix.cellAt(0, 1000), a);
+    for (const auto& [row, column] : {std::pair(1001, 0), std::pair(1, 1000), std::pair(-1, 0),
+                                      std::pair(0, -1), std::pair(INT_MAX, INT_MAX)})
+        EXPECT_EQ(matrix.cellAt(row, column), nullptr) << row << " " << column;
+}
+
+/// The told rule by itself: a list of rectangles, of which the last one put down counts.
+class Rectangles {
+public:
+    Rectangles(const Element& table, int columns) {
+        int rows = 0;
+        const auto bodies = bodiesOf(table);
+        for (const auto& body : bodies) {
+            const int behind = rows + static_cast<int>(body.size());
+            const int last = behind + (&body == &bodies.back() ? 999 : -1);
+            for (const Element* row : body)
+                add(*row, rows++, last, columns);
+        }
+    }
+    Element* at(int row, int column) const {
+        const auto covers = [&](const Rectangle& each) {
+            return each.top <= row && row <= each.bottom && each.left <= column &&
+                   column < each.right;
+        };
+        const auto found = std::find_if(all_.rbegin(), all_.rend(), covers);
+        return found == all_.rend() ? nullptr : found->cell;
+    }
+
+private:
+    struct Rectangle {
+        int top, bottom, left, right;
+        Element* cell;
+    };
+
+    void add(const Element& row, int top, int last, int columns) {
+        int left = 0;
+        for (Element* cell : TableTree::cellsOf(row)) {
+            while (left < columns && at(top, left))
+                ++left;
+            const int right = left + TableTree::columnSpanOf(*cell);
+            const long long bottom = static_cast<long long>(top) + TableTree::rowSpanOf(*cell) - 1;
+            all_.push_back(
+                {top, static_cast<int>(std::min<long long>(bottom, last)), left, right, cell});
+            left = right;
+        }
+    }
+
+    std::vector<Rectangle> all_;
+};
+
+TEST(RowGroupMatrix, AgreesWithRectanglesPutDownOneByOne) {
+    std::mt19937 random(7);
+    const auto pick = [&random](int count) { return static_cast<int>(random() % count); };
+    const wchar_t* spans[] = {L"1", L"1", L"1", L"2", L"3", L"5", L"0", L"-1", L"99999999", L"abc"};
+    for (int table = 0; table < 200; ++table) {
+        const int kinds = 3 + pick(8); // the first ones are those of ordinary tables
+        std::wstring grid;
+        int rows = 0;
+        for (int count = 1 + pick(9); rows < count; ++rows) {
+            grid += rows == 0 ? L"(" : pick(5) == 0 ? L" body (" : L" / (";
+            for (int cells = pick(6); cells > 0; --cells)
+                grid += std::wstring(L"[c]") + spans[pick(kinds)] + L"x" + spans[pick(kinds)] +
+                        (cells > 1 ? L", " : L"");
+            grid += L")";
+        }
+        const auto tree = treeOf(grid);
+        const int columns = TableTree::countTableColumns(*tree->getRootNode());
+        const RowGroupMatrix matrix = matrixOf(*tree->getRootNode());
+        const Rectangles reference(*tree->getRootNode(), columns);
+        for (const int row : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 999, 1000, rows + 999, rows + 1000})
+            for (int column = 0; column < 24; ++column)
+                ASSERT_EQ(matrix.cellAt(row, column), reference.at(row, column))
+                    << row << " " << column << " "
+                    << Core::Encoder::toDisplayText(Core::String(grid));
+    }
+}
+
+TEST(TableTree, KnowsRowsAndCells) {
+    for (const wchar_t* grid :
+         {L"head {a, b} foot (c) / (d, [e f]2x1) body *(g, _) / (h)", L"(a) body (b) / ()"})
+        EXPECT_EQ(gridOf(*treeOf(grid)->getRootNode()), grid);
+    const auto tree = treeOf(L"head {a, b} foot (c) body {d} body ([e]3x1, f) / (g)");
+    const Element& table = *tree->getRootNode();
+    const auto rows = [&](TableRowGroupType type) { return TableTree::rowsOf(table, type); };
+    EXPECT_EQ(rows(TableRowGroupType::Header),
+              TableTree::groupsOf(table, TableRowGroupType::Header))
+        << "cells stand in it directly";
+    EXPECT_EQ(rows(TableRowGroupType::Body).size(), 2u) << "not those that hold cells directly";
+    EXPECT_TRUE(rows(TableRowGroupType::None).empty());
+    EXPECT_EQ(TableTree::countTableColumns(table), 4);
+    const Element& row = *rows(TableRowGroupType::Body).front();
+    const TableTree::Elements cells = TableTree::cellsOf(row);
+    for (const auto& [column, cell] : {std::pair(0, cells[0]), std::pair(3, cells[1])})
+        EXPECT_EQ(TableTree::cellBeginningAt(row, column), cell);
+    for (const int column : {-1, 1, 4})
+        EXPECT_EQ(TableTree::cellBeginningAt(row, column), nullptr) << column;
+    EXPECT_EQ(TableTree::indexOf(*cells[1], row), 1);
+    EXPECT_EQ(TableTree::indexOf(*cells[1], *rows(TableRowGroupType::Body).back()), -1);
+}
+
+} // namespace

@@ -1,0 +1,229 @@
+#include "trees/Fragment.h"
+
+#include "document/Document.h"
+#include "foundation/Messages.h"
+#include "foundation/xml/ParseException.h"
+#include "support/Documents.h"
+#include "support/EditorState.h"
+#include "support/MarkedDocument.h"
+#include "support/WellFormed.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using Xml::Element;
+
+const CommitCaret stays{{-1, -1}, nullptr};
+
+CommitCaret goesTo(int caret, int pivot) {
+    return {{7, 7}, [=] { return CaretPlace{caret, pivot}; }};
+}
+
+/// A fragment of the first table of a document.
+Fragment tableOf(MarkedDocument& buffer) {
+    Fragment fragment(buffer.document());
+    fragment.read(buffer.find(L"<T"));
+    return fragment;
+}
+
+/// A table of one cell with that text in it.
+std::wstring table(const std::wstring& attributes, const std::wstring& text) {
+    return L"<T" + attributes + L"><D><R><C><B>" + text + L"</B></C></R></D></T>";
+}
+
+TEST(Fragment, IsWrittenBackAsOneStepWithOneNoticeOfAKind) {
+    for (const auto& [before, after] :
+         {std::pair(L"<B>a</B><T/><B>b^c|</B>", L"<B>a</B><T a=\"1\"/><B>b^c|</B>"),
+          std::pair(L"<B>a|</B><T  k='>'></T>", L"<B>a|</B><T k=\"&gt;\" a=\"1\"/>"),
+          std::pair(L"^<T/>|", L"^<T a=\"1\"/>|"),
+          std::pair(L"<T b=\"2\" ><D/>|</T >", L"<T b=\"2\" a=\"1\">\n<D/></T>|")}) {
+        MarkedDocument buffer(before);
+        Fragment fragment = tableOf(buffer);
+        const EditorState old = stateOf(buffer.face());
+        fragment.root()->set_attribute("a", "1");
+        fragment.commit({{old.caret, old.pivot}, nullptr});
+        EXPECT_EQ(buffer.marked(), after);
+        EXPECT_EQ(buffer.heard().substr(0, 1), "b");
+        const EditorState done = stateOf(buffer.face());
+        fragment.commit(stays);
+        EXPECT_EQ(stateOf(buffer.face()), done) << "nothing has changed since";
+        buffer->undo();
+        EXPECT_EQ(stateOf(buffer.face()), old);
+        EXPECT_FALSE(buffer->canUndo());
+        buffer->redo();
+        EXPECT_EQ(stateOf(buffer.face()), done);
+    }
+}
+
+TEST(Fragment, PutsTheCaretWhereItIsToldAndRecordsThat) {
+    MarkedDocument buffer(L"<B>home</B>" + table(L"", L"ab|c"));
+    Fragment fragment = tableOf(buffer);
+    const EditorState old = stateOf(buffer.face());
+    const int place = buffer.find(L"bc");
+    fragment.commit(goesTo(place, -1));
+    EXPECT_EQ(buffer.marked(), L"<B>home</B>" + table(L"", L"a|bc"));
+    EXPECT_FALSE(buffer->canUndo()) << "the tree has not changed";
+
+    fragment.root()->set_attribute("a", "1");
+    const auto behind = [&] { return CaretPlace{buffer.find(L"c<"), buffer.find(L"bc")}; };
+    fragment.commit({{old.caret, old.caret}, behind});
+    std::wstring after = L"<B>home</B>" + table(L" a=\"1\"", L"a^b|c");
+    after.replace(after.find(L"<D>"), 0, L"\n");
+    EXPECT_EQ(buffer.marked(), after);
+    EXPECT_EQ(buffer.heard(), "cbcs");
+    buffer->undo();
+    EXPECT_EQ(stateOf(buffer.face()), old);
+    buffer->redo();
+    EXPECT_EQ(buffer.marked(), after);
+    buffer->undo();
+
+    Fragment again = tableOf(buffer);
+    again.root()->set_attribute("a", "1");
+    again.commit({{old.caret, old.caret}, [&] { return CaretPlace{buffer.find(L"c<"), -1}; }});
+    buffer->undo();
+    EXPECT_EQ(stateOf(buffer.face()), old);
+    buffer->redo();
+    EXPECT_EQ(buffer.marked().substr(0, 9), L"<B>|home<") << "no pivot was placed";
+}
+
+TEST(Fragment, WritesNoDeclarationThatTheTextHadNot) {
+    const std::wstring fo = L" xmlns:fo=\"http://www.w3.org/1999/XSL/Format\"";
+    for (const auto& [around, own, after] :
+         {std::tuple(L"", std::wstring(), std::wstring()), std::tuple(L"", fo, std::wstring()),
+          std::tuple(L"", L" xmlns:p=\"urn:p\"" + fo + L" k=\"2\"",
+                     std::wstring(L" xmlns:p=\"urn:p\" k=\"2\"")),
+          std::tuple(L" xmlns:p=\"urn:p\"", std::wstring(L" p:k=\"2\""),
+                     std::wstring(L" p:k=\"2\"")),
+          std::tuple(L" xmlns:fo=\"urn:other\"", fo, fo)}) {
+        const std::wstring text = L"a xmlns:fo=\"http://www.w3.org/1999/XSL/Format\" b";
+        const std::wstring front = std::wstring(L"<B") + around + L">";
+        MarkedDocument buffer(front + table(own, text) + L"</B>");
+        Fragment fragment = tableOf(buffer);
+        fragment.root()->set_attribute("a", "1");
+        fragment.commit(stays);
+        EXPECT_EQ(buffer.marked().substr(0, front.size() + after.size() + 9),
+                  front + L"<T" + after + L" a=\"1\">");
+        EXPECT_NE(buffer.flow().find(text), std::wstring::npos);
+    }
+}
+
+TEST(Fragment, DeclaresTheTemplatePrefixWhereNothingElseDoes) {
+    for (const auto& [root, table, after] :
+         {std::tuple(L"", L"", L" xmlns:qfd=\"urn:forme:qfd/1.0\""),
+          std::tuple(L" xmlns:qfd=\"u\"", L"", L""),
+          std::tuple(L"", L" xmlns:qfd=\"u\"", L" xmlns:qfd=\"u\"")}) {
+        const auto text = [front = std::wstring(root)](const std::wstring& declaration,
+                                                       const std::wstring& child) {
+            return L"<r" + front + L"><fo:table" + declaration + L">\n" + child +
+                   L"</fo:table></r>";
+        };
+        MarkedDocument buffer;
+        buffer->setContent(Core::String(text(table, L"<a/>")), true);
+        Fragment fragment = tableOf(buffer);
+        fragment.root()->get_children("a").front()->set_namespace("qfd");
+        fragment.commit(stays);
+        EXPECT_EQ(buffer.content(), text(after, L"<qfd:a/>"));
+    }
+}
+
+TEST(Fragment, LeavesReferencesToTheDocumentsEntities) {
+    const std::wstring front =
+        L"<?xml version=\"1.0\"?><!-- <!DOCTYPE a> --><!DOCTYPE r [\n<!ENTITY "
+        L"x \"<b>]></b>\"><!-- '> -->\n]>\n<?p <?>";
+    const std::wstring behind = L">\n&x;<c d=\"\x00E9\"/>]]&gt;</fo:table></r>\n";
+    MarkedDocument buffer;
+    buffer->setContent(Core::String(front + L"<r><fo:table" + behind), true);
+    Fragment fragment = tableOf(buffer);
+    fragment.root()->set_attribute("a", "1");
+    fragment.commit(stays);
+    EXPECT_EQ(buffer.content(), front + L"<r><fo:table a=\"1\"" + behind);
+}
+
+TEST(Fragment, OverwritesNothingThatItHasNotRead) {
+    MarkedDocument buffer(L"<B>x</B>" + table(L"", L"a|b"));
+    Fragment fragment = tableOf(buffer);
+    fragment.root()->set_attribute("a", "1");
+    for (const bool inFront : {true, false}) {
+        buffer->setCaretPos(false, buffer.find(inFront ? L"x" : L"b<"));
+        buffer->insertText(L"y", false, false);
+        const EditorState old = stateOf(buffer.face());
+        buffer.heard();
+        EXPECT_NE(messageOf([&] { fragment.commit(stays); }).find("has changed since"),
+                  std::string::npos);
+        EXPECT_EQ(stateOf(buffer.face()), old);
+        EXPECT_EQ(buffer.heard(), "");
+        buffer->undo();
+    }
+    EXPECT_FALSE(buffer->canUndo());
+    EXPECT_TRUE(buffer->canRedo());
+    fragment.commit(stays);
+    EXPECT_NE(buffer.find(L"<T a="), -1) << "the text is again the one that was read";
+}
+
+TEST(Fragment, IsTakenBackWhereNoParserWouldReadIt) {
+    MarkedDocument buffer(table(L" a=\"1\" fo:a=\"2\"", L"a|b"));
+    Fragment fragment = tableOf(buffer);
+    const EditorState old = stateOf(buffer.face());
+    fragment.root()->get_attributes().front()->set_namespace("fo"); // two of one name
+    fragment.commit(stays);
+    EXPECT_EQ(stateOf(buffer.face()), old);
+    EXPECT_FALSE(buffer->canUndo());
+    EXPECT_EQ(buffer.heard(), "");
+    fragment.root()->get_attributes().front()->set_namespace("qfd");
+    fragment.commit(stays);
+    EXPECT_NE(buffer.find(L"<T qfd:a=\"1\" fo:a"), -1);
+}
+
+TEST(Fragment, ToldOfNoElementStaysAsItWas) {
+    MarkedDocument buffer(table(L"", L"a|b") + L"<B>\n\n<I></B>");
+    Fragment fragment = tableOf(buffer);
+    EXPECT_EQ(messageOf([&] { fragment.read(buffer.find(L"<B>\n")); }), "6:14: mismatched tag");
+    MarkedDocument typed;
+    typed->setContent(L"<!DOCTYPE r [\n\n]><r xmlns:p=\"u\">\n <a><b></a></r>", true);
+    EXPECT_EQ(messageOf([&] { Fragment(typed.document()).read(typed.find(L"<a")); }),
+              "4:10: mismatched tag");
+    for (const int position : {-1, 0, buffer.find(L"</T"), buffer->getContent().length()})
+        EXPECT_NE(messageOf([&] { fragment.read(position); }), "");
+    EXPECT_EQ(fragment.start(), buffer.find(L"<T"));
+    EXPECT_EQ(fragment.root()->get_name(), L"table");
+    EXPECT_THROW(Fragment(buffer.document()).root(), Core::NullPointerException);
+}
+
+class TablesOf : public testing::TestWithParam<std::filesystem::path> {};
+
+/// Whatever people wrote: a change and its opposite leave a table that is read as it was, and all
+/// around it as it was to the last unit; undo leaves everything so.
+TEST_P(TablesOf, ComeBackFromATree) {
+    MarkedDocument buffer;
+    buffer->setContent(textOf(GetParam()), true);
+    const Core::String old = buffer->getContent();
+    for (int at = buffer.find(L"<fo:table "); at >= 0; at = buffer.find(L"<fo:table ", at + 1)) {
+        Fragment fragment(buffer.document());
+        fragment.read(at);
+        const Core::String tree = fragment.tree()->writeToString();
+        const int behind = old.length() - fragment.end();
+        fragment.root()->set_attribute("a-new-one", "1");
+        fragment.commit(stays);
+        ASSERT_EQ(xmlError(buffer->getContent()), "") << at;
+        fragment.root()->remove_attribute("a-new-one");
+        fragment.commit(stays);
+        const Core::String text = buffer->getContent();
+        EXPECT_EQ(text.view().substr(0, at), old.view().substr(0, at));
+        EXPECT_EQ(text.view().substr(text.length() - behind),
+                  old.view().substr(old.length() - behind));
+        Fragment again(buffer.document());
+        again.read(at);
+        EXPECT_EQ(again.tree()->writeToString(), tree) << at;
+        buffer->undo();
+        buffer->undo();
+        ASSERT_TRUE(buffer->getContent() == old && !buffer->canUndo()) << at;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Documents, TablesOf, testing::ValuesIn(corpusAndSamples()),
+                         nameOfDocument);
+
+} // namespace
