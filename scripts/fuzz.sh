@@ -16,6 +16,6 @@ for target in build/fuzz/tests/fuzz/*Fuzz; do
     echo "$name, $seconds seconds"
     "$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=0 \
         -verbosity=0 -print_funcs=0 -max_len=4096 -dict=tests/fuzz/xml.dict -artifact_prefix=build/fuzz/failures/ \
-        "$corpus" samples
+        "$corpus" samples tests/fuzz/seeds
 done
 echo "No fault found."

@@ -245,17 +245,6 @@ private:
     int position_ = 0; // the last that was filled in
 };
 
-std::string randomCommand(Random& random, const Document& document, const CommandMix& mix) {
-    std::size_t total = 0;
-    for (const CommandKind& kind : mix.kinds)
-        total += kind.weight;
-    std::size_t at = random.below(total);
-    const CommandKind* kind = mix.kinds.data();
-    for (; at >= kind->weight; ++kind)
-        at -= kind->weight;
-    return Filler(random, document).fill(kind->request).dump();
-}
-
 CommandMix mixOf(std::initializer_list<const char*> groups) {
     const Json table = parseTable(commandTable);
     CommandMix mix;
@@ -266,6 +255,18 @@ CommandMix mixOf(std::initializer_list<const char*> groups) {
 }
 
 } // namespace
+
+std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
+                          const CommandMix& mix) {
+    std::size_t total = 0;
+    for (const CommandKind& kind : mix.kinds)
+        total += kind.weight;
+    std::size_t at = random.below(total);
+    const CommandKind* kind = mix.kinds.data();
+    for (; at >= kind->weight; ++kind)
+        at -= kind->weight;
+    return Filler(random, document).fill(kind->request).dump();
+}
 
 CommandMix everyCommand() {
     return mixOf({"every", "lists"});
@@ -614,4 +615,36 @@ private:
 
 std::string randomDocument(Random& random, std::size_t listEvery) {
     return Writer(random, listEvery).document();
+}
+
+std::string mutilated(std::string text, Random& random) {
+    static constexpr std::array pieces{"<",
+                                       ">",
+                                       "&",
+                                       "<fo:block>",
+                                       "</fo:block>",
+                                       "\"",
+                                       "]]>",
+                                       "<!--",
+                                       "</",
+                                       "/>",
+                                       "<?",
+                                       "<![CDATA[",
+                                       "'",
+                                       "-->",
+                                       "<fo:list-block>",
+                                       "</fo:flow>",
+                                       "<fo:table-row>"};
+    const std::size_t flow = std::min(text.find("<fo:flow"), text.size());
+    for (std::size_t tears = 1 + random.below(4); tears > 0; --tears) {
+        const std::size_t from = random.oneIn(4) ? 0 : flow;
+        const std::size_t at = std::min(from + random.below(text.size() + 1 - from), text.size());
+        // From tag to tag as a rule, so that more than text is torn.
+        const std::size_t tag = std::min(text.find('<', at), text.size());
+        const std::size_t end =
+            random.oneIn(2) ? std::min(text.find('>', tag), text.size() - 1) : tag;
+        text.replace(tag, end - tag + (end > tag ? 1 : 0),
+                     random.oneIn(2) ? "" : random.oneOf(pieces));
+    }
+    return random.oneIn(4) ? text.substr(0, random.below(text.size() + 1)) : text;
 }

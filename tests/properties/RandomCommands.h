@@ -49,6 +49,13 @@ CommandMix everyCommand();
 /// What people do in lists.
 CommandMix listCommands();
 
+/// One request, filled in for the document as it is.
+std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
+                          const CommandMix& mix);
+
+/// A text whose tags need not match, cut and torn from one that is well formed.
+std::string mutilated(std::string text, Random& random);
+
 /// Requests on a document, each a line of the script that `forme run` replays.
 struct CommandStream {
     std::string document; ///< the path of its file

@@ -34,13 +34,44 @@ TEST(RandomCommands, LeaveRealDocumentsWhole) {
     }
 }
 
-TEST(Commands, EndOnAListThatIsLeftOpen) {
-    Session session;
-    for (const char* request :
-         {R"(["setContent","<fo:flow><fo:list-block><fo:block>x</fo:block></fo:flow>",true])",
-          R"(["selectCurrentElement"])", R"(["resetSelection"])", R"(["moveCaretHome",true])"})
-        session.serveLine(request);
-    EXPECT_FALSE(session.serveLine(R"(["insertTab"])").contains("error"));
+TEST(RandomCommands, EndOnTextsWhoseTagsDoNotMatch) {
+    constexpr std::size_t perText = 20;
+    const std::size_t texts = setting("FORME_RANDOM_COMMANDS", 2000) / perText;
+    const auto first = static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1));
+    const CommandMix mix = everyCommand();
+    for (std::uint32_t seed = first; seed < first + texts; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Random random(seed);
+        Session session;
+        session.serve({"setContent", mutilated(randomDocument(random), random), true});
+        for (std::size_t i = 0; i < perText; ++i) {
+            const std::string command = randomCommand(random, session.document(), mix);
+            session.serveLine(command);
+            const int caret = session.document().getCaretPos();
+            ASSERT_TRUE(-1 <= caret && caret < session.document().getContent().length()) << command;
+        }
+    }
+}
+
+TEST(Commands, EndWhereTagsDoNotMatch) {
+    const std::vector<std::vector<const char*>> streams{
+        {R"(["setContent","<fo:flow><fo:list-block><fo:block>x</fo:block></fo:flow>",true])",
+         R"(["selectCurrentElement"])", R"(["resetSelection"])", R"(["moveCaretHome",true])",
+         R"(["insertTab"])"},
+        {R"(["setContent","<fo:flow><fo:block><",true])",
+         R"(["findReplace","x","y",true,false,1,false])"},
+        // The caret is in a static content that was closed before it.
+        {R"(["setContent","<fo:static-content><fo:inline></fo:static-content><fo:block>a",true])",
+         R"(["moveCaretHome",false])"},
+        // Nothing ends the loose line.
+        {R"(["setContent","<fo:flow><fo:inline><fo:table-row></fo:list-block></fo:inline>",true])",
+         R"(["insertBreak",5,false])"}};
+    for (const std::vector<const char*>& requests : streams) {
+        SCOPED_TRACE(requests.front());
+        Session session;
+        for (const char* request : requests)
+            EXPECT_FALSE(session.serveLine(request).contains("error")) << request;
+    }
 }
 
 TEST(RandomCommands, AreShrunkToThoseThatItTakesToFail) {

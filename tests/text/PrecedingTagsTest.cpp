@@ -1,0 +1,65 @@
+#include "text/PrecedingTags.h"
+
+#include "foundation/Wide.h"
+#include "properties/RandomCommands.h"
+#include "text/XmlText.h"
+
+#include <gtest/gtest.h>
+
+using XmlScan::Source;
+
+namespace {
+
+std::wstring repeated(int count, const std::wstring& piece) {
+    std::wstring text;
+    for (int i = 0; i < count; ++i)
+        text += piece;
+    return text;
+}
+
+} // namespace
+
+// Walks that read a part of these texts anew at every step would take hours.
+TEST(PrecedingTags, AreFoundInOneReadingOfAnyText) {
+    const auto many = [](const wchar_t* piece) { return repeated(20000, piece); };
+    const std::wstring type = L"<!DOCTYPE r [" + many(L"<!ENTITY e 'x'>");
+    for (const std::wstring& units :
+         {L"<a>" + many(L">"), L"<a b='" + many(L">"), L"<a b='" + many(L"<c>"), many(L"<x'>'"),
+          many(L"<x\"'><y>"), many(L"-->"), many(L"<?>"), many(L"<!DOCTYPE>>"),
+          type + many(L"<b/>>"), type + L"]><r>" + many(L"<b/>>"),
+          many(L"<!-- ' -->") + L"<r>" + many(L"<b/>>")}) {
+        SCOPED_TRACE(units.substr(0, 20) + L"..." + units.substr(units.size() - 20));
+        XmlText text;
+        text.assign(Core::String(units));
+        const int last = text.length() - 1;
+        EXPECT_EQ(text.previousNamed(last, L"none"), -1);
+        for (int at = last + 1, before; (before = text.previous(at)) >= 0; at = before)
+            ASSERT_LT(before, at);
+        EXPECT_LT(text.elementAround(last), last);
+        EXPECT_LT(XmlScan::currentElement(units, last, Source::Fragment), last);
+        EXPECT_LE(text.startTag(text.rFind(L'<', last)), last);
+    }
+}
+
+TEST(PrecedingTags, AreFoundAsInATextNeverAskedBefore) {
+    for (std::uint32_t seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        Random random(seed);
+        const std::string type = random.oneIn(2) ? "<!DOCTYPE r [<!ENTITY e '>'><!-- ' -->]>" : "";
+        const Core::String units((type + mutilated(randomDocument(random), random)).c_str());
+        XmlText text;
+        text.assign(units);
+        for (int i = 0; i < 200 && text.length() > 0; ++i) {
+            const auto below = [&](int limit) { return static_cast<int>(random.below(limit)); };
+            const int at = random.oneIn(4) ? text.length() - 1 : below(text.length());
+            const auto all = text.view(0, text.length());
+            ASSERT_EQ(text.previousTag(at), XmlScan::previousTag(all, at)) << wide(text.content());
+            ASSERT_EQ(text.previous(at), XmlScan::stepBackward(all, at, L""));
+            ASSERT_EQ(text.elementAround(at), XmlScan::currentElement(all, at));
+            if (random.oneIn(4))
+                text.erase(at, std::min(at + below(9), text.length()));
+            else if (random.oneIn(4))
+                text.insert(at, L"'>");
+        }
+    }
+}
