@@ -44,8 +44,13 @@ struct AttributeRange {
     int end;
 };
 
+/// Directly behind the name, which in "<>" reaches beyond the tag.
+int startOfAttributes(const XmlText& text, int element) {
+    return element + 1 + static_cast<int>(text.tagName(element).size());
+}
+
 AttributeRange attributeRange(const XmlText& text, int element) {
-    const int start = element + 1 + static_cast<int>(text.tagName(element).size());
+    const int start = startOfAttributes(text, element);
     int end = text.tagEnd(start);
     const wchar_t before = text.unitAt(end - 1);
     if (before == L'/' || before == L'?')
@@ -56,7 +61,7 @@ AttributeRange attributeRange(const XmlText& text, int element) {
 /// Whether the markup at `element` can bear attributes: a start tag or a processing instruction.
 bool bearsAttributes(const XmlText& text, int element) {
     return text.onTagStart(element) && !text.closingAt(element) && !text.standsAt(L"<!", element) &&
-           text.tagEnd(element) >= 0;
+           text.tagEnd(startOfAttributes(text, element)) >= 0;
 }
 
 String prefixOf(const String& elementName) {

@@ -42,7 +42,7 @@ TEST(PrecedingTags, AreFoundInOneReadingOfAnyText) {
 }
 
 TEST(PrecedingTags, AreFoundAsInATextNeverAskedBefore) {
-    for (std::uint32_t seed = 1; seed <= 100; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 40; ++seed) {
         SCOPED_TRACE(seed);
         Random random(seed);
         const std::string type = random.oneIn(2) ? "<!DOCTYPE r [<!ENTITY e '>'><!-- ' -->]>" : "";
