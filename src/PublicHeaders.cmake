@@ -37,9 +37,16 @@ set(FORME_PUBLIC_HEADERS
   foundation/Vector.h
   foundation/XmlReader.h
   foundation/XmlWriter.h
+  foundation/values/BorderWidth.h
+  foundation/values/ColorParse.h
+  foundation/values/ColumnWidth.h
   foundation/values/EditableProperty.h
+  foundation/values/Length.h
+  foundation/values/LengthOrPercent.h
+  foundation/values/ParseUtil.h
   foundation/values/PropertiesHelper.h
   foundation/values/PropertyCollection.h
+  foundation/values/XPathHelpers.h
   foundation/xml/Attribute.h
   foundation/xml/CDataNode.h
   foundation/xml/CommentNode.h
@@ -55,7 +62,10 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/TextNode.h
   foundation/xml/XmlDocument.h
   foundation/xml/XmlEntityType.h
+  tables/EditableTableBuffer.h
+  tables/TableRowGroupType.h
   text/EditableXmlBuffer.h
   text/XmlCharacters.h
   text/XmlElementType.h
-  text/XmlValidator.h)
+  text/XmlValidator.h
+  trees/DOMBasedBuffer.h)

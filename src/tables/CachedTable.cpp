@@ -69,15 +69,15 @@ void CachedTable::onCaretChange(Document& document) {
     if (cached->start() != tableAroundCaret(document)) {
         renew(document);
     } else {
-        Table::of(*cached->buffer_).findEnd();
-        Table::of(*cached->buffer_).findCaret();
+        cached->buffer_->table().findEnd();
+        cached->buffer_->table().findCaret();
     }
 }
 
 void CachedTable::onSelectionChange(Document& document) {
     const CachedTable* cached = of(document);
     if (cached && cached->start() == tableAroundCaret(document) && document.hasSelection())
-        Table::of(*cached->buffer_).findSelectionEnd();
+        cached->buffer_->table().findSelectionEnd();
 }
 
 /// A text may be anything; a table that cannot be read is not kept.

@@ -8,7 +8,6 @@
 #include <memory>
 #include <vector>
 
-class CachedTable;
 class Table;
 
 /// A table of the document that is edited as a tree. A host takes it for one command, gives the
@@ -179,12 +178,14 @@ public:
     int getNextProportionalWithCol(int column) const;
     int getPrevProportionalWithCol(int column) const;
 
-private:
-    friend class CachedTable;
-    friend class Table;
+    // For the library's own commands, which hosts have no use for
 
-    /// The table that begins at the position.
+    /// The table that begins at the position. Hosts ask
+    /// EditableDocumentBuffer::getEditableTableBuffer(), which knows the one around the caret.
     EditableTableBuffer(Document& document, int table);
+    /// What the operations work on.
+    Table& table() const { return *table_; }
 
+private:
     std::unique_ptr<Table> table_;
 };

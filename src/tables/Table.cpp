@@ -2,16 +2,11 @@
 
 #include "document/Document.h"
 #include "document/caret/Stops.h"
-#include "tables/EditableTableBuffer.h"
 #include "tables/TablePlaces.h"
 
 #include <algorithm>
 
 using Type = TableRowGroupType;
-
-Table& Table::of(const EditableTableBuffer& face) {
-    return *face.table_;
-}
 
 Table::Table(Document& document, Fragment& fragment, int table)
     : document_(document), fragment_(fragment) {

@@ -7,15 +7,11 @@
 #include <optional>
 
 class Document;
-class EditableTableBuffer;
 
 /// A table of a document while it is edited as a tree: the fragment, its model, and where caret and
 /// selection stand in it. What commands change in the tree reaches the document by commit().
 class Table {
 public:
-    /// The table behind a face.
-    static Table& of(const EditableTableBuffer& face);
-
     /// Reads the table that begins at the position.
     Table(Document& document, Fragment& fragment, int table);
 

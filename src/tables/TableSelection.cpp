@@ -36,7 +36,7 @@ bool endsInCells(const Table& table) {
 bool addRowBelow(Document& document) {
     const SmartPtr<EditableTableBuffer> buffer = CachedTable::open(document, -1);
     buffer->insertRow(false);
-    if (!endsInCells(Table::of(*buffer)))
+    if (!endsInCells(buffer->table()))
         return false;
     buffer->commitChangesToEditableBuffer();
     return true;
@@ -148,7 +148,7 @@ int EditableDocumentBuffer::getCellPositionInTable(int table, int row, int colum
                                                    int rows, int columns,
                                                    EditableTableBuffer* tableBuffer) const {
     return tableBuffer
-               ? Table::of(*tableBuffer).cellPosition(table, {group, row, column}, rows, columns)
+               ? tableBuffer->table().cellPosition(table, {group, row, column}, rows, columns)
                : -1;
 }
 
@@ -158,7 +158,7 @@ EditableDocumentBuffer::buildSpanMatrix(int /*table*/, int rows, int columns,
     std::map<std::pair<int, int>, bool> covered;
     if (!tableBuffer)
         return covered;
-    const Table& table = Table::of(*tableBuffer);
+    const Table& table = tableBuffer->table();
     rows = std::min(rows, table.model().group(table.caret.caret.group).rowCount());
     columns = std::min(columns, table.columnCount);
     for (int row = 0; row < rows; ++row)

@@ -45,10 +45,8 @@ const std::map<std::string, std::string> wholeTextReaders{
     {"document/Document.cpp", "the record of a replaced text"},
     {"document/DocumentText.cpp", "saving"},
     {"document/EditableDocumentBuffer.cpp", "the host asks for it"},
-    {"document/EditableDocumentBufferState.cpp", "a snapshot"},
-    {"document/RecordedCommand.cpp", "what changed decides whether a command may stand"},
-    {"editing/deletion/Backspace.cpp", "whether the list before the caret changed"},
-    {"editing/typing/Typing.cpp", "what changed decides whether an insertion may stand"}};
+    {"document/RecordedCommand.cpp", "while page masters are edited the flows must stay"},
+    {"trees/DocumentSeam.cpp", "the prolog, which stands at its start"}};
 
 /// A header of as many lines as this is a class with too many subjects.
 constexpr std::size_t mostLines = 700;
