@@ -47,7 +47,8 @@ int TextRewrite::apply() {
     const int start = replacements_.front().start;
     const int end = replacements_.back().end;
     std::wstring rewritten;
-    rewritten.reserve(static_cast<std::size_t>(end - start + std::max(change_, 0)));
+    const int room = end - start + std::max(change_, 0);
+    rewritten.reserve(static_cast<std::size_t>(room));
     int copied = start;
     for (const Replacement& replacement : replacements_) {
         rewritten.append(document_.text().view(copied, replacement.start))
