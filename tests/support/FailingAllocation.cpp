@@ -41,7 +41,16 @@ void* operator new(std::size_t size) {
     }
 }
 
+/// Told apart by the sanitizers, which would otherwise bring their own beside the others here.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return mustFail() ? nullptr : std::malloc(size > 0 ? size : 1);
+}
+
 void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
     std::free(memory);
 }
 
