@@ -26,8 +26,7 @@ bool isLowSurrogate(unsigned long code) {
 
 /// No pair of surrogates is a letter that a name may hold.
 bool isForeignLetter(wchar_t unit) {
-    const auto code = static_cast<unsigned long>(unit);
-    return code > 0x7F && !isHighSurrogate(code) && !isLowSurrogate(code);
+    return unit > 0x7F && (unit < 0xD800 || unit > 0xDFFF);
 }
 
 bool isNameStart(wchar_t unit) {
