@@ -45,7 +45,7 @@ PropertyCollection oneProperty(const String& name, const String& value) {
 /// Deliberate: not bounded by the page masters, so that a setting is found wherever it stands.
 int headerElement(const Document& document, const String& name) {
     const XmlText& text = document.text();
-    const String rootName = text.rootName();
+    const String& rootName = text.rootName();
     const int root = text.nameAt(0) == rootName ? 0 : text.nextNamed(0, rootName);
     return text.nextNamed(root, name);
 }
