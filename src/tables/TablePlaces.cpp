@@ -104,7 +104,7 @@ std::vector<int> rowsOf(const XmlText& text, int group) {
 std::vector<int> rowsOf(const XmlText& text, int table, TableRowGroupType type) {
     std::vector<int> groups = groupsOf(text, table, type);
     if (type != TableRowGroupType::Body && groups.size() > 1)
-        groups.resize(1);
+        groups.erase(groups.begin() + 1, groups.end());
     std::vector<int> rows;
     for (const int group : groups) {
         const std::vector<int> own = rowsOf(text, group);

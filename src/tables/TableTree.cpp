@@ -49,7 +49,7 @@ Elements groupsOf(const Element& table, TableRowGroupType type) {
         return {};
     Elements groups = elementsNamed(table, nameOf(type));
     if (type != TableRowGroupType::Body && groups.size() > 1)
-        groups.resize(1);
+        groups.erase(groups.begin() + 1, groups.end());
     return groups;
 }
 
