@@ -1,5 +1,6 @@
 #!/bin/bash
-# Edits a letter by a script and shows the text before and after, and what the library says.
+# Edits a letter and the table of a price list by scripts and shows the text before and after, and
+# what the library says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -7,5 +8,8 @@ scripts/packages.sh build
 scripts/build.sh release forme_cli
 echo
 mkdir -p build/demo
-exec build/release/host/cli/forme run samples/letter.xml samples/letter-demo.jsonl --show \
-    -o build/demo/letter.xml
+for document in letter price-list; do
+    build/release/host/cli/forme run "samples/$document.xml" "samples/$document-demo.jsonl" --show \
+        -o "build/demo/$document.xml"
+    echo
+done

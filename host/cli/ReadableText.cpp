@@ -2,8 +2,10 @@
 
 #include <forme/foundation/Encoder.h>
 
+#include <algorithm>
 #include <array>
 #include <cwctype>
+#include <initializer_list>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -28,6 +30,11 @@ public:
             line_ += L' ';
         spaceDue_ = false;
         line_ += text;
+    }
+    void addCellEnd() {
+        addSpace();
+        add(L"\u2502");
+        addSpace();
     }
     void end() {
         if (!line_.empty())
@@ -56,14 +63,41 @@ std::size_t behindMarkup(Units content, std::size_t at) {
     return behind(L">");
 }
 
-bool isInlineTag(Units tag) {
+bool beginsWithOneOf(Units tag, std::initializer_list<Units> names) {
     const Units name = tag.substr(tag.starts_with(L"</") ? 2 : 1);
-    for (const Units inlineName : {L"fo:inline", L"fo:wrapper", L"fo:basic-link", L"fo:character",
-                                   L"fo:page-number", L"fo:bidi-override"})
-        if (name.starts_with(inlineName))
-            return true;
-    return false;
+    return std::any_of(names.begin(), names.end(),
+                       [&](Units one) { return name.starts_with(one); });
 }
+
+bool isInlineTag(Units tag) {
+    return beginsWithOneOf(tag, {L"fo:inline", L"fo:wrapper", L"fo:basic-link", L"fo:character",
+                                 L"fo:page-number", L"fo:bidi-override", L"qfd:inline-xslt",
+                                 L"xsl:value-of"});
+}
+
+bool isRowTag(Units tag) {
+    return beginsWithOneOf(tag, {L"fo:table-row", L"qfd:table-row-repeat"});
+}
+
+/// What tags do to the lines: each ends one, but for those of inlines and those within a row of a
+/// table, of which the cells stand side by side.
+class Rows {
+public:
+    void pass(Units tag, Lines& lines) {
+        const bool isClosing = tag.starts_with(L"</");
+        if (isRowTag(tag) && !tag.ends_with(L"/>"))
+            depth_ += isClosing ? -1 : 1;
+        if (depth_ > 0 && isClosing && beginsWithOneOf(tag, {L"fo:table-cell"}))
+            lines.addCellEnd();
+        else if (depth_ > 0)
+            lines.addSpace();
+        else
+            lines.end();
+    }
+
+private:
+    int depth_ = 0;
+};
 
 /// The unit that "&#x2022;" or "&#8226;" stands for; nothing where there is no such reference.
 std::optional<wchar_t> referencedUnit(Units entity) {
@@ -97,6 +131,7 @@ std::string readableText(const Core::String& document, const std::vector<int>& m
     const Units content = document.view();
     const std::size_t body = content.find(L"</fo:layout-master-set>");
     Lines lines;
+    Rows rows;
     auto mark = marked.begin();
     for (std::size_t at = body == Units::npos ? 0 : body; at < content.size();) {
         while (mark != marked.end() && *mark < static_cast<int>(at))
@@ -105,8 +140,9 @@ std::string readableText(const Core::String& document, const std::vector<int>& m
             lines.add(L"|");
         if (content[at] == L'<') {
             const std::size_t behind = behindMarkup(content, at);
-            if (!isInlineTag(content.substr(at, behind - at)))
-                lines.end();
+            const Units tag = content.substr(at, behind - at);
+            if (!isInlineTag(tag))
+                rows.pass(tag, lines);
             at = behind;
         } else if (Core::String::isSpace(content[at])) {
             lines.addSpace();

@@ -11,3 +11,11 @@ TEST(ReadableText, ShowsBlocksAsLinesWithTheCaret) {
               "  a |b c & d\u2022\n  \u00B7\n");
     EXPECT_EQ(readableText(content, {}), "  a b c & d\u2022\n  \u00B7\n");
 }
+
+TEST(ReadableText, ShowsTheCellsOfARowSideBySide) {
+    const Core::String content =
+        L"<fo:table-row><fo:table-cell><fo:block>a</fo:block><fo:block>b</fo:block></fo:table-cell>"
+        L"<fo:table-cell><fo:table><fo:table-row><fo:table-cell>c</fo:table-cell></fo:table-row>"
+        L"</fo:table></fo:table-cell></fo:table-row>\n<fo:block>d</fo:block>";
+    EXPECT_EQ(readableText(content, {}), "  a b \u2502 c \u2502 \u2502\n  d\n");
+}
