@@ -18,6 +18,6 @@ fuzz:
 docs:
 	@scripts/docs.sh
 lint:
-	@scripts/build.sh debug && scripts/lint.sh build/debug
+	@scripts/packages.sh build spelling test && scripts/build.sh debug && scripts/lint.sh build/debug
 install:
 	@scripts/install.sh $(PREFIX)

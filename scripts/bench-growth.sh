@@ -4,6 +4,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build bench
-scripts/build.sh release forme_growth
-exec build/release/bench/forme_growth "$@"
+scripts/packages.sh build spelling test bench
+scripts/build.sh bench forme_growth
+exec build/bench/bench/forme_growth "$@"
