@@ -40,10 +40,16 @@ void setOn(Element& element, EditableProperty property) {
         element.set_attribute(property.getName(), property.getValue(), written);
 }
 
+void removeFrom(Element& element, const String& name) {
+    if (isOfTemplate(element))
+        RowMarks::remove(element, name);
+    else
+        element.remove_attribute(name);
+}
+
 } // namespace
 
-SelectedElements::SelectedElements(const Table& table, TableElements kind)
-    : table_(table), kind_(kind) {
+SelectedElements::SelectedElements(const Table& table, TableElements kind) : table_(table) {
     const CellSelection selection(table.model(), table.caret.caret, table.caret.end,
                                   table.columnCount);
     elements_ = elementsOf(table, selection, kind);
@@ -88,5 +94,5 @@ void SelectedElements::removeAlignmentOfCells() const {
 void SelectedElements::remove(const std::vector<String>& names) {
     for (Element* element : elements_)
         for (const String& name : names)
-            element->remove_attribute(name.substringAfter(L":"));
+            removeFrom(*element, name.substringAfter(L":"));
 }

@@ -25,7 +25,6 @@ private:
     void removeAlignmentOfCells() const;
 
     const Table& table_;
-    TableElements kind_;
     TableTree::Elements elements_;
     std::vector<int> columns_; // which an alignment concerns
 };
