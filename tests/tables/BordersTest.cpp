@@ -284,16 +284,15 @@ TEST(TableBorders, OneCellByItself) {
 }
 
 TEST(TableBorders, ReadTheirText) {
-    for (const auto& [text, expected] : std::vector<std::pair<const wchar_t*, std::wstring>>{
-             {L"solid red 1pt", L"1pt/solid/red"},
-             {L"1pt", L"1pt/-/-"},
-             {L"1pt 2pt solid", L"1pt/-/-"},
-             {L"rgb(1, 2, 3) thick", L"thick/-/rgb(1, 2, 3)"},
-             {L"cmyk(0, 0, 1, 0) inset .5em more", L".5em/inset/cmyk(0, 0, 1, 0)"},
-             {L" ", L"-/-/-"},
-         }) {
+    for (const auto& [text, expected] : rows(LR"(
+            solid red 1pt -> 1pt/solid/red
+            1pt -> 1pt/-/-
+            1pt 2pt solid -> 1pt/-/-
+            rgb(1, 2, 3) thick -> thick/-/rgb(1, 2, 3)
+            cmyk(0, 0, 1, 0) inset .5em more -> .5em/inset/cmyk(0, 0, 1, 0)
+        )")) {
         Core::String width = L"-", style = L"-", color = L"-";
-        T::parseBorder(text, width, style, color);
+        T::parseBorder(Core::String(text), width, style, color);
         EXPECT_EQ(wide(width) + L"/" + wide(style) + L"/" + wide(color), expected);
     }
     for (const auto& [value, expected] : {std::pair(L"12", L"12in"), std::pair(L"12pt", L"12pt"),
