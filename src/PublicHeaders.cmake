@@ -62,7 +62,10 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/TextNode.h
   foundation/xml/XmlDocument.h
   foundation/xml/XmlEntityType.h
+  tables/BorderInfo.h
+  tables/CellBorderType.h
   tables/EditableTableBuffer.h
+  tables/TableElements.h
   tables/TableRowGroupType.h
   text/EditableXmlBuffer.h
   text/XmlCharacters.h

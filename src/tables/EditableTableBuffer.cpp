@@ -1,10 +1,18 @@
 #include "tables/EditableTableBuffer.h"
 
 #include "document/Document.h"
+#include "foundation/xml/DomParser.h"
+#include "tables/BorderShorthand.h"
 #include "tables/CellSelection.h"
 #include "tables/ColumnWidths.h"
+#include "tables/ElementFormat.h"
+#include "tables/RowAttributes.h"
+#include "tables/RowMarks.h"
+#include "tables/SelectedElements.h"
 #include "tables/Table.h"
+#include "tables/TableBorders.h"
 #include "tables/TableColumns.h"
+#include "tables/TableFormat.h"
 #include "tables/TablePlaces.h"
 #include "tables/TableRows.h"
 
@@ -30,6 +38,19 @@ void onFreshTable(Table& table, Command command) {
         return;
     command();
     table.rebuild();
+}
+
+TableBorders bordersOf(const Table& table) {
+    return {table.model(), table.borderInfo};
+}
+
+template <typename Change>
+void changeBorders(Element* cell, Change change) {
+    if (!cell)
+        return;
+    CellBorders borders(*cell);
+    change(borders);
+    borders.write();
 }
 
 } // namespace
@@ -156,12 +177,7 @@ std::vector<int> EditableTableBuffer::getSelectedColumns() const {
 }
 
 std::list<Node*> EditableTableBuffer::getColumns(const std::vector<int>& columns) const {
-    const TableTree::Elements all = TableTree::columnsOf(table_->root());
-    std::list<Node*> found;
-    for (const int column : columns)
-        if (column >= 0 && column < static_cast<int>(all.size()))
-            found.push_back(all[static_cast<std::size_t>(column)]);
-    return found;
+    return nodesOf(TableTree::columnsAt(table_->root(), columns));
 }
 
 bool EditableTableBuffer::allRowsSelected() const {
@@ -324,4 +340,187 @@ int EditableTableBuffer::getNextProportionalWithCol(int column) const {
 
 int EditableTableBuffer::getPrevProportionalWithCol(int column) const {
     return ColumnWidths(*table_).previousShare(column);
+}
+
+// Heights of rows
+
+void EditableTableBuffer::setRowHeight(int row, const String& height, Type group) {
+    RowAttributes(*table_).write(group, row, L"height", height);
+}
+
+void EditableTableBuffer::setOverFlowHidden(int row, const String& value, Type group) {
+    RowAttributes(*table_).write(group, row, L"overflow", value);
+}
+
+String EditableTableBuffer::getRowHeight(int row, Type group) const {
+    const Element* element = table_->model().rowAt(group, row);
+    return element ? RowMarks::valueOf(*element, L"height") : String();
+}
+
+void EditableTableBuffer::removeRowHeight(int row, Type group) {
+    if (Element* element = table_->update() ? table_->model().rowAt(group, row) : nullptr)
+        RowMarks::remove(*element, L"height");
+}
+
+String EditableTableBuffer::getCrtRowHeight() const {
+    return getRowHeight(getCaretRow(), table_->caret.caret.group);
+}
+
+void EditableTableBuffer::setCrtRowHeight(const String& height) {
+    setRowHeight(getCaretRow(), height, table_->caret.caret.group);
+}
+
+void EditableTableBuffer::removeCrtRowHeight() {
+    removeRowHeight(getCaretRow(), table_->caret.caret.group);
+}
+
+// Borders
+
+void EditableTableBuffer::setBordersInfo(const BorderInfo& info) {
+    table_->borderInfo = info;
+}
+
+void EditableTableBuffer::setBorderToSelectedCells(CellBorderType type) {
+    if (table_->update())
+        processSelectedCells(type, BordersOperation::Set);
+}
+
+void EditableTableBuffer::removeBorderFromSelectedCells(CellBorderType type) {
+    if (table_->update())
+        processSelectedCells(type, BordersOperation::Remove);
+}
+
+bool EditableTableBuffer::selectedCellsHasBorder(CellBorderType type) const {
+    const std::vector<CellPlace> places = selectionOf(*table_).places();
+    return !places.empty() && bordersOf(*table_).has(places, type);
+}
+
+bool EditableTableBuffer::processSelectedCells(CellBorderType type, BordersOperation operation) {
+    if (operation == BordersOperation::Query)
+        return selectedCellsHasBorder(type);
+    const std::vector<CellPlace> places = selectionOf(*table_).places();
+    TableBorders borders = bordersOf(*table_);
+    if (operation == BordersOperation::Set)
+        borders.set(places, type);
+    else
+        borders.remove(places, type);
+    borders.write();
+    return !places.empty();
+}
+
+void EditableTableBuffer::cellSetBorder(int row, int column, Type group, CellBorderType type) {
+    TableBorders borders = bordersOf(*table_);
+    borders.set(CellPlace{group, row, column}, type);
+    borders.write();
+}
+
+void EditableTableBuffer::cellRemoveBorder(int row, int column, Type group, CellBorderType type) {
+    TableBorders borders = bordersOf(*table_);
+    borders.remove(CellPlace{group, row, column}, type);
+    borders.write();
+}
+
+bool EditableTableBuffer::cellHasBorder(int row, int column, Type group,
+                                        CellBorderType type) const {
+    return bordersOf(*table_).has(CellPlace{group, row, column}, type);
+}
+
+bool EditableTableBuffer::cellHasSpecificBorder(Element* cell, CellBorderType type) {
+    return cell && CellBorders(*cell).has(type);
+}
+
+void EditableTableBuffer::setSpecificBorderToCell(Element* cell, CellBorderType type,
+                                                  const String& style) {
+    changeBorders(cell,
+                  [&](CellBorders& borders) { borders.set(type, style, table_->borderInfo); });
+}
+
+void EditableTableBuffer::removeSpecificBorderFromCell(Element* cell, CellBorderType type) {
+    changeBorders(cell, [&](CellBorders& borders) { borders.remove(type); });
+}
+
+String EditableTableBuffer::getBorderStyleFromCell(Element* cell, CellBorderType type) {
+    return cell ? CellBorders(*cell).styleOf(type) : String();
+}
+
+void EditableTableBuffer::removeAllBordersFromCell(Element* cell) {
+    changeBorders(cell, [](CellBorders& borders) { borders.removeAll(); });
+}
+
+String EditableTableBuffer::getBorderAttributeName(CellBorderType type) {
+    return CellBorders::styleName(type);
+}
+
+String EditableTableBuffer::getBorderColorAttributeName(CellBorderType type) {
+    return CellBorders::colorName(type);
+}
+
+String EditableTableBuffer::getBorderWidthAttributeName(CellBorderType type) {
+    return CellBorders::widthName(type);
+}
+
+void EditableTableBuffer::parseBorder(const String& text, String& width, String& style,
+                                      String& color) {
+    BorderInfo info{width, color, style};
+    BorderShorthand::parse(text, info);
+    width = info.width;
+    style = info.style;
+    color = info.color;
+}
+
+void EditableTableBuffer::setDefaultUnit(String& value) {
+    value = ColumnWidths::withUnit(value);
+}
+
+// Properties
+
+String EditableTableBuffer::getPropertyFromSelectedElements(const String& name,
+                                                            TableElements kind) const {
+    return SelectedElements(*table_, kind).common(name);
+}
+
+void EditableTableBuffer::setPropertyToSelectedElements(const PropertyCollection& properties,
+                                                        bool update, TableElements kind) {
+    if (update && !table_->update())
+        return;
+    SelectedElements(*table_, kind).set(properties);
+    table_->rebuild();
+}
+
+void EditableTableBuffer::removePropertyFromSelectedElements(const std::vector<String>& names,
+                                                             bool update, TableElements kind) {
+    if (update && !table_->update())
+        return;
+    SelectedElements(*table_, kind).remove(names);
+    table_->rebuild();
+}
+
+// Formats
+
+void EditableTableBuffer::applyFormat(const SmartPtr<Core::IO::Stream>& stream) {
+    if (!table_->update())
+        return;
+    Xml::DomParser parser;
+    parser.parseStream(stream);
+    applyTableFormat(TableFormat::templateIn(*parser.getDocument()->getRootNode()));
+}
+
+void EditableTableBuffer::applyTableFormat(const Element* pattern) {
+    if (pattern)
+        TableFormat::apply(table_->root(), *pattern);
+}
+
+void EditableTableBuffer::applyTableRowGroupFormat(Element* group, const Element* pattern) {
+    if (group && pattern)
+        TableFormat::applyToGroup(*group, *pattern);
+}
+
+void EditableTableBuffer::applyRowFormat(Element* row, const Element* pattern) {
+    if (row && pattern)
+        TableFormat::applyToRow(*row, *pattern);
+}
+
+void EditableTableBuffer::applyElementFormat(Element* element, const Element* pattern, bool clear) {
+    if (element && pattern)
+        ElementFormat::apply(*element, *pattern, clear);
 }

@@ -1,6 +1,11 @@
 #pragma once
 
+#include "foundation/SmartPtr.h"
+#include "foundation/Stream.h"
 #include "foundation/Vector.h"
+#include "tables/BorderInfo.h"
+#include "tables/CellBorderType.h"
+#include "tables/TableElements.h"
 #include "tables/TableRowGroupType.h"
 #include "trees/DOMBasedBuffer.h"
 
@@ -177,6 +182,107 @@ public:
     /// without one. Going back, column 0 is not looked at.
     int getNextProportionalWithCol(int column) const;
     int getPrevProportionalWithCol(int column) const;
+
+    // Heights of rows, and what else the text tells of them. What is set is written into the
+    // document at once, as one undo step, and the table is read again, so that what was not
+    // committed is lost. The row behind the group's last raises a Core::Exception; any other that
+    // is not there, and cells that stand in a header or footer directly, stay as they are.
+
+    void setRowHeight(int row, const Core::String& height, TableRowGroupType group);
+    /// "hidden" for one, which cuts off what has no room in the row.
+    void setOverFlowHidden(int row, const Core::String& value, TableRowGroupType group);
+    /// Empty where the row says none, and for no row.
+    Core::String getRowHeight(int row, TableRowGroupType group) const;
+    /// In the tree, as other commands do.
+    void removeRowHeight(int row, TableRowGroupType group);
+    /// The same for the caret's row.
+    Core::String getCrtRowHeight() const;
+    void setCrtRowHeight(const Core::String& height);
+    void removeCrtRowHeight();
+
+    // Borders, which are attributes of the cells. An edge between two cells is told by both, and
+    // commands on it write on both; below the header comes the body, below that the footer. A
+    // command says which edge, or with All and Style all four. None stands for the opposite: to set
+    // it removes all four edges, to remove it draws them, and the cells have it that have none.
+
+    enum class BordersOperation { Set = 0, Remove = 1, Query = 2 };
+
+    /// Width and colour of the borders that are set from now on; what is empty is not written.
+    void setBordersInfo(const BorderInfo& info);
+
+    /// The selected cells, or the caret's. A cell with `border-style` keeps that when borders are
+    /// set; when one is removed it is written as single ones, and so is `border`. A neighbour that
+    /// takes more rows or columns than the edge is long is not told of an edge that is set.
+    void setBorderToSelectedCells(CellBorderType type);
+    void removeBorderFromSelectedCells(CellBorderType type);
+    /// Whether all of them have it. The table is not read again before.
+    bool selectedCellsHasBorder(CellBorderType type) const;
+    /// Any of the three; the table is not read again before. Answers true where something is
+    /// selected, or to a query whether all cells have it.
+    bool processSelectedCells(CellBorderType type, BordersOperation operation);
+
+    /// One cell, given by its first coordinate; any other coordinate of it, and one without a cell,
+    /// leaves everything as it is. The table is not read again before.
+    void cellSetBorder(int row, int column, TableRowGroupType group, CellBorderType type);
+    void cellRemoveBorder(int row, int column, TableRowGroupType group, CellBorderType type);
+    /// Also true for an edge that `border-style` or `border` tells.
+    bool cellHasBorder(int row, int column, TableRowGroupType group, CellBorderType type) const;
+
+    // One cell by itself, null for none; its neighbours are not told. None and All are no
+    // attributes, so that nothing has them.
+
+    /// Whether the attribute says a style other than "none".
+    static bool cellHasSpecificBorder(Xml::Element* cell, CellBorderType type);
+    /// Sets style, and width and colour as they were told, unless the cell has `border-style`.
+    void setSpecificBorderToCell(Xml::Element* cell, CellBorderType type,
+                                 const Core::String& style);
+    /// Removes the style; width and colour stay.
+    static void removeSpecificBorderFromCell(Xml::Element* cell, CellBorderType type);
+    /// What `border-style` says, or else the attribute; empty where neither says anything.
+    static Core::String getBorderStyleFromCell(Xml::Element* cell, CellBorderType type);
+    /// Removes all styles, `border-style` and `border`.
+    static void removeAllBordersFromCell(Xml::Element* cell);
+
+    /// The names of the attributes, without prefix; empty for None and All.
+    static Core::String getBorderAttributeName(CellBorderType type);
+    static Core::String getBorderColorAttributeName(CellBorderType type);
+    static Core::String getBorderWidthAttributeName(CellBorderType type);
+    /// Takes the value of a `border` apart, whose words may stand in any order. What it does not
+    /// tell stays; reading ends at a word that is none of the three, or the second of its kind.
+    static void parseBorder(const Core::String& text, Core::String& width, Core::String& style,
+                            Core::String& color);
+    /// Adds "in" to a value that ends in no unit; an empty one stays.
+    static void setDefaultUnit(Core::String& value);
+
+    // Properties of what is selected. Names may have the prefix "fo:". With `update` the table is
+    // read again before.
+
+    /// What all of them have, upper and lower case aside, as the first of them writes it; empty
+    /// where they differ or one has none.
+    Core::String getPropertyFromSelectedElements(const Core::String& name,
+                                                 TableElements kind) const;
+    /// To align columns, or the table, takes the alignment of their cells off.
+    void setPropertyToSelectedElements(const PropertyCollection& properties, bool update,
+                                       TableElements kind);
+    void removePropertyFromSelectedElements(const std::vector<Core::String>& names, bool update,
+                                            TableElements kind);
+
+    // The format of another table. It takes the place of the table's own: all attributes that say
+    // how something looks, and no others.
+
+    /// That of the first table in a small document, which stands in the first block of its flow, or
+    /// of a container there; without one nothing happens. The stream is read to its end; raises an
+    /// Xml::ParseException where it cannot be parsed.
+    void applyFormat(const SmartPtr<Core::IO::Stream>& stream);
+    /// Row groups that the other table lacks keep their format.
+    void applyTableFormat(const Xml::Element* pattern);
+    /// All rows become like the first row of the other group.
+    static void applyTableRowGroupFormat(Xml::Element* group, const Xml::Element* pattern);
+    /// The first three cells of the other row are for the cells at the left end, in the middle and
+    /// at the right end; with fewer the cells stay as they are.
+    static void applyRowFormat(Xml::Element* row, const Xml::Element* pattern);
+    /// Without `clear` the element keeps what the other does not say.
+    static void applyElementFormat(Xml::Element* element, const Xml::Element* pattern, bool clear);
 
     // For the library's own commands, which hosts have no use for
 

@@ -16,14 +16,17 @@ Table::Table(Document& document, Fragment& fragment, int table)
 bool Table::update() {
     const XmlText& text = document_.text();
     const int around = TablePlaces::tableAround(text, document_.caret());
-    const bool stands = text.tagName(fragment_.start()) == L"fo:table";
-    if (!stands && around < 0)
+    if (!stands() && around < 0)
         return false;
-    const int table = stands ? fragment_.start() : around;
+    const int table = stands() ? fragment_.start() : around;
     if (around < 0)
         document_.setCaret(Stops::next(document_, table));
     read(table);
     return true;
+}
+
+bool Table::stands() const {
+    return document_.text().tagName(fragment_.start()) == L"fo:table";
 }
 
 void Table::read(int table) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tables/BorderInfo.h"
 #include "tables/CellSpans.h"
 #include "tables/TableModel.h"
 #include "trees/Fragment.h"
@@ -18,6 +19,8 @@ public:
     /// Brings everything in step with the document's text, and the caret into a table. False, and
     /// nothing done, where the table is gone and the caret stands in no other.
     bool update();
+    /// Whether a table still begins where this one was read.
+    bool stands() const;
     /// Looks at the tree again, which a command has changed.
     void rebuild() { model_.emplace(*fragment_.root()); }
     /// Writes the tree back; caret and selection go with their cells.
@@ -47,6 +50,7 @@ public:
 
     TableCaret caret;
     int columnCount = 0;
+    BorderInfo borderInfo; ///< what borders that are set get besides their style
 
 private:
     void read(int table);

@@ -99,6 +99,15 @@ Elements columnsOf(const Element& table) {
     return elementsNamed(table, L"table-column");
 }
 
+Elements columnsAt(const Element& table, const std::vector<int>& numbers) {
+    const Elements columns = columnsOf(table);
+    Elements found;
+    for (const int number : numbers)
+        if (number >= 0 && number < static_cast<int>(columns.size()))
+            found.push_back(columns[static_cast<std::size_t>(number)]);
+    return found;
+}
+
 Elements cellsOf(const Element& row) {
     return elementsNamed(row, L"table-cell");
 }

@@ -31,6 +31,8 @@ Elements rowsOf(const Xml::Element& table, TableRowGroupType type);
 
 /// The table's fo:table-column elements.
 Elements columnsOf(const Xml::Element& table);
+/// Those with the numbers, counted from 0, as far as there are any.
+Elements columnsAt(const Xml::Element& table, const std::vector<int>& numbers);
 
 /// Puts the cells that stand in the group directly into a row of their own.
 void putCellsIntoRow(Xml::Element& group);

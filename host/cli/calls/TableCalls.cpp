@@ -1,9 +1,12 @@
 // Tables: where a caret stands in one, Tab, and the table that is edited as a tree.
 
+#include "calls/BorderWire.h"
 #include "calls/Calls.h"
 #include "calls/Rows.h"
 
+#include <forme/foundation/Encoder.h>
 #include <forme/foundation/Exception.h>
+#include <forme/foundation/MemoryStream.h>
 #include <forme/tables/EditableTableBuffer.h>
 
 template <>
@@ -35,6 +38,23 @@ E& tableOf(Session& session) {
 int rowNumberFrom(D& document, int position, int table) {
     TableRowGroupType group;
     return document.getTableRowNumberFrom(position, table, group);
+}
+
+BorderInfo borderIn(E&, const Core::String& border) {
+    BorderInfo info;
+    E::parseBorder(border, info.width, info.style, info.color);
+    return info;
+}
+
+Core::String withDefaultUnit(E&, Core::String value) {
+    E::setDefaultUnit(value);
+    return value;
+}
+
+/// The template's text in the place of a stream.
+void applyFormat(E& table, const Core::String& document) {
+    table.applyFormat(SmartPtr<Core::IO::Stream>(
+        new Core::IO::MemoryStream(Core::Encoder::convertStringToUTF8(document))));
 }
 
 /// Whether a table begins around the position, or with -1 the caret.
@@ -100,5 +120,34 @@ std::vector<Operation> Calls::tables() {
         table("canIncreaseRowSpan", &E::canIncreaseRowSpan),
         table("canDecreaseColSpan", &E::canDecreaseColSpan),
         table("canDecreaseRowSpan", &E::canDecreaseRowSpan),
+
+        // Heights of rows, borders and formats
+        table("setRowHeight", &E::setRowHeight, {"row", "height", "group"}),
+        table("setOverFlowHidden", &E::setOverFlowHidden, {"row", "value", "group"}),
+        table("getRowHeight", &E::getRowHeight, {"row", "group"}),
+        table("removeRowHeight", &E::removeRowHeight, {"row", "group"}),
+        table("getCrtRowHeight", &E::getCrtRowHeight),
+        table("setCrtRowHeight", &E::setCrtRowHeight, {"height"}),
+        table("removeCrtRowHeight", &E::removeCrtRowHeight),
+        table("setBordersInfo", &E::setBordersInfo, {"info"}),
+        table("setBorderToSelectedCells", &E::setBorderToSelectedCells, {"border"}),
+        table("removeBorderFromSelectedCells", &E::removeBorderFromSelectedCells, {"border"}),
+        table("selectedCellsHasBorder", &E::selectedCellsHasBorder, {"border"}),
+        table("processSelectedCells", &E::processSelectedCells, {"border", "operation"}),
+        table("cellSetBorder", &E::cellSetBorder, {"row", "column", "group", "border"}),
+        table("cellRemoveBorder", &E::cellRemoveBorder, {"row", "column", "group", "border"}),
+        table("cellHasBorder", &E::cellHasBorder, {"row", "column", "group", "border"}),
+        table("getBorderAttributeName", &E::getBorderAttributeName, {"border"}),
+        table("getBorderColorAttributeName", &E::getBorderColorAttributeName, {"border"}),
+        table("getBorderWidthAttributeName", &E::getBorderWidthAttributeName, {"border"}),
+        table.made("parseBorder", &borderIn, {"border"}),
+        table.made("setDefaultUnit", &withDefaultUnit, {"value"}),
+        table("getPropertyFromSelectedElements", &E::getPropertyFromSelectedElements,
+              {"name", "elements"}),
+        table("setPropertyToSelectedElements", &E::setPropertyToSelectedElements,
+              {"properties", "update", "elements"}),
+        table("removePropertyFromSelectedElements", &E::removePropertyFromSelectedElements,
+              {"names", "update", "elements"}),
+        table.made("applyFormat", &applyFormat, {"document"}),
     };
 }

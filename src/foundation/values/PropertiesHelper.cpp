@@ -1,5 +1,7 @@
 #include "foundation/values/PropertiesHelper.h"
 
+#include "foundation/values/BorderStyle.h"
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>
@@ -76,18 +78,13 @@ void addSides(const String& name, const Words& words, PropertyCollection& longFo
         longForms.addProperty(EditableProperty(name + sides[i], String(values[i])), false);
 }
 
-bool isBorderStyle(std::wstring_view word) {
-    return isOneOf(word, {L"none", L"hidden", L"dotted", L"dashed", L"solid", L"double", L"groove",
-                          L"ridge", L"inset", L"outset"});
-}
-
 bool isBorderWidth(std::wstring_view word) {
     return isOneOf(word, {L"thin", L"medium", L"thick"}) || String::isDigit(word.front()) ||
            isOneOf(word.substr(0, 1), {L".", L"+", L"-"});
 }
 
 const wchar_t* borderPartOf(std::wstring_view word) {
-    if (isBorderStyle(word))
+    if (BorderStyle::contains(word))
         return L"-style";
     return isBorderWidth(word) ? L"-width" : L"-color";
 }

@@ -1,0 +1,459 @@
+#include "foundation/MemoryStream.h"
+#include "foundation/Messages.h"
+#include "support/EditorState.h"
+#include "support/MarkedDocument.h"
+#include "support/Table.h"
+#include "tables/EditableTableBuffer.h"
+#include "tables/TableBorders.h"
+#include "tables/TableGrid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <random>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace {
+
+using T = EditableTableBuffer;
+using Group = TableRowGroupType;
+using Type = CellBorderType;
+using Xml::Element;
+
+constexpr std::array groups{Group::Header, Group::Body, Group::Footer};
+
+/// The table's cells by their words.
+std::map<std::wstring, Element*> cellsOf(const Element& table) {
+    std::map<std::wstring, Element*> cells;
+    for (const Group group : groups)
+        for (const Element* row : TableTree::rowsOf(table, group))
+            for (Element* cell : TableTree::cellsOf(*row)) {
+                const auto* block =
+                    static_cast<const Element*>(cell->get_children("block").front());
+                cells[wide(block->get_child_text()->get_content())] = cell;
+            }
+    return cells;
+}
+
+CellPlace placeOf(const TableModel& model, const Element* cell) {
+    for (const Group group : groups)
+        for (int row = 0; row < model.group(group).rowCount(); ++row)
+            for (int column = 0; column < model.columnCount(); ++column)
+                if (model.cellAt({group, row, column}) == cell)
+                    return {group, row, column};
+    return {};
+}
+
+/// What cells say, as in "a bottom top=dashed, b border=1pt solid red": solid sides by their names.
+std::wstring bordersIn(const Element& table) {
+    std::wstring text;
+    for (const auto& [word, cell] : cellsOf(table)) {
+        std::wstring borders;
+        for (const Xml::Attribute* attribute : cell->get_attributes()) {
+            Core::String name = attribute->get_name();
+            name.replaceAll(L"border-", L"");
+            name.replaceAll(L"-style", L"");
+            if (!name.startsWith(L"number-"))
+                borders += L" " + wide(name) + L"=" + wide(attribute->get_value());
+        }
+        if (!borders.empty())
+            text += (text.empty() ? L"" : L", ") + word + borders;
+    }
+    Core::String inShort(text);
+    inShort.replaceAll(L"=solid", L"");
+    return wide(inShort);
+}
+
+std::vector<Core::String> parts(const Core::String& text, wchar_t separator) {
+    std::vector<Core::String> trimmed;
+    for (Core::String& part : text.split(separator))
+        trimmed.push_back(part.trim());
+    return trimmed;
+}
+
+/// A row is "grid | cell edge | cell attribute=value; ... -> what cells say afterwards".
+void expectEach(void (TableBorders::*command)(const CellPlace&, Type), const wchar_t* table) {
+    const std::vector<Core::String> types{"bottom", "top", "left",  "right",
+                                          "none",   "all", "style", "border"};
+    for (const auto& [before, after] : rows(table)) {
+        const auto columns = parts(Core::String(before), L'|');
+        const auto tree = treeOf(wide(columns[0]));
+        const auto cells = cellsOf(*tree->getRootNode());
+        if (columns.size() > 2)
+            for (const Core::String& given : parts(columns[2], L';'))
+                cells.at(wide(given.substringBefore(L" ")))
+                    ->set_attribute(given.substringAfter(L" ").substringBefore(L"="),
+                                    given.substringAfter(L"="));
+        const Element* cell = cells.at(wide(columns[1].substringBefore(L" ")));
+        const auto type = std::find(types.begin(), types.end(), columns[1].substringAfter(L" "));
+        const TableModel model(*tree->getRootNode());
+        const BorderInfo info;
+        TableBorders borders(model, info);
+        (borders.*command)(placeOf(model, cell), static_cast<Type>(type - types.begin()));
+        borders.write();
+        EXPECT_EQ(bordersIn(*tree->getRootNode()), after == L"nothing" ? L"" : after) << before;
+    }
+}
+
+TEST(TableBorders, AreSetOnBothSidesOfAnEdge) {
+    expectEach(&TableBorders::set, LR"(
+        (a, b) / (c, d) | a bottom -> a bottom, c top
+        (a, b) / (c, d) | a left -> a left
+        (a, b) / (c, d) | d all -> b bottom, c right, d top bottom left right
+        (a, b) / (c, d) | d border -> nothing
+    Into the next group, in the order in which a reader sees them:
+        foot (f, g) body (a) / (b, c) | c bottom -> c bottom, g top
+        foot (f, g) body ([a]2x1) | a bottom -> a bottom, f top
+        foot ([f]2x1) body (a, b) | a bottom -> a bottom
+        foot (f) / (g) body (a) | g bottom -> g bottom
+        foot (f) body (a) / (b) | f top -> b bottom, f top
+        head (h) / (i) body (a) | a top -> a top, i bottom
+        head {h, i} body (a, b) | i bottom -> b top, i bottom
+        head (h) body (a) | h top -> h top
+        (a) body (b) | a bottom -> a bottom, b top
+    A neighbour that spans along the edge stays unmarked:
+        ([a]2x1) / (b, c) | a bottom -> a bottom, b top, c top
+        ([a]2x1) / (b, c) | c top -> c top
+        ([a]1x2, b) / (c) | a right -> a right, b left, c left
+        ([a]1x2, b) / (c) | c left -> c left
+    No row span goes from one body into the next:
+        ([a]1x5, b) / (c) body (d, e) | a right -> a right, b left, c left
+        ([a]1x5, b) / (c) body (d, e) | a bottom -> a bottom, d top
+    What speaks for all sides wins:
+        (a, b) | a right | a border-style=solid -> a style
+        (a, b) | a all | a border-style=solid -> a style
+        (a, b) | a right | b border-style=dashed -> a right, b style=dashed
+        (a) | a top | a border-style=none; a padding=0pt -> a style=none top
+        (a, b) | a none | a border-style=solid; b border-left-style=dotted -> nothing
+    )");
+}
+
+TEST(TableBorders, AreRemovedFromBothSidesOfAnEdge) {
+    expectEach(&TableBorders::remove, LR"(
+        (a) | a bottom | a border-style=dashed -> a top=dashed left=dashed right=dashed
+        (a) | a bottom | a border=1pt solid red -> a top left right
+        (a) | a left | a border=red 1pt -> a top bottom right
+        (a) | a left | a border=none -> a border=none
+        (a) | a top | a border-top=1pt dotted red -> a top-width=1pt top-color=red
+        (a) | a all | a border=1pt dashed -> nothing
+        (a) | a none -> a top bottom left right
+        (a) | a border | a border=1pt -> a border=1pt
+        head (h) body (a) | a top | h border-bottom-style=dotted -> nothing
+        ([a]2x1) / (b, c) | c top | a border-bottom-style=solid -> nothing
+        (a, b) | a right | b border=thin -> b top bottom right
+    Of neighbours with a style for all sides the first is the last that is changed, but to the left:
+        ([a]2x1) / (b, c) | a bottom | b border-style=solid; c border-style=solid -> b bottom left right, c style
+        ([a]1x2, b) / (c) | a right | b border-style=solid; c border-style=solid -> b top bottom right, c style
+        (b, [a]1x2) / (c) | a left | b border-style=solid; c border-style=solid -> b top left bottom, c top left bottom
+    )");
+}
+
+/// Rows of cells with random spans.
+std::wstring randomRows(std::mt19937& random, std::size_t columns) {
+    const std::size_t count = 1 + random() % 4;
+    std::vector<std::vector<bool>> taken(count, std::vector<bool>(columns));
+    std::wstring text;
+    for (std::size_t row = 0; row < count; ++row) {
+        text += row == 0 ? L"(" : L"/ (";
+        for (std::size_t column = 0; column < columns; ++column) {
+            if (taken[row][column])
+                continue;
+            const std::size_t height = std::min(1 + random() % 3, count - row);
+            std::size_t width = 1;
+            while (column + width < columns && !taken[row][column + width] && random() % 3 == 0)
+                ++width;
+            for (std::size_t at = 0; at < width * height; ++at)
+                taken[row + at / width][column + at % width] = true;
+            text += L"[x]" + std::to_wstring(width) + L"x" + std::to_wstring(height) + L", ";
+        }
+        text += L") ";
+    }
+    return text;
+}
+
+TEST(TableBorders, AnEdgeIsTheSameFromBothOfItsCells) {
+    std::mt19937 random(1);
+    for (int table = 0; table < 40; ++table) {
+        const std::size_t columns = 1 + random() % 5;
+        std::wstring grid;
+        for (const wchar_t* group : {L"head ", L"foot ", L"body "})
+            grid += group + randomRows(random, columns);
+        const auto tree = treeOf(grid);
+        const TableModel model(*tree->getRootNode());
+        std::vector<CellPlace> places; // from left to right, page row by page row
+        for (const Group group : groups)
+            for (int at = 0; at < model.group(group).rowCount() * model.columnCount(); ++at)
+                places.push_back({group, at / model.columnCount(), at % model.columnCount()});
+        for (int step = 0; step < 15; ++step) {
+            const CellPlace place = places[random() % places.size()];
+            const auto type = static_cast<Type>(random() % 6); // an edge, None or All
+            const bool isSet = random() % 2 == 0;
+            const BorderInfo info;
+            TableBorders borders(model, info);
+            isSet ? borders.set(place, type) : borders.remove(place, type);
+            borders.write();
+            const Core::String before = tree->writeToString("UTF-8");
+            if (placeOf(model, model.cellAt(place)) == place) {
+                EXPECT_EQ(borders.has(place, type), isSet) << grid;
+            }
+            const auto expectSame = [&](std::size_t at, std::size_t behind, Type edge, Type other,
+                                        int (*span)(const Element&)) {
+                const Element* cell = model.cellAt(places[at]);
+                const Element* next = model.cellAt(places[behind]);
+                if (cell != next && span(*cell) == 1 && span(*next) == 1) {
+                    EXPECT_EQ(borders.has(places[at], edge), borders.has(places[behind], other))
+                        << grid;
+                }
+            };
+            for (std::size_t at = 0; at < places.size(); ++at) {
+                if (at + columns < places.size())
+                    expectSame(at, at + columns, Type::Bottom, Type::Top, TableTree::columnSpanOf);
+                if ((at + 1) % columns > 0)
+                    expectSame(at, at + 1, Type::Right, Type::Left, TableTree::rowSpanOf);
+            }
+            EXPECT_EQ(tree->writeToString("UTF-8"), before) << "questions change nothing";
+        }
+    }
+}
+
+TEST(TableBorders, CopeWithAnySpan) {
+    const auto tree = treeOf(L"head {[h]5x5} body ([a]99999999x99999999, [b]0x-1) / ([c]abcx2, d) "
+                             L"/ () body (e, [f]2x99999999, g)");
+    const TableModel model(*tree->getRootNode());
+    const BorderInfo info;
+    TableBorders borders(model, info);
+    for (const Group group : groups)
+        for (int row = -1; row < 6; ++row)
+            for (int column = -1; column <= model.columnCount(); ++column)
+                borders.set({group, row, column}, Type::All);
+    borders.write();
+    EXPECT_EQ(bordersIn(*tree->getRootNode()),
+              L"a top bottom left right, c top bottom left right, d left, e top bottom left right, "
+              L"f top bottom left right, g top left bottom right, h top bottom left right");
+}
+
+TEST(TableBorders, AreAskedFor) {
+    const auto tree = treeOf(L"(a, b) / ([c]1x3)");
+    const auto cells = cellsOf(*tree->getRootNode());
+    const TableModel model(*tree->getRootNode());
+    const BorderInfo info{L"1pt", L"red", L"dotted"};
+    TableBorders borders(model, info);
+    const CellPlace a = placeOf(model, cells.at(L"a"));
+    EXPECT_TRUE(borders.has(a, Type::None) && !borders.has(a, Type::All));
+    borders.set({a, {Group::Body, 1, 1}, {Group::None, 0, 0}}, Type::Right);
+    borders.write();
+    EXPECT_EQ(bordersIn(*tree->getRootNode()), L"a right right-color=red right-width=1pt, "
+                                               L"b left left-color=red left-width=1pt");
+    EXPECT_TRUE(borders.has(a, Type::Right) && !borders.has(a, Type::None));
+    EXPECT_FALSE(borders.has(a, Type::All) || borders.has(a, Type::Left) ||
+                 borders.has({Group::Body, 1, 1}, Type::None));
+    for (const wchar_t* shorthand : {L"border", L"border-style"}) {
+        cells.at(L"b")->set_attribute(shorthand, L"dashed");
+        const CellPlace b = placeOf(model, cells.at(L"b"));
+        EXPECT_TRUE(borders.has(b, Type::All) && borders.has(b, Type::Top));
+        EXPECT_FALSE(borders.has(b, Type::None));
+        EXPECT_EQ(T::getBorderStyleFromCell(cells.at(L"b"), Type::Border), L"dashed");
+    }
+}
+
+TEST(TableBorders, OneCellByItself) {
+    MarkedDocument buffer(markupOf(L"(|a, b)"));
+    const auto table = buffer->getEditableTableBuffer(-1);
+    Element* cell = table->getCellElementAt(0, 0, Group::Body);
+    cell->set_attribute(L"padding", L"1pt");
+    table->setSpecificBorderToCell(cell, Type::Top, L"dashed");
+    table->setSpecificBorderToCell(cell, Type::All, L"dashed");
+    EXPECT_EQ(bordersIn(*table->getTableElement()), L"a padding=1pt top=dashed");
+    EXPECT_TRUE(T::cellHasSpecificBorder(cell, Type::Top));
+    EXPECT_FALSE(T::cellHasSpecificBorder(cell, Type::None) ||
+                 T::cellHasSpecificBorder(nullptr, Type::Top));
+    T::removeSpecificBorderFromCell(cell, Type::Top);
+    EXPECT_EQ(cell->get_attributes().size(), 4u) << "the padding of each side";
+    table->setBordersInfo({L"2pt", L"", L""});
+    table->setSpecificBorderToCell(cell, Type::Left, L"ridge");
+    table->setSpecificBorderToCell(cell, Type::Style, L"solid");
+    T::removeAllBordersFromCell(cell);
+    EXPECT_EQ(T::getBorderAttributeName(Type::All), L"");
+    EXPECT_EQ(bordersIn(*table->getTableElement()),
+              L"a padding-top=1pt padding-right=1pt padding-bottom=1pt padding-left=1pt "
+              L"left-width=2pt width=2pt");
+}
+
+TEST(TableBorders, ReadTheirText) {
+    for (const auto& [text, expected] : rows(LR"(
+            solid red 1pt -> 1pt/solid/red
+            1pt -> 1pt/-/-
+            1pt 2pt solid -> 1pt/-/-
+            rgb(1, 2, 3) thick -> thick/-/rgb(1, 2, 3)
+            cmyk(0, 0, 1, 0) inset .5em more -> .5em/inset/cmyk(0, 0, 1, 0)
+        )")) {
+        Core::String width = L"-", style = L"-", color = L"-";
+        T::parseBorder(Core::String(text), width, style, color);
+        EXPECT_EQ(wide(width) + L"/" + wide(style) + L"/" + wide(color), expected);
+    }
+    for (const auto& [value, expected] : {std::pair(L"12", L"12in"), std::pair(L"12pt", L"12pt"),
+                                          std::pair(L"", L""), std::pair(L"5%", L"5%")}) {
+        Core::String completed = value;
+        T::setDefaultUnit(completed);
+        EXPECT_EQ(completed, expected);
+    }
+}
+
+TEST(TableBorders, OfWhatIsSelectedPassHoles) {
+    MarkedDocument buffer(markupOf(L"(^a, b) / (c) / (d|)"));
+    const auto table = buffer->getEditableTableBuffer(-1);
+    table->setBorderToSelectedCells(Type::All);
+    EXPECT_TRUE(table->selectedCellsHasBorder(Type::All));
+}
+
+TEST(TableBorders, OfWhatIsSelectedAreOneUndoStep) {
+    MarkedDocument buffer(markupOf(L"(a, ^b) / (c, d|)"));
+    const EditorState old = stateOf(buffer.face());
+    auto table = buffer->getEditableTableBuffer(-1);
+    table->setBorderToSelectedCells(Type::All);
+    EXPECT_TRUE(table->selectedCellsHasBorder(Type::All));
+    EXPECT_EQ(bordersIn(*table->getTableElement()),
+              L"a right bottom, b top bottom left right, c top bottom left right, "
+              L"d top left bottom right");
+    table->removeSpecificBorderFromCell(table->getCellElementAt(1, 0, Group::Body), Type::Left);
+    EXPECT_FALSE(table->selectedCellsHasBorder(Type::Left));
+    table->commitChangesToEditableBuffer();
+    table->removeBorderFromSelectedCells(Type::Style);
+    EXPECT_EQ(bordersIn(*table->getTableElement()), L"");
+    EXPECT_TRUE(table->processSelectedCells(Type::None, T::BordersOperation::Query));
+    EXPECT_TRUE(table->processSelectedCells(Type::None, T::BordersOperation::Remove));
+    table->commitChangesToEditableBuffer();
+    EXPECT_NE(buffer.find(L"border-top-style=\"solid\""), -1);
+    buffer->undo();
+    buffer->undo();
+    EXPECT_EQ(stateOf(buffer.face()).text, old.text);
+    EXPECT_FALSE(buffer->canUndo());
+}
+
+/// What the elements say, one after the other; "-" stands for no such attribute.
+std::wstring valuesOf(const std::vector<const Element*>& elements, const wchar_t* attribute) {
+    std::wstring values;
+    for (const Element* element : elements) {
+        const Xml::Attribute* found = element->get_attribute(attribute);
+        values += (values.empty() ? L"" : L" ") + (found ? wide(found->get_value()) : L"-");
+    }
+    return values;
+}
+
+std::vector<const Element*> cellsIn(const T& table) {
+    std::vector<const Element*> cells;
+    for (const auto& [word, cell] : cellsOf(*table.getTableElement()))
+        cells.push_back(cell);
+    return cells;
+}
+
+TEST(SelectedElements, HaveAPropertyInCommon) {
+    MarkedDocument buffer(markupOf(L"(^a, b|, c)"));
+    const auto table = buffer->getEditableTableBuffer(-1);
+    const auto cells = cellsOf(*table->getTableElement());
+    const auto common = [&] {
+        return table->getPropertyFromSelectedElements(L"fo:text-align", TableElements::Cells);
+    };
+    cells.at(L"a")->set_attribute(L"text-align", L"Left");
+    EXPECT_EQ(common(), L"");
+    cells.at(L"b")->set_attribute(L"text-align", L"left");
+    EXPECT_EQ(common(), L"Left");
+    cells.at(L"b")->set_attribute(L"text-align", L"right");
+    EXPECT_EQ(common(), L"");
+}
+
+TEST(SelectedElements, TakeProperties) {
+    PropertyCollection align;
+    align.addProperty({L"fo:text-align", L"end"}, true);
+    for (const auto& [kind, cells] : {std::pair(TableElements::Cells, L"end left left left left"),
+                                      std::pair(TableElements::Rows, L"left left left left left"),
+                                      std::pair(TableElements::Columns, L"- left - - left"),
+                                      std::pair(TableElements::Table, L"- - - - -")}) {
+        std::wstring markup = markupOf(L"head ([h]1x1, i) body *(|a, b) / (c)");
+        markup.insert(markup.find(L"<fo:table-header"), L"<fo:table-column/><fo:table-column/>");
+        MarkedDocument buffer(markup);
+        const auto table = buffer->getEditableTableBuffer(-1);
+        for (const auto& [word, cell] : cellsOf(*table->getTableElement()))
+            cell->set_attribute(L"text-align", L"left");
+        EXPECT_EQ(table->getPropertyFromSelectedElements(L"text-align", kind),
+                  kind == TableElements::Cells ? L"left" : L"");
+        table->setPropertyToSelectedElements(align, false, kind);
+        EXPECT_EQ(valuesOf(cellsIn(*table), L"text-align"), cells);
+        EXPECT_EQ(table->getPropertyFromSelectedElements(L"fo:text-align", kind), L"end");
+        table->commitChangesToEditableBuffer();
+        EXPECT_EQ(buffer.find(L"fo:text-align") >= 0, kind == TableElements::Rows)
+            << "which is repeated and so needs the prefix";
+        table->removePropertyFromSelectedElements({L"fo:text-align"}, true, kind);
+        EXPECT_EQ(table->getPropertyFromSelectedElements(L"text-align", kind), L"");
+    }
+}
+
+TEST(TableFormat, IsThatOfATemplate) {
+    const auto formatted = [](const std::wstring& row, const std::wstring& grid) {
+        MarkedDocument buffer(markupOf(grid));
+        const auto table = buffer->getEditableTableBuffer(-1);
+        for (const auto& [word, cell] : cellsOf(*table->getTableElement())) {
+            cell->set_attribute(L"id", word.c_str());
+            cell->set_attribute(L"color", L"old");
+        }
+        table->commitChangesToEditableBuffer();
+        const std::wstring document =
+            L"<fo:root xmlns:fo=\"x\"><fo:page-sequence><fo:flow><fo:block><fo:table color=\"t\" "
+            L"id=\"t\"><fo:table-body><fo:table-row color=\"r\">" +
+            row +
+            L"</fo:table-row></fo:table-body></fo:table></fo:block></fo:flow></fo:page-sequence>"
+            L"</fo:root>";
+        table->applyFormat(SmartPtr<Core::IO::Stream>(new Core::IO::MemoryStream(
+            Core::Encoder::convertStringToUTF8(Core::String(document)))));
+        EXPECT_EQ(valuesOf({table->getTableElement()}, L"color"), L"t");
+        EXPECT_EQ(valuesOf({table->getTableElement()}, L"id"), L"-");
+        EXPECT_EQ(valuesOf({table->getCellElementAt(0, 0, Group::Body)->get_parent()}, L"color"),
+                  L"r");
+        return valuesOf(cellsIn(*table), L"color") + L"; " +
+               valuesOf(cellsIn(*table), L"font-size");
+    };
+    const std::wstring left = L"<fo:table-cell id=\"x\" color=\"l\" font-size=\"1\"/>";
+    const std::wstring middle = L"<fo:table-cell color=\"m\"/>";
+    const std::wstring right = L"<fo:table-cell color=\"r\" font-size=\"3\"/>";
+    const std::wstring row = left + middle + right + middle;
+    EXPECT_EQ(formatted(left + right, L"(|a, b)"), L"old old; - -");
+    EXPECT_EQ(formatted(row, L"(|a, b, c, d)"), L"l m m r; 1 - - 3");
+    EXPECT_EQ(formatted(row, L"([|a]2x1, [b]2x1)"), L"l m; 1 3");
+    EXPECT_EQ(formatted(row, L"head (x) body (|a) body (b)"), L"l l old; 1 1 -");
+}
+
+TEST(RowAttributes, AreWrittenIntoTheTextAtOnce) {
+    MarkedDocument buffer(markupOf(L"head {h} foot (f) body (|a) / *(b)"));
+    const EditorState old = stateOf(buffer.face());
+    const auto table = buffer->getEditableTableBuffer(-1);
+    for (const auto& [group, row] : {std::pair(Group::Footer, 0), std::pair(Group::Body, 1)}) {
+        table->setRowHeight(row, L"1in", group);
+        table->setOverFlowHidden(row, L"hidden", group);
+        table->setRowHeight(row, L"2in", group);
+        EXPECT_EQ(table->getRowHeight(row, group), L"2in");
+        for (int step = 0; step < 3; ++step)
+            buffer->undo();
+        EXPECT_EQ(stateOf(buffer.face()), old);
+        EXPECT_FALSE(buffer->canUndo());
+    }
+    EXPECT_EQ(messageOf([&] { table->setRowHeight(2, L"1in", Group::Body); }),
+              "invalid vector<T> subscript");
+    EXPECT_THROW(table->setOverFlowHidden(0, L"hidden", Group::None), Core::Exception);
+    for (const auto& [group, row] : {std::pair(Group::Body, -1), std::pair(Group::Body, 3),
+                                     std::pair(Group::Header, 0), std::pair(Group::Header, 1)})
+        table->setRowHeight(row, L"1in", group);
+    EXPECT_EQ(stateOf(buffer.face()), old);
+    table->setCrtRowHeight(L"3in");
+    EXPECT_EQ(table->getCrtRowHeight(), L"3in");
+    EXPECT_NE(buffer.find(L"<fo:table-row height=\"3in\">"), -1);
+    table->removeCrtRowHeight();
+    EXPECT_EQ(table->getCrtRowHeight(), L"");
+    table->commitChangesToEditableBuffer();
+    EXPECT_EQ(buffer.find(L"3in"), -1);
+}
+
+} // namespace
