@@ -123,6 +123,7 @@ TEST(TableBorders, AreSetOnBothSidesOfAnEdge) {
     No row span goes from one body into the next:
         ([a]1x5, b) / (c) body (d, e) | a right -> a right, b left, c left
         ([a]1x5, b) / (c) body (d, e) | a bottom -> a bottom, d top
+        foot (f, g) body ([a]1x5, b) / (c) | a bottom -> a bottom, f top
     What speaks for all sides wins:
         (a, b) | a right | a border-style=solid -> a style
         (a, b) | a all | a border-style=solid -> a style
@@ -137,7 +138,7 @@ TEST(TableBorders, AreRemovedFromBothSidesOfAnEdge) {
         (a) | a bottom | a border-style=dashed -> a top=dashed left=dashed right=dashed
         (a) | a bottom | a border=1pt solid red -> a top left right
         (a) | a left | a border=red 1pt -> a top bottom right
-        (a) | a left | a border=none -> a border=none
+        (a) | a left | a border=none; a border-left-style=none -> a border=none left=none
         (a) | a top | a border-top=1pt dotted red -> a top-width=1pt top-color=red
         (a) | a all | a border=1pt dashed -> nothing
         (a) | a none -> a top bottom left right
@@ -369,6 +370,7 @@ TEST(SelectedElements, HaveAPropertyInCommon) {
 TEST(SelectedElements, TakeProperties) {
     PropertyCollection align;
     align.addProperty({L"fo:text-align", L"end"}, true);
+    align.addProperty({L"color", L"red"}, true);
     for (const auto& [kind, cells] : {std::pair(TableElements::Cells, L"end left left left left"),
                                       std::pair(TableElements::Rows, L"left left left left left"),
                                       std::pair(TableElements::Columns, L"- left - - left"),
@@ -385,7 +387,7 @@ TEST(SelectedElements, TakeProperties) {
         EXPECT_EQ(valuesOf(cellsIn(*table), L"text-align"), cells);
         EXPECT_EQ(table->getPropertyFromSelectedElements(L"fo:text-align", kind), L"end");
         table->commitChangesToEditableBuffer();
-        EXPECT_EQ(buffer.find(L"fo:text-align") >= 0, kind == TableElements::Rows)
+        EXPECT_EQ(buffer.find(L" fo:text-align=\"end\" fo:color") >= 0, kind == TableElements::Rows)
             << "which is repeated and so needs the prefix";
         table->removePropertyFromSelectedElements({L"fo:text-align"}, true, kind);
         EXPECT_EQ(table->getPropertyFromSelectedElements(L"text-align", kind), L"");
@@ -427,7 +429,9 @@ TEST(TableFormat, IsThatOfATemplate) {
 }
 
 TEST(RowAttributes, AreWrittenIntoTheTextAtOnce) {
-    MarkedDocument buffer(markupOf(L"head {h} foot (f) body (|a) / *(b)"));
+    std::wstring markup = markupOf(L"head {h} foot (f) body (|a) / *(b)");
+    markup.insert(markup.find(L"-repeat") + 7, L" height=\"1pt\"");
+    MarkedDocument buffer(markup);
     const EditorState old = stateOf(buffer.face());
     const auto table = buffer->getEditableTableBuffer(-1);
     for (const auto& [group, row] : {std::pair(Group::Footer, 0), std::pair(Group::Body, 1)}) {
