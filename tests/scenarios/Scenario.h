@@ -31,9 +31,10 @@ struct Scenario {
 ///     <B>one|two</B> -Enter-> <B>one</B>¶<B>|two</B> -Backspace-> <B>one|two</B>
 ///
 /// A command is an arrow: "-Key->", "-"text"->" for typing, "-[request]->" or, where its result
-/// matters, "-[request] => json->" or "-Key => json->". "¶" is a line feed, and a text may also go over several lines;
-/// blank lines at its end do not count. A line that begins with an arrow goes on with the row
-/// before it. One that begins with a text and has an arrow is a further case under the same title.
+/// matters, "-[request] => json->" or "-Key => json->". "¶" is a line feed, and a text may also go
+/// over several lines; blank lines at its end do not count. A line that begins with an arrow goes
+/// on with the row before it. One that begins with a text and has an arrow is a further case under
+/// the same title.
 ///
 /// At the top of a file "! let SHORT = LONG" names a short form and "! key NAME = [request]" a key.
 /// The name may be a pattern, whose parts stand in the request as $1 and $2: "! key Find (.*) = …".
