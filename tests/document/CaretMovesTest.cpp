@@ -199,16 +199,3 @@ TEST(CaretSetting, AdjustingMovesACaretThatCannotHold) {
     expectMove(L"<B>a</B>|", adjust, L"<B>a|</B>");
     expectMove(L"<B>|a</B>", adjust, L"<B>|a</B>");
 }
-
-TEST(CaretSetting, DeletingContentPutsTheCaretToItsStart) {
-    MarkedDocument buffer(L"<B>abcd</B><B>|e</B>");
-    const int start = buffer.find(L"bc");
-    EXPECT_EQ(wide(buffer->deleteContentAndAdjustCaret(start, start + 2)), L"bc");
-    EXPECT_EQ(buffer.heard(), "bc");
-    for (const auto& [from, end] : {std::pair(start, buffer.text().length()), std::pair(-1, start),
-                                    std::pair(start, start - 1)})
-        EXPECT_TRUE(buffer->deleteContentAndAdjustCaret(from, end).empty());
-    EXPECT_EQ(buffer.marked(), L"<B>a|d</B><B>e</B>");
-    EXPECT_EQ(buffer.heard(), "");
-    EXPECT_FALSE(buffer->canUndo());
-}

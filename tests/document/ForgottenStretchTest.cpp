@@ -97,15 +97,3 @@ TEST(ForgottenStretch, CaretAndTrackedOffsetAreMoved) {
     buffer->undo();
     EXPECT_EQ(buffer.marked(), L"<B>ab|c</B>");
 }
-
-TEST(Erase, ACommandTakenBackLeavesNoTrace) {
-    MarkedDocument buffer(L"<B>a|b></B>");
-    buffer->insertText(L"]]", false, false);
-    buffer.heard();
-    buffer->erase(true, false); // would bring a "]]>" together, which no text may hold
-    EXPECT_EQ(buffer.heard(), "");
-    EXPECT_EQ(buffer.marked(), L"<B>a]]|b></B>");
-    buffer->insertText(L"2", false, false);
-    buffer->undo();
-    EXPECT_EQ(buffer.marked(), L"<B>a|b></B>") << "the run of typing went on";
-}

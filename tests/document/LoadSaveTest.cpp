@@ -91,25 +91,4 @@ TEST(Loading, OfABadFileChangesNothing) {
     }
 }
 
-TEST(SetContent, StartsAfreshAtTheFirstFlow) {
-    MarkedDocument buffer(L"<B>abc|</B>");
-    buffer.insertRecorded(buffer.find(L"abc"), L"X");
-    buffer->undo();
-    buffer.heard();
-    buffer->setContent(LR"(<qfd:document><fo:page-sequence>
-<fo:static-content><fo:block>header</fo:block></fo:static-content>
-<fo:flow><fo:block>body</fo:block></fo:flow></fo:page-sequence></qfd:document>)",
-                       true);
-    EXPECT_EQ(buffer.heard(), "bc");
-    EXPECT_FALSE(buffer->canUndo() || buffer->canRedo());
-    EXPECT_EQ(buffer.caret(), buffer.find(L"body"));
-    EXPECT_EQ(buffer.document().pivot(), buffer.caret());
-    buffer.document().moveCaret(false, buffer.find(L"header"));
-    buffer->setContent(buffer->getContent(), true);
-    EXPECT_EQ(buffer.caret(), buffer.find(L"body")) << "the old caret has no say";
-    buffer->setContent(L"no document at all", true);
-    EXPECT_EQ(buffer.caret(), -1);
-    EXPECT_EQ(buffer.document().pivot(), -1);
-}
-
 } // namespace

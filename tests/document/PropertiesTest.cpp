@@ -6,19 +6,6 @@
 
 namespace {
 
-std::wstring propertiesOf(const wchar_t* tag) {
-    MarkedDocument buffer(tag);
-    return shown(Attributes::of(buffer, buffer.find(tag)));
-}
-
-TEST(Properties, AreReadWithTheElementsPrefix) {
-    EXPECT_EQ(propertiesOf(L"<B color=\"red\" qf:a='1' id = \"x\" title='\"&lt;&#38; >'/>"),
-              L"fo:color=red; qf:a=1; fo:id=x; fo:title=\"&lt;&#38; >");
-    EXPECT_EQ(propertiesOf(L"<block color=\"red\"/>"), L"color=red");
-    EXPECT_EQ(propertiesOf(L"<B fo:color=\"a\" id=\"x\" color=\"b\"/>"), L"fo:color=b; fo:id=x")
-        << "one name, the last value";
-}
-
 TEST(Properties, OnlyStartTagsHaveThem) {
     MarkedDocument buffer(L"<B>t|<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></B>");
     const std::wstring before = buffer.marked();
@@ -73,19 +60,6 @@ TEST(Properties, ClearingAnswersWhatWasThereAndIsOneStep) {
     MarkedDocument selfClosing(L"<B a=\"1\" />|");
     EXPECT_EQ(wide(Attributes::clear(selfClosing, selfClosing.find(L"<B"))), L" a=\"1\" ");
     EXPECT_EQ(selfClosing.marked(), L"<B/>|");
-}
-
-TEST(Properties, OfANameAreThoseOfTheNearestElement) {
-    MarkedDocument buffer(L"<B id=\"1\"><B id=\"2\">a|</B><T/></B>");
-    buffer->setProperties(properties(L"fo:id=3"), L"fo:block", buffer.find(L"</B><T"));
-    const auto blockAt = [&](int place) {
-        return shown(buffer->getProperties(L"fo:block", place));
-    };
-    EXPECT_EQ(blockAt(buffer.find(L"<B id=\"3\"")), L"fo:id=3") << "the tag there";
-    EXPECT_EQ(blockAt(buffer.find(L"a</B")), L"fo:id=3");
-    EXPECT_EQ(blockAt(buffer.find(L"<T")), L"fo:id=1");
-    for (const int nowhere : {-1, buffer.find(L"<fo:flow"), 1 << 30})
-        EXPECT_EQ(blockAt(nowhere), L"");
 }
 
 } // namespace

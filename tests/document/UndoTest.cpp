@@ -24,25 +24,6 @@ void insertAsCommand(MarkedDocument& buffer, const wchar_t* xml) {
     buffer.document().recordCaret();
 }
 
-TEST(Primitives, MoveCaretAndPivot) {
-    for (const auto& [before, after] :
-         {std::pair(L"ab|cdefgh", L"ab|fgh"), std::pair(L"abc|defgh", L"ab|fgh"),
-          std::pair(L"abcd|efgh", L"a|bfgh"), // on the last unit
-          std::pair(L"abcde|fgh", L"ab|fgh"), std::pair(L"a^bcdef|gh", L"a^bf|gh"),
-          std::pair(L"a|bcdef^gh", L"a|bf^gh"), std::pair(L"abc^de|fgh", L"ab|fgh")}) {
-        MarkedDocument buffer(before);
-        const int start = buffer.find(L"cde");
-        EXPECT_EQ(wide(buffer->deleteXmlText(start, start + 2)), L"cde");
-        EXPECT_EQ(buffer.marked(), after) << before;
-    }
-    for (const auto& [before, after] :
-         {std::pair(L"ab|cd", L"abXY|cd"), std::pair(L"a^bcd|", L"a^bXYcd|")}) {
-        MarkedDocument buffer(before);
-        buffer->insertXmlTextAtPosition(buffer.find(L"cd"), L"XY");
-        EXPECT_EQ(buffer.marked(), after) << before;
-    }
-}
-
 TEST(Primitives, RecordNothingTellTheMonitorAndRefuseWhatIsOutsideTheText) {
     MarkedDocument buffer(L"<B>ab|c</B>");
     buffer->insertXmlTextAtPosition(buffer.find(L"c<"), L"X");

@@ -137,31 +137,26 @@ void changeBoth(String& text, std::wstring& model, std::mt19937& random) {
         own ? model.substr(start)
             : std::wstring(random() % 4, static_cast<wchar_t>(L'a' + random() % 26));
     const wchar_t* argument = own ? text.c_str() + start : piece.c_str();
-    switch (random() % 6) {
-    case 0:
+    const int from = static_cast<int>(start), end = static_cast<int>(start + count);
+    const auto kind = random() % 6;
+    if (kind == 0) {
         text.insert(start / 2, argument);
         model.insert(start / 2, piece);
-        break;
-    case 1:
+    } else if (kind == 1) {
         text.erase(start, count);
         model.erase(start, count);
-        break;
-    case 2:
+    } else if (kind == 2) {
         own ? text.replace(start, count, text) : text.replace(start, count, String(piece));
         model.replace(start, count, own ? std::wstring(model) : piece);
-        break;
-    case 3:
+    } else if (kind == 3) {
         text += argument;
         model += piece;
-        break;
-    case 4:
-        text.reverse(static_cast<int>(start), static_cast<int>(start + count) - 1);
-        std::reverse(model.begin() + static_cast<int>(start),
-                     model.begin() + static_cast<int>(std::min(start + count, model.size())));
-        break;
-    default:
-        if (start < model.size())
-            text[static_cast<int>(start)] = model[start] = L'!';
+    } else if (kind == 4) {
+        text.reverse(from, end - 1);
+        std::reverse(model.begin() + from,
+                     model.begin() + std::min(end, static_cast<int>(model.size())));
+    } else if (start < model.size()) {
+        text[from] = model[start] = L'!';
     }
 }
 

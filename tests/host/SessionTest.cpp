@@ -2,6 +2,8 @@
 
 #include "CallTable.h"
 #include "foundation/TemporaryFolder.h"
+#include "foundation/XmlTesting.h"
+#include "support/Table.h"
 #include "text/XmlCharacters.h"
 
 #include <gtest/gtest.h>
@@ -38,22 +40,20 @@ TEST(Session, AnswersWithResultCaretAndNotices) {
 }
 
 TEST(Session, SaysWhatIsWrongWithARequest) {
-    const std::string setCaretPos =
-        "setCaretPos(extend: bool, position: int): argument 2 (position): int expected, ";
-    for (const auto& [line, error] :
-         {std::pair(R"(["undo")", "no JSON: column 8"s),
-          std::pair("{}", "a request is an array that begins with an operation's name, as in "
-                          R"(["undo"])"s),
-          std::pair(R"(["undone"])", R"(unknown operation "undone")"s),
-          std::pair(R"(["undo",1])", "undo(): arguments expected: 0, given: 1"s),
-          std::pair(R"(["setCaretPos",false,"3"])", setCaretPos + "a string given"),
-          std::pair(R"(["setCaretPos",false,2147483648])", setCaretPos + "2147483648 given"),
-          std::pair(R"(["setCaretPos",false,[]])", setCaretPos + "an array given"),
-          std::pair(R"(["setCaretPos",false,1e400])", "a number is too large"s),
-          std::pair(R"(["open","a\u0000b"])", "the path of the file holds U+0000"s),
-          std::pair(R"(["insertXmlTextAtPosition",0,"\uffff"])",
-                    "the text holds a character that XML cannot hold"s)})
-        EXPECT_EQ(Session().serveLine(line).value("error", ""), error);
+    for (const auto& [line, error] : rows(LR"(
+["undo" -> no JSON: column 8
+{} -> a request is an array that begins with an operation's name, as in ["undo"]
+["undone"] -> unknown operation "undone"
+["undo",1] -> undo(): arguments expected: 0, given: 1
+["setCaretPos",false,"3"] -> setCaretPos(extend: bool, position: int): argument 2 (position): int expected, a string given
+["setCaretPos",false,2147483648] -> setCaretPos(extend: bool, position: int): argument 2 (position): int expected, 2147483648 given
+["setCaretPos",false,[]] -> setCaretPos(extend: bool, position: int): argument 2 (position): int expected, an array given
+["setCaretPos",false,1e400] -> a number is too large
+["open","a\u0000b"] -> the path of the file holds U+0000
+["insertXmlTextAtPosition",0,"\uffff"] -> the text holds a character that XML cannot hold
+)"))
+        EXPECT_EQ(Session().serveLine(narrow(line.c_str())).value("error", ""),
+                  narrow(error.c_str()));
 }
 
 TEST(Session, StaysUpThroughGarbageAndLosesNothing) {
@@ -107,40 +107,6 @@ TEST(Session, LetsNothingInThatXmlCannotHold) {
                 const Core::String content = session.document().getContent();
                 EXPECT_EQ(XmlCharacters::countForbidden(content.view()), 0U) << request;
             }
-}
-
-TEST(Session, UndoesPrimitivesExactly) {
-    Session session;
-    session.serve({"setContent", document, true});
-    const int first = session.document().getCaretPos();
-    const auto state = [&] {
-        return Json{session.serve({"getContent"})["result"], session.document().getCaretPos()};
-    };
-    std::vector<Json> states{state()};
-    for (const Json& request :
-         {Json{"insertText", "x", false, false}, Json{"insertXmlTextAtPosition", first, "ab"},
-          Json{"deleteXmlText", first + 1, first + 2},
-          Json{"deleteContentAndAdjustCaret", first, first + 3},
-          Json{"insertText", "y", false, false}}) {
-        EXPECT_FALSE(session.serve(request).contains("error")) << request;
-        states.push_back(state());
-    }
-    session.serve({"deleteXmlText", first, first - 1}); // is no step
-    for (std::size_t left = states.size() - 1; left-- > 0; session.serve({"undo"}))
-        EXPECT_EQ(state(), states[left + 1]);
-    EXPECT_EQ(state(), states.front());
-    for (std::size_t i = 1; i < states.size(); ++i) {
-        session.serve({"redo"});
-        EXPECT_EQ(state(), states[i]);
-    }
-}
-
-TEST(Session, TracksAPositionUpToTheLargest) {
-    Session session;
-    session.serve({"setContent", document, true});
-    session.serve({"history.startTrackingPos", 2147483646});
-    session.serve({"insertText", "xyz", false, false});
-    EXPECT_EQ(session.serve({"history.retrieveTrackingPos"})["result"], 2147483647);
 }
 
 TEST(Session, FailedOpenKeepsTheDocument) {

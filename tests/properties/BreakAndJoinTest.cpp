@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int stopsPerDocument = 4;
-
 /// A break, and whether Backspace takes it away or, from the line before, Delete.
 struct Way {
     BreakType type;
@@ -197,69 +195,58 @@ std::string firstDifference(const Lines& expected, const Lines& actual) {
     return "expected \"" + shown(expected, at) + "\", but it is \"" + shown(actual, other) + '"';
 }
 
-class BreakAndJoin : public testing::TestWithParam<std::filesystem::path> {
-protected:
-    /// How the document reads before the break.
-    struct Original {
-        Lines lines;
-        std::wstring letters;
-    };
-
-    void tryAt(BrokenDocument& document, int stop, Way way, const Original& original) {
-        SCOPED_TRACE(GetParam().filename().string() + " at " + std::to_string(stop) +
-                     (way.type == BreakType::Hard ? ", hard" : ", soft") +
-                     (way.forward ? ", Delete" : ", Backspace"));
-        document->setCaretPos(false, stop);
-        if (document.isAtBareLine() ||
-            (way.type == BreakType::Soft && document.isAtEndOfHeldInline()))
-            return;
-        const EditorState before = document.state();
-        const bool isBesidePassingBlank = document.isBesidePassingBlank();
-        document->insertBreak(way.type, false);
-        if (document.state().text == before.text)
-            return;
-        checkBreak(document, before);
-        EXPECT_TRUE(document.letters() == original.letters);
-        checkJoin(document, original.lines, isBesidePassingBlank, way, before);
-        while (document.state() != before && document->canUndo())
-            document->undo();
-    }
-
-private:
-    static void checkBreak(BrokenDocument& document, const EditorState& before) {
-        const EditorState after = document.state();
-        EXPECT_EQ(xmlError(after.text), "");
-        EXPECT_TRUE(Stops::canHoldCaret(document, after.caret)) << after.caret;
-        document->undo();
-        EXPECT_EQ(document.state(), before);
-        document->redo();
-        EXPECT_EQ(document.state(), after);
-    }
-
-    static void checkJoin(BrokenDocument& document, Lines expected, bool losesBlank, Way way,
-                          const EditorState& before) {
-        const Core::String broken = document.state().text;
-        const bool isLineKept = document.isLineKept();
-        const bool isMadeBefore = document.caret() <= before.caret;
-        const bool isWrapped = isLineKept && way.type == BreakType::Hard;
-        if (way.forward && (isWrapped || isMadeBefore || !document.goBackOverBreak()))
-            return;
-        document->erase(way.forward, false);
-        const Core::String joined = document.state().text;
-        if (joined == before.text || (joined == broken && isLineKept))
-            return;
-        Lines lines = document.lines();
-        if (losesBlank)
-            for (Lines* read : {&expected, &lines})
-                for (std::wstring& line : *read)
-                    std::erase(line, L' ');
-        EXPECT_EQ(firstDifference(expected, lines), "");
-    }
+/// How the document reads before the break.
+struct Original {
+    Lines lines;
+    std::wstring letters;
 };
+
+void checkJoin(BrokenDocument& document, Lines expected, bool losesBlank, Way way,
+               const EditorState& before) {
+    const Core::String broken = document.state().text;
+    const bool isLineKept = document.isLineKept();
+    const bool isMadeBefore = document.caret() <= before.caret;
+    const bool isWrapped = isLineKept && way.type == BreakType::Hard;
+    if (way.forward && (isWrapped || isMadeBefore || !document.goBackOverBreak()))
+        return;
+    document->erase(way.forward, false);
+    const Core::String joined = document.state().text;
+    if (joined == before.text || (joined == broken && isLineKept))
+        return;
+    Lines lines = document.lines();
+    if (losesBlank)
+        for (Lines* read : {&expected, &lines})
+            for (std::wstring& line : *read)
+                std::erase(line, L' ');
+    EXPECT_EQ(firstDifference(expected, lines), "");
+}
+
+void tryAt(BrokenDocument& document, int stop, Way way, const Original& original) {
+    SCOPED_TRACE(std::string(way.type == BreakType::Hard ? "hard" : "soft") +
+                 (way.forward ? ", Delete" : ", Backspace"));
+    document->setCaretPos(false, stop);
+    if (document.isAtBareLine() || (way.type == BreakType::Soft && document.isAtEndOfHeldInline()))
+        return;
+    const EditorState before = document.state();
+    const bool isBesidePassingBlank = document.isBesidePassingBlank();
+    document->insertBreak(way.type, false);
+    const EditorState after = document.state();
+    if (after.text == before.text)
+        return;
+    EXPECT_EQ(xmlError(after.text), "");
+    EXPECT_TRUE(Stops::canHoldCaret(document, after.caret)) << after.caret;
+    expectReplays(document.face(), before);
+    EXPECT_TRUE(document.letters() == original.letters);
+    checkJoin(document, original.lines, isBesidePassingBlank, way, before);
+    while (document.state() != before && document->canUndo())
+        document->undo();
+}
+
+class BreakAndJoin : public EveryDocument {};
 
 TEST_P(BreakAndJoin, ReadsAsBefore) {
     BrokenDocument document(GetParam());
-    document.fromEachStop(stopsPerDocument, [&](int stop) {
+    document.fromEachStop([&](int stop) {
         const Original original{document.lines(), document.letters()};
         for (const Way way : ways)
             tryAt(document, stop, way, original);

@@ -187,16 +187,16 @@ TEST(CaretWalkProperties, TheWalksFindTheSameStops) {
 
 TEST(CaretWalkProperties, HomeAndEndAreTheFirstAndTheLastStopOfTheFlows) {
     forEachDocument([](const WalkedDocument& document) {
+        const auto firstHome = [&](int stop, auto step) {
+            while (stop >= 0 && !document.canGoHomeTo(stop))
+                stop = (document.*step)(stop);
+            return stop;
+        };
         Moves::home(document, false);
-        int stop = document.next(0);
-        while (stop >= 0 && !document.canGoHomeTo(stop))
-            stop = document.next(stop);
-        EXPECT_EQ(document.caret(), stop);
+        EXPECT_EQ(document.caret(), firstHome(document.next(0), &WalkedDocument::next));
         Moves::end(document, false);
-        stop = document.previous(document.length() - 1);
-        while (stop >= 0 && !document.canGoHomeTo(stop))
-            stop = document.previous(stop);
-        EXPECT_EQ(document.caret(), stop);
+        EXPECT_EQ(document.caret(),
+                  firstHome(document.previous(document.length() - 1), &WalkedDocument::previous));
     });
 }
 
@@ -207,8 +207,7 @@ TEST(CaretWalkProperties, NoMoveLeavesItsRegion) {
             Moves::to(document, false, document.next(start));
             const int from = document.caret();
             for (int moves = allStops ? 200 : 10; from >= 0 && moves > 0; --moves) {
-                const bool byWord = random() % 2 == 0;
-                const bool merge = random() % 2 == 0;
+                const bool byWord = random() % 2 == 0, merge = random() % 2 == 0;
                 if (random() % 2 == 0)
                     Moves::right(document, false, byWord, merge);
                 else

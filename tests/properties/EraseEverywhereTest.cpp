@@ -4,13 +4,6 @@
 
 namespace {
 
-constexpr int stopsPerDocument = 4;
-
-struct Command {
-    bool forward;
-    bool wholeWord;
-};
-
 /// How many editable elements hold nothing that a caret could stand on.
 int countEmptied(const Document& document) {
     const XmlText& text = document.text();
@@ -37,46 +30,37 @@ bool lacksIgnoredMarkup(const Core::String& before, const Core::String& after) {
     return rest == after;
 }
 
-class EraseEverywhere : public testing::TestWithParam<std::filesystem::path> {
-protected:
-    void tryAt(StopsDocument& document, int stop, Command command) {
-        SCOPED_TRACE(GetParam().filename().string() + " at " + std::to_string(stop) +
-                     (command.forward ? ", Delete" : ", Backspace") +
-                     (command.wholeWord ? " by word" : ""));
-        document->setCaretPos(false, stop);
-        const EditorState before = document.state();
-        const int emptied = countEmptied(document);
-        document->erase(command.forward, command.wholeWord);
-        const EditorState after = document.state();
-        if (after.text == before.text)
-            return;
-        EXPECT_EQ(xmlError(after.text), "");
-        EXPECT_TRUE(after.caret == -1 || Stops::canHoldCaret(document, after.caret)) << after.caret;
-        EXPECT_LE(countEmptied(document), emptied);
-        checkHistory(document, before, after);
+void tryAt(StopsDocument& document, int stop, bool forward, bool wholeWord) {
+    SCOPED_TRACE(std::string(forward ? "Delete" : "Backspace") + (wholeWord ? " by word" : ""));
+    document->setCaretPos(false, stop);
+    const EditorState before = document.state();
+    const int emptied = countEmptied(document);
+    document->erase(forward, wholeWord);
+    const EditorState after = document.state();
+    if (after.text == before.text)
+        return;
+    EXPECT_EQ(xmlError(after.text), "");
+    EXPECT_TRUE(after.caret == -1 || Stops::canHoldCaret(document, after.caret)) << after.caret;
+    EXPECT_LE(countEmptied(document), emptied);
+    document->undo();
+    if (lacksIgnoredMarkup(before.text, document.text().content())) {
+        document->setContent(before.text, true);
+        return;
     }
+    document->redo();
+    EXPECT_EQ(document.state(), after);
+    expectReplays(document.face(), before);
+    document->undo();
+}
 
-private:
-    static void checkHistory(StopsDocument& document, const EditorState& before,
-                             const EditorState& after) {
-        document->undo();
-        if (lacksIgnoredMarkup(before.text, document.text().content())) {
-            document->setContent(before.text, true);
-            return;
-        }
-        EXPECT_EQ(document.state(), before);
-        document->redo();
-        EXPECT_EQ(document.state(), after);
-        document->undo();
-    }
-};
+class EraseEverywhere : public EveryDocument {};
 
 TEST_P(EraseEverywhere, KeepsTheDocumentWholeAndUndoes) {
     StopsDocument document(GetParam());
-    document.fromEachStop(stopsPerDocument, [&](int stop) {
+    document.fromEachStop([&](int stop) {
         for (const bool forward : {false, true})
             for (const bool wholeWord : {false, true})
-                tryAt(document, stop, {forward, wholeWord});
+                tryAt(document, stop, forward, wholeWord);
     });
 }
 

@@ -3,8 +3,7 @@
 // list count from 1. FORME_RANDOM_LIST_COMMANDS sets how many commands are tried, FORME_RANDOM_SEED
 // where the streams begin.
 
-#include "foundation/Encoder.h"
-#include "foundation/xml/DomParser.h"
+#include "foundation/XmlTesting.h"
 #include "properties/RandomCommands.h"
 #include "support/Documents.h"
 
@@ -106,10 +105,7 @@ std::string brokenLists(const Node& node) {
 }
 
 std::string brokenListsIn(const String& text) {
-    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(text);
-    Xml::DomParser parser;
-    parser.parseMemory(bytes.ptr(), bytes.size());
-    return brokenLists(*parser.getDocument()->getRootNode());
+    return brokenLists(*parse(Core::Encoder::convertStringToUTF8(text).view())->getRootNode());
 }
 
 CommandMix workInLists() {
@@ -131,9 +127,9 @@ TEST(ListStress, KeepsListsWholeInSmallDocuments) {
         if (!brokenListsIn(Core::Encoder::convertUTF8ToString(document)).empty())
             continue;
         done += perDocument;
-        const std::string failure = failureOnNew(document, "lists-" + std::to_string(seed), random,
-                                                 perDocument, workInLists());
-        EXPECT_TRUE(failure.empty()) << "seed " << seed << ": " << failure;
+        EXPECT_EQ(failureOnNew(document, "lists-" + std::to_string(seed), random, perDocument,
+                               workInLists()),
+                  "");
     }
 }
 
@@ -145,8 +141,7 @@ TEST(ListStress, KeepsListsWholeInRealDocuments) {
         if (textOf(document).find(L"<fo:list-block", 0) < 0)
             continue;
         ++tried;
-        const std::string failure = failureOn(document, random, perDocument, listCommands());
-        EXPECT_TRUE(failure.empty()) << failure;
+        EXPECT_EQ(failureOn(document, random, perDocument, listCommands()), "");
     }
     EXPECT_GT(tried, 0);
 }

@@ -113,13 +113,13 @@ private:
     void checkStep(const ScenarioStep& step, const EditorState& before, bool couldUndo) {
         const EditorState after = current();
         session_.document().undo();
-        if (current() != before || session_.document().canUndo() != couldUndo)
-            fail(step.line,
-                 "undone, it is\n" + show(current(), false) + "\nbut was\n" + show(before, false));
+        require(step.line, "undone", before);
+        if (session_.document().canUndo() != couldUndo)
+            fail(step.line, "it is not one step");
         session_.document().redo();
-        if (current() != after || session_.document().canRedo())
-            fail(step.line,
-                 "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(after, false));
+        require(step.line, "redone", after);
+        if (session_.document().canRedo())
+            fail(step.line, "redone, it can be redone");
     }
 
     void checkNotices(const ScenarioStep& step, const EditorState& before,
@@ -153,14 +153,17 @@ private:
             return;
         while (document.canUndo())
             document.undo();
-        if (current() != first_)
-            fail(scenario_.line,
-                 "undone, it is\n" + show(current(), false) + "\nbut was\n" + show(first_, false));
+        require(scenario_.line, "undone", first_);
         while (document.canRedo())
             document.redo();
-        if (!replays_ && current() != last_)
-            fail(scenario_.line,
-                 "redone, it is\n" + show(current(), false) + "\nbut was\n" + show(last_, false));
+        if (!replays_)
+            require(scenario_.line, "redone", last_);
+    }
+
+    void require(int line, const std::string& when, const EditorState& state) {
+        if (current() != state)
+            fail(line,
+                 when + ", it is\n" + show(current(), false) + "\nbut was\n" + show(state, false));
     }
 
     [[noreturn]] static void fail(int line, const std::string& what) {
@@ -263,7 +266,7 @@ private:
 
     void readContent(Scenario& scenario, const std::string& line) {
         static const std::regex arrow(
-            R"re((?:^| )-("[^"]*"|\[.*?\](?: => .*?)?|[A-Z][A-Za-z+]*)->(?= |$))re");
+            R"re((?:^| )-("[^"]*"|\[.*?\](?: => .*?)?|[A-Z][A-Za-z+]*(?: .*?)?)->(?= |$))re");
         std::smatch found;
         if (!std::regex_search(line, found, arrow))
             return readText(scenario, line);
@@ -306,9 +309,12 @@ private:
             return key;
         if (key.starts_with('"'))
             return R"(["insertText",)" + key + ",false,false]";
+        const std::size_t result = std::min(key.find(" => "), key.size());
+        const std::string pressed = key.substr(0, result);
         for (const auto& [name, request] : keys_)
-            if (name == key)
-                return request;
+            if (std::smatch found;
+                name == pressed || std::regex_match(pressed, found, std::regex(name)))
+                return (found.empty() ? request : found.format(request)) + key.substr(result);
         throw std::runtime_error("line " + std::to_string(number_) + ": no key: " + key);
     }
 

@@ -31,12 +31,14 @@ struct Scenario {
 ///     <B>one|two</B> -Enter-> <B>one</B>¶<B>|two</B> -Backspace-> <B>one|two</B>
 ///
 /// A command is an arrow: "-Key->", "-"text"->" for typing, "-[request]->" or, where its result
-/// matters, "-[request] => json->". "¶" is a line feed, and a text may also go over several lines;
-/// blank lines at its end do not count. A line that begins with an arrow goes on with the row
-/// before it. One that begins with a text and has an arrow is a further case under the same title.
+/// matters, "-[request] => json->" or "-Key => json->". "¶" is a line feed, and a text may also go
+/// over several lines; blank lines at its end do not count. A line that begins with an arrow goes
+/// on with the row before it. One that begins with a text and has an arrow is a further case under
+/// the same title.
 ///
-/// At the top of a file "! key NAME = [request]" names a key and "! let SHORT = LONG" a short form;
-/// below a title "! not-undoable: why" takes its cases out of the check that undo and redo bring
+/// At the top of a file "! let SHORT = LONG" names a short form and "! key NAME = [request]" a key.
+/// The name may be a pattern, whose parts stand in the request as $1 and $2: "! key Find (.*) = …".
+/// Below a title "! not-undoable: why" takes its cases out of the check that undo and redo bring
 /// everything back.
 std::vector<Scenario> readScenarios(const std::string& path);
 

@@ -58,10 +58,7 @@ public:
             listMisspeltWords({(samplesFolder() / sample).string(), dictionaries}, checker, *this);
         EXPECT_EQ(count, static_cast<int>(words.size()));
     }
-    void onProgress(double part) override {
-        EXPECT_LE(progress, part);
-        progress = part;
-    }
+    void onProgress(double) override {}
     void onMisspeltWord(const std::string& lines) override {
         const std::size_t start = lines.find(": ") + 2;
         words.push_back(lines.substr(start, lines.find(": ", start) - start));
@@ -69,7 +66,6 @@ public:
 
     CountingChecker checker;
     std::vector<std::string> words;
-    double progress = 0;
 };
 
 using Words = std::vector<std::string>;

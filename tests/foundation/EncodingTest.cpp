@@ -1,14 +1,15 @@
-#include "foundation/XmlReader.h"
+#include "foundation/Encoder.h"
 #include "foundation/FileStream.h"
 #include "foundation/MemoryStream.h"
 #include "foundation/Messages.h"
 #include "foundation/TemporaryFolder.h"
+#include "foundation/XmlReader.h"
+#include "foundation/XmlWriter.h"
 
 #include <gtest/gtest.h>
 
 using namespace Core;
 using namespace Core::IO;
-
 using namespace std::string_literals;
 
 namespace {
@@ -126,6 +127,82 @@ TEST(TextReader, ReadsFromThePositionAndLooksForNoDeclaration) {
     EXPECT_EQ(reader.readToEnd(), L"<?xml version='1.0' encoding='ISO-8859-1'?>\xE9");
     EXPECT_EQ(TextReader(new MemoryStream(ByteArray("\xFE\xFF\x20\xAC"))).readToEnd(), L"\x20AC");
     EXPECT_TRUE(TextReader(new MemoryStream).readToEnd().empty());
+}
+
+std::string utf8(const String& text) {
+    return std::string(Encoder::convertStringToUTF8(text).view());
+}
+
+std::string refusalOf(std::string_view bytes) {
+    return messageOf([&] { Encoder::convertUTF8ToString(bytes); });
+}
+
+TEST(Encoder, EveryCharacterIsWhatItsBytesSay) {
+    EXPECT_EQ(utf8(L"\x7F\x80\x7FF\x800\xD7FF\xE000\xFFFF\U00010000\U0010FFFF"),
+              "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF"
+              "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
+
+    std::wstring all(40, L'\x80');
+    for (wchar_t ch = 0; ch <= 0x10FFFF; ++ch) {
+        if (ch < 0xD800 || ch > 0xDFFF)
+            all += ch;
+    }
+    const String text{std::wstring_view(all)};
+    EXPECT_EQ(text.length(), 40 + 0x10000 - 0x800 + 2 * 0x100000);
+    EXPECT_TRUE(Encoder::convertUTF8ToString(utf8(text)) == text);
+}
+
+TEST(Encoder, BytesThatAreNoUtf8AreRefusedWithTheirPlace) {
+    EXPECT_EQ(refusalOf("abc\x80"), "byte 3: stray UTF-8 continuation byte");
+    EXPECT_EQ(refusalOf("\xC3"), "byte 0: truncated UTF-8 sequence");
+    EXPECT_EQ(refusalOf("0123456789\xE2\x82z"), "byte 10: truncated UTF-8 sequence");
+    EXPECT_EQ(refusalOf("a\xC0\xAF"), "byte 1: overlong UTF-8 sequence");
+    EXPECT_EQ(refusalOf("\xED\xBF\xBF"), "byte 0: UTF-8 encoded surrogate");
+    EXPECT_EQ(refusalOf("a\xF0\x8F\xBF\xBF"), "byte 1: overlong UTF-8 sequence");
+    EXPECT_EQ(refusalOf("\xED\xA0\x80"), "byte 0: UTF-8 encoded surrogate");
+    EXPECT_EQ(refusalOf("\xF4\x90\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");
+    EXPECT_EQ(refusalOf("\xF8\x88\x80\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");
+    EXPECT_EQ(refusalOf("\xFF"), "byte 0: byte that UTF-8 never uses");
+}
+
+TEST(Encoder, ALoneSurrogateIsShownButNeverWritten) {
+    const wchar_t high = 0xD83D;
+    const wchar_t low = 0xDE00;
+    const String reversed{std::wstring{L'a', low, high}};
+    const String cut{std::wstring{L'a', high, low, high}};
+    EXPECT_EQ(messageOf([&] { utf8(reversed); }), "code unit 1: lone surrogate");
+    EXPECT_EQ(messageOf([&] { utf8(cut); }), "code unit 3: lone surrogate");
+    EXPECT_EQ(Encoder::toDisplayText(reversed), "a\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(Encoder::toDisplayText(L"\U0001F600"), "\xF0\x9F\x98\x80");
+}
+
+TEST(XmlWriter, WhatItWritesTheReaderReadsAcrossAllChunks) {
+    for (std::size_t run : {32766U, 32767U, 32768U, 65532U, 65533U, 65534U, 65535U, 65536U}) {
+        const String text{std::wstring_view(std::wstring(run, L'x') + L"\U0001F600\r\n\x20AC" +
+                                            std::wstring(run, L'\xE9'))};
+        for (Encoding encoding : {Encoding::UTF8, Encoding::UTF16LE}) {
+            SmartPtr<MemoryStream> stream = new MemoryStream;
+            XmlWriter(stream.get(), encoding, XmlWriter::withMark).write(text);
+            stream->seek(0, SeekOrigin::Begin);
+            EXPECT_TRUE(XmlReader(stream.get()).readToEnd() == text) << run;
+        }
+    }
+}
+
+TEST(XmlWriter, ALoneSurrogateIsRefusedAndTheOldFileStays) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.put("letter.xml", "old");
+    const String text = String(L'x', 40000) + String(L'\xD83D', 1) + L"z";
+    {
+        SmartPtr<FileStream> file = new FileStream(path.c_str(), true, true, false);
+        XmlWriter writer(file.get(), Encoding::UTF8, XmlWriter::withoutMark);
+        EXPECT_TRUE(messageOf([&] {
+                        writer.write(text);
+                    }).ends_with("/letter.xml: code unit 40000: lone surrogate"));
+        EXPECT_EQ(file->length(), 0);
+    }
+    EXPECT_EQ(folder.bytesOf("letter.xml"), "old");
+    EXPECT_EQ(folder.fileCount(), 1);
 }
 
 } // namespace
