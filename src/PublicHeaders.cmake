@@ -65,6 +65,7 @@ set(FORME_PUBLIC_HEADERS
   tables/EditableTableBuffer.h
   tables/TableRowGroupType.h
   text/EditableXmlBuffer.h
+  text/TextView.h
   text/XmlCharacters.h
   text/XmlElementType.h
   text/XmlValidator.h

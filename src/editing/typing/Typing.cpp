@@ -31,7 +31,7 @@ using XmlScan::Text;
 
 namespace {
 
-constexpr const wchar_t* entity = L"&#x00A0;";
+constexpr wchar_t entity[] = L"&#x00A0;";
 constexpr int entityLength = 8;
 
 bool isPlaceholder(const String& text) {
@@ -59,7 +59,7 @@ public:
             indenter.result_ += XmlScan::slice(xml, done, tag);
             done = indenter.appendElement(tag);
         }
-        return indenter.result_.append(XmlScan::slice(xml, done, size));
+        return indenter.result_ += XmlScan::slice(xml, done, size);
     }
 
 private:
