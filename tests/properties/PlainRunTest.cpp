@@ -67,6 +67,16 @@ public:
         ASSERT_EQ(document.text().isKnownRegular(), longer.text().isKnownRegular()) << request;
     }
 
+    void expectSameLength() {
+        std::vector<int> counts;
+        both([&](Session& session) {
+            EditActionStack history = Document::of(session.document()).history;
+            for (counts.push_back(0); history.hasMoreUndoActions(); ++counts.back())
+                history.getUndoAction();
+        });
+        EXPECT_EQ(counts[0], counts[1]);
+    }
+
     /// Leaves room in the history for so many records.
     void fillHistory(int room) {
         both([&](Session& session) {
@@ -173,6 +183,7 @@ TEST(PlainRuns, AreTypedAsByTheRulesInStreamsOfCommands) {
             else
                 both.type(anyKey(random));
         }
+        both.expectSameLength();
         typed += both.typed();
         erased += both.erased();
     }

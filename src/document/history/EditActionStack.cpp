@@ -93,12 +93,9 @@ void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
 }
 
 bool EditActionStack::growTyping(int position, wchar_t unit) {
-    // Before they are merged, a key makes so many records, for which the limit may let others go.
-    constexpr int recordsOfKey = 6;
     EditAction* const caret = undoActions_.ownFromBack(0);
     EditAction* const inserted = undoActions_.ownFromBack(1);
-    if (!inserted || !redoActions_.empty() || !hasRoomFor(recordsOfKey) ||
-        !TypingRun::mayGrow(*inserted, *caret, position))
+    if (!inserted || !redoActions_.empty() || !TypingRun::mayGrow(*inserted, *caret, position))
         return false;
     inserted->append(unit);
     *caret = caretRecord(position + 1);
@@ -122,6 +119,17 @@ void EditActionStack::addStep(std::vector<Entry> entries, const EditAction& perf
         push(std::move(entry.record));
     }
     redoActions_.clear();
+}
+
+/// Before they are merged, a key makes six records. For each but the markers of its group the
+/// oldest entry goes at the limit.
+void EditActionStack::trimTyping() noexcept {
+    std::size_t made = 0;
+    for (const bool isMarker : {true, false, false, false, true, false}) {
+        if (!isMarker && !hasRoomFor(made + 1) && undoActions_.size() > 2)
+            undoActions_.dropFront();
+        ++made;
+    }
 }
 
 unsigned EditActionStack::openGroup() {

@@ -50,6 +50,8 @@ public:
     bool growTyping(int position, wchar_t unit);
     /// Takes that back.
     void shrinkTyping();
+    /// Ends it: lets the entries go that recording would have let go.
+    void trimTyping() noexcept;
     /// Whether so many entries can be recorded and the oldest stays.
     bool hasRoomFor(std::size_t count) const {
         return undoActions_.size() + count <= static_cast<std::size_t>(limit_);

@@ -44,6 +44,7 @@ bool PlainRun::type(Document& document, const String& text) {
         document.history.shrinkTyping();
         throw;
     }
+    document.history.trimTyping();
     if (isRegular)
         document.text().noteRegular();
     PlainPlace::follow(document);
