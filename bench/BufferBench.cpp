@@ -27,7 +27,7 @@ public:
     using EditableXmlBuffer::getNextEditablePositionInXml;
     using EditableXmlBuffer::getPreviousEditablePositionInXml;
 
-    int find(const wchar_t* what) const { return text().find(what, 0); }
+    int find(TextView what) const { return text().find(what, 0); }
     int length() const { return text().length(); }
     /// An offset in the middle of the document that stands in the text of a block.
     int middle() const { return text().find(L" the ", length() / 2) + 1; }

@@ -1,5 +1,6 @@
 // A person's typing, replayed keystroke by keystroke into one block of a document.
 
+#include "Allocations.h"
 #include "EditingTrace.h"
 #include "GeneratedDocument.h"
 
@@ -186,11 +187,20 @@ double medianMicroseconds(std::vector<Clock::duration>& times) {
     return std::chrono::duration<double, std::micro>(*middle).count();
 }
 
+/// What each of the operations took, and the allocations of them all.
+struct Costs {
+    std::vector<Clock::duration> times;
+    long long allocated = 0;
+};
+
 template <typename Operation>
-void timed(std::vector<Clock::duration>& times, Operation operation) {
+void timed(Costs& costs, Operation operation) {
+    const long long allocatedBefore = allocations();
     const Clock::time_point begun = Clock::now();
     operation();
-    times.push_back(Clock::now() - begun);
+    const Clock::duration time = Clock::now() - begun;
+    costs.allocated += allocations() - allocatedBefore;
+    costs.times.push_back(time);
 }
 
 int columnOf(int index, const std::string& text) {
@@ -199,8 +209,7 @@ int columnOf(int index, const std::string& text) {
     return end == std::string::npos ? index : index - static_cast<int>(end) - 1;
 }
 
-void replay(Typist& typist, const EditingTrace& trace, std::size_t most,
-            std::vector<Clock::duration>& times) {
+void replay(Typist& typist, const EditingTrace& trace, std::size_t most, Costs& costs) {
     std::string written;
     for (const Patch& patch : trace.patches) {
         const int behind = patch.position + patch.deleted;
@@ -209,7 +218,7 @@ void replay(Typist& typist, const EditingTrace& trace, std::size_t most,
             typist.goTo(backward ? behind - i : patch.position, written);
             const char character =
                 written[static_cast<std::size_t>(typist.index() - (backward ? 1 : 0))];
-            timed(times, [&] {
+            timed(costs, [&] {
                 if (character != '\n' && typist.isInBlankLine())
                     typist.eraseBlankInBlankLine();
                 else if (backward)
@@ -223,11 +232,11 @@ void replay(Typist& typist, const EditingTrace& trace, std::size_t most,
         }
         typist.goTo(patch.position, written);
         for (const char character : patch.inserted)
-            timed(times, [&] { typist.typeCharacter(character); });
+            timed(costs, [&] { typist.typeCharacter(character); });
         written.insert(static_cast<std::size_t>(patch.position), patch.inserted);
         const int end = patch.position + static_cast<int>(patch.inserted.size());
         typist.noteIndex(end, columnOf(end, written));
-        if (times.size() >= most)
+        if (costs.times.size() >= most)
             return;
     }
 }
@@ -241,14 +250,17 @@ void typing(benchmark::State& state, const char* name, std::size_t most) {
     const EditingTrace trace = readTrace(path);
     for (auto _ : state) {
         const SmartPtr<Typist> typist(new Typist(state.range(0)));
-        std::vector<Clock::duration> times;
-        replay(*typist, trace, most, times);
+        Costs costs;
+        replay(*typist, trace, most, costs);
+        std::vector<Clock::duration>& times = costs.times;
         Clock::duration total{};
         for (const Clock::duration time : times)
             total += time;
         state.SetIterationTime(std::chrono::duration<double>(total).count());
         state.counters["operations"] = static_cast<double>(times.size());
         state.counters["median_us"] = medianMicroseconds(times);
+        state.counters["allocations"] =
+            static_cast<double>(costs.allocated) / static_cast<double>(times.size());
         if (times.size() < most && typist->plainText() != asBlocks(trace.endContent))
             state.SkipWithError("the text at the end is not what was typed");
     }

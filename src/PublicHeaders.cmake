@@ -68,6 +68,7 @@ set(FORME_PUBLIC_HEADERS
   tables/TableElements.h
   tables/TableRowGroupType.h
   text/EditableXmlBuffer.h
+  text/TextView.h
   text/XmlCharacters.h
   text/XmlElementType.h
   text/XmlValidator.h

@@ -7,6 +7,6 @@
 inline bool isBlockLevelTag(const XmlText& text, int position) {
     XmlScan::Text name = text.tagName(position);
     if (name.starts_with(L'/'))
-        name.remove_prefix(1);
+        name = name.substr(1);
     return XmlScan::contains(Vocabulary::blockLevel, name);
 }

@@ -103,6 +103,17 @@ void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivo
     placeCaretAfterEdit(caret, pivot);
 }
 
+void Document::typeUnrecorded(const String& xml) {
+    text_.insert(caret_, xml);
+    caret_ += xml.length();
+    pivot_ = caret_;
+}
+
+void Document::takeUnrecorded(int position) {
+    text_.erase(position, position + 1);
+    caret_ = pivot_ = position;
+}
+
 void Document::placeCaretAfterEdit(int caret, int pivot) {
     CommandScope scope(*this); // the monitor hears of the text before the caret
     placeCaret(false, pivot);  // also where it is kept out of: it goes along with its text

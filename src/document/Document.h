@@ -74,6 +74,11 @@ public:
     /// Puts `xml` in the place of `start` up to but excluding `end`, after which caret and pivot
     /// stand where the caller has worked out.
     void rewriteUnrecorded(int start, int end, const Core::String& xml, int pivot, int caret);
+    /// Inserts at the caret, which goes behind that. Nothing may be selected; whoever types tells
+    /// the monitor.
+    void typeUnrecorded(const Core::String& xml);
+    /// Removes the unit at the position, to which the caret goes, likewise.
+    void takeUnrecorded(int position);
     /// Takes another text, in which the caret goes to its first place.
     void replaceText(const Core::String& content);
     /// Where an offset goes when `start` through `end` are removed.
@@ -85,6 +90,14 @@ public:
     /// The group that a run of typing keeps open, so that it is one undo step.
     std::optional<unsigned> typingGroup;
     void endTyping();
+    /// Where the last key left the caret and the text, and what is known of the place, so that the
+    /// next may go on without a question.
+    struct KnownPlace {
+        int caret = -1;
+        unsigned version = 0;
+        bool isErasable = false; ///< in a flow or static content and in no list
+    };
+    KnownPlace knownPlace;
 
     /// Records of what was done. An insertion or a deletion is recorded by Edit, which does it.
     void recordCaret();

@@ -138,8 +138,8 @@ void EditableDocumentBuffer::saveToFile(const String& path, DocumentEncoding enc
     if (!arguments)
         return;
     const SmartPtr<Core::IO::FileStream> file(new Core::IO::FileStream(path, true, true, false));
-    Core::IO::XmlWriter(file.get(), arguments->encoding, arguments->mark)
-        .write(document.text().content());
+    Core::IO::XmlWriter writer(file.get(), arguments->encoding, arguments->mark);
+    document.text().forEachStretch([&](TextView stretch) { writer.write(String(stretch)); });
     file->commit();
 }
 

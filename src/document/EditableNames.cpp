@@ -7,7 +7,7 @@ void EditableNames::add(Names& names, const Core::String& name) {
         names.push_back(name);
 }
 
-bool EditableNames::contains(const Names& names, std::wstring_view name) {
+bool EditableNames::contains(const Names& names, TextView name) {
     return std::any_of(names.begin(), names.end(),
                        [&](const Core::String& known) { return known.view() == name; });
 }

@@ -2,30 +2,12 @@
 
 #include "text/MarkupChange.h"
 
-#include <vector>
-
-using XmlScan::Text;
-
 namespace {
 
 /// For the group, which begins behind the run of typing and not within it.
 Document& afterTyping(Document& document) {
     document.endTyping();
     return document;
-}
-
-/// What stands in the flows.
-std::vector<Text> flowsOf(Text text) {
-    std::vector<Text> flows;
-    for (int tag = XmlScan::nextTag(text, 0); tag >= 0;
-         tag = XmlScan::nextTag(text, XmlScan::stepForward(text, tag))) {
-        if (XmlScan::tagName(text, tag) != L"fo:flow")
-            continue;
-        const int closing = XmlScan::closingTag(text, tag);
-        if (closing > tag)
-            flows.push_back(XmlScan::slice(text, XmlScan::stepForward(text, tag), closing));
-    }
-    return flows;
 }
 
 } // namespace
@@ -43,8 +25,7 @@ RecordedCommand::~RecordedCommand() noexcept(false) {
 
 bool RecordedCommand::mayStand() const {
     const XmlText& text = document_.text();
-    if (document_.modes.pageMasters &&
-        flowsOf(text.contentAt(before_.text()).view()) != flowsOf(text.view(0, text.length())))
+    if (document_.modes.pageMasters && !text.keepsContentOf(L"fo:flow", before_.text()))
         return false;
     return MarkupChange(text, before_.text()).keepsWellFormed();
 }

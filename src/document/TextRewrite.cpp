@@ -51,8 +51,8 @@ int TextRewrite::apply() {
     rewritten.reserve(static_cast<std::size_t>(room));
     int copied = start;
     for (const Replacement& replacement : replacements_) {
-        rewritten.append(document_.text().view(copied, replacement.start))
-            .append(replacement.xml.view());
+        rewritten += document_.text().view(copied, replacement.start);
+        rewritten += replacement.xml.view();
         copied = replacement.end;
     }
     replacements_.clear();

@@ -31,7 +31,9 @@ void TextWriter::write(const String& text) {
     std::wstring_view rest = text.view();
     const std::size_t unpaired = Transcoding::findUnpaired(rest);
     if (unpaired != std::wstring_view::npos)
-        stream_->fail(L"code unit " + String(std::to_wstring(unpaired)) + L": lone surrogate");
+        stream_->fail(L"code unit " + String(std::to_wstring(written_ + unpaired)) +
+                      L": lone surrogate");
+    written_ += rest.size();
     while (!rest.empty()) {
         const std::size_t count = nextChunk(rest);
         writeUnits(rest.substr(0, count));

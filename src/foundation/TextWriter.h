@@ -22,7 +22,8 @@ public:
 
     /// Writes `text` as it stands, line ends included. Surrogate pairs come out as one character; a
     /// pair must not be divided between two calls. A lone surrogate raises Core::Exception with the
-    /// name of the stream and the offset in `text`, and nothing of `text` is written.
+    /// name of the stream and the offset in all that was given to be written, and nothing of `text`
+    /// is written.
     void write(const String& text);
 
 private:
@@ -31,6 +32,7 @@ private:
     SmartPtr<Stream> stream_;
     Encoding encoding_;
     ByteArray bytes_;
+    std::size_t written_ = 0; // units, without the mark
 };
 
 } // namespace Core::IO

@@ -78,7 +78,7 @@ private:
         const int parent = text_.elementAround(element);
         if (isItemBody)
             putLabelInFront(parent, element);
-        putContainersInFront(parent, isItemBody ? L"fo:list-block" : L"fo:table");
+        putContainersInFront(parent, isItemBody ? Text(L"fo:list-block") : Text(L"fo:table"));
     }
 
     void putLabelInFront(int item, int body) {
@@ -87,7 +87,7 @@ private:
             label = text_.nextTag(text_.behindElement(label));
         const bool alreadyInRange = start_ <= text_.closingTag(label);
         if (label >= 0 && label < body && !alreadyInRange)
-            front_.insert(0, text_.view(label, body));
+            front_.insert(0, std::wstring(text_.view(label, body)));
     }
 
     /// Opens all elements from the container down to `parent` in front, to be closed at the end.
@@ -118,10 +118,10 @@ private:
 
     void putStartTagInFront(int element) {
         if (element >= 0)
-            front_.insert(0, wholeTag(text_, element));
+            front_.insert(0, std::wstring(wholeTag(text_, element)));
     }
 
-    void appendClosingTag(Text name) { body_.append(L"</").append(name).append(L">"); }
+    void appendClosingTag(Text name) { body_ += L"</" + std::wstring(name) + L">"; }
 
     const XmlText& text_;
     int start_;

@@ -52,14 +52,14 @@ bool knowsNames(Text prolog, const MarkupMatcher& met) {
     std::wstring document(prolog);
     const auto refer = [&document](const std::set<Text>& entities) {
         for (const Text entity : entities)
-            document.append(L"&").append(entity).append(L";");
+            document += L"&" + std::wstring(entity) + L";";
     };
     document += L"<r k=\"";
     refer(met.entitiesInValues());
     document += L"\">";
     refer(met.entitiesInText());
     for (const Text name : met.foreignNames())
-        document.append(L"<").append(name).append(L"/>");
+        document += L"<" + std::wstring(name) + L"/>";
     return Xml::isWellFormed(String(document += L"</r>"));
 }
 
@@ -73,7 +73,7 @@ bool isWhole(Text text) {
     if (!element.readElement() || !knowsNames(prolog, element))
         return false;
     const Text epilog = XmlScan::slice(text, root + element.position(), length(text));
-    return Xml::isWellFormed(String(std::wstring(prolog).append(L"<r/>").append(epilog)));
+    return Xml::isWellFormed(String(std::wstring(prolog) + L"<r/>" + std::wstring(epilog)));
 }
 
 /// Whether it is text that means the same in every document.
@@ -116,9 +116,11 @@ void MarkupChange::findDifference() {
     const auto start = std::mismatch(old.begin(), old.end(), part.begin(), part.end());
     const auto end = std::mismatch(old.rbegin(), std::make_reverse_iterator(start.first),
                                    part.rbegin(), std::make_reverse_iterator(start.second));
-    start_ += static_cast<int>(start.first - old.begin());
-    behind_ += static_cast<int>(end.first - old.rbegin());
-    oldPart_ = std::wstring(start.first, end.first.base());
+    const auto same = static_cast<std::size_t>(start.first - old.begin());
+    const auto sameBehind = static_cast<std::size_t>(end.first - old.rbegin());
+    start_ += static_cast<int>(same);
+    behind_ += static_cast<int>(sameBehind);
+    oldPart_ = oldPart_.substr(same, oldPart_.size() - same - sameBehind);
 }
 
 bool MarkupChange::isInRoot() const {
@@ -143,14 +145,17 @@ int MarkupChange::oldUnitStart() const {
     const int markup = text_.markupAround(start_);
     if (markup >= 0)
         return markup;
-    const Text front = XmlScan::slice(after_, content_, start_);
-    const Text rest = XmlScan::slice(after_, length(after_) - behind_, length(after_));
-    const std::size_t from = std::min(front.find_last_of(XmlScan::behindEntityName), front.size());
-    const std::size_t to = std::min(rest.find_first_of(XmlScan::behindEntityName), rest.size() - 1);
-    const std::wstring word =
-        std::wstring(front.substr(from)).append(oldPart_).append(rest.substr(0, to + 1));
-    const int at = static_cast<int>(front.size() - from);
-    return start_ - at + XmlScan::unitStartInText(word, at);
+    int from = start_;
+    while (from > content_ && !XmlScan::endsEntityName(XmlScan::unitAt(after_, from - 1)))
+        --from;
+    from = from > content_ ? from - 1 : start_;
+    int to = length(after_) - behind_;
+    while (to < length(after_) - 1 && !XmlScan::endsEntityName(XmlScan::unitAt(after_, to)))
+        ++to;
+    std::wstring word(XmlScan::slice(after_, from, start_));
+    word += oldPart_;
+    word += XmlScan::slice(after_, length(after_) - behind_, to + 1);
+    return from + XmlScan::unitStartInText(word, start_ - from);
 }
 
 Text MarkupChange::newPart() const {
@@ -169,7 +174,7 @@ void MarkupChange::widenToWholeUnits() {
 }
 
 void MarkupChange::startAt(int position) {
-    oldPart_.insert(0, XmlScan::slice(after_, position, start_));
+    oldPart_.insert(0, std::wstring(XmlScan::slice(after_, position, start_)));
     start_ = position;
 }
 
@@ -239,10 +244,20 @@ bool MarkupChange::partFits() const {
     return knowsNames(prolog, after) || !knowsNames(prolog, before);
 }
 
+bool MarkupChange::noteRegular() const {
+    const bool isRegular =
+        mark_.isRegular() && (isPlain_ || (!isAroundRoot_ && XmlValidator::isRegular(newPart())));
+    if (isRegular)
+        text_.noteRegular();
+    return isRegular;
+}
+
 /// A document type that declares something does not pass for tags; such a text is only parsed.
 bool MarkupChange::keepsLexicallyValid() const {
     const bool isLocal = mark_.isRegular() && !isAroundRoot_;
-    if (XmlValidator::isRegular(isLocal ? newPart() : after_)) {
+    if (isLocal && noteRegular())
+        return true;
+    if (!isLocal && XmlValidator::isRegular(after_)) {
         text_.noteRegular();
         return true;
     }
@@ -256,8 +271,7 @@ bool MarkupChange::keepsToCharacters() const {
 
 bool MarkupChange::keepsWellFormed() const {
     if (isPlain_) {
-        if (mark_.isRegular())
-            text_.noteRegular();
+        noteRegular();
         return true;
     }
     if (!keepsToCharacters() || !keepsLexicallyValid())

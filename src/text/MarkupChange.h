@@ -16,6 +16,10 @@ public:
     /// lexically valid if it was. A change of what was neither may be anything, but for what no
     /// document can hold.
     bool keepsWellFormed() const;
+    /// Whether nothing differs but text, so that the markup around it stays what it is.
+    bool isPlain() const { return isPlain_; }
+    /// Lets the text know that it is regular, where what changed tells that it still is.
+    bool noteRegular() const;
 
 private:
     using Text = XmlScan::Text;

@@ -5,7 +5,7 @@
 namespace {
 
 /// A scan over so much costs less than a command.
-constexpr int distance = 2048;
+constexpr int distance = 256;
 
 } // namespace
 

@@ -1,7 +1,6 @@
 #include "text/XmlScan.h"
 
 #include "foundation/String.h"
-#include "foundation/UnitSearch.h"
 
 namespace XmlScan {
 
@@ -77,9 +76,9 @@ Text attributeValue(Text text, int position) noexcept {
 }
 
 int findQuote(Text text, int position) noexcept {
-    return position < 0 ? -1
-                        : Core::UnitSearch::forwardEither(text, L'"', L'\'',
-                                                          static_cast<unsigned>(position));
+    return position < 0
+               ? -1
+               : static_cast<int>(text.findEither(L'"', L'\'', static_cast<unsigned>(position)));
 }
 
 } // namespace XmlScan

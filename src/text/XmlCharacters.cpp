@@ -14,7 +14,7 @@ bool isForbidden(wchar_t unit) noexcept {
 
 } // namespace
 
-std::size_t XmlCharacters::countForbidden(std::wstring_view text) noexcept {
+std::size_t XmlCharacters::countForbidden(TextView text) noexcept {
     std::size_t count = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const bool isPair =

@@ -1,7 +1,6 @@
 #include "text/XmlScan.h"
 
 #include "foundation/String.h"
-#include "foundation/UnitSearch.h"
 #include "text/ElementMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/TagQuotes.h"
@@ -117,6 +116,14 @@ bool isInsidePair(Text text, int position) noexcept {
     return isSurrogate(position - 1, 0xD800) && isSurrogate(position, 0xDC00);
 }
 
+/// Whether what begins at the position can be something else than the tag of an element.
+bool declarationAt(Text text, int position) noexcept {
+    if (!isValid(text, position) || !isValid(text, position + 1) || unitAt(text, position) != L'<')
+        return false;
+    const wchar_t second = unitAt(text, position + 1);
+    return second == L'!' || second == L'?';
+}
+
 /// The first unit at or after `from` that ends the name of a tag; -1 if none.
 int nameEnd(Text text, int from) noexcept {
     for (int end = from; isValid(text, end); ++end) {
@@ -129,7 +136,7 @@ int nameEnd(Text text, int from) noexcept {
 
 /// The next `<` or `&` at or after a valid position: all between is one step a unit.
 int skipPlainText(Text text, int position) noexcept {
-    return Core::UnitSearch::forwardEither(text, L'<', L'&', static_cast<unsigned>(position));
+    return static_cast<int>(text.findEither(L'<', L'&', static_cast<unsigned>(position)));
 }
 
 /// The offset after the `<` or `&` at `position` and what belongs to it, to the exact end also
@@ -140,10 +147,13 @@ int markupEnd(Text text, int position) noexcept {
     };
     if (unitAt(text, position) == L'&') {
         // An "&" that opens no entity is a unit by itself.
-        const std::size_t end =
-            text.find_first_of(behindEntityName, static_cast<std::size_t>(position) + 1);
-        return end != Text::npos && text[end] == L';' ? static_cast<int>(end) + 1 : position + 1;
+        int end = position + 1;
+        while (isValid(text, end) && !endsEntityName(unitAt(text, end)))
+            ++end;
+        return isValid(text, end) && unitAt(text, end) == L';' ? end + 1 : position + 1;
     }
+    if (!declarationAt(text, position))
+        return behind(tagEnd(text, position + 1), L">");
     if (commentAt(text, position))
         return behindDelimiter(commentStart, commentEnd);
     if (cdataAt(text, position))
@@ -210,19 +220,19 @@ int innermostOpenTagOfFragment(Text text, int position, IsSkipped isSkipped) {
 } // namespace
 
 int find(Text text, wchar_t unit, int start) noexcept {
-    return start < 0 ? -1 : Core::UnitSearch::forward(text, unit, static_cast<unsigned>(start));
+    return start < 0 ? -1 : static_cast<int>(text.find(unit, static_cast<unsigned>(start)));
 }
 
 int find(Text text, Text what, int start) noexcept {
-    return start < 0 ? -1 : Core::UnitSearch::forward(text, what, static_cast<unsigned>(start));
+    return start < 0 ? -1 : static_cast<int>(text.find(what, static_cast<unsigned>(start)));
 }
 
 int rFind(Text text, wchar_t unit, int start) noexcept {
-    return start < 0 ? -1 : Core::UnitSearch::backward(text, unit, static_cast<unsigned>(start));
+    return start < 0 ? -1 : static_cast<int>(text.rfind(unit, static_cast<unsigned>(start)));
 }
 
 int rFind(Text text, Text what, int start) noexcept {
-    return start < 0 ? -1 : Core::UnitSearch::backward(text, what, static_cast<unsigned>(start));
+    return start < 0 ? -1 : static_cast<int>(text.rfind(what, static_cast<unsigned>(start)));
 }
 
 bool standsAt(Text text, Text what, int position) noexcept {
@@ -251,7 +261,8 @@ bool instructionAt(Text text, int position) noexcept {
 }
 
 bool ignoredAt(Text text, int position) noexcept {
-    return commentAt(text, position) || cdataAt(text, position) || instructionAt(text, position);
+    return declarationAt(text, position) &&
+           (commentAt(text, position) || cdataAt(text, position) || instructionAt(text, position));
 }
 
 bool selfClosingAt(Text text, int position) noexcept {
@@ -266,8 +277,10 @@ bool closingAt(Text text, int position) noexcept {
 }
 
 bool openingAt(Text text, int position) noexcept {
-    return onTagStart(text, position) && !closingAt(text, position) && !ignoredAt(text, position) &&
-           !documentTypeAt(text, position) && !selfClosingAt(text, position);
+    return onTagStart(text, position) && !closingAt(text, position) &&
+           !(declarationAt(text, position) &&
+             (ignoredAt(text, position) || documentTypeAt(text, position))) &&
+           !selfClosingAt(text, position);
 }
 
 Text tagName(Text text, int position) noexcept {
@@ -376,7 +389,7 @@ int unitStartInText(Text text, int position) noexcept {
     if (!isValid(text, position))
         return position;
     int before = position - 1;
-    while (before >= 0 && behindEntityName.find(unitAt(text, before)) == Text::npos)
+    while (before >= 0 && !endsEntityName(unitAt(text, before)))
         --before;
     if (before >= 0 && unitAt(text, before) == L'&' && markupEnd(text, before) > position)
         return before;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string_view>
+#include "text/TextView.h"
 
 class ElementMemo;
 class PrecedingTags;
@@ -12,7 +12,7 @@ class PrecedingTags;
 /// is the answer of every scan that finds nothing. The scans assume text that is kept well formed.
 namespace XmlScan {
 
-using Text = std::wstring_view;
+using Text = TextView;
 
 /// Whether a scan reads the document or a fragment cut out of it. The two differ in a few corners
 /// that the editing commands were tuned against; each difference stands in one place, with a
@@ -28,8 +28,11 @@ inline constexpr Text instructionEnd = L"?>";
 inline constexpr Text nbspEntity = L"&#x00A0;";
 inline constexpr Text nbspCharacter = L"\x00A0";
 inline constexpr Text foRootEnd = L"</fo:root>";
-/// What ends the name of an entity, which is one if that is the ";".
-inline constexpr Text behindEntityName = L";&<> \t\n\r";
+/// Whether a unit ends the name of an entity, which is one if that is the ";".
+constexpr bool endsEntityName(wchar_t unit) noexcept {
+    return unit == L';' || unit == L'&' || unit == L'<' || unit == L'>' || unit == L' ' ||
+           unit == L'\t' || unit == L'\n' || unit == L'\r';
+}
 
 inline bool isValid(Text text, int position) noexcept {
     return position >= 0 && static_cast<std::size_t>(position) < text.size();

@@ -1,5 +1,6 @@
 #include "text/XmlText.h"
 
+#include "foundation/Transcoding.h"
 #include "text/NameList.h"
 
 #include <algorithm>
@@ -42,6 +43,20 @@ int closingTagBehindPlaceholder(Text text, int position) {
         return -1;
     const int behind = XmlScan::skipSpaces(text, position + length);
     return XmlScan::closingAt(text, behind) ? behind : -1;
+}
+
+/// What stands in the elements of that name.
+std::vector<Text> contentsOf(Text name, Text text) {
+    std::vector<Text> contents;
+    for (int tag = XmlScan::nextTag(text, 0); tag >= 0;
+         tag = XmlScan::nextTag(text, XmlScan::stepForward(text, tag))) {
+        if (XmlScan::tagName(text, tag) != name)
+            continue;
+        const int closing = XmlScan::closingTag(text, tag);
+        if (closing > tag)
+            contents.push_back(XmlScan::slice(text, XmlScan::stepForward(text, tag), closing));
+    }
+    return contents;
 }
 
 } // namespace
@@ -91,7 +106,10 @@ void XmlText::forgetFrom(int position) noexcept {
     precedingTags_.forgetBehind(position);
     elementMemo_.forgetBehind(position);
     markupMemo_.forgetFrom(position);
+    if (!path_.empty() && position <= path_.back())
+        path_.clear();
     isKnownRegular_ = false;
+    ++version_;
 }
 
 // Versions
@@ -121,9 +139,10 @@ std::wstring XmlText::oldText(const TextMark& mark, const TextChange& change) co
     std::wstring old(view(change.start, change.start + change.inserted));
     log_->walk(*mark.version_, [&](const TextLog::Version& version, bool isUndone) {
         const auto [start, removed, inserted] = version.change;
-        const View put = version.isWhole ? XmlScan::slice(version.other.view(), start,
-                                                          start + (isUndone ? removed : inserted))
-                                         : (isUndone ? version.removed : version.inserted).view();
+        const std::wstring put(
+            version.isWhole
+                ? XmlScan::slice(version.other, start, start + (isUndone ? removed : inserted))
+                : View(isUndone ? version.removed : version.inserted));
         old.replace(static_cast<std::size_t>(start - change.start),
                     static_cast<std::size_t>(isUndone ? inserted : removed), put);
     });
@@ -133,7 +152,8 @@ std::wstring XmlText::oldText(const TextMark& mark, const TextChange& change) co
 String XmlText::contentAt(const TextMark& mark) const {
     const TextChange change = changeSince(mark);
     std::wstring old(view(0, change.start));
-    old.append(oldText(mark, change)).append(view(change.start + change.inserted, length()));
+    old += oldText(mark, change);
+    old += view(change.start + change.inserted, length());
     return String(std::move(old));
 }
 
@@ -142,6 +162,11 @@ bool XmlText::isAsAt(const TextMark& mark) const {
     return change.empty() ||
            (change.removed == change.inserted &&
             oldText(mark, change) == view(change.start, change.start + change.inserted));
+}
+
+bool XmlText::keepsContentOf(View name, const TextMark& mark) const {
+    const String before = contentAt(mark);
+    return contentsOf(name, before) == contentsOf(name, all());
 }
 
 void XmlText::goBackTo(const TextMark& mark) noexcept {
@@ -174,6 +199,14 @@ String XmlText::content() const {
         return String(all());
     isLent_ = true;
     return text_;
+}
+
+int XmlText::endOfStretch(int start) const {
+    constexpr int most = 32 * 1024;
+    if (length() - start <= most)
+        return length();
+    const int end = start + most;
+    return Core::Transcoding::isHighSurrogate(unitAt(end - 1)) ? end - 1 : end;
 }
 
 // What stands at a position
@@ -273,11 +306,14 @@ int XmlText::elementAround(int position) const {
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {
-    std::vector<int> around;
-    for (int element = elementAround(position); element >= 0; element = elementAround(element))
-        around.push_back(element);
-    std::reverse(around.begin(), around.end());
-    return around;
+    const int innermost = elementAround(position);
+    if (path_.empty() || path_.back() != innermost) {
+        path_.clear();
+        for (int element = innermost; element >= 0; element = elementAround(element))
+            path_.push_back(element);
+        std::reverse(path_.begin(), path_.end());
+    }
+    return path_;
 }
 
 String XmlText::startTagAround(int position) const {

@@ -5,6 +5,7 @@
 #include "text/ElementMemo.h"
 #include "text/MarkupMemo.h"
 #include "text/PrecedingTags.h"
+#include "text/Prolog.h"
 #include "text/TextLog.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
@@ -43,6 +44,15 @@ public:
     Core::String slice(int start, int end) const { return Core::String(view(start, end)); }
     /// The whole text, shared where that does not stand in the way of going back to a mark.
     Core::String content() const;
+    /// Calls `visit` with one stretch after another of all the text. None ends within a pair of
+    /// surrogates.
+    template <typename Visit>
+    void forEachStretch(Visit visit) const {
+        for (int start = 0, end = 0; start < length(); start = end) {
+            end = endOfStretch(start);
+            visit(view(start, end));
+        }
+    }
 
     // Changes
 
@@ -55,6 +65,9 @@ public:
 
     // Versions. A change that raises has not happened.
 
+    /// Another number after each change, that of the root's name included.
+    unsigned version() const { return version_; }
+
     /// Marks the text as it is now. The mark must not outlive the text.
     TextMark mark() const;
     /// What has changed since the mark, as one range that holds all changes.
@@ -65,6 +78,8 @@ public:
     Core::String contentAt(const TextMark& mark) const;
     /// Whether the text is what it was.
     bool isAsAt(const TextMark& mark) const;
+    /// Whether the elements of that name hold what they held.
+    bool keepsContentOf(View name, const TextMark& mark) const;
     /// Brings back the text as it was. This needs no memory, for it may be want of memory that is
     /// being taken back.
     void goBackTo(const TextMark& mark) noexcept;
@@ -74,7 +89,10 @@ public:
     void noteRegular() const { isKnownRegular_ = true; }
 
     /// Names the root element, with prefix. Walks that climb stop there.
-    void setRootName(const Core::String& name) { rootName_ = name; }
+    void setRootName(const Core::String& name) {
+        rootName_ = name;
+        ++version_;
+    }
     const Core::String& rootName() const { return rootName_; }
 
     // Searching. The first match at or after `start`, or the last at or before it; -1 if none.
@@ -276,6 +294,8 @@ public:
 
     // The large parts of a document
 
+    /// The document type, and where the root element begins.
+    XmlScan::Prolog prolog() const { return XmlScan::prologOf(all()); }
     int layoutMasterSet() const { return find(L"<fo:layout-master-set", 0); }
     /// The offset just after the page masters; -1 if there are none.
     int behindPageMasters() const;
@@ -284,6 +304,7 @@ private:
     View all() const { return text_.view(); }
     bool isMarked() const { return log_ && log_.use_count() > 1; }
     bool mayBeShared() const;
+    int endOfStretch(int start) const;
     void replace(int start, int count, const Core::String& removed, const Core::String& with);
     void forgetFrom(int position) noexcept;
     int behindNeighbor(int position, bool useCurrent) const;
@@ -295,6 +316,8 @@ private:
     mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
     mutable MarkupMemo markupMemo_;
+    mutable std::vector<int> path_; // the elements around a position, as they were asked for last
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
     mutable bool isKnownRegular_ = false;
+    unsigned version_ = 0;
 };

@@ -2,8 +2,7 @@
 
 #include "foundation/Api.h"
 #include "foundation/String.h"
-
-#include <string_view>
+#include "text/TextView.h"
 
 /// A lexical check of a whole text: every tag, quote, comment and CDATA section is closed, and no
 /// `<` stands in a value. Names are not matched. The text must outlive the validator.
@@ -17,7 +16,7 @@ public:
     /// Whether a text is valid and this check sees each piece of markup end where the units do
     /// that a walk takes it for, as it does in nearly every text. Whatever is put between two units
     /// of such a text then needs to be looked at only by itself.
-    static bool isRegular(std::wstring_view text);
+    static bool isRegular(TextView text);
 
 private:
     const Core::String& text_;

@@ -4,7 +4,6 @@
 #include "document/FreezeNotifications.h"
 #include "document/RecordedCommand.h"
 #include "text/Markup.h"
-#include "text/Prolog.h"
 
 using Core::String;
 
@@ -15,10 +14,6 @@ int mapped(int offset, int start, int end, int count) {
     if (offset <= start)
         return offset;
     return offset <= end ? start + count : offset + count - (end - start + 1);
-}
-
-XmlScan::Prolog prologOf(const XmlText& text) {
-    return XmlScan::prologOf(text.view(0, text.length()));
 }
 
 } // namespace
@@ -41,7 +36,7 @@ int DocumentSeam::elementEnd(int element) const {
 }
 
 String DocumentSeam::documentType() const {
-    return String(prologOf(text()).documentType);
+    return String(text().prolog().documentType);
 }
 
 std::set<String> DocumentSeam::declarationsAt(int element) const {
@@ -49,7 +44,7 @@ std::set<String> DocumentSeam::declarationsAt(int element) const {
 }
 
 std::set<String> DocumentSeam::declarationsAtRoot() const {
-    return declarationsAt(prologOf(text()).root);
+    return declarationsAt(text().prolog().root);
 }
 
 std::set<String> DocumentSeam::declarationsAround(int position) const {

@@ -18,7 +18,7 @@ namespace {
 
 const bool allStops = std::getenv("FORME_ALL_STOPS") != nullptr;
 
-bool isScript(std::wstring_view name) {
+bool isScript(TextView name) {
     return name == L"qfd:xslt" || name == L"qfd:inline-xslt" || name == L"qfd:xslt-global";
 }
 

@@ -60,7 +60,7 @@ TEST(Markup, EveryRangeIsCutOutNestedAndWhole) {
             for (int end = text.next(start); end >= 0; end = text.next(end)) {
                 const std::wstring native = wide(Markup::cutOut(text, start, end - 1));
                 EXPECT_TRUE(parseMarkup(native)) << native;
-                EXPECT_NE(native.find(text.view(start, end)), native.npos) << native;
+                EXPECT_NE(native.find(std::wstring(text.view(start, end))), native.npos) << native;
             }
     }
 }

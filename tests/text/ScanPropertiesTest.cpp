@@ -82,7 +82,7 @@ TEST(ScanProperties, StepsReachTheEndAndLeadBack) {
         const auto root = rootOf(*markup);
         const int end = (*markup)[root->partner].start;
         // An apostrophe in a comment before the root hides the root.
-        const std::wstring_view prolog = xml.view(0, root->start);
+        const TextView prolog = xml.view(0, root->start);
         const bool hidden = std::count(prolog.begin(), prolog.end(), L'\'') % 2 == 1;
         EXPECT_EQ(xml.firstPositionInRoot(), hidden ? -1 : root->last + 1);
 

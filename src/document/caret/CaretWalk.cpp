@@ -109,6 +109,10 @@ bool CaretWalk::isClosedToCaret() const {
 }
 
 bool CaretWalk::isSkippedInElement(int position) {
+    const XmlText& text = document_.text();
+    if (text.isValid(position) && !text.onTagStart(position) &&
+        !Core::String::isSpace(text.unitAt(position)))
+        return false; // whatever the properties are, which are not looked for then
     if (loaded_ != element()) {
         whitespace_.load(around_);
         loaded_ = element();

@@ -6,8 +6,18 @@
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Stops.h"
 
+#include <algorithm>
+
 using Core::String;
 using XmlScan::Text;
+
+namespace {
+
+bool isBlank(Text units) {
+    return std::all_of(units.begin(), units.end(), [](wchar_t unit) { return unit == L' '; });
+}
+
+} // namespace
 
 bool Lines::areInOneBlock(const Document& document, int position, int other) {
     return document.text().areInSameElement(L"fo:block", position, other);
@@ -49,8 +59,7 @@ int Lines::endOfSkipped(const Document& document, int position) {
 
 int Lines::startOfLayout(const Document& document, int position) {
     const int start = Lines::startOfSkipped(document, position);
-    const Text passed = document.text().view(start, position);
-    const bool areBlanks = passed.find_first_not_of(L' ') == Text::npos;
+    const bool areBlanks = isBlank(document.text().view(start, position));
     return areBlanks && !Lines::isBehindBlockLevelTag(document, start) ? position : start;
 }
 
@@ -61,8 +70,7 @@ bool Lines::isBehindBlockLevelTag(const Document& document, int position) {
 
 int Lines::endOfLayout(const Document& document, int position) {
     const int end = Lines::endOfSkipped(document, position);
-    const Text passed = document.text().view(position, end);
-    const bool areBlanks = passed.find_first_not_of(L' ') == Text::npos;
+    const bool areBlanks = isBlank(document.text().view(position, end));
     return areBlanks && !isBlockLevelTag(document.text(), end) ? position : end;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "text/TextView.h"
+
 #include <optional>
-#include <string_view>
 #include <vector>
 
 class Document;
@@ -60,10 +61,10 @@ private:
     };
 
     void reset();
-    void applyShorthand(std::wstring_view value);
-    void applyTreatment(std::wstring_view value);
-    void applyCollapse(std::wstring_view value);
-    void applyLinefeedTreatment(std::wstring_view value);
+    void applyShorthand(TextView value);
+    void applyTreatment(TextView value);
+    void applyCollapse(TextView value);
+    void applyLinefeedTreatment(TextView value);
 
     const Run& runAround(int position) const;
     bool isSpaceSkipped(int position, int element) const;
@@ -84,8 +85,8 @@ private:
     bool isInlineTag(int position) const;
 
     const XmlText& text() const;
-    bool isEditable(std::wstring_view name) const;
-    bool isInline(std::wstring_view name) const;
+    bool isEditable(TextView name) const;
+    bool isInline(TextView name) const;
 
     const Document& document_;
     Treatment treatment_ = IgnoreAroundLinefeed;

@@ -38,6 +38,18 @@ EditAction ActionList::takeBack() {
     return action;
 }
 
+EditAction* ActionList::ownFromBack(std::size_t steps) {
+    if (steps >= size_)
+        return nullptr;
+    std::shared_ptr<Node>* node = &newest_;
+    for (;; node = &(*node)->older) {
+        if (node->use_count() > 1)
+            *node = std::make_shared<Node>(**node);
+        if (steps-- == 0)
+            return &(*node)->action;
+    }
+}
+
 void ActionList::dropFront() {
     --size_;
     ++dropped_;

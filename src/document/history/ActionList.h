@@ -27,6 +27,9 @@ public:
     /// The next to replay; the list must not be empty.
     const EditAction& back() const { return newest_->action; }
     EditAction takeBack();
+    /// The record so many steps from the back, to be changed in place; null where there is none. No
+    /// copy of the list shares it any more.
+    EditAction* ownFromBack(std::size_t steps);
     /// Removes the oldest record.
     void dropFront();
     void clear();

@@ -31,6 +31,10 @@ public:
     const Core::String& getString() const { return text_; }
     bool mustKeepSelection() const { return keepSelection_; }
 
+    /// Adds a unit at the end of the text, or takes the last one off.
+    void append(wchar_t unit) { text_ += unit; }
+    void dropLast() { text_.erase(static_cast<unsigned>(text_.length() - 1), 1); }
+
     /// The record that undoes this one: insertion and deletion, group start and end are exchanged.
     EditAction inverse() const;
 

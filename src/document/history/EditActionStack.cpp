@@ -22,6 +22,10 @@ void forgetIn(ActionList& actions, ForgottenStretch stretch) {
         actions.pushBack(*action);
 }
 
+EditAction caretRecord(int position) {
+    return EditAction(EditAction::EditCaret, -1, position, position, Core::String());
+}
+
 } // namespace
 
 void EditActionStack::addAction(const EditAction& action) {
@@ -86,6 +90,46 @@ void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
         run.continueFrom(undoActions_);
     std::for_each(key.rbegin(), key.rend(), [&run](const EditAction& action) { run.add(action); });
     run.appendTo(undoActions_);
+}
+
+bool EditActionStack::growTyping(int position, wchar_t unit) {
+    EditAction* const caret = undoActions_.ownFromBack(0);
+    EditAction* const inserted = undoActions_.ownFromBack(1);
+    if (!inserted || !redoActions_.empty() || !TypingRun::mayGrow(*inserted, *caret, position))
+        return false;
+    inserted->append(unit);
+    *caret = caretRecord(position + 1);
+    const bool isMoved = trackingPos_ >= position && trackingPos_ < std::numeric_limits<int>::max();
+    trackingPos_ += isMoved ? 1 : 0;
+    return true;
+}
+
+void EditActionStack::shrinkTyping() {
+    const int position = undoActions_.back().getCaretPosition() - 1;
+    undoActions_.ownFromBack(1)->dropLast();
+    *undoActions_.ownFromBack(0) = caretRecord(position);
+    trackingPos_ -= trackingPos_ > position ? 1 : 0;
+}
+
+void EditActionStack::addStep(std::vector<Entry> entries, const EditAction& performed) noexcept {
+    track(performed);
+    for (Entry& entry : entries) {
+        if (!entry.isMarker && !hasRoomFor(1) && !undoActions_.empty())
+            undoActions_.dropFront();
+        push(std::move(entry.record));
+    }
+    redoActions_.clear();
+}
+
+/// Before they are merged, a key makes six records. For each but the markers of its group the
+/// oldest entry goes at the limit.
+void EditActionStack::trimTyping() noexcept {
+    std::size_t made = 0;
+    for (const bool isMarker : {true, false, false, false, true, false}) {
+        if (!isMarker && !hasRoomFor(made + 1) && undoActions_.size() > 2)
+            undoActions_.dropFront();
+        ++made;
+    }
 }
 
 unsigned EditActionStack::openGroup() {

@@ -44,6 +44,25 @@ public:
     /// record. Undo and redo bring back the same, the caret included, so that a run costs what its
     /// text does and no limit cuts it in two.
     void mergeTyping(std::size_t count, bool isFirst);
+    /// What recording and merging a key would come to that types a unit behind what the run put in
+    /// last, at a caret with nothing selected. False, with nothing done, where that is not all they
+    /// would do.
+    bool growTyping(int position, wchar_t unit);
+    /// Takes that back.
+    void shrinkTyping();
+    /// Ends it: lets the entries go that recording would have let go.
+    void trimTyping() noexcept;
+    /// Whether so many entries can be recorded and the oldest stays.
+    bool hasRoomFor(std::size_t count) const {
+        return undoActions_.size() + count <= static_cast<std::size_t>(limit_);
+    }
+    /// Records a step that has its memory: the entries as the undo list is to hold them, and the
+    /// action on the text that they undo. For a marker no other entry goes.
+    struct Entry {
+        ActionList::Prepared record;
+        bool isMarker;
+    };
+    void addStep(std::vector<Entry> entries, const EditAction& performed) noexcept;
     /// How many entries were ever put on the undo list by recording.
     std::size_t recordedCount() const { return recorded_; }
 

@@ -6,6 +6,7 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/caret/Moves.h"
+#include "text/MarkupChange.h"
 
 #include <utility>
 
@@ -45,6 +46,16 @@ void replayStep(Document& document, EditAction (EditActionStack::*take)(),
                 return;
         }
     } while ((document.history.*more)());
+}
+
+/// Notes that the text is still known to be regular, so that the next command need not read it all.
+/// A step that touched more is read then.
+void keepRegular(Document& document, const TextMark& before) {
+    constexpr int mostUnits = 16 * 1024;
+    const XmlText& text = document.text();
+    const TextChange change = before.isRegular() ? text.changeSince(before) : TextChange();
+    if (!change.empty() && change.removed < mostUnits && change.inserted < mostUnits)
+        MarkupChange(text, before).noteRegular();
 }
 
 } // namespace
@@ -97,16 +108,22 @@ void EditableDocumentBuffer::undo() {
     document.endTyping();
     if (!document.history.hasMoreUndoActions())
         return;
-    if (document.history.nextUndoStepIsWhole())
-        replayStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
-    else
+    if (!document.history.nextUndoStepIsWhole()) {
         document.history.clearUndoActionList();
+        return;
+    }
+    const TextMark before = document.text().mark();
+    replayStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
+    keepRegular(document, before);
 }
 
 void EditableDocumentBuffer::redo() {
     Document& document = *document_;
     CommandScope scope(document);
     document.endTyping();
-    if (document.history.hasMoreRedoActions())
-        replayStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
+    if (!document.history.hasMoreRedoActions())
+        return;
+    const TextMark before = document.text().mark();
+    replayStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
+    keepRegular(document, before);
 }

@@ -23,6 +23,15 @@ void TypingRun::continueFrom(ActionList& undo) {
     changes_.push_back({inserted.getType(), inserted.getActionPosition(), inserted.getString()});
 }
 
+bool TypingRun::mayGrow(const EditAction& inserted, const EditAction& caretBehind, int position) {
+    const int length = inserted.getString().length();
+    return inserted.getType() == EditAction::EditDelete && length < mostUnits &&
+           inserted.getActionPosition() + length == position &&
+           caretBehind.getType() == EditAction::EditCaret &&
+           caretBehind.getCaretPosition() == position &&
+           caretBehind.getSelPivotPosition() == position;
+}
+
 void TypingRun::add(const EditAction& undone) {
     const Change change{undone.getType(), undone.getActionPosition(), undone.getString()};
     switch (change.type) {

@@ -16,6 +16,10 @@ public:
     void add(const EditAction& undone);
     void appendTo(ActionList& undo) const;
 
+    /// Whether a key that types a unit at the position only makes the record of what was inserted
+    /// longer, and goes on from the caret behind it.
+    static bool mayGrow(const EditAction& inserted, const EditAction& caretBehind, int position);
+
 private:
     /// A change as an undo list holds it: a deletion undoes what was inserted.
     struct Change {

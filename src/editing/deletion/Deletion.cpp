@@ -9,6 +9,7 @@
 #include "document/Edit.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/Placeholders.h"
+#include "document/PlainPlace.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Lines.h"
@@ -16,6 +17,7 @@
 #include "document/caret/Stops.h"
 #include "document/caret/Words.h"
 #include "editing/deletion/ListEdge.h"
+#include "editing/deletion/PlainErase.h"
 #include "text/Vocabulary.h"
 #include "text/XmlScan.h"
 
@@ -119,6 +121,8 @@ int stopNearSkippedPlace(const Document& document) {
 } // namespace
 
 void Deletion::erase(Document& document, bool forward, bool wholeWord) {
+    if (!wholeWord && PlainErase::erase(document, forward))
+        return;
     if (!Deletion::isInErasablePlace(document))
         return;
     const bool inList =
@@ -139,6 +143,7 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
         return;
     }
     document.notifyCaretChanged();
+    PlainPlace::note(document);
 }
 
 bool Deletion::isInErasablePlace(const Document& document) {

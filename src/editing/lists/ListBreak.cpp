@@ -117,7 +117,7 @@ bool endsContent(const Document& document, int element, int position) {
 bool isEdgeOfText(const Document& document, int position) {
     Text name = document.text().tagName(position);
     if (name.starts_with(L'/'))
-        name.remove_prefix(1);
+        name = name.substr(1);
     return name == L"fo:block" || document.names.isInline(name);
 }
 

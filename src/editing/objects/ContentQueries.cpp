@@ -134,7 +134,7 @@ bool EditableDocumentBuffer::setIdForCurrentPos(const String& id) {
 
 std::set<String> EditableDocumentBuffer::getUsedComponents() const {
     const Document& document = *document_;
-    constexpr const wchar_t* component = L"qfd:subdocument-content";
+    static constexpr XmlScan::Text component = L"qfd:subdocument-content";
     std::set<String> sources;
     for (int element = document.text().nextNamed(1, component); element >= 0;
          element = document.text().nextNamed(element, component)) {

@@ -10,12 +10,14 @@
 #include "document/EditableDocumentBufferState.h"
 #include "document/NamespaceBinding.h"
 #include "document/Placeholders.h"
+#include "document/PlainPlace.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
 #include "document/history/EditActionGroup.h"
 #include "editing/deletion/Deletion.h"
 #include "editing/formatting/Formatting.h"
+#include "editing/typing/PlainRun.h"
 #include "text/Markup.h"
 #include "text/MarkupChange.h"
 #include "text/XmlScan.h"
@@ -31,7 +33,7 @@ using XmlScan::Text;
 
 namespace {
 
-constexpr const wchar_t* entity = L"&#x00A0;";
+constexpr wchar_t entity[] = L"&#x00A0;";
 constexpr int entityLength = 8;
 
 bool isPlaceholder(const String& text) {
@@ -59,7 +61,7 @@ public:
             indenter.result_ += XmlScan::slice(xml, done, tag);
             done = indenter.appendElement(tag);
         }
-        return indenter.result_.append(XmlScan::slice(xml, done, size));
+        return indenter.result_ += XmlScan::slice(xml, done, size);
     }
 
 private:
@@ -381,6 +383,9 @@ bool Typing::canInsert(const Document& document, const String& text) {
 }
 
 Insertion Typing::insert(Document& document, const String& text, bool isXml, bool selectInserted) {
+    const bool mayContinueRun = !isXml && !selectInserted;
+    if (mayContinueRun && PlainRun::type(document, text))
+        return Insertion::Done;
     if (!Typing::canInsert(document, text))
         return Insertion::None;
     std::optional<EditableDocumentBufferState> before(document);
@@ -392,9 +397,12 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
         document.typingGroup = document.history.openGroup();
     const std::size_t recorded = document.history.recordedCount();
     Insertion insertion = insertInPlaceOfSelection(document, text, isXml, selectInserted);
-    if (insertion == Insertion::Done &&
-        !MarkupChange(document.text(), before->text()).keepsWellFormed())
-        insertion = Insertion::RolledBack;
+    bool isPlain = false;
+    if (insertion == Insertion::Done) {
+        const MarkupChange change(document.text(), before->text());
+        isPlain = change.isPlain();
+        insertion = change.keepsWellFormed() ? Insertion::Done : Insertion::RolledBack;
+    }
     if (insertion != Insertion::Done) {
         before->restorePreviousState();
         scope.discardNotices();
@@ -402,6 +410,8 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
     }
     before.reset(); // the record that grows is then shared with nobody and need not be copied
     document.history.mergeTyping(document.history.recordedCount() - recorded, isFirst);
+    if (mayContinueRun && isPlain)
+        PlainPlace::note(document);
     return insertion;
 }
 
