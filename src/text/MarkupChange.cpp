@@ -143,14 +143,16 @@ int MarkupChange::oldUnitStart() const {
     const int markup = text_.markupAround(start_);
     if (markup >= 0)
         return markup;
-    const Text front = XmlScan::slice(after_, content_, start_);
+    const int nameEnd = text_.nameEndBefore(start_ - 1);
+    const bool mayBeEntity = XmlScan::unitAt(after_, nameEnd) == L'&';
+    const int from = mayBeEntity ? nameEnd : start_ - 1;
     const Text rest = XmlScan::slice(after_, length(after_) - behind_, length(after_));
-    const std::size_t from = std::min(front.find_last_of(XmlScan::behindEntityName), front.size());
-    const std::size_t to = std::min(rest.find_first_of(XmlScan::behindEntityName), rest.size() - 1);
-    const std::wstring word =
-        std::wstring(front.substr(from)).append(oldPart_).append(rest.substr(0, to + 1));
-    const int at = static_cast<int>(front.size() - from);
-    return start_ - at + XmlScan::unitStartInText(word, at);
+    const std::size_t to =
+        mayBeEntity ? std::min(rest.find_first_of(XmlScan::behindEntityName), rest.size() - 1) : 0;
+    const std::wstring word = std::wstring(XmlScan::slice(after_, from, start_))
+                                  .append(oldPart_)
+                                  .append(rest.substr(0, to + 1));
+    return from + XmlScan::unitStartInText(word, start_ - from);
 }
 
 Text MarkupChange::newPart() const {

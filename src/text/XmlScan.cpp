@@ -5,6 +5,7 @@
 #include "text/ElementMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/TagQuotes.h"
+#include "text/UnitMemo.h"
 
 #include <algorithm>
 #include <array>
@@ -373,11 +374,14 @@ int unitStart(Text text, int position) noexcept {
 }
 
 int unitStartInText(Text text, int position) noexcept {
+    UnitMemo nameEnds(behindEntityName);
+    return unitStartInText(text, position, nameEnds);
+}
+
+int unitStartInText(Text text, int position, UnitMemo& nameEnds) noexcept {
     if (!isValid(text, position))
         return position;
-    int before = position - 1;
-    while (before >= 0 && behindEntityName.find(unitAt(text, before)) == Text::npos)
-        --before;
+    const int before = position > 0 ? nameEnds.last(text, position - 1) : -1;
     if (before >= 0 && unitAt(text, before) == L'&' && markupEnd(text, before) > position)
         return before;
     return isInsidePair(text, position) ? position - 1 : position;

@@ -91,6 +91,7 @@ void XmlText::forgetFrom(int position) noexcept {
     precedingTags_.forgetBehind(position);
     elementMemo_.forgetBehind(position);
     markupMemo_.forgetFrom(position);
+    nameEnds_.forgetFrom(position);
     isKnownRegular_ = false;
 }
 
@@ -238,7 +239,7 @@ int XmlText::markupAround(int position) const {
 
 int XmlText::unitStart(int position) const {
     const int markup = markupAround(position);
-    return markup < 0 ? XmlScan::unitStartInText(all(), position) : markup;
+    return markup < 0 ? XmlScan::unitStartInText(all(), position, nameEnds_) : markup;
 }
 
 int XmlText::lastTag() const {

@@ -6,6 +6,7 @@
 #include "text/MarkupMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/TextLog.h"
+#include "text/UnitMemo.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
 
@@ -128,6 +129,9 @@ public:
     /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
     /// markup begins.
     int markupAround(int position) const;
+    /// The last unit at or before a valid position that would end the name of an entity; -1 if
+    /// none.
+    int nameEndBefore(int position) const { return nameEnds_.last(all(), position); }
     /// The first offset at or after the position that is no white space.
     int skipSpaces(int position) const { return XmlScan::skipSpaces(all(), position); }
     /// The length of the placeholder, entity or character, that stands there; 0 if none does.
@@ -295,6 +299,7 @@ private:
     mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
     mutable MarkupMemo markupMemo_;
+    mutable UnitMemo nameEnds_{XmlScan::behindEntityName};
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
     mutable bool isKnownRegular_ = false;
 };
