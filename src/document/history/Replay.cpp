@@ -6,8 +6,10 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/caret/Moves.h"
+#include "document/history/StepReplay.h"
 
 #include <utility>
+#include <vector>
 
 using Core::String;
 
@@ -24,10 +26,11 @@ void replayCaret(Document& document, int pivot, int caret) {
     }
 }
 
-/// Replays one outermost group, or one record outside any. Markers were exchanged when they were
-/// moved to this list, so that a group reads from its end to its start in both directions.
-void replayStep(Document& document, EditAction (EditActionStack::*take)(),
-                bool (EditActionStack::*more)() const) {
+/// The records of one outermost group, or one record outside any. Markers were exchanged when they
+/// were moved to this list, so that a group reads from its end to its start in both directions.
+std::vector<EditAction> takeStep(Document& document, EditAction (EditActionStack::*take)(),
+                                 bool (EditActionStack::*more)() const) {
+    std::vector<EditAction> step;
     int depth = 0;
     do {
         const EditAction action = (document.history.*take)();
@@ -37,14 +40,25 @@ void replayStep(Document& document, EditAction (EditActionStack::*take)(),
             break;
         case EditAction::EditGroupStart:
             if (--depth == 0)
-                return;
+                return step;
             break;
         default:
-            History::replay(document, action);
+            step.push_back(action);
             if (depth < 1)
-                return;
+                return step;
         }
     } while ((document.history.*more)());
+    return step;
+}
+
+void undoStep(Document& document) {
+    StepReplay::replay(document, takeStep(document, &EditActionStack::getUndoAction,
+                                          &EditActionStack::hasMoreUndoActions));
+}
+
+void redoStep(Document& document) {
+    StepReplay::replay(document, takeStep(document, &EditActionStack::getRedoAction,
+                                          &EditActionStack::hasMoreRedoActions));
 }
 
 } // namespace
@@ -98,7 +112,7 @@ void EditableDocumentBuffer::undo() {
     if (!document.history.hasMoreUndoActions())
         return;
     if (document.history.nextUndoStepIsWhole())
-        replayStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
+        undoStep(document);
     else
         document.history.clearUndoActionList();
 }
@@ -108,5 +122,5 @@ void EditableDocumentBuffer::redo() {
     CommandScope scope(document);
     document.endTyping();
     if (document.history.hasMoreRedoActions())
-        replayStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
+        redoStep(document);
 }
