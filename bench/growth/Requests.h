@@ -22,7 +22,8 @@ inline const char* const argumentTable = R"json({
 "property": ["fo:color", "red"], "getParentProperty.property": "fo:color",
 "getInheritablePropertyValueAtPosition.name": "fo:color", "setParentProperty.property": "fo:color",
 "value": "red", "setItemLabelValue.value": "*", "className": "title", "label": "1)",
-"item": "$item", "element": "$element", "level": "PDF508", "id": "here"
+"item": "$item", "element": "$element", "level": "PDF508", "id": "here",
+"cell": "$cell", "table": "$table", "groupElement": "$group", "group": 1, "row": 0
 })json";
 
 /// Further requests; where a row holds several, those before the last come before the clock is
@@ -53,6 +54,8 @@ inline const char* const furtherRequests = R"json([
     [["makeList", 0], ["undo"]],
     [["makeList", 0], ["undo"], ["redo"]],
     [["makeList", 0], ["removeList"]],
+    [["table.open", -1], ["table.insertRow", true], ["table.commit"]],
+    [["table.open", -1], ["table.insertRow", true], ["table.commit"], ["undo"]],
     [["moveCaretToFirstStaticRegion"], ["resetCaretFromStaticContent"]],
     [["setPageMasterEditingMode", true], ["moveCaretLeft", false, false, false]]
 ])json";
@@ -65,12 +68,14 @@ inline const char* const placeTable = R"json({
 "all": [["moveCaretHome", false], ["moveCaretToEnd", true]]
 })json";
 
-/// Documents of one flow: a beginning, a piece that comes again and again, an end.
+/// Documents of one flow: a beginning, a piece that comes again and again, an end. What closes the
+/// pieces, if they are nested, comes as often.
 struct Shape {
     const char* name;
     const wchar_t* start;
     const wchar_t* piece;
     const wchar_t* end;
+    const wchar_t* closing = L"";
 };
 
 inline constexpr Shape shapes[]{
@@ -98,4 +103,12 @@ inline constexpr Shape shapes[]{
      L"</fo:page-sequence>",
      L"<fo:page-sequence master-reference=\"page\"><fo:flow flow-name=\"xsl-region-body\">"
      L"<fo:block>z</fo:block>"},
+    {"one word", L"<fo:block>", L"x", L"</fo:block>"},
+    {"angle brackets", L"<fo:block>", L"a > b ", L"</fo:block>"},
+    // 8,000 elements in each other in the largest, with the text of a few lines each.
+    {"nested", L"",
+     L"<fo:block>payments received in the last quarter, and what was charged for them, are listed "
+     L"below in the order of their dates; for each the account is told that it went to, with the "
+     L"rate",
+     L"", L"</fo:block>"},
 };

@@ -1,5 +1,6 @@
 #include "text/ElementMemo.h"
 
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -18,9 +19,14 @@ void ElementMemo::remember(int tag, int element) {
     if (elements_.size() >= limit) {
         // What is around the place that the walk has come to is asked for next.
         std::map<int, int> around;
-        for (auto known = elements_.find(element); known != elements_.end();
-             known = elements_.find(known->second))
-            around.insert(*known);
+        const auto keep = [&](auto known) {
+            for (; known != elements_.end(); known = elements_.find(known->second))
+                around.insert(*known);
+        };
+        keep(elements_.find(element));
+        // A climb comes from the inside, so that only the last place knows its way to the root.
+        if (const auto behind = elements_.upper_bound(tag); behind != elements_.begin())
+            keep(std::prev(behind));
         elements_ = std::move(around);
     }
     elements_[tag] = element;

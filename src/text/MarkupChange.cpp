@@ -145,12 +145,12 @@ int MarkupChange::oldUnitStart() const {
     const int markup = text_.markupAround(start_);
     if (markup >= 0)
         return markup;
-    int from = start_;
-    while (from > content_ && !XmlScan::endsEntityName(XmlScan::unitAt(after_, from - 1)))
-        --from;
-    from = from > content_ ? from - 1 : start_;
+    const int nameEnd = text_.nameEndBefore(start_ - 1);
+    const bool mayBeEntity = XmlScan::unitAt(after_, nameEnd) == L'&';
+    const int from = mayBeEntity ? nameEnd : start_ - 1;
     int to = length(after_) - behind_;
-    while (to < length(after_) - 1 && !XmlScan::endsEntityName(XmlScan::unitAt(after_, to)))
+    while (mayBeEntity && to < length(after_) - 1 &&
+           !XmlScan::endsEntityName(XmlScan::unitAt(after_, to)))
         ++to;
     std::wstring word(XmlScan::slice(after_, from, start_));
     word += oldPart_;

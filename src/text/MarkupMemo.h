@@ -1,6 +1,6 @@
 #pragma once
 
-#include "text/XmlScan.h"
+#include "text/UnitMemo.h"
 
 #include <vector>
 
@@ -19,4 +19,5 @@ private:
     void remember(int markup);
 
     std::vector<int> starts_;
+    UnitMemo brackets_{[](wchar_t unit) noexcept { return unit == L'<'; }};
 };

@@ -44,8 +44,10 @@ int prologEnd(Text text) noexcept {
 int PrecedingTags::find(Text text, int position) noexcept {
     if (!isValid(text, position))
         return -1;
-    for (int bracket = rFind(text, L'>', position); bracket >= 0;
-         bracket = rFind(text, L'>', position)) {
+    while (position >= 0) {
+        const int bracket = brackets_.last(text, position);
+        if (bracket < 0)
+            return -1;
         const Markup markup = endingAt(text, bracket);
         if (markup.kind == Kind::Tag)
             return markup.start;
@@ -55,7 +57,10 @@ int PrecedingTags::find(Text text, int position) noexcept {
 }
 
 void PrecedingTags::forgetBehind(int position) noexcept {
-    if (position <= tag_.last)
+    brackets_.forgetFrom(position);
+    if (0 <= tag_.end && tag_.end < position)
+        tag_.last = std::min(tag_.last, position - 1);
+    else if (position <= tag_.last)
         tag_ = {};
     if (type_ && position <= type_->last)
         type_.reset();

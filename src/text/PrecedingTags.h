@@ -1,6 +1,7 @@
 #pragma once
 
 #include "text/TagQuotes.h"
+#include "text/UnitMemo.h"
 
 #include <optional>
 
@@ -50,6 +51,7 @@ private:
     void findTagBefore(Text text, int bracket) noexcept;
     const DocumentType& documentType(Text text) noexcept;
 
+    UnitMemo brackets_{[](wchar_t unit) noexcept { return unit == L'>'; }};
     TagStart tag_;
     std::optional<DocumentType> type_;
 };

@@ -4,6 +4,7 @@
 #include "text/ElementMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/TagQuotes.h"
+#include "text/UnitMemo.h"
 
 #include <algorithm>
 #include <array>
@@ -386,11 +387,14 @@ int unitStart(Text text, int position) noexcept {
 }
 
 int unitStartInText(Text text, int position) noexcept {
+    UnitMemo nameEnds(endsEntityName);
+    return unitStartInText(text, position, nameEnds);
+}
+
+int unitStartInText(Text text, int position, UnitMemo& nameEnds) noexcept {
     if (!isValid(text, position))
         return position;
-    int before = position - 1;
-    while (before >= 0 && !endsEntityName(unitAt(text, before)))
-        --before;
+    const int before = position > 0 ? nameEnds.last(text, position - 1) : -1;
     if (before >= 0 && unitAt(text, before) == L'&' && markupEnd(text, before) > position)
         return before;
     return isInsidePair(text, position) ? position - 1 : position;

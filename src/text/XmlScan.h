@@ -4,6 +4,7 @@
 
 class ElementMemo;
 class PrecedingTags;
+class UnitMemo;
 
 /// The tag level of scanning: pure functions that answer questions about a text of XML from a given
 /// offset. No tree is built and nothing is remembered; every scan is linear in the distance walked.
@@ -100,6 +101,8 @@ int unitStart(Text text, int position) noexcept;
 
 /// The same for a position that is known to be text or to begin markup; any other is its own unit.
 int unitStartInText(Text text, int position) noexcept;
+/// The same, with a memo of the units that end the names of entities.
+int unitStartInText(Text text, int position, UnitMemo& nameEnds) noexcept;
 
 /// The offset behind the unit that begins at a valid position, the length of the text included; -1
 /// where the unit is not complete. An "&" that opens no entity is a unit by itself.

@@ -108,6 +108,7 @@ void XmlText::forgetFrom(int position) noexcept {
     markupMemo_.forgetFrom(position);
     if (!path_.empty() && position <= path_.back())
         path_.clear();
+    nameEnds_.forgetFrom(position);
     isKnownRegular_ = false;
     ++version_;
 }
@@ -271,7 +272,7 @@ int XmlText::markupAround(int position) const {
 
 int XmlText::unitStart(int position) const {
     const int markup = markupAround(position);
-    return markup < 0 ? XmlScan::unitStartInText(all(), position) : markup;
+    return markup < 0 ? XmlScan::unitStartInText(all(), position, nameEnds_) : markup;
 }
 
 int XmlText::lastTag() const {

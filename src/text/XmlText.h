@@ -7,6 +7,7 @@
 #include "text/PrecedingTags.h"
 #include "text/Prolog.h"
 #include "text/TextLog.h"
+#include "text/UnitMemo.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
 
@@ -146,6 +147,9 @@ public:
     /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
     /// markup begins.
     int markupAround(int position) const;
+    /// The last unit at or before a valid position that would end the name of an entity; -1 if
+    /// none.
+    int nameEndBefore(int position) const { return nameEnds_.last(all(), position); }
     /// The first offset at or after the position that is no white space.
     int skipSpaces(int position) const { return XmlScan::skipSpaces(all(), position); }
     /// The length of the placeholder, entity or character, that stands there; 0 if none does.
@@ -317,6 +321,7 @@ private:
     mutable ElementMemo elementMemo_;
     mutable MarkupMemo markupMemo_;
     mutable std::vector<int> path_; // the elements around a position, as they were asked for last
+    mutable UnitMemo nameEnds_{XmlScan::endsEntityName};
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
     mutable bool isKnownRegular_ = false;
     unsigned version_ = 0;

@@ -162,7 +162,7 @@ private:
         if (text().ignoredAt(tag))
             return L"";
         XmlScan::Text name = text().tagName(tag);
-        name.remove_prefix(name.starts_with(L'/') ? 1 : 0);
+        name = name.substr(name.starts_with(L'/') ? 1 : 0);
         const auto known = readings_.find(name);
         return known != readings_.end()
                    ? known->second

@@ -24,8 +24,8 @@ struct StopsDocument : MarkedDocument {
 
     /// Calls `attempt` with each of the stops until it has failed.
     template <typename Attempt>
-    void fromEachStop(Attempt attempt) const {
-        const int distance = std::getenv("FORME_ALL_STOPS") ? 0 : text().length() / 4;
+    void fromEachStop(Attempt attempt, int stopsWanted = 4) const {
+        const int distance = std::getenv("FORME_ALL_STOPS") ? 0 : text().length() / stopsWanted;
         for (int stop = Stops::next(*this, 0); stop >= 0 && !testing::Test::HasFailure();
              stop = Stops::next(*this, std::max(stop, text().unitStart(stop + distance)))) {
             SCOPED_TRACE(stop);

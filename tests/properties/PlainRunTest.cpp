@@ -141,8 +141,7 @@ TEST_P(PlainRun, IsTypedAsByTheRulesOfTyping) {
     BothWays both;
     both.open(GetParam().string());
     int stops = 0;
-    document.fromEachStop(12, [&](int stop) {
-        SCOPED_TRACE(stop);
+    const auto typeAndErase = [&](int stop) {
         both.serve(Json{"setCaretPos", false, stop}.dump());
         for (const wchar_t* key : {L"a", L"b", L" ", L"c", L"]", L"d", L"\x00A0", L"e", L"f", L"g"})
             both.type(key);
@@ -150,7 +149,8 @@ TEST_P(PlainRun, IsTypedAsByTheRulesOfTyping) {
              {backspace, backspace, backspace, forwardDelete, forwardDelete, forwardDelete, undo})
             both.serve(request);
         ++stops;
-    });
+    };
+    document.fromEachStop(typeAndErase, 12);
     EXPECT_GT(both.typed(), stops);
     EXPECT_GT(both.erased(), 0);
 }

@@ -1,4 +1,5 @@
-// What is remembered of the elements around tags stays what a scan of the text finds.
+// What is remembered of a text, of the elements around its tags and of what stands before a place,
+// stays what a scan of the text finds.
 
 #include "properties/RandomCommands.h"
 #include "text/XmlTexts.h"
@@ -14,8 +15,17 @@ int anyUnit(const XmlText& text, Random& random) {
 }
 
 void edit(XmlText& text, Random& random) {
-    static constexpr std::array pieces{L"x",       L">",       L"<b><c>y</c></b>",
-                                       L"<!---->", L"<c></c>", L"<![CDATA[<b>]]>"};
+    static constexpr std::array pieces{
+        L"x",
+        L">",
+        L"<b><c>y</c></b>",
+        L"<!---->",
+        L"<c></c>",
+        L"<![CDATA[<b>]]>",
+        L"&lt;",
+        L"&",
+        L";",
+        L"a text that is so long that what stands before it is remembered, with x and > in it"};
     const int place = anyUnit(text, random);
     const int end = text.closingTag(place);
     if (end > place && place > 0 && random.oneIn(3))
@@ -39,6 +49,10 @@ TEST(ElementMemo, KnowsWhatAScanFindsAfterEveryEdit) {
                 ASSERT_EQ(text.elementAround(at),
                           XmlScan::currentElement(text.content().view(), at))
                     << at << " " << wide(text.content());
+                const int any =
+                    static_cast<int>(random.below(static_cast<std::size_t>(text.length())));
+                ASSERT_EQ(text.unitStart(any), XmlScan::unitStart(text.content().view(), any))
+                    << any << " " << wide(text.content());
             }
         }
     }

@@ -73,8 +73,8 @@ bool Selection::isContentOfElement(const Document& document, int start, int end)
     if (!text.isValid(start) || !text.isValid(end))
         return false;
     const int element = text.elementAround(start);
-    const int closing = text.closingTag(element);
-    return closing >= 0 && start == text.next(element) && end == closing;
+    // The closing tag may be far away, but nearly every question is answered without it.
+    return start == text.next(element) && text.closingAt(end) && end == text.closingTag(element);
 }
 
 String Selection::pathOf(const Document& document, int position) {

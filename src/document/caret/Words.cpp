@@ -40,13 +40,17 @@ private:
     int endAtPlaceholder() const;
     std::optional<int> endAtTag();
     int endAtSeparator();
-    void passWordUnit();
+    void passWord();
 
     WordStart startBehindTag(int tag) const;
     bool passBlanksBack(int last);
 
     const XmlText& text() const { return document_.text(); }
     bool hasPassed() const { return passed_ >= 0; }
+    bool areAllStopsAround(int position) const;
+    bool isInWord(int position) const;
+    int startOfRun(int position) const;
+    int lastUnitOfRun(int position) const;
     bool isSeparatorAt(int position) const;
     bool isBlankAt(int position) const;
     bool isPlaceholderAtEnd(int position) const;
@@ -72,7 +76,7 @@ int WordWalk::next() {
         } else if (isSeparatorAt(position_)) {
             return endAtSeparator();
         } else {
-            passWordUnit();
+            passWord();
         }
     }
     return landRight(passed_);
@@ -108,9 +112,9 @@ int WordWalk::endAtSeparator() {
     return landRight(position_);
 }
 
-void WordWalk::passWordUnit() {
-    passed_ = position_;
-    position_ = Stops::next(document_, position_);
+void WordWalk::passWord() {
+    passed_ = areAllStopsAround(position_) ? lastUnitOfRun(position_) : position_;
+    position_ = Stops::next(document_, passed_);
 }
 
 int WordWalk::landRight(int target) const {
@@ -127,7 +131,7 @@ WordWalk::WordStart WordWalk::previous() {
         if (text().onTagStart(stop))
             return hasPassed() ? startBehindTag(stop) : WordStart{stop, true};
         if (!isSeparatorAt(stop)) {
-            passed_ = position_ = stop;
+            passed_ = position_ = areAllStopsAround(stop) ? startOfRun(stop) : stop;
             continue;
         }
         if (hasPassed())
@@ -164,6 +168,32 @@ WordWalk::WordStart WordWalk::landLeft(int target) const {
 /// The position, or where a run of blanks ended at no stop the next one.
 int WordWalk::stopFrom(int position) const {
     return CaretWalk(document_, position).isStop() ? position : Stops::next(document_, position);
+}
+
+/// Whether all units of a run of text around the position are stops, for they are no white space.
+bool WordWalk::areAllStopsAround(int position) const {
+    const int element = text().elementAround(position);
+    return document_.isEditableAt(element) && Stops::canHoldCaret(document_, position) &&
+           !text().holdsOnlyPlaceholder(element);
+}
+
+bool WordWalk::isInWord(int position) const {
+    return !isSeparatorAt(position) && !String::isSpace(text().unitAt(position));
+}
+
+/// Of the units around the position among which no separator is, and so no markup, and no blank.
+int WordWalk::startOfRun(int position) const {
+    while (position > 0 && isInWord(position - 1))
+        --position;
+    return position;
+}
+
+int WordWalk::lastUnitOfRun(int position) const {
+    int last = position;
+    for (int next = text().next(last); text().isValid(next) && isInWord(next);
+         next = text().next(last))
+        last = next;
+    return last;
 }
 
 bool WordWalk::isSeparatorAt(int position) const {

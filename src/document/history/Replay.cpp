@@ -6,9 +6,11 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/caret/Moves.h"
+#include "document/history/StepReplay.h"
 #include "text/MarkupChange.h"
 
 #include <utility>
+#include <vector>
 
 using Core::String;
 
@@ -25,10 +27,11 @@ void replayCaret(Document& document, int pivot, int caret) {
     }
 }
 
-/// Replays one outermost group, or one record outside any. Markers were exchanged when they were
-/// moved to this list, so that a group reads from its end to its start in both directions.
-void replayStep(Document& document, EditAction (EditActionStack::*take)(),
-                bool (EditActionStack::*more)() const) {
+/// The records of one outermost group, or one record outside any. Markers were exchanged when they
+/// were moved to this list, so that a group reads from its end to its start in both directions.
+std::vector<EditAction> takeStep(Document& document, EditAction (EditActionStack::*take)(),
+                                 bool (EditActionStack::*more)() const) {
+    std::vector<EditAction> step;
     int depth = 0;
     do {
         const EditAction action = (document.history.*take)();
@@ -38,14 +41,25 @@ void replayStep(Document& document, EditAction (EditActionStack::*take)(),
             break;
         case EditAction::EditGroupStart:
             if (--depth == 0)
-                return;
+                return step;
             break;
         default:
-            History::replay(document, action);
+            step.push_back(action);
             if (depth < 1)
-                return;
+                return step;
         }
     } while ((document.history.*more)());
+    return step;
+}
+
+void undoStep(Document& document) {
+    StepReplay::replay(document, takeStep(document, &EditActionStack::getUndoAction,
+                                          &EditActionStack::hasMoreUndoActions));
+}
+
+void redoStep(Document& document) {
+    StepReplay::replay(document, takeStep(document, &EditActionStack::getRedoAction,
+                                          &EditActionStack::hasMoreRedoActions));
 }
 
 /// Notes that the text is still known to be regular, so that the next command need not read it all.
@@ -113,7 +127,7 @@ void EditableDocumentBuffer::undo() {
         return;
     }
     const TextMark before = document.text().mark();
-    replayStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
+    undoStep(document);
     keepRegular(document, before);
 }
 
@@ -124,6 +138,6 @@ void EditableDocumentBuffer::redo() {
     if (!document.history.hasMoreRedoActions())
         return;
     const TextMark before = document.text().mark();
-    replayStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
+    redoStep(document);
     keepRegular(document, before);
 }

@@ -14,6 +14,7 @@
 #include "text/XmlScan.h"
 
 #include <algorithm>
+#include <vector>
 
 using Core::String;
 
@@ -94,6 +95,8 @@ bool SelectionDeletion::playRound() {
         return deleteRestOfText();
     if (document_.text().elementAround(position_) < 0)
         return finishAtStart();
+    if (!document_.text().closingAt(tag) && deleteWhatLeavesSomething())
+        return true;
     if (deleteTextBefore(tag))
         return true;
     return document_.text().closingAt(position_) ? leaveElement() : takeChild();
@@ -171,6 +174,51 @@ bool SelectionDeletion::deleteRestOfText() {
     return finishAtStart();
 }
 
+/// Text and children of this element that lie wholly in the range go at once, however many they
+/// are, as long as the element shows something without them: then nothing has to be made good.
+/// Where nothing else shows, the last that does stays for the rounds to come.
+bool SelectionDeletion::deleteWhatLeavesSomething() {
+    const XmlText& text = document_.text();
+    const int element = text.elementAround(position_);
+    if (!document_.isEditableAt(element) || !Stops::canHoldCaret(document_, position_) ||
+        !Stops::canHoldCaret(document_, end_))
+        return false;
+    std::vector<int> borders{position_}; // of texts and children
+    int lastShown = position_;           // the border before the last that shows
+    for (int tag = text.nextTag(position_); 0 <= tag && tag < end_;
+         tag = text.nextTag(borders.back())) {
+        if (showsBetween(borders.back(), tag))
+            lastShown = borders.back();
+        borders.push_back(tag);
+        const int closing = text.closingTag(tag);
+        const int behind = text.next(closing);
+        if (closing < 0 || behind < 0 || end_ < behind)
+            break;
+        if (showsBetween(tag, behind))
+            lastShown = tag;
+        borders.push_back(behind);
+    }
+    const bool showsWithout = showsBetween(text.next(element), position_) ||
+                              showsBetween(borders.back(), text.closingTag(element));
+    const int last = showsWithout ? borders.back() : lastShown;
+    TextRewrite rewrite(document_);
+    for (std::size_t i = 1; i < borders.size() && borders[i] <= last; ++i)
+        if (borders[i - 1] < borders[i])
+            rewrite.replace(borders[i - 1], borders[i], {});
+    end_ += rewrite.apply();
+    return position_ < last;
+}
+
+/// Whether anything is left to see of an element that holds what stands there.
+bool SelectionDeletion::showsBetween(int start, int end) const {
+    const XmlText& text = document_.text();
+    for (int at = start; text.isValid(at) && at < end; at = text.next(at))
+        if (text.onTagStart(at) ? !text.closingAt(at) && !document_.isEditableAt(at)
+                                : !String::isSpace(text.unitAt(at)))
+            return true;
+    return false;
+}
+
 /// Removes the text up to the next tag. Answers whether an inline that this emptied went with it,
 /// so that the walk is in another element now.
 bool SelectionDeletion::deleteTextBefore(int tag) {
@@ -218,15 +266,65 @@ bool SelectionDeletion::leaveElement() {
     if (hasSibling())
         return takeSibling();
     position_ = Stops::next(document_, position_);
+    emptyElementsAhead();
     return position_ >= 0 || finishAtStart();
+}
+
+/// The elements that follow, where each holds nothing but text and has no sibling to be joined
+/// with, as the blocks in the cells of a table, are emptied at once: each keeps its placeholder.
+void SelectionDeletion::emptyElementsAhead() {
+    if (!Stops::canHoldCaret(document_, end_))
+        return;
+    TextRewrite rewrite(document_);
+    int last = -1;
+    for (int closing = closingTagOfText(); closing >= 0; closing = closingTagOfText()) {
+        rewrite.replace(position_, closing, {});
+        rewrite.replace(closing, closing, String(XmlScan::nbspEntity));
+        last = closing;
+        position_ = placeBehind(closing);
+    }
+    if (last < 0)
+        return;
+    const int moved = rewrite.apply();
+    end_ += moved;
+    position_ = Stops::next(document_, last + moved);
+}
+
+/// The closing tag of the element that begins at the position, if it is one of these; else -1.
+int SelectionDeletion::closingTagOfText() const {
+    const XmlText& text = document_.text();
+    const int element = text.elementAround(position_);
+    const int closing = text.nextTag(position_);
+    const bool isText = element >= start_ && text.next(element) == position_ &&
+                        position_ < closing && closing < end_ && text.closingAt(closing) &&
+                        closing == text.closingTag(element) &&
+                        !String::isSpace(text.unitAt(position_)) && !text.ignoredAt(position_);
+    const auto isTouched = [&](int offset) { return position_ <= offset && offset <= closing; };
+    if (!isText || isTouched(document_.caret()) || isTouched(document_.pivot()) ||
+        !document_.isEditableAt(element) || document_.names.isInline(text.tagName(element)) ||
+        listAround(position_) >= 0 || hasSiblingBehind(closing))
+        return -1;
+    return closing;
+}
+
+/// The first place behind the closing tag where the caret might stand; -1 if there is none.
+int SelectionDeletion::placeBehind(int closing) const {
+    CaretWalk walk(document_, closing);
+    while (walk.stepForwardOverScript())
+        if (walk.canHoldCaret())
+            return walk.position();
+    return -1;
 }
 
 /// Whether an element of the same kind follows. Cells are never joined, since the caret cannot
 /// stand directly in them.
 bool SelectionDeletion::hasSibling() const {
-    return Stops::canHoldCaret(document_, position_) &&
-           L"/" + document_.text().nextNeighborName(position_, true) ==
-               document_.text().nameAt(position_);
+    return Stops::canHoldCaret(document_, position_) && hasSiblingBehind(position_);
+}
+
+bool SelectionDeletion::hasSiblingBehind(int closing) const {
+    return L"/" + document_.text().nextNeighborName(closing, true) ==
+           document_.text().nameAt(closing);
 }
 
 bool SelectionDeletion::takeSibling() {

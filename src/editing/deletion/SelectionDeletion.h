@@ -43,10 +43,16 @@ private:
     bool passList();
 
     bool deleteRestOfText();
+    bool deleteWhatLeavesSomething();
+    bool showsBetween(int start, int end) const;
     bool deleteTextBefore(int tag);
 
     bool leaveElement();
+    void emptyElementsAhead();
+    int closingTagOfText() const;
+    int placeBehind(int closing) const;
     bool hasSibling() const;
+    bool hasSiblingBehind(int closing) const;
     bool takeSibling();
     void takeFurtherSiblings(int sibling, int behind, TextRewrite& rewrite) const;
     bool joinSibling(int sibling);

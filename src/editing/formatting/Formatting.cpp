@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <set>
+#include <vector>
 
 using Core::String;
 
@@ -27,61 +28,88 @@ bool isWholeInline(const Document& document, int start, int end) {
            Selection::isContentOfElement(document, start, end);
 }
 
-/// Leaves the inline around the run, which may be one of many, to be put in later; the runs behind
-/// are the same with it and without. Answers false, having done nothing, where more than that has
-/// to change.
-bool planTextRun(const Document& document, int start, int end, const PropertyCollection& properties,
-                 TextRewrite& rewrite) {
-    const auto isPlain = [&](const EditableProperty& property) {
-        return !Formatting::isBlockProperty(property) &&
-               (!Attributes::isStandardNamespace(property.getNamespace()) ||
-                Attributes::isDeclaredAt(document, property.getNamespace(), start));
-    };
-    const Core::Vector<EditableProperty> list = properties.getPropertyList();
-    if (list.empty() || !document.names.isInline(L"fo:inline") ||
-        !std::all_of(list.begin(), list.end(), isPlain))
-        return false;
-    if (isWholeInline(document, start, end)) {
-        Attributes::plan(document, document.text().elementAround(start), properties, rewrite);
+/// What runs of text get, to be put in at once: each run an inline of its own or, where it is all
+/// of an inline, that inline; and the blocks around them what no inline can have. A run that is put
+/// off changes nothing for those behind it.
+class RunPlan {
+public:
+    RunPlan(Document& document, const PropertyCollection& properties)
+        : document_(document), ofInlines_(properties),
+          ofBlocks_(Formatting::takeBlockProperties(ofInlines_)) {}
+
+    /// Takes up the next run. Answers false, having done nothing, where more has to change than the
+    /// run and its block.
+    bool add(int start, int end) {
+        const int block = document_.text().ancestor(end, L"fo:block");
+        if (!mayStandInInline(start) || !mayStandOn(block))
+            return false;
+        if (!ofInlines_.isEmpty())
+            runs_.push_back({start, end});
+        if (!ofBlocks_.isEmpty() && block >= 0)
+            blocks_.insert(block);
         return true;
     }
-    PropertyCollection attributes; // each name once
-    attributes.addProperties(properties);
-    rewrite.replace(start, start, L"<fo:inline" + Attributes::asText(attributes, L"fo") + L">");
-    rewrite.replace(end, end, L"</fo:inline>");
-    return true;
-}
 
-/// The blocks around the runs of text in the range, in the order of the text.
-std::set<int> blocksAround(const Document& document, int from, int to) {
-    std::set<int> blocks;
-    for (int run = Formatting::startOfTextRun(document, from, to); run >= 0;) {
-        const int end = Formatting::endOfTextRun(document, run, to);
-        if (const int block = document.text().ancestor(end, L"fo:block"); block >= 0)
-            blocks.insert(block);
-        run = Formatting::startOfTextRun(document, Stops::next(document, end), to);
+    /// Changes the text; answers by how much what is behind moved. The plan is then empty.
+    int apply() {
+        TextRewrite rewrite(document_);
+        auto block = blocks_.begin();
+        const auto formatBlocksBefore = [&](int position) {
+            for (; block != blocks_.end() && *block < position; ++block)
+                Attributes::plan(document_, *block, ofBlocks_, rewrite);
+        };
+        for (const Run& run : runs_) {
+            formatBlocksBefore(run.start);
+            formatRun(run, rewrite);
+        }
+        formatBlocksBefore(document_.text().length());
+        runs_.clear();
+        blocks_.clear();
+        return rewrite.apply();
     }
-    return blocks;
-}
 
-/// Gives all blocks in the range their properties at once. Answers false, having done nothing,
-/// where some of the properties are not for blocks or more than the blocks has to change.
-bool formatBlocks(Document& document, int from, int to, const PropertyCollection& properties) {
-    const Core::Vector<EditableProperty> list = properties.getPropertyList();
-    if (list.empty() || !std::all_of(list.begin(), list.end(), Formatting::isBlockProperty))
-        return false;
-    const std::set<int> blocks = blocksAround(document, from, to);
-    const auto needsNothing = [&](int block) {
-        return Attributes::isDeclaredAt(document, L"fo", block);
+private:
+    struct Run {
+        int start;
+        int end;
     };
-    if (!std::all_of(blocks.begin(), blocks.end(), needsNothing))
-        return false;
-    TextRewrite rewrite(document);
-    for (const int block : blocks)
-        Attributes::plan(document, block, properties, rewrite);
-    rewrite.apply();
-    return true;
-}
+
+    bool mayStandInInline(int start) const {
+        const Core::Vector<EditableProperty> list = ofInlines_.getPropertyList();
+        return list.empty() || (document_.names.isInline(L"fo:inline") &&
+                                std::all_of(list.begin(), list.end(), [&](const auto& property) {
+                                    return isBoundAt(property.getNamespace(), start);
+                                }));
+    }
+
+    bool mayStandOn(int block) const {
+        return ofBlocks_.isEmpty() || block < 0 || isBoundAt(L"fo", block);
+    }
+
+    bool isBoundAt(const String& prefix, int position) const {
+        return !Attributes::isStandardNamespace(prefix) ||
+               Attributes::isDeclaredAt(document_, prefix, position);
+    }
+
+    void formatRun(const Run& run, TextRewrite& rewrite) const {
+        if (isWholeInline(document_, run.start, run.end)) {
+            Attributes::plan(document_, document_.text().elementAround(run.start), ofInlines_,
+                             rewrite);
+            return;
+        }
+        PropertyCollection attributes; // each name once
+        attributes.addProperties(ofInlines_);
+        rewrite.replace(run.start, run.start,
+                        L"<fo:inline" + Attributes::asText(attributes, L"fo") + L">");
+        rewrite.replace(run.end, run.end, L"</fo:inline>");
+    }
+
+    Document& document_;
+    PropertyCollection ofInlines_;
+    PropertyCollection ofBlocks_;
+    std::vector<Run> runs_;
+    std::set<int> blocks_;
+};
 
 /// Puts an inline around the range; answers by how much the text up to its closing tag moved.
 int wrapInInline(Document& document, int start, int end, const PropertyCollection& properties) {
@@ -110,16 +138,16 @@ void formatTextRuns(Document& document, int from, int to, const PropertyCollecti
     const XmlText& text = document.text();
     const int behind = text.length() - to; // which no change in the range touches
     const auto limit = [&] { return text.length() - behind; };
-    TextRewrite rewrite(document);
+    RunPlan plan(document, properties);
     for (int run = Formatting::startOfTextRun(document, from, limit()); run >= 0;) {
         int end = Formatting::endOfTextRun(document, run, limit());
-        if (!planTextRun(document, run, end, properties, rewrite)) {
-            const int shift = rewrite.apply();
+        if (!plan.add(run, end)) {
+            const int shift = plan.apply();
             end = formatTextRun(document, run + shift, end + shift, properties);
         }
         run = Formatting::startOfTextRun(document, Stops::next(document, end), limit());
     }
-    rewrite.apply();
+    plan.apply();
 }
 
 } // namespace
@@ -170,8 +198,7 @@ void Formatting::formatInline(Document& document, int from, int to, PropertyColl
     EditActionGroup group(document);
     document.recordCaret();
     properties.setNamespaceForProperties(L"fo");
-    if (!formatBlocks(document, from, to, properties))
-        formatTextRuns(document, from, to, properties);
+    formatTextRuns(document, from, to, properties);
     document.recordCaret();
 }
 
