@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <set>
 
 using Core::String;
@@ -49,19 +50,19 @@ int startOfAttributes(const XmlText& text, int element) {
     return element + 1 + static_cast<int>(text.tagName(element).size());
 }
 
-AttributeRange attributeRange(const XmlText& text, int element) {
+/// None where the markup at `element` bears no attributes: only a start tag and a processing
+/// instruction do.
+std::optional<AttributeRange> attributeRange(const XmlText& text, int element) {
+    if (!text.onTagStart(element) || text.closingAt(element) || text.standsAt(L"<!", element))
+        return std::nullopt;
     const int start = startOfAttributes(text, element);
     int end = text.tagEnd(start);
+    if (end < 0)
+        return std::nullopt;
     const wchar_t before = text.unitAt(end - 1);
     if (before == L'/' || before == L'?')
         --end;
-    return {std::min(start, end), end};
-}
-
-/// Whether the markup at `element` can bear attributes: a start tag or a processing instruction.
-bool bearsAttributes(const XmlText& text, int element) {
-    return text.onTagStart(element) && !text.closingAt(element) && !text.standsAt(L"<!", element) &&
-           text.tagEnd(startOfAttributes(text, element)) >= 0;
+    return AttributeRange{std::min(start, end), end};
 }
 
 String prefixOf(const String& elementName) {
@@ -73,7 +74,7 @@ String prefixOf(const String& elementName) {
 PropertyCollection Attributes::of(const Document& document, int element) {
     const XmlText& text = document.text();
     PropertyCollection properties;
-    if (!bearsAttributes(text, element))
+    if (!attributeRange(text, element))
         return properties;
     const String prefix = prefixOf(text.nameAt(element));
     for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
@@ -87,16 +88,16 @@ PropertyCollection Attributes::of(const Document& document, int element) {
 }
 
 int Attributes::merge(Document& document, int element, PropertyCollection properties) {
-    if (!bearsAttributes(document.text(), element))
+    if (!attributeRange(document.text(), element))
         return 0;
     CommandScope scope(document);
     document.endTyping();
     EditActionGroup group(document);
-    const int shift = Attributes::declareNamespaces(document, properties, element);
-    PropertyCollection merged = Attributes::of(document, element);
+    const int shift = declareNamespaces(document, properties, element);
+    PropertyCollection merged = of(document, element);
     properties.setNamespaceForProperties(prefixOf(document.text().nameAt(element)));
     merged.addProperties(properties);
-    return shift + Attributes::replace(document, element, merged);
+    return shift + replace(document, element, merged);
 }
 
 bool Attributes::isDeclaredAt(const Document& document, const String& prefix, int element) {
@@ -112,10 +113,9 @@ int Attributes::declareNamespaces(Document& document, const PropertyCollection& 
     int shift = 0;
     for (const EditableProperty& property : properties.getPropertyList()) {
         const String prefix = property.getNamespace();
-        if (!Attributes::isStandardNamespace(prefix) ||
-            Attributes::isDeclaredAt(document, prefix, element))
+        if (!isStandardNamespace(prefix) || isDeclaredAt(document, prefix, element))
             continue;
-        const int moved = Attributes::declareStandard(document, prefix);
+        const int moved = declareStandard(document, prefix);
         if (document.text().root() < element)
             element += moved;
         shift += moved;
@@ -130,17 +130,18 @@ String Attributes::asText(PropertyCollection properties, const String& elementPr
 
 void Attributes::plan(const Document& document, int element, PropertyCollection properties,
                       TextRewrite& rewrite) {
-    PropertyCollection merged = Attributes::of(document, element);
+    PropertyCollection merged = of(document, element);
     properties.setNamespaceForProperties(prefixOf(document.text().nameAt(element)));
     merged.addProperties(properties);
-    Attributes::planReplacement(document, element, merged, rewrite);
+    planReplacement(document, element, merged, rewrite);
 }
 
 void Attributes::planReplacement(const Document& document, int element,
                                  const PropertyCollection& properties, TextRewrite& rewrite) {
-    const AttributeRange attributes = attributeRange(document.text(), element);
+    const auto attributes = attributeRange(document.text(), element);
     const String prefix = prefixOf(document.text().nameAt(element));
-    rewrite.replace(attributes.start, attributes.end, Attributes::asText(properties, prefix));
+    if (attributes)
+        rewrite.replace(attributes->start, attributes->end, asText(properties, prefix));
 }
 
 bool Attributes::isStandardNamespace(const String& prefix) {
@@ -148,34 +149,36 @@ bool Attributes::isStandardNamespace(const String& prefix) {
 }
 
 int Attributes::declareStandard(Document& document, const String& prefix) {
-    return Attributes::declareOnRoot(document, standardDeclaration(prefix));
+    return declareOnRoot(document, standardDeclaration(prefix));
 }
 
 int Attributes::replace(Document& document, int element, const PropertyCollection& properties) {
+    const auto attributes = attributeRange(document.text(), element);
+    if (!attributes)
+        return 0;
     CommandScope scope(document);
     document.endTyping();
     EditActionGroup group(document);
-    const String removed = Attributes::clear(document, element);
-    const String text = Attributes::asText(properties, prefixOf(document.text().nameAt(element)));
-    const int position = attributeRange(document.text(), element).start;
-    document.insertUnrecorded(position, text);
-    document.recordInsertion(position, text);
+    const String removed = clear(document, element);
+    const String text = asText(properties, prefixOf(document.text().nameAt(element)));
+    document.insertUnrecorded(attributes->start, text);
+    document.recordInsertion(attributes->start, text);
     document.recordCaret();
     return text.length() - removed.length();
 }
 
 String Attributes::clear(Document& document, int element) {
-    if (!bearsAttributes(document.text(), element))
+    const auto attributes = attributeRange(document.text(), element);
+    if (!attributes)
         return {};
     CommandScope scope(document);
     document.endTyping();
     EditActionGroup group(document);
     document.recordCaret();
-    const AttributeRange attributes = attributeRange(document.text(), element);
-    String removed = document.removeUnrecorded(attributes.start, attributes.end - 1);
+    String removed = document.removeUnrecorded(attributes->start, attributes->end - 1);
     if (removed.empty())
         return {};
-    document.recordDeletion(attributes.start, removed);
+    document.recordDeletion(attributes->start, removed);
     document.recordCaret();
     return removed;
 }

@@ -7,7 +7,8 @@ class Document;
 class TextRewrite;
 
 /// The attributes of one tag as properties, and what of namespaces must be declared for them. A tag
-/// is named by its offset.
+/// is named by its offset. What is no start tag and no processing instruction bears none, and
+/// nothing happens there.
 namespace Attributes {
 
 /// The attributes of the tag at the position; one without a prefix gets its element's.

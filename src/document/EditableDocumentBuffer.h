@@ -571,7 +571,7 @@ public:
     /// The id of the editable element that the caret stands in directly; empty if that has none or
     /// is not editable.
     Core::String getIdForCurrentPos() const;
-    /// Sets it, and answers whether the caret stands in such an element. One undo step.
+    /// Sets it, and answers whether that was done. One undo step.
     bool setIdForCurrentPos(const Core::String& id);
 
     // What the document uses

@@ -7,6 +7,9 @@ using namespace XmlScan;
 
 namespace {
 
+/// To read so many units again is cheaper than to remember them.
+constexpr int shortDistance = 256;
+
 int length(Text text) noexcept {
     return static_cast<int>(text.size());
 }
@@ -44,26 +47,67 @@ int prologEnd(Text text) noexcept {
 int PrecedingTags::find(Text text, int position) noexcept {
     if (!isValid(text, position))
         return -1;
-    while (position >= 0) {
-        const int bracket = brackets_.last(text, position);
-        if (bracket < 0)
-            return -1;
-        const Markup markup = endingAt(text, bracket);
-        if (markup.kind == Kind::Tag)
-            return markup.start;
-        position = markup.kind == Kind::Text ? goOnBefore(bracket) : markup.start;
-    }
-    return -1;
+    const Gap gap = search(text, position);
+    if (gap.last - gap.tag > shortDistance)
+        remember(gap);
+    return gap.tag;
 }
 
-void PrecedingTags::forgetBehind(int position) noexcept {
+PrecedingTags::Gap PrecedingTags::search(Text text, int position) noexcept {
+    Gap gap{-1, position, -1};
+    const auto endAt = [&gap](int first, int tag) {
+        return Gap{gap.first < 0 ? first : gap.first, gap.last, tag};
+    };
+    while (position >= 0) {
+        if (isInKnownGap(position))
+            return endAt(gaps_.front().first, gaps_.front().tag);
+        const int bracket = brackets_.last(text, position);
+        if (bracket < 0)
+            break;
+        const Markup markup = endingAt(text, bracket);
+        if (markup.kind == Kind::Tag)
+            return endAt(bracket, markup.start);
+        position = markup.kind == Kind::Text ? goOnBefore(bracket) : markup.start;
+        // What is passed over at once would answer for itself.
+        if (position != bracket - 1)
+            gap = endAt(bracket, -1);
+    }
+    return endAt(0, -1);
+}
+
+/// Puts the gap that holds the position in front.
+bool PrecedingTags::isInKnownGap(int position) noexcept {
+    const auto known = std::find_if(gaps_.begin(), gaps_.end(), [position](const Gap& gap) {
+        return gap.first <= position && position <= gap.last;
+    });
+    if (known == gaps_.end())
+        return false;
+    std::rotate(gaps_.begin(), known, known + 1);
+    return true;
+}
+
+/// In the place of what it continues, or else of what was not used for the longest time.
+void PrecedingTags::remember(Gap gap) noexcept {
+    const auto known = std::find_if(gaps_.begin(), gaps_.end() - 1,
+                                    [&gap](const Gap& other) { return other.first == gap.first; });
+    *known = {gap.first, std::max(gap.last, known->first == gap.first ? known->last : -1), gap.tag};
+    std::rotate(gaps_.begin(), known, known + 1);
+}
+
+bool PrecedingTags::forgetBehind(int position) noexcept {
     brackets_.forgetFrom(position);
     if (0 <= tag_.end && tag_.end < position)
         tag_.last = std::min(tag_.last, position - 1);
     else if (position <= tag_.last)
         tag_ = {};
-    if (type_ && position <= type_->last)
-        type_.reset();
+    for (Gap& gap : gaps_)
+        gap.last = std::min(gap.last, position - 1);
+    if (!type_ || position > type_->last)
+        return false;
+    type_.reset();
+    tag_ = {};
+    gaps_.fill({});
+    return true;
 }
 
 /// What ends with the `>`.

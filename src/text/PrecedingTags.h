@@ -3,6 +3,7 @@
 #include "text/TagQuotes.h"
 #include "text/UnitMemo.h"
 
+#include <array>
 #include <optional>
 
 /// Finds the tags before a position by their ends. It keeps what it has read, so that a walk over a
@@ -21,8 +22,9 @@ public:
         return endingAt(text, bracket).kind == Kind::Text;
     }
 
-    /// The text has changed from the position on.
-    void forgetBehind(int position) noexcept;
+    /// The text has changed from the position on. Answers whether that may have made other tags of
+    /// those before it, because a document type no longer ends where it did.
+    bool forgetBehind(int position) noexcept;
 
 private:
     enum class Kind { Tag, Skipped, Text };
@@ -46,12 +48,23 @@ private:
         int last;
     };
 
+    /// From `first` up to and including `last` the answer is the same tag.
+    struct Gap {
+        int first = 0;
+        int last = -1;
+        int tag = -1;
+    };
+
+    Gap search(Text text, int position) noexcept;
+    bool isInKnownGap(int position) noexcept;
+    void remember(Gap gap) noexcept;
     Markup endingAt(Text text, int bracket) noexcept;
     int goOnBefore(int bracket) const noexcept;
     void findTagBefore(Text text, int bracket) noexcept;
     const DocumentType& documentType(Text text) noexcept;
 
     UnitMemo brackets_{[](wchar_t unit) noexcept { return unit == L'>'; }};
+    std::array<Gap, 4> gaps_; // long ones, the last one used first
     TagStart tag_;
     std::optional<DocumentType> type_;
 };

@@ -1,7 +1,7 @@
 #include "text/XmlScan.h"
 
 #include "foundation/String.h"
-#include "text/ElementMemo.h"
+#include "foundation/UnitSearch.h"
 #include "text/PrecedingTags.h"
 #include "text/TagQuotes.h"
 #include "text/UnitMemo.h"
@@ -174,35 +174,17 @@ bool closesElement(Text text, int position, Text name) noexcept {
 
 /// Walks backward over tags, of which `previous` tells the one before a position, to the innermost
 /// one that is opened and not closed before `position`; `isOpening` says which tags open an
-/// element, and `knownAround` may know what is around one.
-template <typename Previous, typename IsOpening, typename KnownAround>
-int innermostOpenTag(Text text, int position, Previous previous, IsOpening isOpening,
-                     KnownAround knownAround) {
+/// element.
+template <typename Previous, typename IsOpening>
+int innermostOpenTag(Text text, int position, Previous previous, IsOpening isOpening) {
     int depth = 0;
     for (int at = previous(position); at >= 0; at = previous(at)) {
-        if (closingAt(text, at)) {
+        if (closingAt(text, at))
             ++depth;
-            continue;
-        }
-        if (isOpening(at) && --depth < 0)
+        else if (isOpening(at) && --depth < 0)
             return at;
-        const std::optional<int> known = depth == 0 ? knownAround(at) : std::nullopt;
-        if (known)
-            return *known;
     }
     return -1;
-}
-
-std::optional<int> nothingKnown(int /*tag*/) {
-    return std::nullopt;
-}
-
-template <typename KnownAround>
-int innermostOpenTagOfDocument(Text text, int position, PrecedingTags& tags,
-                               KnownAround knownAround) {
-    return innermostOpenTag(
-        text, position, [text, &tags](int at) { return tags.find(text, at); },
-        [text](int at) { return openingAt(text, at); }, knownAround);
 }
 
 /// `isSkipped` tells which tags are passed over, self-closing ones apart.
@@ -215,7 +197,7 @@ int innermostOpenTagOfFragment(Text text, int position, IsSkipped isSkipped) {
     };
     return innermostOpenTag(
         text, position, [text](int at) { return previousTag(text, at, Source::Fragment); },
-        [&](int at) { return !isSkipped(at) && !isSelfClosing(at); }, nothingKnown);
+        [&](int at) { return !isSkipped(at) && !isSelfClosing(at); });
 }
 
 } // namespace
@@ -353,7 +335,8 @@ int stepBackward(Text text, int position, Text rootName) noexcept {
 int stepBackward(Text text, int position, Text rootName, PrecedingTags& tags) noexcept {
     if (position < 1 || !isValid(text, position - 1))
         return -1;
-    if (!rootName.empty() && tagName(text, position) == rootName)
+    if (!rootName.empty() && standsAt(text, rootName, position + 1) &&
+        tagName(text, position) == rootName)
         return -1;
     const wchar_t before = unitAt(text, position - 1);
     // Deliberate: behind a comment or CDATA section this is the tag before it, while a step forward
@@ -520,28 +503,15 @@ int startTag(Text text, int position) noexcept {
 int currentElement(Text text, int position, Source source) noexcept {
     if (source == Source::Document) {
         PrecedingTags tags;
-        return innermostOpenTagOfDocument(text, position, tags, nothingKnown);
+        return innermostOpenTag(
+            text, position, [text, &tags](int at) { return tags.find(text, at); },
+            [text](int at) { return openingAt(text, at); });
     }
     // Deliberate: in a fragment a CDATA section that the walk meets counts as a start tag; detached
     // page text holds none.
     const int found = innermostOpenTagOfFragment(
         text, position, [text](int at) { return commentAt(text, at) || instructionAt(text, at); });
     return tagName(text, found).empty() ? -1 : found;
-}
-
-int currentElement(Text text, int position, PrecedingTags& tags, ElementMemo& memo) {
-    int tag = onTagStart(text, position) ? position : -1;
-    if (const auto known = memo.find(tag))
-        return *known;
-    // What is around a sibling in front is around the position too.
-    const auto knownAround = [&](int sibling) {
-        tag = tag < 0 ? sibling : tag;
-        return memo.find(sibling);
-    };
-    const int element = innermostOpenTagOfDocument(text, position, tags, knownAround);
-    if (tag >= 0)
-        memo.remember(tag, element);
-    return element;
 }
 
 Text fragmentElementName(Text text, int position) noexcept {

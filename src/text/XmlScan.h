@@ -2,7 +2,6 @@
 
 #include "text/TextView.h"
 
-class ElementMemo;
 class PrecedingTags;
 class UnitMemo;
 
@@ -128,8 +127,6 @@ int startTag(Text text, int position) noexcept;
 
 /// The innermost start tag before `position` that has not been closed there.
 int currentElement(Text text, int position, Source source = Source::Document) noexcept;
-/// The same, with what is known of the text and what is found out now.
-int currentElement(Text text, int position, PrecedingTags& tags, ElementMemo& memo);
 
 /// The name of the element that is current at `position` of a fragment; empty if there is none.
 Text fragmentElementName(Text text, int position) noexcept;

@@ -103,11 +103,11 @@ void XmlText::assign(String content) {
 }
 
 void XmlText::forgetFrom(int position) noexcept {
-    precedingTags_.forgetBehind(position);
-    elementMemo_.forgetBehind(position);
+    const bool isTypeChanged = precedingTags_.forgetBehind(position);
+    elementMemo_.forgetBehind(isTypeChanged ? -1 : position);
+    closingTags_.forgetFrom(position);
+    tagEnds_.forget();
     markupMemo_.forgetFrom(position);
-    if (!path_.empty() && position <= path_.back())
-        path_.clear();
     nameEnds_.forgetFrom(position);
     isKnownRegular_ = false;
     ++version_;
@@ -212,6 +212,11 @@ int XmlText::endOfStretch(int start) const {
 
 // What stands at a position
 
+bool XmlText::openingAt(int position) const {
+    return onTagStart(position) && !closingAt(position) && !ignoredAt(position) &&
+           !XmlScan::documentTypeAt(all(), position) && !selfClosingAt(position);
+}
+
 bool XmlText::closingTagFollows(int position) const {
     return isValid(position) && nextTagName(position).startsWith(L"/");
 }
@@ -303,18 +308,11 @@ String XmlText::nextTagName(int position) const {
 // The element around a position
 
 int XmlText::elementAround(int position) const {
-    return XmlScan::currentElement(all(), position, precedingTags_, elementMemo_);
+    return elementMemo_.around(all(), position, precedingTags_);
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {
-    const int innermost = elementAround(position);
-    if (path_.empty() || path_.back() != innermost) {
-        path_.clear();
-        for (int element = innermost; element >= 0; element = elementAround(element))
-            path_.push_back(element);
-        std::reverse(path_.begin(), path_.end());
-    }
-    return path_;
+    return allAround(position);
 }
 
 String XmlText::startTagAround(int position) const {
@@ -325,8 +323,10 @@ String XmlText::startTagAround(int position) const {
 
 int XmlText::searchAncestor(int position, const StringArray& names, const Climb& climb) const {
     const View limit = climb.limit.empty() ? rootName_.view() : climb.limit;
+    const std::vector<int>& around = allAround(position);
     int outermost = -1;
-    for (int element = elementAround(position); element >= 0; element = elementAround(element)) {
+    for (auto next = around.rbegin(); next != around.rend(); ++next) {
+        const int element = *next;
         const View fullName = tagName(element);
         const View name = climb.withPrefix ? fullName : XmlScan::localName(fullName);
         if (isAmong(names, name)) {
@@ -345,10 +345,11 @@ int XmlText::ancestor(int position, View name) const {
 }
 
 int XmlText::ancestorWithin(int position, View name, View limit) const {
-    for (int element = elementAround(position); element >= 0; element = elementAround(element)) {
-        const View other = tagName(element);
+    const std::vector<int>& around = allAround(position);
+    for (auto element = around.rbegin(); element != around.rend(); ++element) {
+        const View other = tagName(*element);
         if (other == name)
-            return element;
+            return *element;
         if (other == limit)
             break;
     }
@@ -481,14 +482,17 @@ String XmlText::nextNeighborName(int position, bool useCurrent) const {
 // Paths
 
 String XmlText::pathUpTo(int position, int root) const {
-    String path;
-    while (position >= 0) {
-        position = elementAround(position);
-        const String name = nameAt(position);
-        path = L"/" + name + path;
-        if (name == rootName_ || position == root)
-            break;
-    }
+    if (position < 0)
+        return {};
+    const std::vector<int>& around = allAround(position);
+    const auto first = std::find_if(around.rbegin(), around.rend(), [&](int element) {
+        return element == root || tagName(element) == rootName_.view();
+    });
+    // Where no root is around, nothing is the last step of the climb, and its name is empty.
+    String path = first == around.rend() ? L"/" : L"";
+    for (auto element = first == around.rend() ? around.begin() : first.base() - 1;
+         element != around.end(); ++element)
+        path += L"/" + String(tagName(*element));
     return path;
 }
 
@@ -505,12 +509,12 @@ int XmlText::elementNamedByPath(const String& wanted, int position) const {
         return elementAround(position);
     if (wanted == L"/" + rootName_)
         return root();
-    String reached = path(position);
-    int slash = reached.rFind(L'/');
-    while (reached != wanted && slash >= 0) {
-        reached = slash > 0 ? reached.subString(0, static_cast<unsigned>(slash - 1)) : String();
+    const String whole = path(position);
+    View reached = whole.view();
+    for (auto slash = reached.rfind(L'/'); reached != wanted.view() && slash != View::npos;
+         slash = reached.rfind(L'/')) {
+        reached = reached.substr(0, slash);
         position = elementAround(position);
-        slash = reached.rFind(L'/');
     }
     return elementAround(position);
 }

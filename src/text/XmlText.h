@@ -2,10 +2,12 @@
 
 #include "foundation/String.h"
 #include "foundation/Vector.h"
+#include "text/ClosingTags.h"
 #include "text/ElementMemo.h"
 #include "text/MarkupMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/Prolog.h"
+#include "text/TagEnds.h"
 #include "text/TextLog.h"
 #include "text/UnitMemo.h"
 #include "text/XmlElementType.h"
@@ -116,10 +118,10 @@ public:
     bool instructionAt(int position) const { return XmlScan::instructionAt(all(), position); }
     /// A comment, CDATA section or processing instruction.
     bool ignoredAt(int position) const { return XmlScan::ignoredAt(all(), position); }
-    bool selfClosingAt(int position) const { return XmlScan::selfClosingAt(all(), position); }
+    bool selfClosingAt(int position) const { return tagEnds_.selfClosingAt(all(), position); }
     bool closingAt(int position) const { return XmlScan::closingAt(all(), position); }
     /// A start tag that has a closing tag of its own.
-    bool openingAt(int position) const { return XmlScan::openingAt(all(), position); }
+    bool openingAt(int position) const;
     /// Whether the tag at the position, or from inside text the next tag, is a closing tag.
     bool closingTagFollows(int position) const;
 
@@ -166,7 +168,7 @@ public:
     /// The first `>` at or after the position that stands in no quotes.
     int tagEnd(int position) const { return XmlScan::tagEnd(all(), position); }
     /// The closing tag of the start tag at the position; a self-closing tag is its own.
-    int closingTag(int position) const { return XmlScan::closingTag(all(), position); }
+    int closingTag(int position) const { return closingTags_.find(all(), position); }
     /// The start tag of the closing tag at the position, as names pair them.
     int startTag(int position) const { return XmlScan::startTag(all(), position); }
     /// The offset behind the element whose start tag stands at the position.
@@ -179,7 +181,7 @@ public:
     // Names
 
     /// "fo:block", "/fo:block", "?xml", "!--"; empty where no tag stands.
-    View tagName(int position) const { return XmlScan::tagName(all(), position); }
+    View tagName(int position) const { return tagEnds_.tagName(all(), position); }
     Core::String nameAt(int position) const { return Core::String(tagName(position)); }
     /// Without what stands before and with the first ":".
     Core::String localNameAt(int position) const;
@@ -306,6 +308,9 @@ public:
 
 private:
     View all() const { return text_.view(); }
+    const std::vector<int>& allAround(int position) const {
+        return elementMemo_.allAround(all(), position, precedingTags_);
+    }
     bool isMarked() const { return log_ && log_.use_count() > 1; }
     bool mayBeShared() const;
     int endOfStretch(int start) const;
@@ -319,8 +324,9 @@ private:
     Core::String rootName_;
     mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
+    mutable ClosingTags closingTags_;
+    mutable TagEnds tagEnds_;
     mutable MarkupMemo markupMemo_;
-    mutable std::vector<int> path_; // the elements around a position, as they were asked for last
     mutable UnitMemo nameEnds_{XmlScan::endsEntityName};
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
     mutable bool isKnownRegular_ = false;

@@ -101,13 +101,13 @@ TEST(CaretStops, AroundTablesAndInLists) {
 TEST(CaretStops, BothWalksEndAtTheirStartWhenWrapping) {
     const MarkedDocument buffer(L"<B>ab</B><B>_</B>");
     const std::vector<int> stops = stopsOf(buffer, true);
-    EXPECT_EQ(Stops::next(buffer, stops.back(), true, false), stops.front());
-    EXPECT_EQ(Stops::previous(buffer, stops.front(), true, false), stops.back());
+    EXPECT_EQ(Stops::next(buffer, stops.back(), {.wrap = true}), stops.front());
+    EXPECT_EQ(Stops::previous(buffer, stops.front(), {.wrap = true}), stops.back());
     for (const wchar_t* lone : {L"", L"<B>_</B>"}) {
         const MarkedDocument none(lone);
         const int at = *lone ? stopsOf(none, true).front() : 5;
-        EXPECT_EQ(Stops::next(none, at, true, false), -1);
-        EXPECT_EQ(Stops::previous(none, at, true, false), -1);
+        EXPECT_EQ(Stops::next(none, at, {.wrap = true}), -1);
+        EXPECT_EQ(Stops::previous(none, at, {.wrap = true}), -1);
     }
 }
 

@@ -7,10 +7,15 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace Core;
@@ -46,6 +51,21 @@ template <typename Act>
         _exit(1);
     std::fputs(messageOf(act).c_str(), stderr);
     _exit(0);
+}
+
+/// From now on the system answers each write to a file of this process with 0.
+void letWritesTakeNothing() {
+    static sock_filter steps[]{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_write, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[0])),
+        BPF_JUMP(BPF_JMP | BPF_JGT | BPF_K, STDERR_FILENO, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | 0), // an error of number 0 is the answer 0
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    const sock_fprog filter{std::size(steps), steps};
+    if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+        prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) != 0)
+        _exit(1);
 }
 
 /// A stream keeps a position, reads what is there and fills a gap with zeros.
@@ -109,6 +129,20 @@ TEST(FileStream, AFullDiskLosesNothing) {
     };
     EXPECT_EXIT(report(saveOnFullDisk), testing::ExitedWithCode(0),
                 "^/.*/letter.xml: File too large$");
+    EXPECT_EQ(folder.bytesOf("letter.xml"), "old");
+    EXPECT_EQ(folder.fileCount(), 1);
+}
+
+TEST(FileStream, AWriteThatTakesNothingEndsTheSaving) {
+    const TemporaryFolder folder;
+    fs::permissions(folder.path(), fs::perms(0777));
+    const std::wstring path = folder.put("letter.xml", "old");
+    fs::permissions(folder.path() / "letter.xml", fs::perms(0666));
+    const auto saveInVain = [&] {
+        letWritesTakeNothing();
+        save(path, "new");
+    };
+    EXPECT_EXIT(report(saveInVain), testing::ExitedWithCode(0), "/letter.xml: No space left on");
     EXPECT_EQ(folder.bytesOf("letter.xml"), "old");
     EXPECT_EQ(folder.fileCount(), 1);
 }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 using XmlScan::Source;
+using namespace std::string_literals;
 
 namespace {
 
@@ -27,17 +28,35 @@ TEST(PrecedingTags, AreFoundInOneReadingOfAnyText) {
          {L"<a>" + many(L">"), L"<a b='" + many(L">"), L"<a b='" + many(L"<c>"), many(L"<x'>'"),
           many(L"<x\"'><y>"), many(L"-->"), many(L"<?>"), many(L"<!DOCTYPE>>"),
           type + many(L"<b/>>"), type + L"]><r>" + many(L"<b/>>"),
-          many(L"<!-- ' -->") + L"<r>" + many(L"<b/>>")}) {
+          many(L"<!-- ' -->") + L"<r>" + many(L"<b/>>"), L"<r>" + many(L"</a>"),
+          L"<r>" + many(L"<a>")}) {
         SCOPED_TRACE(units.substr(0, 20) + L"..." + units.substr(units.size() - 20));
         XmlText text;
         text.assign(Core::String(units));
         const int last = text.length() - 1;
         EXPECT_EQ(text.previousNamed(last, L"none"), -1);
-        for (int at = last + 1, before; (before = text.previous(at)) >= 0; at = before)
+        for (int at = last + 1, before; (before = text.previous(at)) >= 0; at = before) {
             ASSERT_LT(before, at);
+            ASSERT_LT(text.elementAround(before), before);
+            ASSERT_LE(text.previousTag(before), before);
+        }
         EXPECT_LT(text.elementAround(last), last);
         EXPECT_LT(XmlScan::currentElement(units, last, Source::Fragment), last);
         EXPECT_LE(text.startTag(text.rFind(L'<', last)), last);
+    }
+}
+
+TEST(ClosingTags, AreLookedForInOneReadingOfTheText) {
+    constexpr int count = 20000;
+    const std::wstring open = repeated(count, L"<a>");
+    for (const std::wstring& close : {L""s, L"</b>"s, repeated(count, L"</a>")}) {
+        XmlText text;
+        text.assign(Core::String(L"<r>" + open + close));
+        const bool areClosed = close.size() > open.size();
+        const int first = 3;
+        const int last = text.length() - 4;
+        for (int i = 0; i < count; ++i)
+            ASSERT_EQ(text.closingTag(first + 3 * i), areClosed ? last - 4 * i : -1);
     }
 }
 
@@ -56,6 +75,9 @@ TEST(PrecedingTags, AreFoundAsInATextNeverAskedBefore) {
             ASSERT_EQ(text.previousTag(at), XmlScan::previousTag(all, at)) << wide(text.content());
             ASSERT_EQ(text.previous(at), XmlScan::stepBackward(all, at, L""));
             ASSERT_EQ(text.elementAround(at), XmlScan::currentElement(all, at));
+            const int tag = text.previousTag(at);
+            ASSERT_EQ(text.elementAround(tag), XmlScan::currentElement(all, tag));
+            ASSERT_EQ(text.closingTag(tag), XmlScan::closingTag(all, tag));
             if (random.oneIn(4))
                 text.erase(at, std::min(at + below(9), text.length()));
             else if (random.oneIn(4))

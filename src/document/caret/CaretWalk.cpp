@@ -29,6 +29,8 @@ CaretWalk::CaretWalk(const Document& document, int position)
 void CaretWalk::restartAt(int position) {
     position_ = position;
     around_ = document_.text().elementsAround(position);
+    closedAround_ = static_cast<int>(std::count_if(
+        around_.begin(), around_.end(), [this](int element) { return isClosedToCaret(element); }));
 }
 
 bool CaretWalk::stepForward() {
@@ -37,7 +39,7 @@ bool CaretWalk::stepForward() {
     if (!text.isValid(next))
         return false;
     if (text.openingAt(position_))
-        around_.push_back(position_);
+        enterElement(position_);
     else if (text.closingAt(position_))
         leaveElement();
     position_ = next;
@@ -53,7 +55,7 @@ bool CaretWalk::stepBackward() {
         previous = text.unitStart(previous);
     position_ = previous;
     if (text.closingAt(previous))
-        around_.push_back(document_.text().elementAround(previous));
+        enterElement(document_.text().elementAround(previous));
     else if (text.openingAt(previous))
         leaveElement();
     return true;
@@ -88,9 +90,19 @@ bool CaretWalk::toPreviousStop() {
     return false;
 }
 
+/// A closing tag without a start tag, met on the way back, leads into none.
+void CaretWalk::enterElement(int element) {
+    if (element < 0)
+        return;
+    around_.push_back(element);
+    closedAround_ += isClosedToCaret(element) ? 1 : 0;
+}
+
 void CaretWalk::leaveElement() {
-    if (!around_.empty())
-        around_.pop_back();
+    if (around_.empty())
+        return;
+    closedAround_ -= isClosedToCaret(element()) ? 1 : 0;
+    around_.pop_back();
 }
 
 bool CaretWalk::canHoldCaret() const {
@@ -99,13 +111,11 @@ bool CaretWalk::canHoldCaret() const {
     const bool mayStand = document_.isEditableAt(element()) ||
                           document_.text().isBeforeTable(position_) ||
                           document_.text().isBehindTable(position_);
-    return mayStand && !isClosedToCaret();
+    return mayStand && closedAround_ == 0;
 }
 
-bool CaretWalk::isClosedToCaret() const {
-    return std::any_of(around_.begin(), around_.end(), [this](int element) {
-        return contains(Vocabulary::closedToCaret, document_.text().tagName(element));
-    });
+bool CaretWalk::isClosedToCaret(int element) const {
+    return contains(Vocabulary::closedToCaret, document_.text().tagName(element));
 }
 
 bool CaretWalk::isSkippedInElement(int position) {

@@ -42,12 +42,14 @@ public:
     bool isStop() { return canHoldCaret() && !isSkipped(); }
 
 private:
+    void enterElement(int element);
     void leaveElement();
-    bool isClosedToCaret() const;
+    bool isClosedToCaret(int element) const;
 
     const Document& document_;
     BufferAlgorithms::WhitespaceAlg whitespace_;
     std::optional<int> loaded_;
     int position_;
     std::vector<int> around_; // the elements around the position, the outermost first
+    int closedAround_ = 0;    // how many of these are closed to the caret
 };

@@ -22,10 +22,11 @@ bool isAtomicObjectAt(const XmlText& text, int position) {
 void moveRightByStop(Document& document, bool extend, bool mergeBoundaries) {
     const XmlText& text = document.text();
     const bool passesObject = isAtomicObjectAt(text, document.caret());
-    const int next = Moves::landingRight(
-        document, document.caret(),
-        passesObject ? text.next(text.closingTag(document.caret()))
-                     : Stops::next(document, document.caret(), false, mergeBoundaries));
+    const int next =
+        Moves::landingRight(document, document.caret(),
+                            passesObject ? text.next(text.closingTag(document.caret()))
+                                         : Stops::next(document, document.caret(),
+                                                       {.mergeBoundaries = mergeBoundaries}));
     const int target = passesObject ? next : PageOrder(document).next(document.caret(), next);
     if (text.isValid(target))
         document.moveCaret(extend && target == next, target);
@@ -34,7 +35,7 @@ void moveRightByStop(Document& document, bool extend, bool mergeBoundaries) {
 void moveLeftByStop(Document& document, bool extend, bool mergeBoundaries) {
     const int previous = Moves::landingLeft(
         document, document.caret(),
-        Stops::previous(document, document.caret(), false, mergeBoundaries), true);
+        Stops::previous(document, document.caret(), {.mergeBoundaries = mergeBoundaries}), true);
     const int target = PageOrder(document).previous(document.caret(), previous);
     if (document.text().isValid(target))
         document.moveCaret(extend && target == previous, target);
@@ -81,12 +82,12 @@ void Moves::to(Document& document, bool extend, int position) {
 }
 
 void Moves::toStop(Document& document) {
-    if (Stops::canHoldCaret(document, document.caret()) || Moves::toStopInCell(document))
+    if (Stops::canHoldCaret(document, document.caret()) || toStopInCell(document))
         return;
     const int before = document.caret();
-    Moves::right(document);
+    right(document);
     if (document.caret() == before)
-        Moves::left(document);
+        left(document);
 }
 
 bool Moves::toStopInCell(Document& document) {
@@ -104,7 +105,7 @@ void Moves::right(Document& document, bool extend, bool byWord, bool mergeBounda
     document.endTyping();
     if (!extend && document.hasSelection())
         document.setCaret(std::max(document.caret(), document.pivot()));
-    else if (Moves::rightThroughTable(document))
+    else if (rightThroughTable(document))
         return;
     else if (byWord)
         Words::stepRight(document, extend);
@@ -116,7 +117,7 @@ bool Moves::rightThroughTable(Document& document) {
     if (isAtomicObjectAt(document.text(), document.caret()))
         return false;
     const int next =
-        Moves::landingRight(document, document.caret(), Stops::next(document, document.caret()));
+        landingRight(document, document.caret(), Stops::next(document, document.caret()));
     const int target = PageOrder(document).next(document.caret(), next);
     if (document.text().isValid(target) && target != next)
         document.setCaret(target);
@@ -130,7 +131,7 @@ void Moves::left(Document& document, bool extend, bool byWord, bool mergeBoundar
         return;
     if (!extend && !byWord && document.hasSelection())
         document.setCaret(std::min(document.caret(), document.pivot()));
-    else if (Moves::leftThroughTable(document))
+    else if (leftThroughTable(document))
         return;
     else if (byWord)
         Words::stepLeft(document, extend);
@@ -139,8 +140,8 @@ void Moves::left(Document& document, bool extend, bool byWord, bool mergeBoundar
 }
 
 bool Moves::leftThroughTable(Document& document) {
-    const int previous = Moves::landingLeft(document, document.caret(),
-                                            Stops::previous(document, document.caret()), true);
+    const int previous =
+        landingLeft(document, document.caret(), Stops::previous(document, document.caret()), true);
     const int target = PageOrder(document).previous(document.caret(), previous);
     if (document.text().isValid(target) && target != previous)
         document.setCaret(target);

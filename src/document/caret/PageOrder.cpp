@@ -114,9 +114,12 @@ std::vector<int> PageOrder::groupsBefore(int table, int group) const {
     return {groups.begin(), std::find(groups.begin(), groups.end(), group)};
 }
 
-/// Whether the position lies between the tags of the element.
+/// Whether the position lies between the tags of the element; one that is left open ends nowhere.
 bool PageOrder::holds(int element, int position) const {
-    return element >= 0 && element < position && position <= document_.text().closingTag(element);
+    if (element < 0 || position <= element)
+        return false;
+    const int closing = document_.text().closingTag(element);
+    return closing < 0 || position <= closing;
 }
 
 // Stops in them

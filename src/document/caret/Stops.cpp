@@ -40,13 +40,13 @@ int countStops(const Document& document, int element, int limit) {
 } // namespace
 
 int Stops::nextInCell(const Document& document, int position) {
-    const int stop = Stops::next(document, position);
-    return Stops::isInCellAround(document, position, stop) ? stop : -1;
+    const int stop = next(document, position);
+    return isInCellAround(document, position, stop) ? stop : -1;
 }
 
 int Stops::previousInCell(const Document& document, int position) {
-    const int stop = Stops::previous(document, position);
-    return Stops::isInCellAround(document, position, stop) ? stop : -1;
+    const int stop = previous(document, position);
+    return isInCellAround(document, position, stop) ? stop : -1;
 }
 
 bool Stops::isInCellAround(const Document& document, int position, int stop) {
@@ -62,14 +62,14 @@ int Stops::outsideMarkup(const Document& document, int position) {
     const int start = document.text().unitStart(position);
     if (start == position || CaretWalk(document, start).isStop())
         return start;
-    return Stops::previous(document, start);
+    return previous(document, start);
 }
 
 bool Stops::canHoldCaret(const Document& document, int position) {
     return CaretWalk(document, position).canHoldCaret();
 }
 
-int Stops::next(const Document& document, int position, bool wrap, bool mergeBoundaries) {
+int Stops::next(const Document& document, int position, Way way) {
     const XmlText& text = document.text();
     if (!text.isValid(position))
         return -1;
@@ -84,7 +84,7 @@ int Stops::next(const Document& document, int position, bool wrap, bool mergeBou
     bool wrapped = false;
     for (;;) {
         if (!walk.stepForwardOverScript()) {
-            if (remembered >= 0 || !wrap || wrapped)
+            if (remembered >= 0 || !way.wrap || wrapped)
                 return remembered;
             wrapped = true;
             walk.restartAt(0);
@@ -95,7 +95,7 @@ int Stops::next(const Document& document, int position, bool wrap, bool mergeBou
         if (!walk.isStop())
             continue;
         const bool fromEdge = isInlineStart(document, previous) || isInlineEnd(document, previous);
-        if (!mergeBoundaries || !fromEdge || !Lines::areInOneBlock(document, previous, stop))
+        if (!way.mergeBoundaries || !fromEdge || !Lines::areInOneBlock(document, previous, stop))
             return stop;
         if (isInlineEnd(document, previous))
             remembered = stop;
@@ -103,7 +103,7 @@ int Stops::next(const Document& document, int position, bool wrap, bool mergeBou
     }
 }
 
-int Stops::previous(const Document& document, int position, bool wrap, bool mergeBoundaries) {
+int Stops::previous(const Document& document, int position, Way way) {
     const XmlText& text = document.text();
     if (!text.isValid(position))
         return -1;
@@ -112,7 +112,7 @@ int Stops::previous(const Document& document, int position, bool wrap, bool merg
     bool wrapped = false;
     for (;;) {
         if (!walk.stepBackwardOverScript()) {
-            if (!wrap || wrapped)
+            if (!way.wrap || wrapped)
                 return -1;
             wrapped = true;
             walk.restartAt(text.lastTag());
@@ -125,29 +125,21 @@ int Stops::previous(const Document& document, int position, bool wrap, bool merg
         const bool entersInline = isInlineStart(document, stop) && text.next(stop) == previous;
         const bool leavesInline =
             isInlineEnd(document, stop) && Lines::areInOneBlock(document, previous, stop);
-        if (!mergeBoundaries || (!entersInline && !leavesInline))
+        if (!way.mergeBoundaries || (!entersInline && !leavesInline))
             return stop;
         previous = stop;
     }
 }
 
-int Stops::next(const Document& document, int position) {
-    return next(document, position, false, false);
-}
-
-int Stops::previous(const Document& document, int position) {
-    return previous(document, position, false, false);
-}
-
 int Stops::nextInFlow(const Document& document, int position) {
     while (position >= 0 && !document.text().isInFlow(position))
-        position = Stops::next(document, position);
+        position = next(document, position);
     return position;
 }
 
 int Stops::previousInFlow(const Document& document, int position, bool mergeBoundaries) {
     while (position >= 0 && !document.text().isInFlow(position))
-        position = Stops::previous(document, position, false, mergeBoundaries);
+        position = previous(document, position, {.mergeBoundaries = mergeBoundaries});
     return position;
 }
 
@@ -217,9 +209,9 @@ bool Stops::isCaretAtEdge(const Document& document, bool forward) {
     if (document.names.isInline(text.tagName(element)) && countStops(document, element, 3) < 3)
         return true;
     if (!forward)
-        return Stops::previous(document, document.caret()) <= element;
-    const int next = Stops::next(document, document.caret());
-    return next < 0 || next > text.closingTag(element);
+        return previous(document, document.caret()) <= element;
+    const int stop = next(document, document.caret());
+    return stop < 0 || stop > text.closingTag(element);
 }
 
 bool Stops::isSkipped(const Document& document, int position) {
@@ -232,12 +224,12 @@ bool EditableDocumentBuffer::canHoldCaret(int position) const {
 
 int EditableDocumentBuffer::getNextEditablePositionInFo(int position, bool wrap,
                                                         bool mergeBoundaries) const {
-    return Stops::next(*document_, position, wrap, mergeBoundaries);
+    return Stops::next(*document_, position, {wrap, mergeBoundaries});
 }
 
 int EditableDocumentBuffer::getPreviousEditablePositionInFo(int position, bool wrap,
                                                             bool mergeBoundaries) const {
-    return Stops::previous(*document_, position, wrap, mergeBoundaries);
+    return Stops::previous(*document_, position, {wrap, mergeBoundaries});
 }
 
 int EditableDocumentBuffer::getNextValidCaretPos(int position) const {

@@ -13,15 +13,15 @@ bool isSkipped(const Document& document, int position);
 /// Whether the caret is at the first stop of its current element or, with `forward`, at the last.
 bool isCaretAtEdge(const Document& document, bool forward);
 
-// The next or the previous stop: the nearest offset that can hold the caret and is not skipped. -1
-// if there is none or the position lies outside the text.
-
-int next(const Document& document, int position);
-int previous(const Document& document, int position);
-/// With `wrap` the walk goes on from the other end of the document, up to where it began. With
-/// `mergeBoundaries` two stops that only the edge of an inline lies between count as one.
-int next(const Document& document, int position, bool wrap, bool mergeBoundaries);
-int previous(const Document& document, int position, bool wrap, bool mergeBoundaries);
+/// How a walk from stop to stop goes.
+struct Way {
+    bool wrap = false;            ///< on from the other end of the document, up to where it began
+    bool mergeBoundaries = false; ///< stops that only the edge of an inline lies between are one
+};
+/// The next or the previous stop: the nearest offset that can hold the caret and is not skipped. -1
+/// if there is none or the position lies outside the text.
+int next(const Document& document, int position, Way way = {});
+int previous(const Document& document, int position, Way way = {});
 /// The position if it lies in a flow, else the nearest stop in that direction that does.
 int nextInFlow(const Document& document, int position);
 int previousInFlow(const Document& document, int position, bool mergeBoundaries);

@@ -18,50 +18,13 @@ constexpr Text table = L"fo:table";
 constexpr Text link = L"fo:basic-link";
 constexpr Text foPrefix = L"fo:";
 
-// In the order in which they are applied: the shorthand gives way to what is set by itself.
-enum Property { Shorthand, TreatmentProperty, CollapseProperty, LinefeedProperty, PropertyCount };
-constexpr std::array<Text, PropertyCount> propertyNames{
-    L"white-space", L"white-space-treatment", L"white-space-collapse", L"linefeed-treatment"};
-
-using Values = std::array<std::optional<Text>, PropertyCount>;
+constexpr std::array<Text, 4> propertyNames{L"white-space", L"white-space-treatment",
+                                            L"white-space-collapse", L"linefeed-treatment"};
 
 /// The other case of a unit is one unit, so that the length tells nearly always.
 bool equalsNoCase(Text value, Text keyword) {
     return value.size() == keyword.size() &&
            (value == keyword || String(value).toLower().view() == keyword);
-}
-
-/// Takes the values that the tag sets. A name without a prefix counts as its element's, but gives
-/// way to one written out.
-Values valuesAt(const XmlText& text, int element) {
-    Values implied;
-    Values values;
-    const bool isFo = text.tagName(element).starts_with(foPrefix);
-    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
-        const Text name = text.attributeName(at);
-        const bool isExplicit = name.starts_with(foPrefix);
-        if (!isExplicit && !isFo)
-            continue;
-        const Text local = isExplicit ? name.substr(foPrefix.size()) : name;
-        for (std::size_t property = 0; property < PropertyCount; ++property)
-            if (local == propertyNames[property])
-                (isExplicit ? values : implied)[property] = text.attributeValue(at);
-    }
-    for (std::size_t property = 0; property < PropertyCount; ++property)
-        if (!values[property])
-            values[property] = implied[property];
-    return values;
-}
-
-Values nearestValues(const XmlText& text, const std::vector<int>& around) {
-    Values nearest;
-    for (auto element = around.rbegin(); element != around.rend(); ++element) {
-        const Values own = valuesAt(text, *element);
-        for (std::size_t property = 0; property < PropertyCount; ++property)
-            if (!nearest[property])
-                nearest[property] = own[property];
-    }
-    return nearest;
 }
 
 /// The name of the element that the tag opens or closes.
@@ -100,11 +63,49 @@ void WhitespaceAlg::load(const std::vector<int>& around) {
     if (around.empty())
         return;
     reset();
-    const Values values = nearestValues(text(), around);
+    const Values& values = nearestValues(around);
     applyShorthand(values[Shorthand].value_or(Text()));
     applyTreatment(values[TreatmentProperty].value_or(Text()));
     applyCollapse(values[CollapseProperty].value_or(Text()));
     applyLinefeedTreatment(values[LinefeedProperty].value_or(Text()));
+}
+
+/// A walk goes in and out, so that most of the way from the root is as it was.
+const WhitespaceAlg::Values& WhitespaceAlg::nearestValues(const std::vector<int>& around) {
+    while (!levels_.empty() &&
+           (levels_.size() > around.size() || levels_.back().element != around[levels_.size() - 1]))
+        levels_.pop_back();
+    while (levels_.size() < around.size()) {
+        const int element = around[levels_.size()];
+        Values values = valuesAt(text(), element);
+        for (std::size_t property = 0; property < PropertyCount && !levels_.empty(); ++property)
+            if (!values[property])
+                values[property] = levels_.back().values[property];
+        levels_.push_back({element, values});
+    }
+    return levels_.back().values;
+}
+
+/// Takes the values that the tag sets. A name without a prefix counts as its element's, but gives
+/// way to one written out.
+WhitespaceAlg::Values WhitespaceAlg::valuesAt(const XmlText& text, int element) {
+    Values implied;
+    Values values;
+    const bool isFo = text.tagName(element).starts_with(foPrefix);
+    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
+        const Text name = text.attributeName(at);
+        const bool isExplicit = name.starts_with(foPrefix);
+        if (!isExplicit && !isFo)
+            continue;
+        const Text local = isExplicit ? name.substr(foPrefix.size()) : name;
+        for (std::size_t property = 0; property < PropertyCount; ++property)
+            if (local == propertyNames[property])
+                (isExplicit ? values : implied)[property] = text.attributeValue(at);
+    }
+    for (std::size_t property = 0; property < PropertyCount; ++property)
+        if (!values[property])
+            values[property] = implied[property];
+    return values;
 }
 
 void WhitespaceAlg::reset() {

@@ -2,6 +2,7 @@
 
 #include "text/TextView.h"
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -45,6 +46,20 @@ private:
         LinefeedAsSpace = 2,
         LinefeedAsZeroWidthSpace = 3
     };
+    // In the order in which they are applied: the shorthand gives way to what is set by itself.
+    enum Property {
+        Shorthand,
+        TreatmentProperty,
+        CollapseProperty,
+        LinefeedProperty,
+        PropertyCount
+    };
+    using Values = std::array<std::optional<TextView>, PropertyCount>;
+    /// An element around, and the values nearest to what it holds.
+    struct Level {
+        int element;
+        Values values;
+    };
     struct Space;
     /// A run of white space. A walk asks of each of its units.
     struct Run {
@@ -60,6 +75,8 @@ private:
         int data = -1;
     };
 
+    const Values& nearestValues(const std::vector<int>& around);
+    static Values valuesAt(const XmlText& text, int element);
     void reset();
     void applyShorthand(TextView value);
     void applyTreatment(TextView value);
@@ -92,6 +109,7 @@ private:
     Treatment treatment_ = IgnoreAroundLinefeed;
     bool collapse_ = true;
     Linefeed linefeed_ = LinefeedAsSpace;
+    std::vector<Level> levels_; // the outermost first
     mutable Run run_;
     mutable Search search_;
 };

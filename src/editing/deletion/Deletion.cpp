@@ -66,9 +66,9 @@ void eraseWord(Document& document, bool forward) {
     document.recordCaret();
     if (forward ? document.text().isBeforeTable(document.caret())
                 : document.text().isBehindTable(document.caret()))
-        Deletion::eraseText(document, forward, false, false);
+        Deletion::eraseText(document, forward, false);
     selectWord(document, forward);
-    Deletion::eraseText(document, forward, false, false);
+    Deletion::eraseText(document, forward, false);
 }
 
 /// What must hold an inline and lost it gets an empty one in the place of a bare placeholder.
@@ -123,7 +123,7 @@ int stopNearSkippedPlace(const Document& document) {
 void Deletion::erase(Document& document, bool forward, bool wholeWord) {
     if (!wholeWord && PlainErase::erase(document, forward))
         return;
-    if (!Deletion::isInErasablePlace(document))
+    if (!isInErasablePlace(document))
         return;
     const bool inList =
         !document.hasSelection() && document.text().isWithin(document.caret(), L"fo:list-block");
@@ -136,7 +136,7 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
     if (inList)
         ListEdge::erase(document, forward, wholeWord);
     else
-        Deletion::eraseText(document, forward, wholeWord, true);
+        eraseText(document, forward, wholeWord);
     const bool didNothing = document.history.recordedCount() == recorded;
     if (didNothing || !command.mayStand()) {
         command.takeBack();
@@ -149,8 +149,7 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
 bool Deletion::isInErasablePlace(const Document& document) {
     return (document.hasSelection() || Stops::canHoldCaret(document, document.caret())) &&
            document.text().isValid(document.caret()) && !document.isOutOfReach(document.caret()) &&
-           !document.text().isInLabel(document.caret()) &&
-           Deletion::isInRegion(document, document.caret());
+           !document.text().isInLabel(document.caret()) && isInRegion(document, document.caret());
 }
 
 bool Deletion::isInRegion(const Document& document, int position) {
@@ -158,37 +157,37 @@ bool Deletion::isInRegion(const Document& document, int position) {
 }
 
 void Deletion::removeParent(Document& document, const String& elementName) {
-    Deletion::removeElementAround(document, elementName, false);
+    removeElementAround(document, elementName, false);
 }
 
 void Deletion::removeElementAround(Document& document, const String& name,
                                    bool removeEmptyInlines) {
     const int element =
-        Deletion::withEmptiedSequence(document, document.text().ancestor(document.caret(), name));
-    if (!Deletion::isInRegion(document, element))
+        withEmptiedSequence(document, document.text().ancestor(document.caret(), name));
+    if (!isInRegion(document, element))
         return;
     RecordedCommand command(document);
     document.recordCaret();
     Edit(document).remove(element, document.text().behindElement(element));
     document.setCaret(element);
     Placeholders::repairEmptied(document, element, removeEmptyInlines);
-    Deletion::settleCaret(document);
+    settleCaret(document);
     document.recordCaret();
     if (!command.mayStand())
         command.takeBack();
 }
 
-void Deletion::eraseText(Document& document, bool forward, bool wholeWord, bool) {
+void Deletion::eraseText(Document& document, bool forward, bool wholeWord) {
     document.endTyping();
     const int element = document.text().elementAround(document.caret());
     if (document.hasSelection()) {
-        Deletion::deleteSelection(document, false);
+        deleteSelection(document, false);
         // Deliberate: a word goes with the selection, not the selection alone.
         if (wholeWord && !document.hasSelection())
-            Deletion::eraseText(document, forward, true, true);
+            eraseText(document, forward, true);
     } else if (forward && document.text().holdsOnlyPlaceholder(element) &&
-               Deletion::isLastBlockInFlow(document, element)) {
-        Deletion::eraseText(document, false, false, false);
+               isLastBlockInFlow(document, element)) {
+        eraseText(document, false, false);
         return;
     } else if (wholeWord) {
         eraseWord(document, forward);
@@ -231,7 +230,7 @@ void EditableDocumentBuffer::deleteParent(const String& elementName) {
 }
 
 void EditableDocumentBuffer::eraseTextFromBuffer(bool forward, bool wholeWord, bool) {
-    Deletion::eraseText(*document_, forward, wholeWord, true);
+    Deletion::eraseText(*document_, forward, wholeWord);
 }
 
 bool EditableDocumentBuffer::elementIsLastBlockInFlow(int element) const {

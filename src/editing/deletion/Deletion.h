@@ -25,8 +25,8 @@ void removeParent(Document& document, const Core::String& elementName);
 
 // Parts of a command, which record what they do. Who calls them makes one step of it.
 
-/// What erase() does outside lists. The last argument is ignored.
-void eraseText(Document& document, bool forward, bool wholeWord, bool);
+/// What erase() does outside lists.
+void eraseText(Document& document, bool forward, bool wholeWord);
 /// Delete one unit before or behind the position, which becomes where the caret belongs.
 void backward(Document& document, int& caret);
 void forward(Document& document, int& caret);

@@ -476,7 +476,7 @@ String Deletion::deleteSelection(Document& document, bool listHandled) {
     int start = document.selectionStart();
     int end =
         document.hasSelection() ? document.selectionEnd() : document.text().next(document.caret());
-    return Deletion::deleteRange(document, start, end, listHandled);
+    return deleteRange(document, start, end, listHandled);
 }
 
 String Deletion::deleteRange(Document& document, int& start, int& end, bool listHandled) {

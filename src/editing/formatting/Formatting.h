@@ -37,8 +37,8 @@ void formatInline(Document& document, int from, int to, PropertyCollection prope
 /// Gives the properties to the block around the position. Answers by how much the text behind the
 /// block's start tag moved.
 int formatBlockAround(Document& document, int position, const PropertyCollection& properties);
-/// Gives them to that element. One undo step.
-void change(Document& document, int element, const PropertyCollection& properties);
+/// Gives them to that element; answers whether it took them. One undo step.
+bool change(Document& document, int element, const PropertyCollection& properties);
 int elementNamedByPath(const Document& document, const Core::String& path);
 
 // Runs of text: what one inline can hold

@@ -108,13 +108,9 @@ void Formatting::setProperties(Document& document, const PropertyCollection& pro
     Formatting::change(document, nearestElementNamed(document, elementName, position), properties);
 }
 
-void Formatting::change(Document& document, int element, const PropertyCollection& properties) {
-    if (element < 0 || properties.isEmpty())
-        return;
-    RecordedCommand command(document);
-    Attributes::merge(document, element, properties);
-    if (!command.mayStand())
-        command.takeBack();
+bool Formatting::change(Document& document, int element, const PropertyCollection& properties) {
+    return element >= 0 && !properties.isEmpty() &&
+           carryOut(document, [&] { Attributes::merge(document, element, properties); });
 }
 
 void Attributes::removeAll(Document& document, int element) {

@@ -226,7 +226,7 @@ void Lists::breakList(Document& document) {
             Deletion::deleteSelection(document, false);
         if (!canBreakAt(document, document.caret()))
             return;
-        const int block = Lists::emptyBlockAround(document, document.caret());
+        const int block = emptyBlockAround(document, document.caret());
         if (block >= 0)
             leaveList(document, block);
         else

@@ -94,13 +94,13 @@ void Lists::createList(Document& document, ListType type) {
 }
 
 void Lists::removeList(Document& document) {
-    const int list = Lists::listAround(document, document.caret());
+    const int list = listAround(document, document.caret());
     if (list >= 0)
-        carryOut(document, [&] { Lists::unwrap(document, list); });
+        carryOut(document, [&] { unwrap(document, list); });
 }
 
 void Lists::changeLabelType(Document& document, ListType type) {
-    const int list = Lists::listAround(document, document.caret());
+    const int list = listAround(document, document.caret());
     if (list >= 0)
         carryOut(document, [&] { rewriteLabels(document, list, type); });
 }
@@ -123,13 +123,13 @@ void Lists::unwrap(Document& document, int list) {
 }
 
 void Lists::renumber(Document& document, int list) {
-    const std::vector<int> items = Lists::itemsOf(document, list);
+    const std::vector<int> items = itemsOf(document, list);
     TextRewrite rewrite(document);
     for (std::size_t i = 0; i < items.size(); ++i) {
-        const int block = Lists::labelBlock(document, items[i]);
+        const int block = labelBlock(document, items[i]);
         if (block >= 0)
-            replaceInLabel(document, Lists::contentOf(document, block),
-                           Lists::labelFor(ListType::Numbering, i + 1), rewrite);
+            replaceInLabel(document, contentOf(document, block),
+                           labelFor(ListType::Numbering, i + 1), rewrite);
     }
     rewrite.apply();
 }

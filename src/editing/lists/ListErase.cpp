@@ -267,7 +267,7 @@ void eraseInItem(Document& document, int item, bool forward, bool wholeWord) {
              Lists::isOwnItem(document, item))
         forward ? eraseForward(document, item) : eraseBackward(document, item);
     else
-        Deletion::eraseText(document, forward, wholeWord, true);
+        Deletion::eraseText(document, forward, wholeWord);
 }
 
 } // namespace

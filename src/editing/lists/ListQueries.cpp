@@ -45,7 +45,7 @@ bool isEndOfLine(const Document& document, int position) {
 } // namespace
 
 ListType Lists::typeAtCaret(const Document& document) {
-    return Lists::typeOf(document, Lists::listAround(document, document.caret()));
+    return typeOf(document, listAround(document, document.caret()));
 }
 
 int Lists::listAround(const Document& document, int position) {
@@ -66,7 +66,7 @@ int Lists::bodyOf(const Document& document, int item) {
 
 int Lists::firstBlockIn(const Document& document, int element) {
     const XmlText& text = document.text();
-    const int end = Lists::closingTag(document, element);
+    const int end = closingTag(document, element);
     int block = text.nextNamed(element, L"fo:block");
     while (block >= 0 && block < end && text.selfClosingAt(block))
         block = text.nextNamed(block, L"fo:block");
@@ -74,32 +74,30 @@ int Lists::firstBlockIn(const Document& document, int element) {
 }
 
 int Lists::lastBlockIn(const Document& document, int element) {
-    const int closing =
-        document.text().previousNamed(Lists::closingTag(document, element), L"/fo:block");
+    const int closing = document.text().previousNamed(closingTag(document, element), L"/fo:block");
     return closing > element ? document.text().elementAround(closing) : -1;
 }
 
 int Lists::numberOf(const Document& document, int item) {
     const int wanted = itemAt(document, item);
-    const std::vector<int> items = Lists::itemsOf(document, Lists::listAround(document, wanted));
+    const std::vector<int> items = itemsOf(document, listAround(document, wanted));
     const auto found = std::find(items.begin(), items.end(), wanted);
     return found == items.end() ? -1 : static_cast<int>(found - items.begin()) + 1;
 }
 
 bool Lists::isFirstPositionInItemBody(const Document& document, int position) {
-    return Lists::isInItemBody(document, position) &&
-           Lists::isFirstPositionIn(document, Lists::bodyOf(document, position), position);
+    return isInItemBody(document, position) &&
+           isFirstPositionIn(document, bodyOf(document, position), position);
 }
 
 int Lists::listAt(const Document& document, int position) {
-    return document.text().tagName(position) == L"fo:list-block"
-               ? position
-               : Lists::listAround(document, position);
+    return document.text().tagName(position) == L"fo:list-block" ? position
+                                                                 : listAround(document, position);
 }
 
 std::vector<int> Lists::childrenOf(const Document& document, int element) {
     std::vector<int> children;
-    const int end = Lists::closingTag(document, element);
+    const int end = closingTag(document, element);
     for (int child = document.text().nextElement(element); child >= 0 && child < end;
          child = document.text().nextSibling(child))
         children.push_back(child);
@@ -107,9 +105,9 @@ std::vector<int> Lists::childrenOf(const Document& document, int element) {
 }
 
 std::vector<int> Lists::itemsOf(const Document& document, int list) {
-    std::vector<int> items = Lists::childrenOf(document, list);
+    std::vector<int> items = childrenOf(document, list);
     items.erase(std::remove_if(items.begin(), items.end(),
-                               [&](int child) { return !Lists::isItem(document, child); }),
+                               [&](int child) { return !isItem(document, child); }),
                 items.end());
     return items;
 }
@@ -128,12 +126,12 @@ int Lists::neighborOf(int element, const std::vector<int>& elements, int step) {
 }
 
 bool Lists::isOwnItem(const Document& document, int item) {
-    return Lists::numberOf(document, item) > 0;
+    return numberOf(document, item) > 0;
 }
 
 bool Lists::isInItemBody(const Document& document, int position) {
-    const int body = Lists::bodyOf(document, position);
-    return body >= 0 && body < position && position <= Lists::closingTag(document, body);
+    const int body = bodyOf(document, position);
+    return body >= 0 && body < position && position <= closingTag(document, body);
 }
 
 bool Lists::isFirstPositionIn(const Document& document, int element, int position) {
@@ -145,7 +143,7 @@ bool Lists::isFirstPositionIn(const Document& document, int element, int positio
 }
 
 bool Lists::isLastPositionIn(const Document& document, int element, int position) {
-    const int end = Lists::closingTag(document, element);
+    const int end = closingTag(document, element);
     const auto closesInline = [&](int stop) {
         return document.names.closesInline(document.text().tagName(stop));
     };
@@ -160,7 +158,7 @@ bool Lists::isLastPositionIn(const Document& document, int element, int position
 ListType Lists::typeOf(const Document& document, int list) {
     const int first = document.text().nextNamed(list, L"fo:list-item-label");
     const String label =
-        first < Lists::closingTag(document, list) ? textOfLabel(document, first) : String();
+        first < closingTag(document, list) ? textOfLabel(document, first) : String();
     if (isBullet(label))
         return ListType::Bullets;
     int number = 0;
@@ -169,11 +167,11 @@ ListType Lists::typeOf(const Document& document, int list) {
 }
 
 int Lists::labelBlock(const Document& document, int item) {
-    return Lists::firstBlockIn(document, Lists::labelOf(document, item));
+    return firstBlockIn(document, labelOf(document, item));
 }
 
 String Lists::labelValue(const Document& document, int item) {
-    return textOfLabel(document, Lists::labelOf(document, item));
+    return textOfLabel(document, labelOf(document, item));
 }
 
 String Lists::firstLabel(ListType type) {
@@ -197,12 +195,12 @@ void Lists::getNextLabel(const String& label, String& next, int& number) {
         value == std::numeric_limits<int>::max())
         return;
     number = value + 1;
-    next = Lists::numberLabel(number);
+    next = numberLabel(number);
 }
 
 String Lists::labelFor(ListType type, std::size_t number) {
-    return type == ListType::Numbering ? Lists::numberLabel(static_cast<std::int64_t>(number))
-                                       : Lists::firstLabel(type);
+    return type == ListType::Numbering ? numberLabel(static_cast<std::int64_t>(number))
+                                       : firstLabel(type);
 }
 
 String Lists::numberLabel(std::int64_t number) {
@@ -210,29 +208,29 @@ String Lists::numberLabel(std::int64_t number) {
 }
 
 String Lists::createNewItem(const Document& document, const String& label, int position) {
-    const String body = Lists::createNewItemBody(document, position);
+    const String body = createNewItemBody(document, position);
     if (body.empty())
         return {};
-    const int item = Lists::itemAround(document, position);
-    const int block = Lists::labelBlock(document, item);
-    String text = Lists::startTag(document, item);
+    const int item = itemAround(document, position);
+    const int block = labelBlock(document, item);
+    String text = startTag(document, item);
     if (block >= 0)
-        text += Lists::startTag(document, Lists::labelOf(document, item)) +
-                Lists::startTag(document, block) + label + L"</fo:block></fo:list-item-label>";
-    const int behindBody = document.text().behindElement(Lists::bodyOf(document, item));
-    return text + body + Lists::slice(document, behindBody, document.text().behindElement(item));
+        text += startTag(document, labelOf(document, item)) + startTag(document, block) + label +
+                L"</fo:block></fo:list-item-label>";
+    const int behindBody = document.text().behindElement(bodyOf(document, item));
+    return text + body + slice(document, behindBody, document.text().behindElement(item));
 }
 
 String Lists::createNewItemBody(const Document& document, int position) {
-    if (!Lists::isInItemBody(document, position))
+    if (!isInItemBody(document, position))
         return {};
-    const int body = Lists::bodyOf(document, position);
-    String text = Lists::startTag(document, body);
-    for (const int element : Lists::elementsWithin(document, body, position))
-        text += Lists::startTag(document, element);
+    const int body = bodyOf(document, position);
+    String text = startTag(document, body);
+    for (const int element : elementsWithin(document, body, position))
+        text += startTag(document, element);
     if (isEndOfLine(document, position))
-        text += Lists::placeholderAt(document, position);
-    return text + Lists::slice(document, position, document.text().behindElement(body));
+        text += placeholderAt(document, position);
+    return text + slice(document, position, document.text().behindElement(body));
 }
 
 String Lists::placeholderAt(const Document& document, int position) {
@@ -246,11 +244,11 @@ String Lists::slice(const Document& document, int start, int end) {
 }
 
 String Lists::startTag(const Document& document, int element) {
-    return Lists::slice(document, element, Lists::contentOf(document, element).start);
+    return slice(document, element, contentOf(document, element).start);
 }
 
 Lists::Range Lists::contentOf(const Document& document, int element) {
-    return {document.text().next(element), Lists::closingTag(document, element)};
+    return {document.text().next(element), closingTag(document, element)};
 }
 
 int Lists::closingTag(const Document& document, int element) {

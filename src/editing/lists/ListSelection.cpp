@@ -89,13 +89,13 @@ int removeWhole(Document& document, int list) {
 int Lists::eraseSelection(Document& document) {
     int start = document.selectionStart();
     int end = document.selectionEnd();
-    return start < end ? Lists::eraseSelection(document, start, end) : -1;
+    return start < end ? eraseSelection(document, start, end) : -1;
 }
 
 int Lists::eraseSelection(Document& document, int& start, int& end) {
-    if (Lists::listAround(document, start) < 0 || end < start || !document.text().isValid(end))
+    if (listAround(document, start) < 0 || end < start || !document.text().isValid(end))
         return -1;
-    Lists::Range range{start, end};
+    Range range{start, end};
     int done = -1;
     const bool stood = carryOut(document, [&] {
         done = ListEdge::eraseRange(document, range);

@@ -128,8 +128,7 @@ bool EditableDocumentBuffer::setIdForCurrentPos(const String& id) {
         return false;
     PropertyCollection properties;
     properties.addProperty({identifier, id}, true);
-    Formatting::change(document, element, properties);
-    return true;
+    return Formatting::change(document, element, properties);
 }
 
 std::set<String> EditableDocumentBuffer::getUsedComponents() const {
