@@ -3,6 +3,9 @@
 #include "document/Document.h"
 #include "tables/CellSelection.h"
 #include "tables/ColumnWidths.h"
+#include "tables/RepeatRows.h"
+#include "tables/RowGroups.h"
+#include "tables/RowMarks.h"
 #include "tables/Table.h"
 #include "tables/TableColumns.h"
 #include "tables/TablePlaces.h"
@@ -30,6 +33,10 @@ void onFreshTable(Table& table, Command command) {
         return;
     command();
     table.rebuild();
+}
+
+const Element* caretRowOf(const Table& table) {
+    return table.model().rowAt(table.caret.caret.group, table.caret.caret.row);
 }
 
 } // namespace
@@ -267,6 +274,113 @@ bool EditableTableBuffer::canDecreaseColSpan() const {
 
 bool EditableTableBuffer::canDecreaseRowSpan() const {
     return CellSpans(table_->model(), table_->caret).canSplitRow();
+}
+
+// Groups of rows
+
+bool EditableTableBuffer::currentRowIsInGroup() const {
+    return isRowInGroup(caretRowOf(*table_));
+}
+
+bool EditableTableBuffer::isRowInGroup(const Element* row) {
+    return row && RowMarks::isMember(*row);
+}
+
+bool EditableTableBuffer::currentRowIsGroupHeader() const {
+    const Element* row = caretRowOf(*table_);
+    return row && RowMarks::isHeading(*row);
+}
+
+bool EditableTableBuffer::currentRowIsLastFromGroup() const {
+    return RowGroups(*table_).isLastMember();
+}
+
+Element* EditableTableBuffer::getRowGroupHeader() const {
+    return RowGroups(*table_).heading();
+}
+
+String EditableTableBuffer::getGroupXPath() const {
+    return RowGroups(*table_).path();
+}
+
+String EditableTableBuffer::getPreviousGroupXpath() const {
+    const Element* heading = RowGroups(*table_).headingBefore();
+    return heading ? RowMarks::valueOf(*heading, L"xpath") : String();
+}
+
+void EditableTableBuffer::getGroupProperties(String& xpath, String& groupBy, bool& merge) const {
+    const auto group = RowGroups(*table_).group();
+    if (!group)
+        return;
+    xpath = group->xpath;
+    groupBy = group->groupBy;
+    merge = group->merge;
+}
+
+void EditableTableBuffer::insertGroupRow(bool above, const String& xpath, const String& groupBy,
+                                         bool merge) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).insert(above, {xpath, groupBy, merge}); });
+}
+
+void EditableTableBuffer::convertToGroup(const String& xpath, const String& groupBy, bool merge,
+                                         const String& rowXPath) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).convert({xpath, groupBy, merge}, rowXPath); });
+}
+
+void EditableTableBuffer::addCurrentRowToGroup(const String& groupXPath) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).join(groupXPath); });
+}
+
+void EditableTableBuffer::ungroupCurrentRow(const String& fromXPath, const String& toXPath) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).leave(fromXPath, toXPath); });
+}
+
+void EditableTableBuffer::editGroup(const String& xpath, const String& groupBy, bool merge) {
+    RowGroups(*table_).edit({xpath, groupBy, merge});
+}
+
+void EditableTableBuffer::deleteGroup() {
+    RowGroups(*table_).remove();
+    table_->rebuild();
+}
+
+void EditableTableBuffer::deleteGroupReferences(Element* heading) {
+    if (heading)
+        RowMarks::freeMembers(*heading);
+}
+
+bool EditableTableBuffer::canGroupCurrentRow() const {
+    return RowGroups(*table_).canJoin();
+}
+
+bool EditableTableBuffer::canInsertGroupAbove() const {
+    return RowGroups(*table_).canInsertAbove();
+}
+
+bool EditableTableBuffer::canInsertGroupBelow() const {
+    return RowGroups(*table_).canInsertBelow();
+}
+
+// Single rows that are repeated
+
+bool EditableTableBuffer::caretIsInRepeatingTableRow() const {
+    return currentRowIsRepeatingRow();
+}
+
+bool EditableTableBuffer::currentRowIsRepeatingRow() const {
+    return RepeatRows(*table_).isRepeated();
+}
+
+void EditableTableBuffer::convertCurrentRowToRepeatingRow(const String& xpath) {
+    onFreshTable(*table_, [&] { RepeatRows(*table_).repeat(xpath); });
+}
+
+void EditableTableBuffer::setRepeatingRowPath(const String& xpath) {
+    onFreshTable(*table_, [&] { RepeatRows(*table_).setPath(xpath); });
+}
+
+void EditableTableBuffer::convertToStaticRow() {
+    onFreshTable(*table_, [&] { RepeatRows(*table_).makeStatic(); });
 }
 
 // Widths

@@ -149,6 +149,67 @@ public:
     bool canDecreaseColSpan() const;
     bool canDecreaseRowSpan() const;
 
+    // Groups of rows, in a template. A group is a heading, which is a qfd:table-row-repeat with the
+    // path of the group, a grouping key and an id, and the rows behind it that name the id. What is
+    // asked and done concerns the caret's row and the group that it belongs to.
+
+    bool currentRowIsInGroup() const;
+    /// The same for any row; false for null.
+    static bool isRowInGroup(const Xml::Element* row);
+    /// Whether the row is a heading.
+    bool currentRowIsGroupHeader() const;
+    /// Whether the row belongs to a group and the next one to none.
+    bool currentRowIsLastFromGroup() const;
+    /// The heading, which may be the row itself; null where the row belongs to no group.
+    Xml::Element* getRowGroupHeader() const;
+    /// The heading's path; "/" where the row belongs to no group.
+    Core::String getGroupXPath() const;
+    /// The path of the nearest heading before the row, whether the row belongs to its group or not;
+    /// empty without one.
+    Core::String getPreviousGroupXpath() const;
+    /// Tells what the row's heading says, or else the nearest one before it; without any the
+    /// arguments stay as they are.
+    void getGroupProperties(Core::String& xpath, Core::String& groupBy, bool& merge) const;
+
+    /// Adds a group of a heading and one member: above the row both are empty, below it both hold
+    /// copies of what the row holds. `groupBy` is the grouping key, and `merge` lets rows of the
+    /// data that have the same key be written as one.
+    void insertGroupRow(bool above, const Core::String& xpath, const Core::String& groupBy,
+                        bool merge);
+    /// Makes the row, with a path of its own, the first member of a new group. The heading is an
+    /// empty row above it.
+    void convertToGroup(const Core::String& xpath, const Core::String& groupBy, bool merge,
+                        const Core::String& rowXPath);
+    /// Lets the row join the group that the row directly above heads or belongs to. The path of a
+    /// repeated row, which counted from `groupXPath` as that of the group does, is written as it is
+    /// reached from the group.
+    void addCurrentRowToGroup(const Core::String& groupXPath);
+    /// Takes the row out of its group. The path of a repeated row, which counted from `fromXPath`,
+    /// is written as it is reached from `toXPath`.
+    void ungroupCurrentRow(const Core::String& fromXPath, const Core::String& toXPath);
+    /// Changes what the heading says. The table is not read again before.
+    void editGroup(const Core::String& xpath, const Core::String& groupBy, bool merge);
+    /// Removes the heading; the members stay as rows without a group. Nothing happens where the
+    /// heading is the only body row. The table is not read again before.
+    void deleteGroup();
+    /// Lets the rows behind the heading name it no more.
+    static void deleteGroupReferences(Xml::Element* heading);
+    /// Whether a host may offer addCurrentRowToGroup(), and insertGroupRow() above and below.
+    bool canGroupCurrentRow() const;
+    bool canInsertGroupAbove() const;
+    bool canInsertGroupBelow() const;
+
+    // Single rows that are repeated for each node of the data that a path leads to
+
+    /// Both the same: whether the caret's row is repeated.
+    bool caretIsInRepeatingTableRow() const;
+    bool currentRowIsRepeatingRow() const;
+    void convertCurrentRowToRepeatingRow(const Core::String& xpath);
+    /// Gives the row a path, whether it is repeated or not.
+    void setRepeatingRowPath(const Core::String& xpath);
+    /// Makes the row a plain one without path. What it says of groups stays.
+    void convertToStaticRow();
+
     // Widths, as the fo:table-column elements tell them: a length, "30%", or a share of what other
     // columns leave, "proportional-column-width(30)", as percentages are written. With `update` the
     // table is read again before. A column that the table has no element for stays without.

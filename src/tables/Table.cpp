@@ -34,6 +34,15 @@ void Table::read(int table) {
     caret.end = endPlace();
 }
 
+Xml::Element* Table::rowOfItsOwn(const CellPlace& place) {
+    Xml::Element* row = model_->rowAt(place.group, place.row);
+    if (!row || TableTree::isRow(*row))
+        return row;
+    TableTree::putCellsIntoRow(*row);
+    rebuild();
+    return model_->rowAt(place.group, place.row);
+}
+
 void Table::findCaret() {
     caret.caret = caret.end = placeAt(document_.caret());
 }
@@ -125,7 +134,8 @@ int Table::cellPosition(int table, const CellPlace& place, int rows, int columns
     const int row = rowsOfGroup[static_cast<std::size_t>(place.row)];
     int column = 0;
     for (const int cell : TablePlaces::cellsOf(text, row)) {
-        while (place.row < rows && column < columns && isCovered(place.row, column))
+        while (place.row < rows && column < columns &&
+               isCovered(place.row, column))
             ++column;
         if (column == place.column)
             return cell;

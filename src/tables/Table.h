@@ -27,6 +27,9 @@ public:
     const Fragment& fragment() const { return fragment_; }
     Xml::Element& root() const { return *fragment_.root(); }
     const TableModel& model() const { return *model_; }
+    /// The row of the place; null where there is none. Cells that stand in their group directly
+    /// are put into a row first, since commands add, move and rename rows.
+    Xml::Element* rowOfItsOwn(const CellPlace& place);
 
     /// The logical column of a position in the document that stands in that row; 0 where no cell of
     /// the row begins.
