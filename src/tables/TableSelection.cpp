@@ -57,6 +57,13 @@ bool EditableDocumentBuffer::caretIsInsideTable() const {
     return TablePlaces::tableAround(document_->text(), document_->caret()) >= 0;
 }
 
+bool EditableDocumentBuffer::selectionCrossTable() const {
+    const Document& document = *document_;
+    // Deliberate: true also outside any table; hosts disable their table commands by it.
+    return document.hasSelection() &&
+           !document.text().areInSameElement(L"fo:table", document.caret(), document.pivot());
+}
+
 bool EditableDocumentBuffer::hasSelectedTable() const {
     return TableSelection::selected(*document_) >= 0;
 }

@@ -57,6 +57,7 @@ std::vector<Operation> Calls::tables() {
         document("caretIsInsideTable", &D::caretIsInsideTable),
         document("caretIsInsideSameTable", &D::caretIsInsideSameTable),
         document("hasSelectedTable", &D::hasSelectedTable),
+        document("selectionCrossTable", &D::selectionCrossTable),
         document("selectTable", &D::selectTable, {"path"}),
         document("moveCaretNextCell", &D::moveCaretNextCell, {"ignored", "addRow"}),
         document("moveCaretPrevCell", &D::moveCaretPrevCell, {"ignored"}),
