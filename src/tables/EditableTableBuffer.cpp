@@ -1,6 +1,7 @@
 #include "tables/EditableTableBuffer.h"
 
 #include "document/Document.h"
+#include "tables/CellContent.h"
 #include "tables/CellSelection.h"
 #include "tables/ColumnWidths.h"
 #include "tables/RepeatRows.h"
@@ -10,6 +11,7 @@
 #include "tables/TableColumns.h"
 #include "tables/TablePlaces.h"
 #include "tables/TableRows.h"
+#include "trees/DocumentSeam.h"
 
 using Core::String;
 using Xml::Element;
@@ -33,6 +35,14 @@ void onFreshTable(Table& table, Command command) {
         return;
     command();
     table.rebuild();
+}
+
+Element* asElement(Node* node) {
+    return node && node->is_element() ? static_cast<Element*>(node) : nullptr;
+}
+
+const Element* asElement(const Node* node) {
+    return node && node->is_element() ? static_cast<const Element*>(node) : nullptr;
 }
 
 const Element* caretRowOf(const Table& table) {
@@ -438,4 +448,137 @@ int EditableTableBuffer::getNextProportionalWithCol(int column) const {
 
 int EditableTableBuffer::getPrevProportionalWithCol(int column) const {
     return ColumnWidths(*table_).previousShare(column);
+}
+
+// What the commands are made of
+
+String EditableTableBuffer::getNamespaces() const {
+    Document& document = table_->document();
+    return DocumentSeam(document).declarationsMissingAt(getDocumentBufferStart(), document.caret());
+}
+
+void EditableTableBuffer::rebuildEntireRowGroupMx() {
+    table_->rebuild();
+}
+
+void EditableTableBuffer::buildRowGroupMx(Type group) {
+    table_->rebuild(group);
+}
+
+std::map<std::pair<int, int>, bool>
+EditableTableBuffer::getSpanOverMatrixFromRowGroupMatrix(Type group, int rows, int columns) const {
+    std::map<std::pair<int, int>, bool> covered;
+    rows = std::min(rows, getRowCount(group));
+    columns = std::min(columns, getColumnCount());
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            if (table_->isCovered({group, row, column}))
+                covered[{row, column}] = true;
+    return covered;
+}
+
+void EditableTableBuffer::insertRow(Element* row, bool above) {
+    if (row)
+        TableRows(*table_).insertAt(*row, above);
+    table_->rebuild();
+}
+
+Element* EditableTableBuffer::insertCell(Element* cell, bool before) {
+    if (!cell || !cell->get_parent())
+        return nullptr;
+    Element& added = CellContent::addLike(*cell, before);
+    table_->rebuild();
+    return &added;
+}
+
+void EditableTableBuffer::deleteColumnInRowGroup(Type group) {
+    TableColumns(*table_).removeFrom(group);
+    table_->rebuild();
+}
+
+bool EditableTableBuffer::canDeleteColumnInRowGroup(Type group) const {
+    return TableColumns(*table_).canRemoveFrom(group);
+}
+
+void EditableTableBuffer::adjustTableColumnsAfterInsertion(int index) {
+    TableColumns(*table_).insertColumnElement(index);
+}
+
+void EditableTableBuffer::recreateTableColumns() {
+    TableColumns(*table_).makeColumnElements();
+}
+
+void EditableTableBuffer::assignNewColumnNumbers() {
+    TableColumns(*table_).numberColumnElements();
+}
+
+void EditableTableBuffer::increaseSpan(bool columns) {
+    CellSpans spans(table_->model(), table_->caret);
+    if (columns)
+        spans.mergeColumns();
+    else
+        spans.mergeRows();
+    table_->rebuild();
+}
+
+int EditableTableBuffer::getColSpanFromCell(const Element* cell) {
+    return cell ? TableTree::columnSpanOf(*cell) : 0;
+}
+
+int EditableTableBuffer::getRowSpanFromCell(const Element* cell) {
+    return cell ? TableTree::rowSpanOf(*cell) : 0;
+}
+
+bool EditableTableBuffer::hasColumnSpan(const Element* cell) {
+    return getColSpanFromCell(cell) > 1;
+}
+
+bool EditableTableBuffer::hasRowSpan(const Element* cell) {
+    return getRowSpanFromCell(cell) > 1;
+}
+
+void EditableTableBuffer::setColSpanToCell(Element* cell, int span) {
+    if (cell)
+        TableTree::setColumnSpan(*cell, span);
+}
+
+void EditableTableBuffer::setRowSpanToCell(Element* cell, int span) {
+    if (cell)
+        TableTree::setRowSpan(*cell, span);
+}
+
+void EditableTableBuffer::removeTextFromCell(Node* cell) {
+    if (Element* element = asElement(cell))
+        CellContent::removeText(*element);
+    table_->rebuild();
+}
+
+void EditableTableBuffer::replaceTextWithNonBreakingSpaceForNode(Element* element) {
+    if (element)
+        CellContent::leavePlaceholder(*element);
+    table_->rebuild();
+}
+
+void EditableTableBuffer::importBlocks(Node* target, Node* source) {
+    Element* to = asElement(target);
+    const Element* from = asElement(source);
+    if (to && from && to != from)
+        CellContent::importBlocks(*to, *from);
+    table_->rebuild();
+}
+
+bool EditableTableBuffer::isBlockWithNoText(const Node* node) {
+    const Element* element = asElement(node);
+    return element && CellContent::isWithoutText(*element);
+}
+
+bool EditableTableBuffer::cellElementContainsJustNonBreakingSpace(const Element* element) {
+    return element && CellContent::isJustPlaceholder(*element);
+}
+
+void EditableTableBuffer::removeIdFromElement(Element* element, bool recursive) {
+    if (element && recursive)
+        CellContent::removeIds(*element);
+    else if (element)
+        element->remove_attribute(L"id");
 }

@@ -5,7 +5,9 @@
 #include "trees/DOMBasedBuffer.h"
 
 #include <list>
+#include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class Table;
@@ -238,6 +240,64 @@ public:
     /// without one. Going back, column 0 is not looked at.
     int getNextProportionalWithCol(int column) const;
     int getPrevProportionalWithCol(int column) const;
+
+    // What the commands are made of. The table is not read again before. Of elements, null and what
+    // is no part of a table changes nothing.
+
+    /// The declarations of namespaces, each with a blank before it, that are in force at the caret
+    /// and that the table's own tag lacks.
+    Core::String getNamespaces() const;
+    /// Looks at the rows and cells of the tree again, or of one group; a host that has changed the
+    /// tree itself needs it before it asks about cells.
+    void rebuildEntireRowGroupMx();
+    void buildRowGroupMx(TableRowGroupType group);
+    /// The coordinates, row and column, of a group that are taken by a cell which begins elsewhere,
+    /// up to but excluding `rows` and `columns`.
+    std::map<std::pair<int, int>, bool>
+    getSpanOverMatrixFromRowGroupMatrix(TableRowGroupType group, int rows, int columns) const;
+
+    /// insertRow() at a row of this table instead of the caret's.
+    void insertRow(Xml::Element* row, bool above);
+    /// A new cell like that one, beside it.
+    Xml::Element* insertCell(Xml::Element* cell, bool before);
+    /// Deletes the cells in the caret's column in one group and leaves the fo:table-column elements
+    /// alone.
+    void deleteColumnInRowGroup(TableRowGroupType group);
+    bool canDeleteColumnInRowGroup(TableRowGroupType group) const;
+
+    /// A new fo:table-column for a column that was inserted there, counted from 0; what all columns
+    /// need where there was none. At 0 none is made where there was none.
+    void adjustTableColumnsAfterInsertion(int index);
+    /// As many fo:table-column elements as the table has columns, in front of its first child and
+    /// with the attributes of that.
+    void recreateTableColumns();
+    /// Gives the fo:table-column elements the numbers from 1.
+    void assignNewColumnNumbers();
+
+    /// Merges the caret's cell as increaseColSpan() or increaseRowSpan() does.
+    void increaseSpan(bool columns);
+    /// 1 where the cell says nothing that can be read, 0 for null.
+    static int getColSpanFromCell(const Xml::Element* cell);
+    static int getRowSpanFromCell(const Xml::Element* cell);
+    static bool hasColumnSpan(const Xml::Element* cell);
+    static bool hasRowSpan(const Xml::Element* cell);
+    static void setColSpanToCell(Xml::Element* cell, int span);
+    static void setRowSpanToCell(Xml::Element* cell, int span);
+
+    /// Leaves a cell its first block with a no-break space in it: the other blocks and the lists
+    /// go, anything else stays.
+    void removeTextFromCell(Xml::Node* cell);
+    /// Leaves an element nothing but a no-break space.
+    void replaceTextWithNonBreakingSpaceForNode(Xml::Element* element);
+    /// Copies what the source cell holds, but for blocks without text, to the end of the target. A
+    /// block with a no-break space that was all of the target's goes if anything was copied.
+    void importBlocks(Xml::Node* target, Xml::Node* source);
+    /// Whether the node holds no element, and no text but white space around one no-break space.
+    static bool isBlockWithNoText(const Xml::Node* node);
+    /// Whether the element holds one no-break space and nothing else, white space included.
+    static bool cellElementContainsJustNonBreakingSpace(const Xml::Element* element);
+    /// Removes the id, with `recursive` those of all elements within too.
+    static void removeIdFromElement(Xml::Element* element, bool recursive);
 
     // For the library's own commands, which hosts have no use for
 

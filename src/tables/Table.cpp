@@ -135,7 +135,7 @@ int Table::cellPosition(int table, const CellPlace& place, int rows, int columns
     int column = 0;
     for (const int cell : TablePlaces::cellsOf(text, row)) {
         while (place.row < rows && column < columns &&
-               isCovered(place.row, column))
+               isCovered({caret.caret.group, place.row, column}))
             ++column;
         if (column == place.column)
             return cell;
@@ -144,9 +144,8 @@ int Table::cellPosition(int table, const CellPlace& place, int rows, int columns
     return -1;
 }
 
-bool Table::isCovered(int row, int column) const {
-    const Type group = caret.caret.group;
-    const Xml::Element* cell = model_->cellAt({group, row, column});
-    return cell && (cell->get_parent() != model_->rowAt(group, row) ||
-                    cell == model_->cellAt({group, row, column - 1}));
+bool Table::isCovered(const CellPlace& place) const {
+    const Xml::Element* cell = model_->cellAt(place);
+    return cell && (cell->get_parent() != model_->rowAt(place.group, place.row) ||
+                    cell == model_->cellAt({place.group, place.row, place.column - 1}));
 }

@@ -20,6 +20,7 @@ public:
     bool update();
     /// Looks at the tree again, which a command has changed.
     void rebuild() { model_.emplace(*fragment_.root()); }
+    void rebuild(TableRowGroupType group) { model_->rebuild(group); }
     /// Writes the tree back; caret and selection go with their cells.
     void commit();
 
@@ -39,8 +40,8 @@ public:
     /// Deliberate: which columns are taken from above is asked of the group of the caret, up to but
     /// excluding `rows` and `columns`.
     int cellPosition(int table, const CellPlace& place, int rows, int columns) const;
-    /// Whether the coordinate of the caret's group is taken by a cell that begins elsewhere.
-    bool isCovered(int row, int column) const;
+    /// Whether the coordinate is taken by a cell that begins elsewhere.
+    bool isCovered(const CellPlace& place) const;
 
     // What the caches of the document refresh
 

@@ -12,8 +12,6 @@
 #include "tables/Table.h"
 #include "tables/TablePlaces.h"
 
-#include <algorithm>
-
 using Core::String;
 using Type = TableRowGroupType;
 
@@ -162,17 +160,11 @@ int EditableDocumentBuffer::getCellPositionInTable(int table, int row, int colum
 std::map<std::pair<int, int>, bool>
 EditableDocumentBuffer::buildSpanMatrix(int /*table*/, int rows, int columns,
                                         EditableTableBuffer* tableBuffer) const {
-    std::map<std::pair<int, int>, bool> covered;
     if (!tableBuffer)
-        return covered;
-    const Table& table = tableBuffer->table();
-    rows = std::min(rows, table.model().group(table.caret.caret.group).rowCount());
-    columns = std::min(columns, table.columnCount);
-    for (int row = 0; row < rows; ++row)
-        for (int column = 0; column < columns; ++column)
-            if (table.isCovered(row, column))
-                covered[{row, column}] = true;
-    return covered;
+        return {};
+    // Deliberate: it is the group of that buffer's caret, whatever the caller asks about.
+    const Type group = tableBuffer->table().caret.caret.group;
+    return tableBuffer->getSpanOverMatrixFromRowGroupMatrix(group, rows, columns);
 }
 
 int EditableDocumentBuffer::getColSpanFromCell(int cell) const {
