@@ -26,7 +26,7 @@ bool spansRows(const Element* cell) {
 
 /// Makes the row the heading of a new group; answers the group's id.
 String makeHeading(Element& row, const RowGroups::Group& group) {
-    const String id = ObjectId::generate();
+    String id = ObjectId::generate();
     RowMarks::makeRepeated(row);
     RowMarks::set(row, L"xpath", group.xpath, {});
     RowMarks::set(row, L"group-by", group.groupBy, {});
@@ -200,7 +200,7 @@ void RowGroups::removeHeading(Element& heading) {
 }
 
 bool RowGroups::canJoin() const {
-    const Element* joining = row();
+    const Element* joining = rowToChange();
     const Element* before =
         joining && !RowMarks::isMember(*joining) ? RowMarks::previous(*joining) : nullptr;
     return before && (saysHeading(*before) || RowMarks::isMember(*before));
@@ -215,14 +215,13 @@ bool RowGroups::reachIntoOthers(int row) const {
 }
 
 bool RowGroups::canInsertAbove() const {
-    const Element* from = row();
-    if (!from)
+    if (!model_.cellAt(caret_.caret) || !row())
         return false;
-    const TableTree::Elements cells = TableTree::cellsOf(*from);
+    const TableTree::Elements cells = TableTree::cellsOf(*row());
     return std::none_of(cells.begin(), cells.end(), spansRows) &&
            !reachIntoOthers(caret_.caret.row - 1);
 }
 
 bool RowGroups::canInsertBelow() const {
-    return row() && !reachIntoOthers(caret_.caret.row);
+    return model_.cellAt(caret_.caret) && row() && !reachIntoOthers(caret_.caret.row);
 }
