@@ -268,7 +268,6 @@ const std::vector<TableCommand>& tableCommands() {
          .can = "canGroupCurrentRow"},
         {.weight = 2,
          .request = R"(["table.ungroupCurrentRow","/d/g","/d"])",
-         .can = "currentRowIsLastFromGroup",
          .isGiven = tearsNoGroup},
         {.weight = 2, .request = R"(["table.editGroup","/e$","@k",false])"},
         {.weight = 3,
@@ -572,21 +571,24 @@ private:
         const Document& inner = Document::of(document());
         if (!Stops::canHoldCaret(inner, now.caret) || Stops::isSkipped(inner, now.caret))
             return "the caret is at no stop";
-        buffer().updateTableBuffer();
+        EditableTableBuffer& of = buffer();
+        of.updateTableBuffer();
         const Situation at = situationOf(after);
         if (at.row < 0 || !after.isBalanced())
             return {};
-        for (const auto& cell : at.rows().cells) {
-            const int place =
-                document().getCellPositionInTable(table, cell->row, cell->column, at.group,
-                                                  after.rows(at.group), after.columns(), &buffer());
+        // Each question passes the rows before, so that of many cells some are asked.
+        const auto& cells = at.rows().cells;
+        for (std::size_t i = 0; i < cells.size(); i += 1 + cells.size() / 8) {
+            const PlainTable::Cell& cell = *cells[i];
+            const int place = document().getCellPositionInTable(
+                table, cell.row, cell.column, at.group, after.rows(at.group), after.columns(), &of);
             const int within = now.text.find(L'>', static_cast<unsigned>(place)) + 1;
             Type group{};
             const int row = document().getTableRowNumberFrom(within, table, group);
-            if (place < 0 || row != cell->row || group != at.group ||
-                buffer().getTableColumnNumberFrom(within, row, group) != cell->column)
-                return "the cell at " + std::to_string(cell->row) + ", " +
-                       std::to_string(cell->column) + " is found at " + std::to_string(place);
+            if (place < 0 || row != cell.row || group != at.group ||
+                of.getTableColumnNumberFrom(within, row, group) != cell.column)
+                return "the cell at " + std::to_string(cell.row) + ", " +
+                       std::to_string(cell.column) + " is found at " + std::to_string(place);
         }
         return {};
     }
