@@ -36,7 +36,7 @@ std::string failureOnNewTables(std::uint32_t seed, std::size_t strangeEvery) {
 }
 
 void expectNoFailure(std::size_t strangeEvery) {
-    const std::size_t total = setting("FORME_RANDOM_COMMANDS", 600);
+    const std::size_t total = setting("FORME_RANDOM_COMMANDS", 300);
     const auto first = static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1));
     for (std::uint32_t seed = first; seed < first + total / perDocument; ++seed) {
         const std::string failure = failureOnNewTables(seed, strangeEvery);
