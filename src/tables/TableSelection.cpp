@@ -34,8 +34,10 @@ bool endsInCells(const Table& table) {
 bool addRowBelow(Document& document) {
     const SmartPtr<EditableTableBuffer> buffer = CachedTable::open(document, -1);
     buffer->insertRow(false);
-    if (!endsInCells(buffer->table()))
+    if (!endsInCells(buffer->table())) {
+        buffer->updateTableBuffer(); // else a host that keeps it would commit the row
         return false;
+    }
     buffer->commitChangesToEditableBuffer();
     return true;
 }

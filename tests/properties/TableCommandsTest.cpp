@@ -66,6 +66,15 @@ TEST(TableCommands, KeepTheirPromisesOnRealTables) {
     }
 }
 
+/// The row that Tab would have added is in no tree that a host keeps.
+TEST(TableCommands, TabThatAddsNoRowLeavesNothingToCommit) {
+    MarkedDocument buffer(markupOf(L"([|a]1x2)"));
+    const auto table = buffer->getEditableTableBuffer(-1);
+    buffer->moveCaretNextCell(false, true);
+    table->commitChangesToEditableBuffer();
+    EXPECT_FALSE(buffer->canUndo());
+}
+
 /// Where nothing spans, what is done and undone by commands gives the grid back, from every cell.
 TEST(TableCommands, HaveTheirOpposites) {
     using T = EditableTableBuffer;
