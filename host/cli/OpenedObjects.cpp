@@ -1,5 +1,7 @@
 #include "OpenedObjects.h"
 
+#include <algorithm>
+#include <set>
 #include <stdexcept>
 #include <utility>
 
@@ -10,10 +12,16 @@ namespace {
                                 ".open\" opens one");
 }
 
+void addAll(const Xml::Node* root, std::set<const Xml::Node*>& nodes) {
+    nodes.insert(root);
+    for (const Xml::Node* node : root->get_children())
+        addAll(node, nodes);
+}
+
 } // namespace
 
-void OpenedObjects::open(const std::string& qualifier, std::shared_ptr<void> object) {
-    objects_[qualifier] = std::move(object);
+void OpenedObjects::open(const std::string& qualifier, std::shared_ptr<void> object, Tree tree) {
+    objects_[qualifier] = {std::move(object), std::move(tree)};
 }
 
 void OpenedObjects::close(const std::string& qualifier) {
@@ -25,5 +33,32 @@ void* OpenedObjects::at(const std::string& qualifier) const {
     const auto found = objects_.find(qualifier);
     if (found == objects_.end())
         refuse(qualifier);
-    return found->second.get();
+    return found->second.object.get();
+}
+
+int OpenedObjects::numberOf(Xml::Node& node) {
+    const auto known = std::find_if(nodes_.begin(), nodes_.end(),
+                                    [&](const auto& entry) { return entry.second == &node; });
+    if (known != nodes_.end())
+        return known->first;
+    nodes_[++lastNumber_] = &node;
+    return lastNumber_;
+}
+
+Xml::Node& OpenedObjects::node(int number) const {
+    const auto found = nodes_.find(number);
+    if (found == nodes_.end())
+        throw std::invalid_argument("no node " + std::to_string(number) +
+                                    ": a tree's nodes keep their numbers until it is read anew");
+    return *found->second;
+}
+
+void OpenedObjects::forgetLostNodes() {
+    if (nodes_.empty())
+        return;
+    std::set<const Xml::Node*> present;
+    for (const auto& [qualifier, opened] : objects_)
+        if (opened.tree)
+            addAll(opened.tree(), present);
+    std::erase_if(nodes_, [&](const auto& entry) { return !present.contains(entry.second); });
 }

@@ -113,6 +113,7 @@ auto Session::undivided(Answer answer) {
 Json Session::carryOut(const Json& request) {
     notices_ = {};
     const Json result = operationFor(request).invoke(*this, request);
+    opened_.forgetLostNodes();
     Json notices = Json::array();
     for (const auto& [given, name] : {std::pair(notices_.buffer, "buffer"),
                                       {notices_.caret, "caret"},

@@ -376,9 +376,6 @@ public:
     void deleteContentAtPosition(bool keepSelection, int from, int to);
     /// Moves a position back over the indentation before it: tabs, and then one line feed.
     void deleteSpacesBetweenTags(int& position) const;
-    /// Whether something is selected and not both of its ends lie in the same table, which is true
-    /// also where neither lies in one.
-    bool selectionCrossTable() const;
     /// Whether the caret lies in a fo:block-container, with both ends of the selection, if any,
     /// valid.
     bool entireSelectionisInTheSameFloatingRegion() const;
@@ -608,6 +605,9 @@ public:
     bool caretIsInsideTable() const;
     /// Whether the selection begins at a table's `<` and ends directly behind that table.
     bool hasSelectedTable() const;
+    /// Whether something is selected and not both of its ends lie in the same table, which is true
+    /// also where neither lies in one.
+    bool selectionCrossTable() const;
     /// Selects the table, or other element, that a path names among those around the caret; with an
     /// empty path the table around the caret, where no table is selected already. Ends a run of
     /// typing.

@@ -3,10 +3,13 @@
 #include "document/Document.h"
 #include "foundation/xml/DomParser.h"
 #include "tables/BorderShorthand.h"
+#include "tables/CellContent.h"
 #include "tables/CellSelection.h"
 #include "tables/ColumnWidths.h"
 #include "tables/ElementFormat.h"
+#include "tables/RepeatRows.h"
 #include "tables/RowAttributes.h"
+#include "tables/RowGroups.h"
 #include "tables/RowMarks.h"
 #include "tables/SelectedElements.h"
 #include "tables/Table.h"
@@ -15,6 +18,7 @@
 #include "tables/TableFormat.h"
 #include "tables/TablePlaces.h"
 #include "tables/TableRows.h"
+#include "trees/DocumentSeam.h"
 
 using Core::String;
 using Xml::Element;
@@ -51,6 +55,18 @@ void changeBorders(Element* cell, Change change) {
     CellBorders borders(*cell);
     change(borders);
     borders.write();
+}
+
+Element* asElement(Node* node) {
+    return node && node->is_element() ? static_cast<Element*>(node) : nullptr;
+}
+
+const Element* asElement(const Node* node) {
+    return node && node->is_element() ? static_cast<const Element*>(node) : nullptr;
+}
+
+const Element* caretRowOf(const Table& table) {
+    return table.model().rowAt(table.caret.caret.group, table.caret.caret.row);
 }
 
 } // namespace
@@ -283,6 +299,113 @@ bool EditableTableBuffer::canDecreaseColSpan() const {
 
 bool EditableTableBuffer::canDecreaseRowSpan() const {
     return CellSpans(table_->model(), table_->caret).canSplitRow();
+}
+
+// Groups of rows
+
+bool EditableTableBuffer::currentRowIsInGroup() const {
+    return isRowInGroup(caretRowOf(*table_));
+}
+
+bool EditableTableBuffer::isRowInGroup(const Element* row) {
+    return row && RowMarks::isMember(*row);
+}
+
+bool EditableTableBuffer::currentRowIsGroupHeader() const {
+    const Element* row = caretRowOf(*table_);
+    return row && RowMarks::isHeading(*row);
+}
+
+bool EditableTableBuffer::currentRowIsLastFromGroup() const {
+    return RowGroups(*table_).isLastMember();
+}
+
+Element* EditableTableBuffer::getRowGroupHeader() const {
+    return RowGroups(*table_).heading();
+}
+
+String EditableTableBuffer::getGroupXPath() const {
+    return RowGroups(*table_).path();
+}
+
+String EditableTableBuffer::getPreviousGroupXpath() const {
+    const Element* heading = RowGroups(*table_).headingBefore();
+    return heading ? RowMarks::valueOf(*heading, L"xpath") : String();
+}
+
+void EditableTableBuffer::getGroupProperties(String& xpath, String& groupBy, bool& merge) const {
+    const auto group = RowGroups(*table_).group();
+    if (!group)
+        return;
+    xpath = group->xpath;
+    groupBy = group->groupBy;
+    merge = group->merge;
+}
+
+void EditableTableBuffer::insertGroupRow(bool above, const String& xpath, const String& groupBy,
+                                         bool merge) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).insert(above, {xpath, groupBy, merge}); });
+}
+
+void EditableTableBuffer::convertToGroup(const String& xpath, const String& groupBy, bool merge,
+                                         const String& rowXPath) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).convert({xpath, groupBy, merge}, rowXPath); });
+}
+
+void EditableTableBuffer::addCurrentRowToGroup(const String& groupXPath) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).join(groupXPath); });
+}
+
+void EditableTableBuffer::ungroupCurrentRow(const String& fromXPath, const String& toXPath) {
+    onFreshTable(*table_, [&] { RowGroups(*table_).leave(fromXPath, toXPath); });
+}
+
+void EditableTableBuffer::editGroup(const String& xpath, const String& groupBy, bool merge) {
+    RowGroups(*table_).edit({xpath, groupBy, merge});
+}
+
+void EditableTableBuffer::deleteGroup() {
+    RowGroups(*table_).remove();
+    table_->rebuild();
+}
+
+void EditableTableBuffer::deleteGroupReferences(Element* heading) {
+    if (heading)
+        RowMarks::freeMembers(*heading);
+}
+
+bool EditableTableBuffer::canGroupCurrentRow() const {
+    return RowGroups(*table_).canJoin();
+}
+
+bool EditableTableBuffer::canInsertGroupAbove() const {
+    return RowGroups(*table_).canInsertAbove();
+}
+
+bool EditableTableBuffer::canInsertGroupBelow() const {
+    return RowGroups(*table_).canInsertBelow();
+}
+
+// Single rows that are repeated
+
+bool EditableTableBuffer::caretIsInRepeatingTableRow() const {
+    return currentRowIsRepeatingRow();
+}
+
+bool EditableTableBuffer::currentRowIsRepeatingRow() const {
+    return RepeatRows(*table_).isRepeated();
+}
+
+void EditableTableBuffer::convertCurrentRowToRepeatingRow(const String& xpath) {
+    onFreshTable(*table_, [&] { RepeatRows(*table_).repeat(xpath); });
+}
+
+void EditableTableBuffer::setRepeatingRowPath(const String& xpath) {
+    onFreshTable(*table_, [&] { RepeatRows(*table_).setPath(xpath); });
+}
+
+void EditableTableBuffer::convertToStaticRow() {
+    onFreshTable(*table_, [&] { RepeatRows(*table_).makeStatic(); });
 }
 
 // Widths
@@ -523,4 +646,137 @@ void EditableTableBuffer::applyRowFormat(Element* row, const Element* pattern) {
 void EditableTableBuffer::applyElementFormat(Element* element, const Element* pattern, bool clear) {
     if (element && pattern)
         ElementFormat::apply(*element, *pattern, clear);
+}
+
+// What the commands are made of
+
+String EditableTableBuffer::getNamespaces() const {
+    Document& document = table_->document();
+    return DocumentSeam(document).declarationsMissingAt(getDocumentBufferStart(), document.caret());
+}
+
+void EditableTableBuffer::rebuildEntireRowGroupMx() {
+    table_->rebuild();
+}
+
+void EditableTableBuffer::buildRowGroupMx(Type group) {
+    table_->rebuild(group);
+}
+
+std::map<std::pair<int, int>, bool>
+EditableTableBuffer::getSpanOverMatrixFromRowGroupMatrix(Type group, int rows, int columns) const {
+    std::map<std::pair<int, int>, bool> covered;
+    rows = std::min(rows, getRowCount(group));
+    columns = std::min(columns, getColumnCount());
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            if (table_->isCovered({group, row, column}))
+                covered[{row, column}] = true;
+    return covered;
+}
+
+void EditableTableBuffer::insertRow(Element* row, bool above) {
+    if (row)
+        TableRows(*table_).insertAt(*row, above);
+    table_->rebuild();
+}
+
+Element* EditableTableBuffer::insertCell(Element* cell, bool before) {
+    if (!cell || !cell->get_parent())
+        return nullptr;
+    Element& added = CellContent::addLike(*cell, before);
+    table_->rebuild();
+    return &added;
+}
+
+void EditableTableBuffer::deleteColumnInRowGroup(Type group) {
+    TableColumns(*table_).removeFrom(group);
+    table_->rebuild();
+}
+
+bool EditableTableBuffer::canDeleteColumnInRowGroup(Type group) const {
+    return TableColumns(*table_).canRemoveFrom(group);
+}
+
+void EditableTableBuffer::adjustTableColumnsAfterInsertion(int index) {
+    TableColumns(*table_).insertColumnElement(index);
+}
+
+void EditableTableBuffer::recreateTableColumns() {
+    TableColumns(*table_).makeColumnElements();
+}
+
+void EditableTableBuffer::assignNewColumnNumbers() {
+    TableColumns(*table_).numberColumnElements();
+}
+
+void EditableTableBuffer::increaseSpan(bool columns) {
+    CellSpans spans(table_->model(), table_->caret);
+    if (columns)
+        spans.mergeColumns();
+    else
+        spans.mergeRows();
+    table_->rebuild();
+}
+
+int EditableTableBuffer::getColSpanFromCell(const Element* cell) {
+    return cell ? TableTree::columnSpanOf(*cell) : 0;
+}
+
+int EditableTableBuffer::getRowSpanFromCell(const Element* cell) {
+    return cell ? TableTree::rowSpanOf(*cell) : 0;
+}
+
+bool EditableTableBuffer::hasColumnSpan(const Element* cell) {
+    return getColSpanFromCell(cell) > 1;
+}
+
+bool EditableTableBuffer::hasRowSpan(const Element* cell) {
+    return getRowSpanFromCell(cell) > 1;
+}
+
+void EditableTableBuffer::setColSpanToCell(Element* cell, int span) {
+    if (cell)
+        TableTree::setColumnSpan(*cell, span);
+}
+
+void EditableTableBuffer::setRowSpanToCell(Element* cell, int span) {
+    if (cell)
+        TableTree::setRowSpan(*cell, span);
+}
+
+void EditableTableBuffer::removeTextFromCell(Node* cell) {
+    if (Element* element = asElement(cell))
+        CellContent::removeText(*element);
+    table_->rebuild();
+}
+
+void EditableTableBuffer::replaceTextWithNonBreakingSpaceForNode(Element* element) {
+    if (element)
+        CellContent::leavePlaceholder(*element);
+    table_->rebuild();
+}
+
+void EditableTableBuffer::importBlocks(Node* target, Node* source) {
+    Element* to = asElement(target);
+    const Element* from = asElement(source);
+    if (to && from && to != from)
+        CellContent::importBlocks(*to, *from);
+    table_->rebuild();
+}
+
+bool EditableTableBuffer::isBlockWithNoText(const Node* node) {
+    const Element* element = asElement(node);
+    return element && CellContent::isWithoutText(*element);
+}
+
+bool EditableTableBuffer::cellElementContainsJustNonBreakingSpace(const Element* element) {
+    return element && CellContent::isJustPlaceholder(*element);
+}
+
+void EditableTableBuffer::removeIdFromElement(Element* element, bool recursive) {
+    if (element && recursive)
+        CellContent::removeIds(*element);
+    else if (element)
+        element->remove_attribute(L"id");
 }

@@ -10,7 +10,9 @@
 #include "trees/DOMBasedBuffer.h"
 
 #include <list>
+#include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class Table;
@@ -154,6 +156,67 @@ public:
     bool canDecreaseColSpan() const;
     bool canDecreaseRowSpan() const;
 
+    // Groups of rows, in a template. A group is a heading, which is a qfd:table-row-repeat with the
+    // path of the group, a grouping key and an id, and the rows behind it that name the id. What is
+    // asked and done concerns the caret's row and the group that it belongs to.
+
+    bool currentRowIsInGroup() const;
+    /// The same for any row; false for null.
+    static bool isRowInGroup(const Xml::Element* row);
+    /// Whether the row is a heading.
+    bool currentRowIsGroupHeader() const;
+    /// Whether the row belongs to a group and the next one to none.
+    bool currentRowIsLastFromGroup() const;
+    /// The heading, which may be the row itself; null where the row belongs to no group.
+    Xml::Element* getRowGroupHeader() const;
+    /// The heading's path; "/" where the row belongs to no group.
+    Core::String getGroupXPath() const;
+    /// The path of the nearest heading before the row, whether the row belongs to its group or not;
+    /// empty without one.
+    Core::String getPreviousGroupXpath() const;
+    /// Tells what the row's heading says, or else the nearest one before it; without any the
+    /// arguments stay as they are.
+    void getGroupProperties(Core::String& xpath, Core::String& groupBy, bool& merge) const;
+
+    /// Adds a group of a heading and one member: above the row both are empty, below it both hold
+    /// copies of what the row holds. `groupBy` is the grouping key, and `merge` lets rows of the
+    /// data that have the same key be written as one.
+    void insertGroupRow(bool above, const Core::String& xpath, const Core::String& groupBy,
+                        bool merge);
+    /// Makes the row, with a path of its own, the first member of a new group. The heading is an
+    /// empty row above it.
+    void convertToGroup(const Core::String& xpath, const Core::String& groupBy, bool merge,
+                        const Core::String& rowXPath);
+    /// Lets the row join the group that the row directly above heads or belongs to. The path of a
+    /// repeated row, which counted from `groupXPath` as that of the group does, is written as it is
+    /// reached from the group.
+    void addCurrentRowToGroup(const Core::String& groupXPath);
+    /// Takes the row out of its group. The path of a repeated row, which counted from `fromXPath`,
+    /// is written as it is reached from `toXPath`.
+    void ungroupCurrentRow(const Core::String& fromXPath, const Core::String& toXPath);
+    /// Changes what the heading says. The table is not read again before.
+    void editGroup(const Core::String& xpath, const Core::String& groupBy, bool merge);
+    /// Removes the heading; the members stay as rows without a group. Nothing happens where the
+    /// heading is the only body row. The table is not read again before.
+    void deleteGroup();
+    /// Lets the rows behind the heading name it no more.
+    static void deleteGroupReferences(Xml::Element* heading);
+    /// Whether a host may offer addCurrentRowToGroup(), and insertGroupRow() above and below.
+    bool canGroupCurrentRow() const;
+    bool canInsertGroupAbove() const;
+    bool canInsertGroupBelow() const;
+
+    // Single rows that are repeated for each node of the data that a path leads to
+
+    /// Both the same: whether the caret's row is repeated.
+    bool caretIsInRepeatingTableRow() const;
+    bool currentRowIsRepeatingRow() const;
+    void convertCurrentRowToRepeatingRow(const Core::String& xpath);
+    /// Gives the row a path, whether it is repeated or not.
+    void setRepeatingRowPath(const Core::String& xpath);
+    /// Makes the row a plain one without path. What it says of groups stays.
+    void convertToStaticRow();
+
     // Widths, as the fo:table-column elements tell them: a length, "30%", or a share of what other
     // columns leave, "proportional-column-width(30)", as percentages are written. With `update` the
     // table is read again before. A column that the table has no element for stays without.
@@ -283,6 +346,64 @@ public:
     static void applyRowFormat(Xml::Element* row, const Xml::Element* pattern);
     /// Without `clear` the element keeps what the other does not say.
     static void applyElementFormat(Xml::Element* element, const Xml::Element* pattern, bool clear);
+
+    // What the commands are made of. The table is not read again before. Of elements, null and what
+    // is no part of a table changes nothing.
+
+    /// The declarations of namespaces, each with a blank before it, that are in force at the caret
+    /// and that the table's own tag lacks.
+    Core::String getNamespaces() const;
+    /// Looks at the rows and cells of the tree again, or of one group; a host that has changed the
+    /// tree itself needs it before it asks about cells.
+    void rebuildEntireRowGroupMx();
+    void buildRowGroupMx(TableRowGroupType group);
+    /// The coordinates, row and column, of a group that are taken by a cell which begins elsewhere,
+    /// up to but excluding `rows` and `columns`.
+    std::map<std::pair<int, int>, bool>
+    getSpanOverMatrixFromRowGroupMatrix(TableRowGroupType group, int rows, int columns) const;
+
+    /// insertRow() at a row of this table instead of the caret's.
+    void insertRow(Xml::Element* row, bool above);
+    /// A new cell like that one, beside it.
+    Xml::Element* insertCell(Xml::Element* cell, bool before);
+    /// Deletes the cells in the caret's column in one group and leaves the fo:table-column elements
+    /// alone.
+    void deleteColumnInRowGroup(TableRowGroupType group);
+    bool canDeleteColumnInRowGroup(TableRowGroupType group) const;
+
+    /// A new fo:table-column for a column that was inserted there, counted from 0; what all columns
+    /// need where there was none. At 0 none is made where there was none.
+    void adjustTableColumnsAfterInsertion(int index);
+    /// As many fo:table-column elements as the table has columns, in front of its first child and
+    /// with the attributes of that.
+    void recreateTableColumns();
+    /// Gives the fo:table-column elements the numbers from 1.
+    void assignNewColumnNumbers();
+
+    /// Merges the caret's cell as increaseColSpan() or increaseRowSpan() does.
+    void increaseSpan(bool columns);
+    /// 1 where the cell says nothing that can be read, 0 for null.
+    static int getColSpanFromCell(const Xml::Element* cell);
+    static int getRowSpanFromCell(const Xml::Element* cell);
+    static bool hasColumnSpan(const Xml::Element* cell);
+    static bool hasRowSpan(const Xml::Element* cell);
+    static void setColSpanToCell(Xml::Element* cell, int span);
+    static void setRowSpanToCell(Xml::Element* cell, int span);
+
+    /// Leaves a cell its first block with a no-break space in it: the other blocks and the lists
+    /// go, anything else stays.
+    void removeTextFromCell(Xml::Node* cell);
+    /// Leaves an element nothing but a no-break space.
+    void replaceTextWithNonBreakingSpaceForNode(Xml::Element* element);
+    /// Copies what the source cell holds, but for blocks without text, to the end of the target. A
+    /// block with a no-break space that was all of the target's goes if anything was copied.
+    void importBlocks(Xml::Node* target, Xml::Node* source);
+    /// Whether the node holds no element, and no text but white space around one no-break space.
+    static bool isBlockWithNoText(const Xml::Node* node);
+    /// Whether the element holds one no-break space and nothing else, white space included.
+    static bool cellElementContainsJustNonBreakingSpace(const Xml::Element* element);
+    /// Removes the id, with `recursive` those of all elements within too.
+    static void removeIdFromElement(Xml::Element* element, bool recursive);
 
     // For the library's own commands, which hosts have no use for
 

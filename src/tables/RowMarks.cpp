@@ -1,5 +1,7 @@
 #include "tables/RowMarks.h"
 
+#include <set>
+
 using Core::String;
 using Xml::Element;
 using Xml::Node;
@@ -10,6 +12,24 @@ Element* elementFrom(Node* node, Node* (Node::*step)() const) {
     while (node && !node->is_element())
         node = (node->*step)();
     return static_cast<Element*>(node);
+}
+
+/// Gives what has no prefix this one. Where the same stands with it already the bare one wins, as
+/// it does wherever attributes are looked up.
+void prefixAttributes(Element& row, const String& prefix) {
+    const auto isBare = [](const Xml::Attribute* attribute) {
+        return attribute->get_namespace_prefix().empty();
+    };
+    std::set<String> names;
+    for (const Xml::Attribute* attribute : row.get_attributes())
+        if (isBare(attribute))
+            names.insert(attribute->get_name());
+    for (const Xml::Attribute* attribute : row.get_attributes())
+        if (attribute->get_namespace_prefix() == prefix && names.contains(attribute->get_name()))
+            row.remove_attribute(attribute->get_name(), prefix);
+    for (Xml::Attribute* attribute : row.get_attributes())
+        if (isBare(attribute))
+            attribute->set_namespace(prefix);
 }
 
 } // namespace
@@ -49,6 +69,13 @@ Element* RowMarks::next(const Element& row) {
 
 Element* RowMarks::previous(const Element& row) {
     return elementFrom(row.get_previous_sibling(), &Node::get_previous_sibling);
+}
+
+void RowMarks::makeRepeated(Element& row) {
+    if (!isRepeated(row))
+        prefixAttributes(row, L"fo");
+    row.set_name(L"table-row-repeat");
+    row.set_namespace(L"qfd");
 }
 
 void RowMarks::makePlain(Element& row) {

@@ -22,6 +22,9 @@ void remove(Xml::Element& row, const Core::String& name);
 Xml::Element* next(const Xml::Element& row);
 Xml::Element* previous(const Xml::Element& row);
 
+/// Makes the row a repeated one. What a plain row says without a prefix gets its prefix, since it
+/// would count as the repeated row's own otherwise.
+void makeRepeated(Xml::Element& row);
 /// Makes the row a plain one, which is not repeated and heads no group.
 void makePlain(Xml::Element& row);
 /// Lets the members of the heading's group name it no more.

@@ -37,6 +37,15 @@ void Table::read(int table) {
     caret.end = endPlace();
 }
 
+Xml::Element* Table::rowOfItsOwn(const CellPlace& place) {
+    Xml::Element* row = model_->rowAt(place.group, place.row);
+    if (!row || TableTree::isRow(*row))
+        return row;
+    TableTree::putCellsIntoRow(*row);
+    rebuild();
+    return model_->rowAt(place.group, place.row);
+}
+
 void Table::findCaret() {
     caret.caret = caret.end = placeAt(document_.caret());
 }
@@ -128,7 +137,8 @@ int Table::cellPosition(int table, const CellPlace& place, int rows, int columns
     const int row = rowsOfGroup[static_cast<std::size_t>(place.row)];
     int column = 0;
     for (const int cell : TablePlaces::cellsOf(text, row)) {
-        while (place.row < rows && column < columns && isCovered(place.row, column))
+        while (place.row < rows && column < columns &&
+               isCovered({caret.caret.group, place.row, column}))
             ++column;
         if (column == place.column)
             return cell;
@@ -137,9 +147,8 @@ int Table::cellPosition(int table, const CellPlace& place, int rows, int columns
     return -1;
 }
 
-bool Table::isCovered(int row, int column) const {
-    const Type group = caret.caret.group;
-    const Xml::Element* cell = model_->cellAt({group, row, column});
-    return cell && (cell->get_parent() != model_->rowAt(group, row) ||
-                    cell == model_->cellAt({group, row, column - 1}));
+bool Table::isCovered(const CellPlace& place) const {
+    const Xml::Element* cell = model_->cellAt(place);
+    return cell && (cell->get_parent() != model_->rowAt(place.group, place.row) ||
+                    cell == model_->cellAt({place.group, place.row, place.column - 1}));
 }

@@ -23,6 +23,7 @@ public:
     bool stands() const;
     /// Looks at the tree again, which a command has changed.
     void rebuild() { model_.emplace(*fragment_.root()); }
+    void rebuild(TableRowGroupType group) { model_->rebuild(group); }
     /// Writes the tree back; caret and selection go with their cells.
     void commit();
 
@@ -30,6 +31,9 @@ public:
     const Fragment& fragment() const { return fragment_; }
     Xml::Element& root() const { return *fragment_.root(); }
     const TableModel& model() const { return *model_; }
+    /// The row of the place; null where there is none. Cells that stand in their group directly
+    /// are put into a row first, since commands add, move and rename rows.
+    Xml::Element* rowOfItsOwn(const CellPlace& place);
 
     /// The logical column of a position in the document that stands in that row; 0 where no cell of
     /// the row begins.
@@ -39,8 +43,8 @@ public:
     /// Deliberate: which columns are taken from above is asked of the group of the caret, up to but
     /// excluding `rows` and `columns`.
     int cellPosition(int table, const CellPlace& place, int rows, int columns) const;
-    /// Whether the coordinate of the caret's group is taken by a cell that begins elsewhere.
-    bool isCovered(int row, int column) const;
+    /// Whether the coordinate is taken by a cell that begins elsewhere.
+    bool isCovered(const CellPlace& place) const;
 
     // What the caches of the document refresh
 

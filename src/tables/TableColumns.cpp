@@ -65,7 +65,6 @@ void TableColumns::insertIn(Type type, bool after) {
     }
 }
 
-/// Like the one before it, which is also as wide.
 void TableColumns::insertColumnElement(int index) {
     writeOutRepeated();
     const TableTree::Elements columns = TableTree::columnsOf(model_.table());
@@ -97,7 +96,7 @@ void TableColumns::makeColumnElements() {
     const auto children = model_.table().get_children();
     const auto first = std::find_if(children.begin(), children.end(),
                                     [](const Node* child) { return child->is_element(); });
-    for (int count = table_.columnCount; count > 0; --count) {
+    for (int count = table_.columnCount; first != children.end() && count > 0; --count) {
         auto& column = static_cast<Element&>(
             *model_.table().import_node_as_prev_sibling(*first, *first, false));
         column.set_name(L"table-column");
@@ -129,6 +128,11 @@ void TableColumns::remove() {
     caret_.end = caret_.caret;
 }
 
+void TableColumns::removeFrom(Type type) {
+    if (mayChange())
+        removeIn(type);
+}
+
 void TableColumns::removeIn(Type type) {
     std::set<const Element*> removed;
     for (int row = 0; row < model_.group(type).rowCount(); ++row) {
@@ -142,6 +146,10 @@ bool TableColumns::canRemove() const {
     return mayChange() && table_.columnCount > 1 &&
            std::all_of(groupTypes.begin(), groupTypes.end(),
                        [this](Type type) { return canRemoveIn(type); });
+}
+
+bool TableColumns::canRemoveFrom(Type type) const {
+    return !model_.hasPlacedCells() && canRemoveIn(type);
 }
 
 /// Deliberate: no row is looked at but the first and, in place of each other one, the caret's.

@@ -15,8 +15,20 @@ public:
     void insert(bool after);
     /// The caret's column.
     void remove();
+    /// Its cells in one group, and nothing else.
+    void removeFrom(TableRowGroupType type);
     /// Whether no cell reaches over its edges, as far as is looked at.
     bool canRemove() const;
+    /// The same as far as one group tells; true in one without rows.
+    bool canRemoveFrom(TableRowGroupType type) const;
+
+    // The elements that stand for the columns
+
+    /// One for a column that was inserted there, like the one before it.
+    void insertColumnElement(int index);
+    /// One for each column, in front of what stands first in the table and with its attributes.
+    void makeColumnElements();
+    void numberColumnElements();
 
 private:
     bool mayChange() const;
@@ -25,9 +37,6 @@ private:
     bool canRemoveIn(TableRowGroupType type) const;
     bool isCrossed(TableRowGroupType type, int row) const;
     void writeOutRepeated();
-    void insertColumnElement(int index);
-    void makeColumnElements();
-    void numberColumnElements();
 
     Table& table_;
     const TableModel& model_;

@@ -7,15 +7,19 @@ using Xml::Element;
 TableModel::TableModel(Element& table)
     : table_(&table), columnCount_(TableTree::countTableColumns(table)) {
     for (const TableRowGroupType type :
-         {TableRowGroupType::Body, TableRowGroupType::Header, TableRowGroupType::Footer}) {
-        RowGroup& group = groups_[static_cast<std::size_t>(type)];
-        std::vector<TableTree::Elements> bodies;
-        for (Element* element : TableTree::groupsOf(table, type)) {
-            bodies.push_back(TableTree::rowsOf(*element));
-            group.rows.insert(group.rows.end(), bodies.back().begin(), bodies.back().end());
-        }
-        group.matrix = RowGroupMatrix(bodies, columnCount_);
+         {TableRowGroupType::Body, TableRowGroupType::Header, TableRowGroupType::Footer})
+        rebuild(type);
+}
+
+void TableModel::rebuild(TableRowGroupType type) {
+    RowGroup group;
+    std::vector<TableTree::Elements> bodies;
+    for (Element* element : TableTree::groupsOf(*table_, type)) {
+        bodies.push_back(TableTree::rowsOf(*element));
+        group.rows.insert(group.rows.end(), bodies.back().begin(), bodies.back().end());
     }
+    group.matrix = RowGroupMatrix(bodies, columnCount_);
+    groups_[static_cast<std::size_t>(type)] = std::move(group);
 }
 
 const TableModel::RowGroup& TableModel::group(TableRowGroupType type) const {

@@ -29,6 +29,8 @@ public:
     };
 
     explicit TableModel(Xml::Element& table);
+    /// Looks at one group of the tree again.
+    void rebuild(TableRowGroupType type);
 
     Xml::Element& table() const { return *table_; }
     /// Empty for None and for a group that the table has not.

@@ -2,6 +2,7 @@
 
 #include "tables/CellContent.h"
 #include "tables/ElementFormat.h"
+#include "tables/RowContent.h"
 #include "tables/RowMarks.h"
 
 #include <algorithm>
@@ -12,10 +13,6 @@ using Xml::Element;
 using Type = TableRowGroupType;
 
 namespace {
-
-Element& copyBehind(Element& row) {
-    return static_cast<Element&>(*row.get_parent()->import_node_as_sibling(&row, &row, true));
-}
 
 /// The new row that a copy becomes when its cells are emptied. It has no cell where one reaches
 /// into it from the row that it was copied from.
@@ -59,47 +56,47 @@ int TableRows::rowCount(Type type) const {
 }
 
 void TableRows::insert(bool above) {
-    const auto [group, number, column] = caret_.caret;
-    if (!model_.cellAt(caret_.caret))
-        return;
-    Element* row = rowOfItsOwn(group, number);
-    if (!row)
-        return;
-    if (above)
-        insertAbove(*row, group, number);
-    else
-        insertBelow(*row, group, number);
+    if (model_.cellAt(caret_.caret))
+        insertAt(caret_.caret.group, caret_.caret.row, above);
 }
 
-/// Null where there is none.
+void TableRows::insertAt(const Element& row, bool above) {
+    for (const Type type : {Type::Header, Type::Body, Type::Footer}) {
+        const TableTree::Elements& rows = model_.group(type).rows;
+        const auto found = std::find(rows.begin(), rows.end(), &row);
+        if (found != rows.end())
+            return insertAt(type, static_cast<int>(found - rows.begin()), above);
+    }
+}
+
+void TableRows::insertAt(Type type, int number, bool above) {
+    Element* row = rowOfItsOwn(type, number);
+    if (row && above)
+        insertAbove(*row, type, number);
+    else if (row)
+        insertBelow(*row, type, number);
+}
+
 Element* TableRows::rowOfItsOwn(Type type, int number) {
-    Element* row = model_.rowAt(type, number);
-    if (!row || TableTree::isRow(*row))
-        return row;
-    TableTree::putCellsIntoRow(*row);
-    table_.rebuild();
-    return model_.rowAt(type, number);
+    return table_.rowOfItsOwn({type, number, 0});
 }
 
 void TableRows::insertAbove(Element& row, Type type, int number) {
     const Element* before = model_.rowAt(type, number - 1);
     if (before && before->get_parent() == row.get_parent())
         raiseRowSpans(type, number - 1);
-    copyBehind(row); // which is the old row from now on
+    RowContent::copyBehind(row); // which is the old row from now on
     RowMarks::makePlain(row);
-    CellContent::removeIds(row);
-    for (Element* cell : TableTree::cellsOf(row)) {
-        if (TableTree::rowSpanOf(*cell) > 1)
-            TableTree::setRowSpan(*cell, 1);
-        CellContent::renew(*cell);
-    }
+    RowContent::renew(row);
+    if (caret_.caret.group != type || caret_.caret.row < number)
+        return;
     if (caret_.end.row == caret_.caret.row)
         ++caret_.end.row;
     ++caret_.caret.row;
 }
 
 void TableRows::insertBelow(Element& row, Type type, int number) {
-    Element& added = copyBehind(row);
+    Element& added = RowContent::copyBehind(row);
     joinGroup(added, row);
     RowMarks::makePlain(added);
     CellContent::removeIds(added);

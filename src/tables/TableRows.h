@@ -10,6 +10,8 @@ public:
 
     /// An empty row above or below the caret's.
     void insert(bool above);
+    /// The same at a row of this table, wherever the caret is; nothing at any other element.
+    void insertAt(const Xml::Element& row, bool above);
     /// One at the end of the header, or the footer, which is made if there is none.
     void insertInto(TableRowGroupType type);
 
@@ -22,6 +24,7 @@ public:
     bool canRemove() const;
 
 private:
+    void insertAt(TableRowGroupType type, int number, bool above);
     Xml::Element* rowOfItsOwn(TableRowGroupType type, int number);
     void insertAbove(Xml::Element& row, TableRowGroupType type, int number);
     void insertBelow(Xml::Element& row, TableRowGroupType type, int number);

@@ -12,8 +12,6 @@
 #include "tables/Table.h"
 #include "tables/TablePlaces.h"
 
-#include <algorithm>
-
 using Core::String;
 using Type = TableRowGroupType;
 
@@ -36,8 +34,10 @@ bool endsInCells(const Table& table) {
 bool addRowBelow(Document& document) {
     const SmartPtr<EditableTableBuffer> buffer = CachedTable::open(document, -1);
     buffer->insertRow(false);
-    if (!endsInCells(buffer->table()))
+    if (!endsInCells(buffer->table())) {
+        buffer->updateTableBuffer(); // else a host that keeps it would commit the row
         return false;
+    }
     buffer->commitChangesToEditableBuffer();
     return true;
 }
@@ -55,6 +55,13 @@ int TableSelection::selected(const Document& document) {
 
 bool EditableDocumentBuffer::caretIsInsideTable() const {
     return TablePlaces::tableAround(document_->text(), document_->caret()) >= 0;
+}
+
+bool EditableDocumentBuffer::selectionCrossTable() const {
+    const Document& document = *document_;
+    // Deliberate: true also outside any table; hosts disable their table commands by it.
+    return document.hasSelection() &&
+           !document.text().areInSameElement(L"fo:table", document.caret(), document.pivot());
 }
 
 bool EditableDocumentBuffer::hasSelectedTable() const {
@@ -155,17 +162,11 @@ int EditableDocumentBuffer::getCellPositionInTable(int table, int row, int colum
 std::map<std::pair<int, int>, bool>
 EditableDocumentBuffer::buildSpanMatrix(int /*table*/, int rows, int columns,
                                         EditableTableBuffer* tableBuffer) const {
-    std::map<std::pair<int, int>, bool> covered;
     if (!tableBuffer)
-        return covered;
-    const Table& table = tableBuffer->table();
-    rows = std::min(rows, table.model().group(table.caret.caret.group).rowCount());
-    columns = std::min(columns, table.columnCount);
-    for (int row = 0; row < rows; ++row)
-        for (int column = 0; column < columns; ++column)
-            if (table.isCovered(row, column))
-                covered[{row, column}] = true;
-    return covered;
+        return {};
+    // Deliberate: it is the group of that buffer's caret, whatever the caller asks about.
+    const Type group = tableBuffer->table().caret.caret.group;
+    return tableBuffer->getSpanOverMatrixFromRowGroupMatrix(group, rows, columns);
 }
 
 int EditableDocumentBuffer::getColSpanFromCell(int cell) const {

@@ -50,11 +50,13 @@ int DOMBasedBuffer::getDocumentBufferEnd() const {
 
 String DOMBasedBuffer::getAttributeValue(const Element* element, const String& name,
                                          const String& prefix) {
-    const Attribute* attribute = element->get_attribute(name, prefix);
+    const Attribute* attribute = element ? element->get_attribute(name, prefix) : nullptr;
     return attribute ? attribute->get_value() : String();
 }
 
 Element* DOMBasedBuffer::getElementByName(const Element* parent, const String& name) {
+    if (!parent)
+        return nullptr;
     const auto children = parent->get_children(name);
     const auto found = std::find_if(children.begin(), children.end(), [&](const Node* child) {
         return child->is_element() && child->get_name() == name;
@@ -64,6 +66,8 @@ Element* DOMBasedBuffer::getElementByName(const Element* parent, const String& n
 
 PropertyCollection DOMBasedBuffer::getElementProperties(const Element* element) {
     PropertyCollection properties;
+    if (!element)
+        return properties;
     for (const Attribute* attribute : element->get_attributes()) {
         const String prefix = prefixOf(*attribute, *element);
         const String name = attribute->get_name();
@@ -75,6 +79,8 @@ PropertyCollection DOMBasedBuffer::getElementProperties(const Element* element) 
 }
 
 void DOMBasedBuffer::setElementProperties(Element* element, const PropertyCollection& properties) {
+    if (!element)
+        return;
     removeAttributes(*element);
     for (EditableProperty property : properties.getPropertyList()) {
         const String prefix = property.getNamespace();

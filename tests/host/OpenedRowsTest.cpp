@@ -74,3 +74,28 @@ TEST(OpenedRows, OneIsOpenUntilItIsClosedOrAnotherDocumentIsTakenUp) {
         session.serve({"open", (samplesFolder() / "letter.xml").string()}).contains("error"));
     EXPECT_THROW(ask(session, second), std::invalid_argument);
 }
+
+TEST(OpenedRows, NameTheNodesOfATreeUntilItIsReadAnew) {
+    Session session;
+    session.serve({"setContent",
+                   "<fo:root><fo:flow><fo:table><fo:table-body><fo:table-row><fo:table-cell>"
+                   "<fo:block>a</fo:block></fo:table-cell></fo:table-row></fo:table-body>"
+                   "</fo:table></fo:flow></fo:root>",
+                   true});
+    const auto result = [&](const Json& request) { return session.serve(request)["result"]; };
+    EXPECT_EQ(session.serve({"table.open", 0})["error"], "there is no table");
+    session.serve({"moveCaretHome", false});
+    session.serve({"table.open", -1});
+    const Json cell = result({"table.getCellElementAt", 0, 0, 1});
+    EXPECT_EQ(cell["xml"], "<fo:table-cell>\n<fo:block>a</fo:block></fo:table-cell>");
+    EXPECT_EQ(result({"table.getCellElementAt", 0, 0, 1})["node"], cell["node"]);
+    session.serve({"table.setColSpanToCell", cell, 2});
+    EXPECT_EQ(result({"table.getColSpanFromCell", {{"node", cell["node"]}}}), 2);
+    EXPECT_TRUE(result({"table.insertCell", cell, true})["node"] != cell["node"]);
+    EXPECT_TRUE(result({"table.getRowGroupHeader"}).is_null());
+    session.serve({"table.updateTableBuffer"});
+    EXPECT_TRUE(session.serve({"table.getColSpanFromCell", cell}).contains("error"));
+    EXPECT_NE(result({"table.getCellElementAt", 0, 0, 1})["node"], cell["node"]);
+    session.serve({"table.close"});
+    EXPECT_TRUE(session.serve({"table.insertRow", true}).contains("error"));
+}

@@ -6,6 +6,7 @@
 #include "tables/TableTree.h"
 
 #include <algorithm>
+#include <map>
 #include <stdexcept>
 
 using Xml::Element;
@@ -45,9 +46,22 @@ private:
         return markup;
     }
     std::wstring row() {
+        const std::wstring attributes = groups();
         const std::wstring name = take(L"*") ? L"qfd:table-row-repeat" : L"fo:table-row";
         require(L"(");
-        return L"<" + name + L">" + cells(L")") + L"</" + name + L">";
+        return L"<" + name + attributes + L">" + cells(L")") + L"</" + name + L">";
+    }
+    std::wstring groups() {
+        const std::wstring member = until(L"#*(");
+        std::wstring attributes;
+        if (!member.empty())
+            attributes = L" qfd:parent-group=\"g" + member + L"\"";
+        if (take(L"#")) {
+            const std::wstring number = until(L"*(");
+            attributes += L" xpath=\"/g" + number + L"\" group-by=\"k" + number +
+                          L"\" is-group-heading=\"true\" fo:id=\"g" + number + L"\"";
+        }
+        return attributes;
     }
     std::wstring cells(const wchar_t* end) {
         std::wstring markup;
@@ -129,14 +143,31 @@ std::wstring cellsOf(const Element& row) {
     return text;
 }
 
-std::wstring rowsOf(Element& group) {
+/// The numbers of groups by their ids.
+using GroupNumbers = std::map<std::wstring, std::wstring>;
+
+std::wstring groupsOf(const Element& row, GroupNumbers& numbers) {
+    const auto numberIn = [&](const char* name) {
+        const std::wstring id = wide(row.get_attribute(name)->get_value());
+        return numbers.try_emplace(id, std::to_wstring(numbers.size() + 1)).first->second;
+    };
+    std::wstring text;
+    if (row.get_attribute("parent-group"))
+        text += numberIn("parent-group");
+    if (row.get_attribute("is-group-heading"))
+        text += L"#" + numberIn("id");
+    return text;
+}
+
+std::wstring rowsOf(Element& group, GroupNumbers& numbers) {
     std::wstring text;
     for (const Element* row : TableTree::rowsOf(group)) {
         text += text.empty() ? L"" : L" / ";
         if (row == &group)
             text += L"{" + cellsOf(*row) + L"}";
         else
-            text += (row->get_name() == L"table-row" ? L"(" : L"*(") + cellsOf(*row) + L")";
+            text += groupsOf(*row, numbers) + (row->get_name() == L"table-row" ? L"(" : L"*(") +
+                    cellsOf(*row) + L")";
     }
     return text;
 }
@@ -163,6 +194,7 @@ std::wstring gridOf(const std::wstring& markup) {
 }
 
 std::wstring gridOf(const Element& table) {
+    GroupNumbers numbers;
     std::wstring text;
     for (Node* child : table.get_children()) {
         const std::wstring name = wide(child->get_name());
@@ -174,7 +206,7 @@ std::wstring gridOf(const Element& table) {
             text += name == L"table-header" ? L"head " : L"foot ";
         else if (!isFirst)
             text += L"body ";
-        text += rowsOf(static_cast<Element&>(*child));
+        text += rowsOf(static_cast<Element&>(*child), numbers);
     }
     return text;
 }

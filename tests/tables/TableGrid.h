@@ -14,7 +14,8 @@
 // before them, and a second "body" begins another. A cell is its blocks, one word each; `_` is a
 // placeholder. `[x]2x1` takes two columns and one row, and `[x]` followed by anything else says so
 // in its attributes: `[x]abcx1`. `*` is before a row that is repeated for the data, and cells in
-// braces, `head {a, b}`, stand in their group directly.
+// braces, `head {a, b}`, stand in their group directly. `#1*(a)` is the heading of group 1 and
+// `1(b)` a member; groups are numbered as they come.
 
 /// The markup of such a table.
 std::wstring markupOf(const std::wstring& grid);

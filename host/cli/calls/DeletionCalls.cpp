@@ -22,7 +22,6 @@ std::vector<Operation> Calls::deletion() {
         document("deleteContentAtPosition", &D::deleteContentAtPosition,
                  {"keepSelection", "from", "to"}),
         document.made("deleteSpacesBetweenTags", &deleteSpacesBetweenTags, {"position"}),
-        document("selectionCrossTable", &D::selectionCrossTable),
         document("entireSelectionisInTheSameFloatingRegion",
                  &D::entireSelectionisInTheSameFloatingRegion),
     };

@@ -5,6 +5,7 @@
 #include "Session.h"
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -33,15 +34,33 @@ std::string resultName() {
         return Wire<std::remove_cvref_t<R>>::name;
 }
 
+// Values of which Wire must know what is open are read and written with the session.
+
+template <typename T>
+auto readAs(const Json& value, Session& session) {
+    if constexpr (requires { Wire<T>::read(value, session); })
+        return Wire<T>::read(value, session);
+    else
+        return Wire<T>::read(value);
+}
+
+template <typename T>
+Json written(const T& value, Session& session) {
+    if constexpr (requires { Wire<T>::write(value, session); })
+        return Wire<T>::write(value, session);
+    else
+        return Wire<T>::write(value);
+}
+
 /// Calls with the request's arguments, the first of which stands behind the name.
 template <typename R, typename... A, typename Call, std::size_t... I>
 Json callWith(const Call& call, Session& session, const Json& request, std::index_sequence<I...>) {
     if constexpr (std::is_void_v<R>) {
-        call(session, Wire<std::remove_cvref_t<A>>::read(request[I + 1])...);
+        call(session, readAs<std::remove_cvref_t<A>>(request[I + 1], session)...);
         return nullptr;
     } else {
-        return Wire<std::remove_cvref_t<R>>::write(
-            call(session, Wire<std::remove_cvref_t<A>>::read(request[I + 1])...));
+        return written<std::remove_cvref_t<R>>(
+            call(session, readAs<std::remove_cvref_t<A>>(request[I + 1], session)...), session);
     }
 }
 
@@ -149,6 +168,23 @@ public:
             [qualifier = qualifier_](Session& session, const A&... arguments) {
                 session.opened().open(qualifier,
                                       std::make_shared<Object>(&session.document(), arguments...));
+            });
+    }
+
+    /// The same for objects that the document gives; where it gives none, that is an error.
+    template <typename... A>
+    Operation open(SmartPtr<Object> (EditableDocumentBuffer::*member)(A...),
+                   typename OpenedObjects::Tree (*treeOf)(Object&),
+                   const ArgumentNames& names) const {
+        return makeOperation<void, A...>(
+            qualifier_ + ".open", names,
+            [qualifier = qualifier_, member, treeOf](Session& session, const A&... arguments) {
+                const SmartPtr<Object> object = (session.document().*member)(arguments...);
+                if (!object)
+                    throw std::invalid_argument("there is no " + qualifier);
+                session.opened().open(qualifier,
+                                      std::shared_ptr<void>(object.get(), [object](void*) {}),
+                                      treeOf(*object));
             });
     }
 

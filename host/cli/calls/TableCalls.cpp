@@ -3,6 +3,7 @@
 #include "calls/BorderWire.h"
 #include "calls/Calls.h"
 #include "calls/Rows.h"
+#include "calls/TreeWire.h"
 
 #include <forme/foundation/Encoder.h>
 #include <forme/foundation/Exception.h>
@@ -21,18 +22,42 @@ struct Wire<TableRowGroupType> {
     static Json write(TableRowGroupType value) { return static_cast<int>(value); }
 };
 
+template <>
+struct Wire<float> {
+    static constexpr const char* name = "number";
+    static bool matches(const Json& value) { return value.is_number(); }
+    static float read(const Json& value) { return value.get<float>(); }
+};
+
+template <>
+struct Wire<std::vector<int>> : ListWire<std::vector<int>> {
+    static bool matches(const Json& value) {
+        return value.is_array() && std::all_of(value.begin(), value.end(), Wire<int>::matches);
+    }
+    static std::vector<int> read(const Json& value) { return value.get<std::vector<int>>(); }
+};
+
+/// Coordinates for which something holds.
+template <>
+struct Wire<std::map<std::pair<int, int>, bool>> {
+    static constexpr const char* name = "list of [row, column]";
+    static Json write(const std::map<std::pair<int, int>, bool>& coordinates) {
+        Json list = Json::array();
+        for (const auto& [place, holds] : coordinates)
+            if (holds)
+                list.push_back({place.first, place.second});
+        return list;
+    }
+};
+
 namespace {
 
 using D = EditableDocumentBuffer;
 using E = EditableTableBuffer;
+using Core::String;
 
-/// The table around the caret, or which is selected; the document keeps it. What is changed in it
-/// reaches the document when the table is committed.
-E& tableOf(Session& session) {
-    const auto table = session.document().getEditableTableBuffer(-1);
-    if (!table)
-        throw Core::Exception(L"the caret is in no table");
-    return *table;
+OpenedObjects::Tree treeOf(E& table) {
+    return [&table] { return table.getTableElement(); };
 }
 
 int rowNumberFrom(D& document, int position, int table) {
@@ -57,16 +82,18 @@ void applyFormat(E& table, const Core::String& document) {
         new Core::IO::MemoryStream(Core::Encoder::convertStringToUTF8(document))));
 }
 
-/// Whether a table begins around the position, or with -1 the caret.
-bool openTable(D& document, int position) {
-    return static_cast<bool>(document.getEditableTableBuffer(position));
+std::tuple<String, String, bool> groupProperties(E& table) {
+    std::tuple<String, String, bool> group;
+    auto& [xpath, groupBy, merge] = group;
+    table.getGroupProperties(xpath, groupBy, merge);
+    return group;
 }
 
 } // namespace
 
 std::vector<Operation> Calls::tables() {
     const auto document = documentRows();
-    const Rows table([](Session& session) -> E& { return tableOf(session); }, "table");
+    const OpenedRows<E> table("table");
     return {
         document("updateCacheOnBufferChange", &D::updateCacheOnBufferChange),
         document("updateCacheOnCaretChange", &D::updateCacheOnCaretChange),
@@ -77,6 +104,7 @@ std::vector<Operation> Calls::tables() {
         document("caretIsInsideTable", &D::caretIsInsideTable),
         document("caretIsInsideSameTable", &D::caretIsInsideSameTable),
         document("hasSelectedTable", &D::hasSelectedTable),
+        document("selectionCrossTable", &D::selectionCrossTable),
         document("selectTable", &D::selectTable, {"path"}),
         document("moveCaretNextCell", &D::moveCaretNextCell, {"ignored", "addRow"}),
         document("moveCaretPrevCell", &D::moveCaretPrevCell, {"ignored"}),
@@ -93,17 +121,51 @@ std::vector<Operation> Calls::tables() {
         document("getColSpanFromCell", &D::getColSpanFromCell, {"cell"}),
         document("getRowSpanFromCell", &D::getRowSpanFromCell, {"cell"}),
 
-        document.made("table.open", &openTable, {"position"}),
-        table("update", &E::updateTableBuffer),
+        table.open<int>(&D::getEditableTableBuffer, &treeOf, {"position"}),
+        table.close(),
+        table("updateTableBuffer", &E::updateTableBuffer),
+        table("commitChangesToEditableBuffer", &E::commitChangesToEditableBuffer),
         table("commit", &E::commitChangesToEditableBuffer),
+        table("getDocumentBufferStart", &E::getDocumentBufferStart),
+        table("getDocumentBufferEnd", &E::getDocumentBufferEnd),
+        table("getAttributeValue", &E::getAttributeValue, {"element", "name", "prefix"}),
+        table("getElementByName", &E::getElementByName, {"parent", "name"}),
+        table("getElementProperties", &E::getElementProperties, {"element"}),
+        table("setElementProperties", &E::setElementProperties, {"element", "properties"}),
+
+        // What is there
         table("getCaretRow", &E::getCaretRow),
         table("getCaretCol", &E::getCaretCol),
-        table("getColumnCount", &E::getColumnCount),
-        table("getRowCount", &E::getRowCount, {"group"}),
+        table("resetCellsSelection", &E::resetCellsSelection),
+        table("getTableElement", &E::getTableElement),
         table("hasHeader", &E::hasHeader),
         table("hasFooter", &E::hasFooter),
+        table("getTableRowGroupNode", &E::getTableRowGroupNode, {"table", "group"}),
+        table("getColumnCount", &E::getColumnCount),
+        table("countColumns", static_cast<int (E::*)() const>(&E::countColumns)),
+        table("countColumns", static_cast<int (*)(const Xml::Element*)>(&E::countColumns), {"row"}),
+        table("getPhysicalColumnCount", &E::getPhysicalColumnCount),
+        table("getRowCount", &E::getRowCount, {"group"}),
+        table("getRowsFromTableRowGroup", &E::getRowsFromTableRowGroup, {"group"}),
+        table("getRowFromTableRowGroup", &E::getRowFromTableRowGroup, {"table", "row", "group"}),
+        table("getCellCountForRow", &E::getCellCountForRow, {"row"}),
+        table("getCellElementAt", &E::getCellElementAt, {"row", "column", "group"}),
+        table("getCellFromRow", &E::getCellFromRow, {"row", "column"}),
+        table("getTableCellFromRow", &E::getTableCellFromRow, {"row", "index"}),
+        table("getCellPosInRow", &E::getCellPosInRow, {"cell", "row"}),
+        table("getTableColumnNumberFrom", &E::getTableColumnNumberFrom,
+              {"documentPosition", "row", "group"}),
+        table("getSelectedCells", &E::getSelectedCells),
+        table("getSelectedRows", &E::getSelectedRows),
+        table("getSelectedColumns", &E::getSelectedColumns),
+        table("getColumns", &E::getColumns, {"columns"}),
         table("allRowsSelected", &E::allRowsSelected),
-        table("insertRow", &E::insertRow, {"above"}),
+        table("getTableColumnPositionsInTableBuffer", &E::getTableColumnPositionsInTableBuffer),
+        table("getTableRowPositionsInTableBuffer", &E::getTableRowPositionsInTableBuffer,
+              {"group"}),
+
+        // Rows and columns
+        table("insertRow", overload<void(bool)>(&E::insertRow), {"above"}),
         table("insertHeaderRow", &E::insertHeaderRow),
         table("insertFooterRow", &E::insertFooterRow),
         table("deleteRows", &E::deleteRows, {"update"}),
@@ -112,6 +174,8 @@ std::vector<Operation> Calls::tables() {
         table("insertColumn", &E::insertColumn, {"after"}),
         table("deleteColumn", &E::deleteColumn),
         table("canDeleteColumn", &E::canDeleteColumn),
+
+        // Spans
         table("increaseColSpan", &E::increaseColSpan),
         table("increaseRowSpan", &E::increaseRowSpan),
         table("decreaseColSpan", &E::decreaseColSpan),
@@ -149,5 +213,85 @@ std::vector<Operation> Calls::tables() {
         table("removePropertyFromSelectedElements", &E::removePropertyFromSelectedElements,
               {"names", "update", "elements"}),
         table.made("applyFormat", &applyFormat, {"document"}),
+        table("cellHasSpecificBorder", &E::cellHasSpecificBorder, {"cell", "border"}),
+        table("setSpecificBorderToCell", &E::setSpecificBorderToCell, {"cell", "border", "style"}),
+        table("removeSpecificBorderFromCell", &E::removeSpecificBorderFromCell, {"cell", "border"}),
+        table("getBorderStyleFromCell", &E::getBorderStyleFromCell, {"cell", "border"}),
+        table("removeAllBordersFromCell", &E::removeAllBordersFromCell, {"cell"}),
+        table("applyTableFormat", &E::applyTableFormat, {"pattern"}),
+        table("applyTableRowGroupFormat", &E::applyTableRowGroupFormat, {"group", "pattern"}),
+        table("applyRowFormat", &E::applyRowFormat, {"row", "pattern"}),
+        table("applyElementFormat", &E::applyElementFormat, {"element", "pattern", "clear"}),
+
+        // Groups of rows, and single rows that are repeated
+        table("currentRowIsInGroup", &E::currentRowIsInGroup),
+        table("isRowInGroup", &E::isRowInGroup, {"row"}),
+        table("currentRowIsGroupHeader", &E::currentRowIsGroupHeader),
+        table("currentRowIsLastFromGroup", &E::currentRowIsLastFromGroup),
+        table("getRowGroupHeader", &E::getRowGroupHeader),
+        table("getGroupXPath", &E::getGroupXPath),
+        table("getPreviousGroupXpath", &E::getPreviousGroupXpath),
+        table.made("getGroupProperties", &groupProperties),
+        table("insertGroupRow", &E::insertGroupRow, {"above", "xpath", "groupBy", "merge"}),
+        table("convertToGroup", &E::convertToGroup, {"xpath", "groupBy", "merge", "rowXPath"}),
+        table("addCurrentRowToGroup", &E::addCurrentRowToGroup, {"groupXPath"}),
+        table("ungroupCurrentRow", &E::ungroupCurrentRow, {"fromXPath", "toXPath"}),
+        table("editGroup", &E::editGroup, {"xpath", "groupBy", "merge"}),
+        table("deleteGroup", &E::deleteGroup),
+        table("deleteGroupReferences", &E::deleteGroupReferences, {"heading"}),
+        table("canGroupCurrentRow", &E::canGroupCurrentRow),
+        table("canInsertGroupAbove", &E::canInsertGroupAbove),
+        table("canInsertGroupBelow", &E::canInsertGroupBelow),
+        table("caretIsInRepeatingTableRow", &E::caretIsInRepeatingTableRow),
+        table("currentRowIsRepeatingRow", &E::currentRowIsRepeatingRow),
+        table("convertCurrentRowToRepeatingRow", &E::convertCurrentRowToRepeatingRow, {"xpath"}),
+        table("setRepeatingRowPath", &E::setRepeatingRowPath, {"xpath"}),
+        table("convertToStaticRow", &E::convertToStaticRow),
+
+        // Widths
+        table("getColumnWidth", &E::getColumnWidth, {"column"}),
+        table("setColumnWidth", &E::setColumnWidth, {"column", "width", "update"}),
+        table("removeColumnWidth", &E::removeColumnWidth, {"column", "update"}),
+        table("setWidthAtColNo", &E::setWidthAtColNo, {"columnNumber", "width", "update"}),
+        table("getCrtColumnWidth", &E::getCrtColumnWidth),
+        table("setCrtColumnWidth", &E::setCrtColumnWidth, {"width"}),
+        table("removeCrtColumnWidth", &E::removeCrtColumnWidth),
+        table("changeTableColWidth", overload<void(const String&)>(&E::changeTableColWidth),
+              {"width"}),
+        table("changeTableColWidth", overload<void(const String&, float)>(&E::changeTableColWidth),
+              {"width", "delta"}),
+        table("updateColumnWidths", &E::updateColumnWidths),
+        table("columnHasProportionalValSize", &E::columnHasProportionalValSize, {"column"}),
+        table("getNextProportionalWithCol", &E::getNextProportionalWithCol, {"column"}),
+        table("getPrevProportionalWithCol", &E::getPrevProportionalWithCol, {"column"}),
+
+        // What the commands are made of
+        table("getNamespaces", &E::getNamespaces),
+        table("rebuildEntireRowGroupMx", &E::rebuildEntireRowGroupMx),
+        table("buildRowGroupMx", &E::buildRowGroupMx, {"group"}),
+        table("getSpanOverMatrixFromRowGroupMatrix", &E::getSpanOverMatrixFromRowGroupMatrix,
+              {"group", "rows", "columns"}),
+        table("insertRow", overload<void(Xml::Element*, bool)>(&E::insertRow), {"row", "above"}),
+        table("insertCell", &E::insertCell, {"cell", "before"}),
+        table("deleteColumnInRowGroup", &E::deleteColumnInRowGroup, {"group"}),
+        table("canDeleteColumnInRowGroup", &E::canDeleteColumnInRowGroup, {"group"}),
+        table("adjustTableColumnsAfterInsertion", &E::adjustTableColumnsAfterInsertion, {"index"}),
+        table("recreateTableColumns", &E::recreateTableColumns),
+        table("assignNewColumnNumbers", &E::assignNewColumnNumbers),
+        table("increaseSpan", &E::increaseSpan, {"columns"}),
+        table("getColSpanFromCell", &E::getColSpanFromCell, {"cell"}),
+        table("getRowSpanFromCell", &E::getRowSpanFromCell, {"cell"}),
+        table("hasColumnSpan", &E::hasColumnSpan, {"cell"}),
+        table("hasRowSpan", &E::hasRowSpan, {"cell"}),
+        table("setColSpanToCell", &E::setColSpanToCell, {"cell", "span"}),
+        table("setRowSpanToCell", &E::setRowSpanToCell, {"cell", "span"}),
+        table("removeTextFromCell", &E::removeTextFromCell, {"cell"}),
+        table("replaceTextWithNonBreakingSpaceForNode", &E::replaceTextWithNonBreakingSpaceForNode,
+              {"element"}),
+        table("importBlocks", &E::importBlocks, {"target", "source"}),
+        table("isBlockWithNoText", &E::isBlockWithNoText, {"node"}),
+        table("cellElementContainsJustNonBreakingSpace",
+              &E::cellElementContainsJustNonBreakingSpace, {"element"}),
+        table("removeIdFromElement", &E::removeIdFromElement, {"element", "recursive"}),
     };
 }

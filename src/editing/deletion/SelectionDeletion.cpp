@@ -526,16 +526,6 @@ void EditableDocumentBuffer::deleteContentAtPosition(bool keepSelection, int fro
         command.takeBack();
 }
 
-bool EditableDocumentBuffer::selectionCrossTable() const {
-    const Document& document = *document_;
-    if (!document.hasSelection())
-        return false;
-    const int ofCaret = document.text().ancestor(document.caret(), L"fo:table");
-    const int ofPivot = document.text().ancestor(document.pivot(), L"fo:table");
-    // Deliberate: true also outside any table; hosts disable their table commands by it.
-    return ofCaret < 0 || ofPivot < 0 || ofCaret != ofPivot;
-}
-
 bool EditableDocumentBuffer::entireSelectionisInTheSameFloatingRegion() const {
     const Document& document = *document_;
     const XmlText& text = document.text();

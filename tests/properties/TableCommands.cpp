@@ -1,0 +1,775 @@
+#include "properties/TableCommands.h"
+
+#include "Session.h"
+#include "document/Document.h"
+#include "document/caret/Stops.h"
+#include "foundation/Wide.h"
+#include "support/EditorState.h"
+#include "support/WellFormed.h"
+#include "tables/EditableTableBuffer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iterator>
+#include <numeric>
+#include <set>
+
+using Core::String;
+using Type = TableRowGroupType;
+using Situation = TableSituation;
+using Cells = PlainTable::Cells;
+
+// The commands
+
+namespace {
+
+template <int Count>
+int added(const Situation& /*at*/) {
+    return Count;
+}
+
+bool spansRows(const PlainTable::Cell* cell) {
+    return cell->rows > 1;
+}
+
+/// A span is raised once for each column at which it is met, and above also where it ends.
+bool raisesTooMuch(const PlainTable::Group& rows, int row, bool above) {
+    const Cells cells = rows.cellsOver(row);
+    return std::any_of(cells.begin(), cells.end(), [&](const PlainTable::Cell* cell) {
+        return cell->rows > 1 &&
+               (cell->columns > 1 || (above && cell->row + cell->rows == row + 1));
+    });
+}
+
+bool raisesTooMuchAbove(const Situation& at) {
+    const auto& ends = at.rows().bodyEnds;
+    const bool isFirst = at.row == 0 || ends[static_cast<std::size_t>(at.row - 1)] == at.row;
+    return !isFirst && raisesTooMuch(at.rows(), at.row - 1, true);
+}
+
+bool raisesTooMuchBelow(const Situation& at) {
+    return raisesTooMuch(at.rows(), at.row, false);
+}
+
+template <Type Group>
+bool raisesTooMuchAtEnd(const Situation& at) {
+    return raisesTooMuch(at.table.group(Group), at.table.rows(Group) - 1, false);
+}
+
+bool isReached(const Situation& at) {
+    const Cells cells = at.rows().cellsOver(at.row);
+    return std::any_of(cells.begin(), cells.end(), spansRows);
+}
+
+template <typename Predicate>
+bool anyInColumn(const Situation& at, Predicate predicate) {
+    for (const Type type : {Type::Header, Type::Body, Type::Footer}) {
+        const Cells cells = at.table.group(type).cellsIn(at.column);
+        if (std::any_of(cells.begin(), cells.end(), predicate))
+            return true;
+    }
+    return false;
+}
+
+/// Met once for each of its rows.
+bool hasLargeCellInColumn(const Situation& at) {
+    return anyInColumn(
+        at, [](const PlainTable::Cell* cell) { return cell->rows > 1 && cell->columns > 1; });
+}
+
+bool hasWideCellInColumn(const Situation& at) {
+    return anyInColumn(at, [](const PlainTable::Cell* cell) { return cell->columns > 1; });
+}
+
+Cells cellsOfColumn(const Situation& at) {
+    Cells cells;
+    for (const Type type : {Type::Header, Type::Body, Type::Footer}) {
+        const Cells own = at.table.group(type).cellsIn(at.column);
+        cells.insert(cells.end(), own.begin(), own.end());
+    }
+    return cells;
+}
+
+/// From the first to behind the last row that deleteRows() takes; the first body row stays if all
+/// are selected.
+std::pair<int, int> takenRows(const Situation& at) {
+    const int end = at.isSelection ? at.endRow : at.row;
+    int first = std::min(at.row, end);
+    const int last = std::max(at.row, end);
+    if (at.group == Type::Body && last - first + 1 == at.table.rows(Type::Body))
+        ++first;
+    return {first, last + 1};
+}
+
+int deletedRows(const Situation& at) {
+    const auto [first, behind] = takenRows(at);
+    return first - behind;
+}
+
+Cells cellsOfTakenRows(const Situation& at) {
+    Cells cells;
+    const auto [first, behind] = takenRows(at);
+    for (int row = first; row < behind; ++row) {
+        const Cells own = at.rows().ownCells(row);
+        cells.insert(cells.end(), own.begin(), own.end());
+    }
+    return cells;
+}
+
+/// A selection is not looked at by those who ask whether a row can go.
+bool crossesTakenRows(const Situation& at) {
+    const auto& cells = at.rows().cells;
+    return at.isSelection && std::any_of(cells.begin(), cells.end(),
+                                         [](const auto& cell) { return spansRows(cell.get()); });
+}
+
+bool selectsInOneGroup(const Situation& at) {
+    return !at.isSelection || at.endRow >= 0;
+}
+
+const Xml::Element* rowOf(const Situation& at) {
+    return at.rows().rows[static_cast<std::size_t>(at.row)];
+}
+
+bool isHeading(const Xml::Element& row) {
+    return row.get_name() == "table-row-repeat" && row.get_attribute("is-group-heading");
+}
+
+/// The heading that deleteGroup() takes.
+int headingRow(const Situation& at) {
+    const auto& rows = at.rows().rows;
+    int row = at.row;
+    if (isHeading(*rowOf(at)))
+        return at.group == Type::Body && rows.size() == 1 ? -1 : row;
+    if (!rowOf(at)->get_attribute("parent-group"))
+        return -1;
+    while (--row >= 0 &&
+           (rows[static_cast<std::size_t>(row)]->get_parent() != rowOf(at)->get_parent() ||
+            !rows[static_cast<std::size_t>(row)]->get_attribute("is-group-heading")))
+        ;
+    return row;
+}
+
+int deletedHeading(const Situation& at) {
+    return headingRow(at) < 0 ? 0 : -1;
+}
+
+Cells cellsOfHeading(const Situation& at) {
+    const int row = headingRow(at);
+    return row < 0 ? Cells() : at.rows().ownCells(row);
+}
+
+bool headingIsReached(const Situation& at) {
+    const Cells cells = headingRow(at) < 0 ? Cells() : at.rows().cellsOver(headingRow(at));
+    return std::any_of(cells.begin(), cells.end(), spansRows);
+}
+
+/// A group would be torn by it: a row in its middle would name it no more.
+bool tearsNoGroup(const Situation& at) {
+    const auto& rows = at.rows().rows;
+    const auto next = static_cast<std::size_t>(at.row) + 1;
+    return next == rows.size() || !rows[next]->get_attribute("parent-group");
+}
+
+/// The cell that the split row gains stands where it should only if the first one behind is copied
+/// and as wide.
+bool splitsElsewhere(const Situation& at) {
+    const auto& matrix = at.rows().matrix;
+    const PlainTable::Cell* cell = matrix.at({at.row, at.column});
+    const int bottom = cell->row + cell->rows - 1;
+    for (int column = at.column; column < at.table.columns(); ++column) {
+        const PlainTable::Cell* other = matrix.at({bottom, column});
+        if (other->rows == 1)
+            return other->columns != cell->columns;
+        if (other->row == bottom)
+            return true; // it is passed by
+    }
+    return true;
+}
+
+} // namespace
+
+const std::vector<TableCommand>& tableCommands() {
+    static const std::vector<TableCommand> commands{
+        // Rows
+        {.weight = 6,
+         .request = R"(["table.insertRow",true])",
+         .rows = added<1>,
+         .isOdd = raisesTooMuchAbove},
+        {.weight = 6,
+         .request = R"(["table.insertRow",false])",
+         .rows = added<1>,
+         .isOdd = raisesTooMuchBelow},
+        {.weight = 2,
+         .request = R"(["table.insertHeaderRow"])",
+         .rows = added<1>,
+         .rowsIn = Type::Header,
+         .isOdd = raisesTooMuchAtEnd<Type::Header>},
+        {.weight = 2,
+         .request = R"(["table.insertFooterRow"])",
+         .rows = added<1>,
+         .rowsIn = Type::Footer,
+         .isOdd = raisesTooMuchAtEnd<Type::Footer>},
+        {.weight = 6,
+         .request = R"(["table.deleteRows",true])",
+         .can = "canDeleteRow",
+         .rows = deletedRows,
+         .isOdd = crossesTakenRows,
+         .takes = cellsOfTakenRows,
+         .isGiven = selectsInOneGroup},
+        // Columns
+        {.weight = 5,
+         .request = R"(["table.insertColumn",true])",
+         .columns = 1,
+         .isOdd = hasLargeCellInColumn},
+        {.weight = 5,
+         .request = R"(["table.insertColumn",false])",
+         .columns = 1,
+         .isOdd = hasLargeCellInColumn},
+        {.weight = 5,
+         .request = R"(["table.deleteColumn"])",
+         .can = "canDeleteColumn",
+         .columns = -1,
+         .isOdd = hasWideCellInColumn,
+         .takes = cellsOfColumn},
+        // Spans
+        {.weight = 6,
+         .request = R"(["table.increaseColSpan"])",
+         .can = "canIncreaseColSpan",
+         .touches = 2},
+        {.weight = 6,
+         .request = R"(["table.increaseRowSpan"])",
+         .can = "canIncreaseRowSpan",
+         .touches = 2},
+        {.weight = 4, .request = R"(["table.decreaseColSpan"])", .can = "canDecreaseColSpan"},
+        {.weight = 4,
+         .request = R"(["table.decreaseRowSpan"])",
+         .can = "canDecreaseRowSpan",
+         .isOdd = splitsElsewhere},
+        // Groups of rows
+        {.weight = 3,
+         .request = R"(["table.insertGroupRow",true,"/d/g$","@k",false])",
+         .can = "canInsertGroupAbove",
+         .rows = added<2>},
+        {.weight = 3,
+         .request = R"(["table.insertGroupRow",false,"/d/g$","@k",true])",
+         .can = "canInsertGroupBelow",
+         .rows = added<2>,
+         .copies = 2,
+         .isGiven = [](const Situation& at) { return !isHeading(*rowOf(at)); }},
+        {.weight = 3,
+         .request = R"(["table.convertToGroup","/d/g$","@k",true,"r"])",
+         .rows = added<1>,
+         .isOdd = isReached,
+         .isGiven = tearsNoGroup},
+        {.weight = 4,
+         .request = R"(["table.addCurrentRowToGroup","/d"])",
+         .can = "canGroupCurrentRow"},
+        {.weight = 2,
+         .request = R"(["table.ungroupCurrentRow","/d/g","/d"])",
+         .isGiven = tearsNoGroup},
+        {.weight = 2, .request = R"(["table.editGroup","/e$","@k",false])"},
+        {.weight = 3,
+         .request = R"(["table.deleteGroup"])",
+         .rows = deletedHeading,
+         .isOdd = headingIsReached,
+         .takes = cellsOfHeading},
+        {.weight = 2, .request = R"(["table.convertCurrentRowToRepeatingRow","/r$"])"},
+        {.weight = 1, .request = R"(["table.setRepeatingRowPath","/r$"])"},
+        {.weight = 1, .request = R"(["table.convertToStaticRow"])"},
+        // Widths
+        {.weight = 2, .request = R"(["table.changeTableColWidth","$%"])"},
+        {.weight = 1, .request = R"(["table.changeTableColWidth","$"])"},
+        {.weight = 1, .request = R"(["table.changeTableColWidth","$%",3.5])"},
+        {.weight = 1, .request = R"(["table.setCrtColumnWidth","$%"])"},
+        {.weight = 1, .request = R"(["table.removeCrtColumnWidth"])"},
+        {.weight = 1, .request = R"(["table.setWidthAtColNo",$,"$",true])"},
+        {.weight = 1, .request = R"(["table.updateColumnWidths"])"},
+    };
+    return commands;
+}
+
+// The promises
+
+namespace {
+
+/// Counts what it hears.
+class Notices : public IEditableBufferMonitor {
+public:
+    void onBufferChanged() override { ++buffer_; }
+    void onCaretChanged() override { ++caret_; }
+    void onSelectionChanged() override { ++selection_; }
+
+    bool isAnyTwice() const { return std::max({buffer_, caret_, selection_}) > 1; }
+    bool heardOfText() const { return buffer_ > 0; }
+    void forget() { *this = {}; }
+
+private:
+    int buffer_ = 0;
+    int caret_ = 0;
+    int selection_ = 0;
+};
+
+std::multiset<std::wstring> contentsOf(const Cells& cells) {
+    std::multiset<std::wstring> contents;
+    for (const PlainTable::Cell* cell : cells)
+        contents.insert(cell->content);
+    return contents;
+}
+
+template <typename Set>
+Set without(const Set& all, const Set& some) {
+    Set left;
+    std::set_difference(all.begin(), all.end(), some.begin(), some.end(),
+                        std::inserter(left, left.end()));
+    return left;
+}
+
+/// The values of all ids, found in the text.
+std::multiset<std::wstring> idsOf(const String& text) {
+    std::multiset<std::wstring> ids;
+    for (int at = 0; (at = text.find(L"id=\"", at)) >= 0; at += 4)
+        if (const wchar_t before = text.view()[static_cast<std::size_t>(at) - 1];
+            before == L' ' || before == L':')
+            ids.insert(
+                wide(text.subString(at + 4, text.find(L'"', static_cast<unsigned>(at + 4)) - 1)));
+    return ids;
+}
+
+std::size_t sectionsIn(const String& text) {
+    std::size_t count = 0;
+    for (int at = -1; (at = text.find(L"<!", static_cast<unsigned>(at + 1))) >= 0;)
+        ++count;
+    return count;
+}
+
+bool areUnique(const std::multiset<std::wstring>& ids) {
+    return std::set<std::wstring>(ids.begin(), ids.end()).size() == ids.size();
+}
+
+std::string excerpt(const std::multiset<std::wstring>& words) {
+    std::string text;
+    for (const std::wstring& word : words)
+        text += " " + Core::Encoder::toDisplayText(String(word.substr(0, 60)));
+    return text;
+}
+
+/// Something that a user does. The requests of a table command are: to open the table, perhaps to
+/// read it again, the command, the commit.
+struct Step {
+    std::vector<std::string> requests;
+    const TableCommand* command = nullptr;
+};
+
+/// Carries out steps on a document and tells which promise was broken.
+class Checker {
+public:
+    explicit Checker(const std::string& path) {
+        session_.serve({"open", path});
+        document().setMonitor(&notices_);
+    }
+
+    EditableDocumentBuffer& document() { return session_.document(); }
+
+    /// Empty if none is.
+    std::string carryOut(const Step& step) {
+        if (step.command && !(isInCell() && isGiven(*step.command)))
+            return {}; // a step before it is not there any more
+        const EditorState old = state();
+        const bool couldUndo = document().canUndo();
+        std::string broken = step.command ? carryOutCommand(step) : carryOutOther(step);
+        const bool isReplay =
+            step.requests.front() == R"(["undo"])" || step.requests.front() == R"(["redo"])";
+        if (!couldUndo && document().canUndo() && !isReplay) {
+            first_ = old;
+            firstChangedText_ = state().text != old.text;
+        }
+        if (broken.empty() && state().text != old.text)
+            broken = xmlError(state().text);
+        return broken;
+    }
+
+    /// What undoing and redoing everything does not bring back.
+    std::string brokenHistory() {
+        while (document().canRedo())
+            document().redo();
+        const String last = state().text;
+        const bool anything = document().canUndo();
+        while (document().canUndo())
+            document().undo();
+        if (anything && !lostSection_ &&
+            (state().text != first_.text || (firstChangedText_ && state().caret != first_.caret)))
+            return "undoing everything gives something else";
+        while (document().canRedo())
+            document().redo();
+        return state().text == last ? "" : "redoing everything gives another text";
+    }
+
+    bool isInCell() {
+        Type group{};
+        return document().caretIsInsideTable() &&
+               document().getTableRowNumberFrom(state().caret, start(), group) >= 0;
+    }
+
+    bool isGiven(const TableCommand& command) {
+        if (!command.isGiven)
+            return true;
+        const PlainTable table(state().text, start());
+        return command.isGiven(situationOf(table));
+    }
+
+    bool isOffered(const TableCommand& command) {
+        return *command.can &&
+               session_.serve(Json::array({"table." + std::string(command.can)}))["result"] == true;
+    }
+
+private:
+    EditorState state() { return stateOf(document()); }
+    std::array<int, 3> caretTerms() {
+        return {buffer().getCaretRow(), buffer().getCaretCol(), buffer().getColumnCount()};
+    }
+    EditableTableBuffer& buffer() { return *document().getEditableTableBuffer(-1); }
+    int start() { return buffer().getDocumentBufferStart(); }
+
+    Situation situationOf(const PlainTable& table) {
+        const EditorState now = state();
+        Type group{};
+        Type endGroup{};
+        const int row = document().getTableRowNumberFrom(now.caret, start(), group);
+        const int endRow = document().getTableRowNumberFrom(now.pivot, start(), endGroup);
+        return {table,
+                group,
+                row,
+                buffer().getTableColumnNumberFrom(now.caret, row, group),
+                endGroup == group ? endRow : -1,
+                now.caret != now.pivot};
+    }
+
+    std::string brokenRequest(const std::string& request) {
+        notices_.forget();
+        const String before = state().text;
+        const Json reply = session_.serveLine(request);
+        if (reply.contains("error"))
+            return request + ": " + reply["error"].get<std::string>();
+        if (notices_.isAnyTwice())
+            return "a notice twice";
+        return notices_.heardOfText() || state().text == before ? ""
+                                                                : "a change without its notice";
+    }
+
+    /// What was typed since the table was read is not overwritten.
+    std::string brokenLateCommit() {
+        const String before = state().text;
+        session_.serve({"table.commit"});
+        document().setMonitor(&notices_); // a request that fails takes the session's own again
+        return state().text == before ? "" : "a commit of what was not changed";
+    }
+
+    std::string carryOutOther(const Step& step) {
+        if (step.requests.front() == R"(["table.commit"])")
+            return brokenLateCommit();
+        const String before = state().text;
+        for (const std::string& request : step.requests)
+            if (std::string broken = brokenRequest(request); !broken.empty())
+                return broken;
+        // Backspace removes a comment or section that it meets for good.
+        const bool isErasure = step.requests.front().starts_with(R"(["erase")");
+        if (isErasure && sectionsIn(state().text) < sectionsIn(before))
+            lostSection_ = true;
+        return {};
+    }
+
+    std::string carryOutCommand(const Step& step) {
+        const TableCommand& command = *step.command;
+        const EditorState old = state();
+        const int table = start();
+        const PlainTable before(old.text, table);
+        const Situation at = situationOf(before);
+        const bool couldUndo = document().canUndo();
+        bool offered = false;
+        std::array<int, 3> terms{};
+        for (const std::string& request : step.requests) {
+            if (&request == &step.requests.back() - 1) {
+                offered = isOffered(command);
+                terms = caretTerms();
+            }
+            if (std::string broken = brokenRequest(request); !broken.empty())
+                return broken;
+        }
+        if (state().text == old.text)
+            return offered                             ? "it was offered and does nothing"
+                   : couldUndo != document().canUndo() ? "history without a change"
+                   : terms != caretTerms()             ? "another cell without a change"
+                                                       : "";
+        const PlainTable after(state().text, table);
+        if (after.cells().empty())
+            return {};
+        if (!document().caretIsInsideTable())
+            return "the caret left the table";
+        const bool promisesShape = before.isBalanced() && (!*command.can || offered) &&
+                                   !(command.isOdd && command.isOdd(at));
+        std::string broken = promisesShape ? brokenShape(command, at, after) : "";
+        for (const std::string& other :
+             {brokenWords(command, at, after), brokenSurroundings(command, at, after, old),
+              brokenPlaces(table, after), brokenTab(after), brokenUndo(old)})
+            broken = broken.empty() ? other : broken;
+        return broken;
+    }
+
+    static std::string brokenShape(const TableCommand& command, const Situation& at,
+                                   const PlainTable& after) {
+        if (!after.isBalanced())
+            return "balanced groups are balanced no more";
+        if (after.columns() != at.table.columns() + command.columns)
+            return "it has " + std::to_string(after.columns()) + " columns";
+        for (const Type type : {Type::Header, Type::Body, Type::Footer}) {
+            const Type changed = command.rowsIn == Type::None ? at.group : command.rowsIn;
+            const int more = command.rows && type == changed ? command.rows(at) : 0;
+            if (after.rows(type) != at.table.rows(type) + more)
+                return "group " + std::to_string(static_cast<int>(type)) + " has " +
+                       std::to_string(after.rows(type)) + " rows";
+        }
+        const std::vector<double> shares = at.table.shares();
+        const bool resizes = std::string(command.request).starts_with("[\"table.change");
+        if (resizes && static_cast<int>(shares.size()) == at.table.columns() && shares.size() > 2 &&
+            !after.shares().empty()) {
+            const auto total = [](const std::vector<double>& of) {
+                return std::accumulate(of.begin(), of.end(), 0.0);
+            };
+            if (std::abs(total(shares) - total(after.shares())) > 0.1)
+                return "the shares have another total";
+        }
+        return {};
+    }
+
+    static std::string brokenWords(const TableCommand& command, const Situation& at,
+                                   const PlainTable& after) {
+        auto expected = wordsOf(at.table.cells());
+        if (command.takes)
+            expected = without(expected, wordsOf(command.takes(at)));
+        for (int copy = 0; copy < command.copies; ++copy)
+            expected.merge(wordsOf(at.rows().ownCells(at.row)));
+        const auto words = wordsOf(after.cells());
+        if (words != expected)
+            return "words lost:" + excerpt(without(expected, words)) +
+                   ", words gained:" + excerpt(without(words, expected));
+        auto contents = contentsOf(at.table.cells());
+        if (command.takes)
+            contents = without(contents, contentsOf(command.takes(at)));
+        const auto changed = without(contents, contentsOf(after.cells()));
+        return changed.size() <= command.touches ? "" : "cells changed:" + excerpt(changed);
+    }
+
+    std::string brokenSurroundings(const TableCommand& command, const Situation& at,
+                                   const PlainTable& after, const EditorState& old) {
+        const std::wstring was = wide(old.text);
+        const std::wstring is = wide(state().text);
+        const auto table = static_cast<std::size_t>(start());
+        const auto tail = [&](const std::wstring& text, const PlainTable& of) {
+            return text.substr(table + of.length());
+        };
+        if (was.substr(0, table) != is.substr(0, table) || tail(was, at.table) != tail(is, after))
+            return "the text around the table changed";
+        if (areUnique(idsOf(old.text)) && !areUnique(idsOf(state().text)))
+            return "an id twice";
+        const bool frees = command.takes || !at.table.membersFollowHeadings();
+        return frees || after.membersFollowHeadings() ? "" : "a member lost its heading";
+    }
+
+    /// Text and matrix tell the same, and the caret stands at a place for it.
+    std::string brokenPlaces(int table, const PlainTable& after) {
+        const EditorState now = state();
+        const Document& inner = Document::of(document());
+        if (!Stops::canHoldCaret(inner, now.caret) || Stops::isSkipped(inner, now.caret))
+            return "the caret is at no stop";
+        EditableTableBuffer& of = buffer();
+        of.updateTableBuffer();
+        const Situation at = situationOf(after);
+        if (at.row < 0 || !after.isBalanced())
+            return {};
+        // Each question passes the rows before, so that of many cells some are asked.
+        const auto& cells = at.rows().cells;
+        for (std::size_t i = 0; i < cells.size(); i += 1 + cells.size() / 8) {
+            const PlainTable::Cell& cell = *cells[i];
+            const int place = document().getCellPositionInTable(
+                table, cell.row, cell.column, at.group, after.rows(at.group), after.columns(), &of);
+            const int within = now.text.find(L'>', static_cast<unsigned>(place)) + 1;
+            Type group{};
+            const int row = document().getTableRowNumberFrom(within, table, group);
+            if (place < 0 || row != cell.row || group != at.group ||
+                of.getTableColumnNumberFrom(within, row, group) != cell.column)
+                return "the cell at " + std::to_string(cell.row) + ", " +
+                       std::to_string(cell.column) + " is found at " + std::to_string(place);
+        }
+        return {};
+    }
+
+    /// Tab meets each cell once, as a reader does, and Shift+Tab on the way back.
+    std::string brokenTab(const PlainTable& after) {
+        std::vector<int> way;
+        const int end = start() + static_cast<int>(after.length());
+        for (int cell = firstCell(after); cell >= 0 && way.size() <= after.cells().size();
+             cell = document().getNextCellPosition(cell, false))
+            way.push_back(cell);
+        const std::set<int> met(way.begin(), way.end());
+        if (way.size() != after.cells().size() || met.size() != way.size() ||
+            (!met.empty() && (*met.begin() < start() || *met.rbegin() > end)))
+            return "Tab meets " + std::to_string(met.size()) + " cells of " +
+                   std::to_string(after.cells().size());
+        for (std::size_t at = 0; at < way.size(); ++at)
+            if (document().getPrevCellPosition(way[at], false) != (at > 0 ? way[at - 1] : -1))
+                return "Shift+Tab goes another way";
+        return {};
+    }
+
+    int firstCell(const PlainTable& after) {
+        for (const Type type : {Type::Header, Type::Body, Type::Footer})
+            if (!after.group(type).cells.empty())
+                return Document::of(document())
+                    .text()
+                    .nextNamed(document().getTableRowGroupPosition(start(), type),
+                               Core::StringArray{L"fo:table-cell"});
+        return -1;
+    }
+
+    /// One step of undo takes the command back, redo brings it again; then all is as before.
+    std::string brokenUndo(const EditorState& old) {
+        const EditorState now = state();
+        document().undo();
+        const EditorState undone = state();
+        document().redo();
+        const bool isRedone = state().text == now.text;
+        document().setCaretPos(false, now.pivot);
+        document().setCaretPos(true, now.caret);
+        if (undone.text != old.text || undone.caret != old.caret)
+            return "undo gives something else";
+        return isRedone ? "" : "redo gives another text";
+    }
+
+    Session session_;
+    Notices notices_;
+    bool lostSection_ = false;
+    bool firstChangedText_ = false;
+    EditorState first_; // before the first change that can be undone
+};
+
+// The steps
+
+class Steps {
+public:
+    Steps(Random& random, Checker& checker) : random_(random), checker_(checker) {}
+
+    Step next() {
+        const std::size_t kind = random_.below(20);
+        if (kind < 5)
+            return {{moveToCell()}};
+        if (kind < 11 && checker_.isInCell())
+            return tableCommand();
+        if (kind < 16 && checker_.isInCell())
+            return offeredCommand();
+        static constexpr const char* others[] = {R"(["moveCaretNextCell",false,true])",
+                                                 R"(["moveCaretNextCell",false,false])",
+                                                 R"(["moveCaretPrevCell",false])",
+                                                 R"(["insertText","x",false,false])",
+                                                 R"(["insertText"," y",false,false])",
+                                                 R"(["erase",false,false])",
+                                                 R"(["undo"])",
+                                                 R"(["undo"])",
+                                                 R"(["redo"])",
+                                                 R"(["selectTable",""])",
+                                                 R"(["table.commit"])"};
+        return {{random_.oneOf(others)}};
+    }
+
+private:
+    std::string moveToCell() {
+        const String text = checker_.document().getContent();
+        const auto from = static_cast<unsigned>(random_.below(text.view().size()));
+        int cell = text.find(L"<fo:table-cell", from);
+        if (cell < 0)
+            cell = text.find(L"<fo:table-cell", 0U);
+        const Document& document = Document::of(checker_.document());
+        int stop = Stops::next(document, std::max(cell, 0));
+        for (std::size_t more = random_.below(4); more > 0 && stop >= 0; --more)
+            stop = Stops::next(document, stop);
+        return Json::array({"setCaretPos", random_.oneIn(5), stop}).dump();
+    }
+
+    Step tableCommand() {
+        const auto& all = tableCommands();
+        std::size_t total = 0;
+        for (const TableCommand& command : all)
+            total += command.weight;
+        std::size_t at = random_.below(total);
+        const TableCommand* command = all.data();
+        for (; at >= command->weight; ++command)
+            at -= command->weight;
+        return checker_.isGiven(*command) ? stepOf(*command) : next();
+    }
+
+    /// As a host does that asks first.
+    Step offeredCommand() {
+        const auto& all = tableCommands();
+        const std::size_t first = random_.below(all.size());
+        checker_.carryOut({{R"(["table.open",-1])"}});
+        checker_.carryOut({{R"(["table.updateTableBuffer"])"}});
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const TableCommand& command = all[(first + i) % all.size()];
+            if (checker_.isOffered(command) && checker_.isGiven(command))
+                return stepOf(command);
+        }
+        return tableCommand();
+    }
+
+    Step stepOf(const TableCommand& command) {
+        std::string request = command.request;
+        for (std::size_t at; (at = request.find('$')) != std::string::npos;)
+            request.replace(at, 1, std::to_string(1 + random_.below(60)));
+        return {{R"(["table.open",-1])", R"(["table.updateTableBuffer"])", request,
+                 R"(["table.commit"])"},
+                &command};
+    }
+
+    Random& random_;
+    Checker& checker_;
+};
+
+std::string brokenPromise(const std::string& document, const std::vector<Step>& steps) {
+    Checker checker(document);
+    for (const Step& step : steps)
+        if (std::string broken = checker.carryOut(step); !broken.empty())
+            return step.requests[step.requests.size() > 2 ? 2 : 0] + ": " + broken;
+    return checker.brokenHistory();
+}
+
+} // namespace
+
+std::string tableFailureOn(const std::string& document, Random& random, std::size_t count) {
+    std::vector<Step> steps;
+    CommandStream numbers{document, {}};
+    Checker checker(document);
+    Steps source(random, checker);
+    for (bool fails = false; !fails && steps.size() < count;) {
+        numbers.commands.push_back(std::to_string(steps.size()));
+        steps.push_back(source.next());
+        fails = !checker.carryOut(steps.back()).empty();
+    }
+    const auto chosen = [&](const CommandStream& stream) {
+        std::vector<Step> some;
+        for (const std::string& number : stream.commands)
+            some.push_back(steps[std::stoul(number)]);
+        return some;
+    };
+    if (brokenPromise(document, steps).empty())
+        return {};
+    const CommandStream small = shrink(numbers, [&](const CommandStream& stream) {
+        return !brokenPromise(document, chosen(stream)).empty();
+    });
+    std::string failure = brokenPromise(document, chosen(small)) + "\nforme run " + document +
+                          " SCRIPT, with these lines:\n";
+    for (const Step& step : chosen(small))
+        for (const std::string& request : step.requests)
+            failure += request + "\n";
+    return failure;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "properties/PlainTable.h"
+#include "properties/RandomCommands.h"
+
+#include <string>
+
+/// A document with tables of 1 to 12 columns, with spans, headers, footers, groups of rows, several
+/// bodies and tables in cells. No two of its words are the same. One in `strangeEvery` of its
+/// tables has spans that fit nowhere.
+std::string documentWithTables(Random& random, std::size_t strangeEvery);
+
+/// Where a command finds the caret.
+struct TableSituation {
+    const PlainTable& table;
+    TableRowGroupType group;
+    int row;
+    int column;
+    int endRow; ///< of the selection; -1 where it ends in another group
+    bool isSelection;
+
+    const PlainTable::Group& rows() const { return table.group(group); }
+};
+
+/// What a command on a table does to it. Of each it is promised that the text stays well formed,
+/// what lies outside of the table and the content of cells that are not concerned stay as they are,
+/// ids stay unique, members stay behind their headings, and undo takes it back.
+struct TableCommand {
+    std::size_t weight;
+    const char* request; ///< "$" stands for a number
+    /// The question that a host asks first; if it says yes the table changes.
+    const char* can = "";
+
+    // What is promised where all groups of rows are balanced and a host may give the command: that
+    // they stay so, and as many rows and columns as these more.
+    int (*rows)(const TableSituation&) = nullptr; ///< in the caret's group, or else this one
+    TableRowGroupType rowsIn = TableRowGroupType::None;
+    int columns = 0;
+    /// Where something else is promised on purpose.
+    bool (*isOdd)(const TableSituation&) = nullptr;
+
+    /// Whose words go. Without any all stay.
+    PlainTable::Cells (*takes)(const TableSituation&) = nullptr;
+    /// How many more times the words of the caret's row are there.
+    int copies = 0;
+    /// How many cells change within.
+    std::size_t touches = 0;
+    /// Whether people would give it there.
+    bool (*isGiven)(const TableSituation&) = nullptr;
+};
+
+/// All of them; a new command is a row.
+const std::vector<TableCommand>& tableCommands();
+
+/// Tries random commands on the tables of a document, each committed, with typing, Tab, undo and
+/// redo between them. Answers which promise was broken and the shrunk script, or nothing.
+std::string tableFailureOn(const std::string& document, Random& random, std::size_t count);
