@@ -96,6 +96,23 @@ TEST(Undo, TakesBackARunOfTypingHoweverLong) {
     EXPECT_EQ(buffer.marked(), L"<B>x|</B>") << "the run took nothing of the limit from others";
 }
 
+TEST(Undo, TakesBackWhatIsTypedOverMoreThanTheHistoryHolds) {
+    std::wstring blocks = L"<B>^a</B>";
+    for (int i = 0; i < 12000; ++i)
+        blocks += L"<B>b</B>";
+    MarkedDocument buffer(blocks + L"<B>e|</B>");
+    const std::wstring before = buffer.content();
+    for (const wchar_t* key : {L"x", L"y"})
+        buffer->insertText(key, false, false);
+    const std::wstring typed = buffer.content();
+    buffer->undo();
+    buffer->undo();
+    EXPECT_EQ(buffer.content(), before);
+    buffer->redo();
+    buffer->redo();
+    EXPECT_EQ(buffer.content(), typed);
+}
+
 TEST(Undo, LoadingInsideAGroupLeavesNothingToUndo) {
     MarkedDocument buffer(L"<B>|</B>");
     {

@@ -56,6 +56,8 @@ public:
     bool hasRoomFor(std::size_t count) const {
         return undoActions_.size() + count <= static_cast<std::size_t>(limit_);
     }
+    /// Whether so many entries can be held at all.
+    bool canHold(std::size_t count) const { return count <= static_cast<std::size_t>(limit_); }
     /// Records a step that has its memory: the entries as the undo list is to hold them, and the
     /// action on the text that they undo. For a marker no other entry goes.
     struct Entry {

@@ -408,8 +408,15 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
         scope.discardNotices();
         return insertion;
     }
+    const std::size_t made = document.history.recordedCount() - recorded;
+    if (!document.history.canHold(made + 1)) {
+        // What was typed over made too many records. The step is then the two texts, and the next
+        // key begins another.
+        before->recordReplacement();
+        return insertion;
+    }
     before.reset(); // the record that grows is then shared with nobody and need not be copied
-    document.history.mergeTyping(document.history.recordedCount() - recorded, isFirst);
+    document.history.mergeTyping(made, isFirst);
     if (mayContinueRun && isPlain)
         PlainPlace::note(document);
     return insertion;
