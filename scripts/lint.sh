@@ -1,6 +1,8 @@
 #!/bin/bash
 # Checks the format of all sources and runs clang-tidy over those of the library and its hosts.
 #   scripts/lint.sh [BUILD]       a configured build, whose compile commands are used
+# ANALYZER_NODES sets how far clang's analyzer follows the paths through one function. A tenth of
+# what it does by itself, 225000, takes a third of the time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -12,10 +14,13 @@ check_format() {
         xargs clang-format --dry-run -Werror
 }
 
+analyzer=(-Xclang -analyzer-config -Xclang "max-nodes=${ANALYZER_NODES:-22500}")
+
 # Each file's output comes at once, so that those of two processes do not mix.
 check_code() {
     find src host -name '*.cpp' | sort | xargs -P "${JOBS:-$(nproc)}" -n 1 bash -c '
-        output=$(clang-tidy --quiet -p "$0" "$1" 2>&1) || { echo "$output"; exit 1; }' "$build"
+        output=$(clang-tidy --quiet -p "$0" "$@" 2>&1) || { echo "$output"; exit 1; }' \
+        "$build" "${analyzer[@]/#/--extra-arg=}"
 }
 
 # Both are run whatever the other says.
