@@ -124,7 +124,8 @@ public:
     /// Deletes the selected rows; one body row stays. A header or footer goes with its last row.
     /// Without `update` the table is not read again before.
     void deleteRows(bool update);
-    /// Whether a row was deleted, or the group with its last row.
+    /// Whether a row was deleted, or a header or footer with its only row, whatever number is
+    /// given.
     bool deleteRow(TableRowGroupType group, int row);
     /// Whether the caret's row can go without leaving spans that lack a row.
     bool canDeleteRow() const;
