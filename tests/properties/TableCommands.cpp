@@ -15,6 +15,7 @@
 #include <iterator>
 #include <numeric>
 #include <set>
+#include <string_view>
 
 using Core::String;
 using Type = TableRowGroupType;
@@ -414,7 +415,7 @@ bool areUnique(const std::multiset<std::wstring>& ids) {
 std::string excerpt(const std::multiset<std::wstring>& words) {
     std::string text;
     for (const std::wstring& word : words)
-        text += " " + Core::Encoder::toDisplayText(String(word.substr(0, 60)));
+        text.append(1, ' ').append(Core::Encoder::toDisplayText(String(word.substr(0, 60))));
     return text;
 }
 
@@ -599,7 +600,7 @@ private:
                 terms = caretTerms();
             }
             if (&request == &step.requests.back())
-                if (std::string broken = brokenAnswers(command); !broken.empty())
+                if (std::string broken = brokenAnswers(command, at); !broken.empty())
                     return broken;
             if (std::string broken = brokenRequest(request); !broken.empty())
                 return broken;
@@ -626,10 +627,11 @@ private:
     }
 
     /// What a host asks between a command and its commit is told, and changes nothing.
-    std::string brokenAnswers(const TableCommand& command) {
+    std::string brokenAnswers(const TableCommand& command, const Situation& at) {
         const EditorState old = state();
         const Json tree = answerTo(R"(["table.getTableElement"])")["xml"];
-        if (*command.question && answerTo(command.question) != command.answer)
+        if (*command.question && at.table.isBalanced() &&
+            answerTo(command.question) != command.answer)
             return std::string(command.question) + " is answered " +
                    answerTo(command.question).dump();
         for (const char* question : questions)
@@ -875,9 +877,9 @@ private:
     }
 
     Step stepOf(const TableCommand& command) {
-        std::string request = command.request;
-        for (std::size_t at; (at = request.find('$')) != std::string::npos;)
-            request.replace(at, 1, std::to_string(1 + random_.below(60)));
+        std::string request;
+        for (const char unit : std::string_view(command.request))
+            request += unit == '$' ? std::to_string(1 + random_.below(60)) : std::string(1, unit);
         return {{R"(["table.open",-1])", R"(["table.updateTableBuffer"])", request,
                  R"(["table.commit"])"},
                 &command};
