@@ -904,11 +904,16 @@ std::string tableFailureOn(const std::string& document, Random& random, std::siz
     CommandStream numbers{document, {}};
     Checker checker(document);
     Steps source(random, checker);
-    for (bool fails = false; !fails && steps.size() < count;) {
+    std::string broken;
+    while (broken.empty() && steps.size() < count) {
         numbers.commands.push_back(std::to_string(steps.size()));
         steps.push_back(source.next());
-        fails = !checker.carryOut(steps.back()).empty();
+        broken = checker.carryOut(steps.back());
     }
+    if (broken.empty())
+        broken = checker.brokenHistory();
+    if (broken.empty())
+        return {};
     const auto chosen = [&](const CommandStream& stream) {
         std::vector<Step> some;
         for (const std::string& number : stream.commands)
@@ -916,7 +921,7 @@ std::string tableFailureOn(const std::string& document, Random& random, std::siz
         return some;
     };
     if (brokenPromise(document, steps).empty())
-        return {};
+        return broken + ", but not when it is repeated";
     const CommandStream small = shrink(numbers, [&](const CommandStream& stream) {
         return !brokenPromise(document, chosen(stream)).empty();
     });
