@@ -34,6 +34,7 @@ void onTable(EditableDocumentBuffer& document, Command command) {
     const auto table = document.getEditableTableBuffer(-1);
     if (!table)
         return; // the menu is grey where `caretIsInsideTable` says no
+    table->updateTableBuffer(); // so that questions are about the cell where the caret is now
     command(*table);
     table->commitChangesToEditableBuffer();
 }

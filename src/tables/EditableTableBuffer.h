@@ -30,7 +30,8 @@ class Table;
 ///
 /// A command reads the table from the document first, so that one that was not committed is lost
 /// when the next is given. Where the caret is in no cell of the table, and where the table has
-/// gone, commands change nothing. What is read of the document counts 16-bit code units.
+/// gone, commands change nothing. Questions read nothing: they are answered for the table, caret
+/// and selection as they were read last. What is read of the document counts 16-bit code units.
 class FORME_API EditableTableBuffer : public DOMBasedBuffer {
 public:
     ~EditableTableBuffer() override;
