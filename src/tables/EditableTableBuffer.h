@@ -101,7 +101,7 @@ public:
     std::list<Xml::Node*> getSelectedRows() const;
     /// In ascending order; all columns where more than two rows are concerned.
     std::vector<int> getSelectedColumns() const;
-    /// The fo:table-column elements with these numbers.
+    /// The fo:table-column elements with these numbers, each once and in the order of the table.
     std::list<Xml::Node*> getColumns(const std::vector<int>& columns) const;
     /// Whether the selection, or without one the caret's row, takes all rows of a table that is
     /// nothing but a body.

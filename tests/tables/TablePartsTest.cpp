@@ -23,6 +23,10 @@ TEST(TableParts, OneGroupIsLookedAtAgainOrLosesItsColumn) {
     EXPECT_FALSE(table->canDeleteColumnInRowGroup(Type::Body));
     table->deleteColumnInRowGroup(Type::Header);
     EXPECT_EQ(gridOf(*table->getTableElement()), L"head (b) body ([c]2x1, d) / (e, f)");
+    table->recreateTableColumns();
+    const auto columns = table->getColumns({7, 1, 0, 1});
+    ASSERT_EQ(columns.size(), 2U);
+    EXPECT_EQ(columns.front()->get_next_sibling(), columns.back());
 }
 
 TEST(TableParts, NamespacesAreThoseThatTheTableDoesNotDeclareItself) {
