@@ -42,6 +42,7 @@ void onTable(EditableDocumentBuffer& document, Command command) {
     const auto table = tableAtCaret(document);
     if (!table)
         return; // the menu is grey where `caretIsInsideTable` says no
+    table->updateTableBuffer(); // so that questions are about the cell where the caret is now
     command(*table);
     table->commitChangesToEditableBuffer();
 }

@@ -654,8 +654,8 @@ public:
     int getRowSpanFromCell(int cell) const;
 
     /// The table around a position, or with -1 around the caret, to be edited as a tree. If the
-    /// caret is not in the table at a position it goes to the first stop there. A table that is
-    /// selected is found with -1 from outside. The buffer is kept until another table is asked for,
+    /// caret is not in the table at a position it goes to the first stop there. Where no table is,
+    /// it is the one that is selected. The buffer is kept until another table is asked for,
     /// and given again while that table is where it was. Null where no table is. Raises an
     /// Xml::ParseException where the table is not well formed.
     SmartPtr<EditableTableBuffer> getEditableTableBuffer(int position);

@@ -16,9 +16,8 @@ int tableAroundCaret(const Document& document) {
 }
 
 int tableToOpen(const Document& document, int position) {
-    if (position != -1)
-        return TablePlaces::tableAround(document.text(), position);
-    const int around = tableAroundCaret(document);
+    const int around = position != -1 ? TablePlaces::tableAround(document.text(), position)
+                                      : tableAroundCaret(document);
     return around >= 0 ? around : TableSelection::selected(document);
 }
 
@@ -43,7 +42,9 @@ SmartPtr<EditableTableBuffer> CachedTable::open(Document& document, int position
     if (const CachedTable* cached = of(document); cached && cached->isAt(table))
         return cached->buffer_;
     CommandScope scope(document);
-    if (position != -1 && !document.text().elementContains(table, document.caret()))
+    const XmlText& text = document.text();
+    const bool isMeant = position != -1 && TablePlaces::tableAround(text, position) == table;
+    if (isMeant && !text.elementContains(table, document.caret()))
         document.setCaret(Stops::next(document, table));
     document.tableCache.reset(new CachedTable(document, table));
     return of(document)->buffer_;

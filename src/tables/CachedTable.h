@@ -12,8 +12,9 @@ class CachedTable : public TableCache {
 public:
     /// The document's, null where none is kept.
     static const CachedTable* of(const Document& document);
-    /// The buffer of the table around the position, or with -1 around the caret, or which is
-    /// selected; null where there is none. A caret outside of the table at a position goes into it.
+    /// The buffer of the table around the position, or with -1 around the caret, or else of the
+    /// one that is selected; null where there is none. A caret outside of the table at a position
+    /// goes into it.
     static SmartPtr<EditableTableBuffer> open(Document& document, int position);
     /// Keeps the table around the caret, read anew.
     static void renew(Document& document);

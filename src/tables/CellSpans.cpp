@@ -2,6 +2,7 @@
 
 #include "foundation/Format.h"
 #include "tables/CellContent.h"
+#include "tables/RowMarks.h"
 
 #include <algorithm>
 
@@ -15,10 +16,7 @@ struct Span {
     const wchar_t* attribute;
     int (*of)(const Element& cell);
 
-    String textOn(const Element& cell) const {
-        const Xml::Attribute* found = cell.get_attribute(attribute);
-        return found ? found->get_value() : String();
-    }
+    String textOn(const Element& cell) const { return RowMarks::valueOf(cell, attribute); }
     bool isToldOn(const Element& cell) const { return !textOn(cell).empty(); }
     void set(Element& cell, int span) const {
         cell.set_attribute(attribute, String::formatS(span));
@@ -52,19 +50,6 @@ bool canSplit(const Span& span, const Element* cell) {
 const Element* groupOf(const Element& cell) {
     const Element* row = cell.get_parent();
     return TableTree::isRow(*row) ? row->get_parent() : row;
-}
-
-bool isRepeated(const Element& row) {
-    return row.get_name() == L"table-row-repeat";
-}
-
-bool isHeading(const Element& row) {
-    return isRepeated(row) && row.get_attribute(L"is-group-heading");
-}
-
-String valueOf(const Element& row, const wchar_t* attribute) {
-    const Xml::Attribute* found = row.get_attribute(attribute);
-    return found ? found->get_value() : String();
 }
 
 void removeCell(Element& cell) {
@@ -200,16 +185,18 @@ bool CellSpans::canMergeColumns() const {
 
 bool CellSpans::canMergeRows() const {
     const Element* row = model_.rowAt(caret_.caret.group, caret_.caret.row);
-    if (!cell_ || !row || row->get_attribute(L"parent-group") ||
-        (isRepeated(*row) && !isHeading(*row)) || columnSpan.of(*cell_) != 1)
+    if (!cell_ || !row || RowMarks::isMember(*row) || columnSpan.of(*cell_) != 1)
+        return false;
+    const bool isHeading = RowMarks::isHeading(*row);
+    if (RowMarks::isRepeated(*row) && !isHeading)
         return false;
     const Element* lower = below();
     const int height = std::min(rowSpan.of(*cell_), rowCount());
     const Element* next = model_.rowAt(caret_.caret.group, caret_.caret.row + height);
-    if (!lower || !next || columnSpan.of(*lower) != 1 || isHeading(*next))
+    if (!lower || !next || columnSpan.of(*lower) != 1 || RowMarks::isHeading(*next))
         return false;
-    const String id = valueOf(*row, L"id");
-    return !isHeading(*row) || (!id.empty() && valueOf(*next, L"parent-group") == id);
+    const String id = RowMarks::valueOf(*row, L"id");
+    return !isHeading || (!id.empty() && RowMarks::valueOf(*next, L"parent-group") == id);
 }
 
 bool CellSpans::canSplitColumn() const {

@@ -30,7 +30,8 @@ class Table;
 ///
 /// A command reads the table from the document first, so that one that was not committed is lost
 /// when the next is given. Where the caret is in no cell of the table, and where the table has
-/// gone, commands change nothing. What is read of the document counts 16-bit code units.
+/// gone, commands change nothing. Questions read nothing: they are answered for the table, caret
+/// and selection as they were read last. What is read of the document counts 16-bit code units.
 class FORME_API EditableTableBuffer : public DOMBasedBuffer {
 public:
     ~EditableTableBuffer() override;
@@ -100,7 +101,7 @@ public:
     std::list<Xml::Node*> getSelectedRows() const;
     /// In ascending order; all columns where more than two rows are concerned.
     std::vector<int> getSelectedColumns() const;
-    /// The fo:table-column elements with these numbers.
+    /// The fo:table-column elements with these numbers, each once and in the order of the table.
     std::list<Xml::Node*> getColumns(const std::vector<int>& columns) const;
     /// Whether the selection, or without one the caret's row, takes all rows of a table that is
     /// nothing but a body.
@@ -124,7 +125,8 @@ public:
     /// Deletes the selected rows; one body row stays. A header or footer goes with its last row.
     /// Without `update` the table is not read again before.
     void deleteRows(bool update);
-    /// Whether a row was deleted, or the group with its last row.
+    /// Whether a row was deleted, or a header or footer with its only row, whatever number is
+    /// given.
     bool deleteRow(TableRowGroupType group, int row);
     /// Whether the caret's row can go without leaving spans that lack a row.
     bool canDeleteRow() const;

@@ -34,7 +34,8 @@ void Table::read(int table) {
     rebuild();
     columnCount = model_->columnCount();
     caret.caret = placeAt(document_.caret());
-    caret.end = endPlace();
+    const bool endsInBody = caret.caret.group == Type::Header || caret.caret.group == Type::Body;
+    caret.end = endPlace(endsInBody ? Type::Body : Type::Footer);
 }
 
 Xml::Element* Table::rowOfItsOwn(const CellPlace& place) {
@@ -50,8 +51,10 @@ void Table::findCaret() {
     caret.caret = caret.end = placeAt(document_.caret());
 }
 
+/// Deliberate: behind the table a selection ends in another group than when the table is read, the
+/// header's in the footer and the footer's in the body.
 void Table::findSelectionEnd() {
-    caret.end = endPlace();
+    caret.end = endPlace(caret.caret.group == Type::Header ? Type::Footer : Type::Body);
 }
 
 CellPlace Table::placeAt(int position) const {
@@ -85,17 +88,14 @@ int Table::columnAt(int position, Type group, int row) const {
 }
 
 /// The place of the pivot or, where that is outside of the table, the end of the table that the
-/// selection leaves it by.
-CellPlace Table::endPlace() const {
+/// selection leaves it by; behind it that is the end of the group.
+CellPlace Table::endPlace(Type groupBehind) const {
     const int pivot = document_.pivot();
     const CellPlace& from = caret.caret;
     if (!document_.hasSelection() || from.column < 0)
         return from;
-    if (pivot >= fragment_.end()) {
-        const bool endsInBody = from.group == Type::Header || from.group == Type::Body;
-        const Type group = endsInBody ? Type::Body : Type::Footer;
-        return {group, model_->group(group).rowCount() - 1, columnCount - 1};
-    }
+    if (pivot >= fragment_.end())
+        return {groupBehind, model_->group(groupBehind).rowCount() - 1, columnCount - 1};
     if (pivot > fragment_.start())
         return placeAt(pivot);
     for (const Type group : {Type::Header, Type::Footer})

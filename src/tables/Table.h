@@ -59,7 +59,7 @@ public:
 private:
     void read(int table);
     CellPlace placeAt(int position) const;
-    CellPlace endPlace() const;
+    CellPlace endPlace(TableRowGroupType groupBehind) const;
     std::optional<CaretPlace> caretAfterCommit() const;
     int cellPosition(const CellPlace& place) const;
 

@@ -147,8 +147,12 @@ void TableRows::makeGroup(Type type) {
         addCellLike(*cell, row);
 }
 
+/// Deliberate: of a header or footer of one row any number is that of the row.
 bool TableRows::remove(Type type, int row) {
-    if (!model_.rowAt(type, row) || (type == Type::Body && rowCount(type) == 1))
+    const bool isOnly = rowCount(type) == 1;
+    if (isOnly && type != Type::Body)
+        row = 0;
+    if (!model_.rowAt(type, row) || (isOnly && type == Type::Body))
         return false;
     removeDown(type, row, row);
     return true;

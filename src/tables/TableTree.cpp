@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <set>
 
 using Core::String;
 using Xml::Element;
@@ -100,11 +101,12 @@ Elements columnsOf(const Element& table) {
 }
 
 Elements columnsAt(const Element& table, const std::vector<int>& numbers) {
-    const Elements columns = columnsOf(table);
+    const std::set<int> meant(numbers.begin(), numbers.end());
     Elements found;
-    for (const int number : numbers)
-        if (number >= 0 && number < static_cast<int>(columns.size()))
-            found.push_back(columns[static_cast<std::size_t>(number)]);
+    int number = 0;
+    for (Element* column : columnsOf(table))
+        if (meant.contains(number++))
+            found.push_back(column);
     return found;
 }
 

@@ -31,7 +31,7 @@ Elements rowsOf(const Xml::Element& table, TableRowGroupType type);
 
 /// The table's fo:table-column elements.
 Elements columnsOf(const Xml::Element& table);
-/// Those with the numbers, counted from 0, as far as there are any.
+/// Those of them with the numbers, counted from 0, each once and in their own order.
 Elements columnsAt(const Xml::Element& table, const std::vector<int>& numbers);
 
 /// Puts the cells that stand in the group directly into a row of their own.

@@ -4,6 +4,8 @@
 #include "trees/Fragment.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 using Core::String;
 using Xml::Attribute;
@@ -18,10 +20,13 @@ String prefixOf(const Attribute& attribute, const Element& element) {
 }
 
 void removeAttributes(Element& element) {
-    // The list is asked for anew each time: of two attributes that differ by the element's own
-    // prefix only, the one that goes need not be the one that was asked for.
-    for (auto left = element.get_attributes(); !left.empty(); left = element.get_attributes())
-        if (!element.remove_attribute(left.front()->get_name(), prefixOf(*left.front(), element)))
+    // By their names: of two attributes that differ by the element's own prefix only, the one that
+    // goes first need not be the one that was asked for.
+    std::vector<std::pair<String, String>> names;
+    for (const Attribute* attribute : element.get_attributes())
+        names.emplace_back(attribute->get_name(), prefixOf(*attribute, element));
+    for (const auto& [name, prefix] : names)
+        if (!element.remove_attribute(name, prefix))
             return;
 }
 

@@ -29,12 +29,10 @@ std::set<std::string> publicOperations(const std::string& header) {
 }
 
 /// What deals in pointers and references of the host's own and has no meaning in a request.
-const std::set<std::string> notForRequests{"setMonitor",          "getMonitor",
-                                           "getEditActionStack",  "setSpellChecker",
-                                           "getListBuffer",       "getEditableTableBuffer",
-                                           "buildSpanMatrix",     "getCellPositionInTable",
-                                           "EditableTableBuffer", "table",
-                                           "ListBuffer"}; // whose constructor takes a document
+const std::set<std::string> notForRequests{
+    "setMonitor",          "getMonitor",    "getEditActionStack",
+    "setSpellChecker",     "getListBuffer", "getEditableTableBuffer",
+    "EditableTableBuffer", "table",         "ListBuffer"}; // whose constructor takes a document
 
 } // namespace
 

@@ -89,6 +89,9 @@ TEST(OpenedRows, NameTheNodesOfATreeUntilItIsReadAnew) {
     const Json cell = result({"table.getCellElementAt", 0, 0, 1});
     EXPECT_EQ(cell["xml"], "<fo:table-cell>\n<fo:block>a</fo:block></fo:table-cell>");
     EXPECT_EQ(result({"table.getCellElementAt", 0, 0, 1})["node"], cell["node"]);
+    const Json table = result({"table.getDocumentBufferStart"});
+    EXPECT_EQ(result({"getCellPositionInTable", table, 0, 0, 1, 1, 1, "table"}),
+              table.get<int>() + 39);
     session.serve({"table.setColSpanToCell", cell, 2});
     EXPECT_EQ(result({"table.getColSpanFromCell", {{"node", cell["node"]}}}), 2);
     EXPECT_TRUE(result({"table.insertCell", cell, true})["node"] != cell["node"]);

@@ -254,6 +254,22 @@ bool PlainTable::membersFollowHeadings() const {
     return true;
 }
 
+std::pair<Type, std::pair<int, int>> PlainTable::beside(Type group, std::pair<int, int> place,
+                                                        std::pair<int, int> step) const {
+    const int row = place.first + step.first;
+    const int column = place.second + step.second;
+    if (row >= 0 && row < rows(group))
+        return {group, {row, column}};
+    const bool isBelow = row > 0;
+    if (group == Type::Body && isBelow)
+        return {Type::Footer, {0, column}};
+    if (group == (isBelow ? Type::Header : Type::Footer))
+        return {Type::Body, {isBelow ? 0 : rows(Type::Body) - 1, column}};
+    if (group == Type::Body)
+        return {Type::Header, {rows(Type::Header) - 1, column}};
+    return {Type::None, {row, column}};
+}
+
 std::vector<double> PlainTable::shares() const {
     std::vector<double> shares;
     for (const Element* column : childrenOf(*tree_->getRootNode(), "table-column")) {

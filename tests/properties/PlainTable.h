@@ -61,6 +61,9 @@ public:
     std::wstring shape() const;
     /// Whether before each member stands the heading whose id it names.
     bool membersFollowHeadings() const;
+    /// The place one step from another, as a reader sees the groups.
+    std::pair<TableRowGroupType, std::pair<int, int>>
+    beside(TableRowGroupType group, std::pair<int, int> place, std::pair<int, int> step) const;
     /// The shares of its columns; empty where one has another width.
     std::vector<double> shares() const;
 

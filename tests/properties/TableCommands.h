@@ -47,6 +47,9 @@ struct TableCommand {
     std::size_t touches = 0;
     /// Whether people would give it there.
     bool (*isGiven)(const TableSituation&) = nullptr;
+    /// What is asked before the commit, and told.
+    const char* question = "";
+    const char* answer = "";
 };
 
 /// All of them; a new command is a row.

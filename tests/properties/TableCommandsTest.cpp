@@ -27,7 +27,8 @@ std::string failureOnNewTables(std::uint32_t seed, std::size_t strangeEvery) {
     // Several runs of the tests may go on at once.
     const std::string path =
         std::filesystem::temp_directory_path() /
-        ("forme-tables-" + std::to_string(seed) + "-" + std::to_string(getpid()) + ".xml");
+        ("forme-tables-" + std::to_string(seed) + "-" + std::to_string(strangeEvery) + "-" +
+         std::to_string(getpid()) + ".xml");
     std::ofstream(path) << documentWithTables(random, strangeEvery);
     const std::string failure = tableFailureOn(path, random, perDocument);
     if (failure.empty())

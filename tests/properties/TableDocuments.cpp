@@ -89,7 +89,7 @@ private:
     /// A row, in or outside of the group of a heading.
     std::string withTags(const std::string& cells, std::string& heading) {
         if (random_.oneIn(4)) {
-            heading = "g" + std::to_string(++ids_);
+            heading = std::string("g").append(std::to_string(++ids_));
             return "<qfd:table-row-repeat xpath=\"/d/g\" group-by=\"@k\" is-group-heading=\"true\" "
                    "fo:id=\"" +
                    heading + "\">" + cells + "</qfd:table-row-repeat>";
@@ -138,8 +138,8 @@ private:
                        : std::string(" number-") + of + "-spanned=\"" + value + "\"";
         };
         return "<fo:table-cell" + span("columns", cell.columns) + span("rows", cell.rows) +
-               (isStrange_ && random_.oneIn(20) ? " column-number=\"2\"" : "") + id() + ">" +
-               content(depth) + "</fo:table-cell>" + gap();
+               (isStrange_ && random_.oneIn(20) ? " column-number=\"2\"" : "") + border() + id() +
+               ">" + content(depth) + "</fo:table-cell>" + gap();
     }
 
     std::string content(int depth) {
@@ -170,7 +170,12 @@ private:
         return text + "</fo:block>";
     }
 
-    std::string word() { return "w" + std::to_string(++words_); }
+    std::string border() {
+        static constexpr std::array kinds{" border=\"1pt solid red\"", " border-style=\"dashed\"",
+                                          " border-top=\"thin dotted\" padding=\"1mm\""};
+        return random_.oneIn(8) ? random_.oneOf(kinds) : "";
+    }
+    std::string word() { return std::string("w").append(std::to_string(++words_)); }
     std::string id() { return random_.oneIn(8) ? " id=\"i" + std::to_string(++ids_) + "\"" : ""; }
     std::string gap() { return random_.oneIn(4) ? "\n\t" : ""; }
     int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }

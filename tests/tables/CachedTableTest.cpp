@@ -41,6 +41,13 @@ TEST(CachedTable, FollowsTheCaretAndTheSelection) {
     goTo(true, L"4<");
     buffer->updateCacheOnSelectionChange();
     EXPECT_EQ(selected(), 4U) << "from the header's first cell";
+    goTo(false, L"behind");
+    goTo(true, L"2<");
+    buffer->updateCacheOnCaretChange();
+    buffer->updateCacheOnSelectionChange();
+    EXPECT_EQ(selected(), 1U) << "on to the footer's last row, though there is none";
+    buffer->getEditableTableBuffer(-1)->updateTableBuffer();
+    EXPECT_EQ(selected(), 5U) << "and to the body's when it is read";
 
     goTo(false, L"before");
     buffer->updateCacheOnSelectionChange();

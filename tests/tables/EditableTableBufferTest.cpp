@@ -92,9 +92,9 @@ TEST(EditableTableBuffer, DeletesRows) {
     MarkedDocument buffer(markupOf(L"head (a) body ([b]1x2, c) / (|d)"));
     const auto table = buffer->getEditableTableBuffer(-1);
     EXPECT_FALSE(table->canDeleteRow());
-    EXPECT_FALSE(table->deleteRow(Type::Footer, 0) || table->deleteRow(Type::Header, 1) ||
+    EXPECT_FALSE(table->deleteRow(Type::Footer, 0) || table->deleteRow(Type::Body, 2) ||
                  table->deleteRow(Type::None, 0));
-    EXPECT_TRUE(table->deleteRow(Type::Header, 0));
+    EXPECT_TRUE(table->deleteRow(Type::Header, 7)) << "its only row, whatever number is given";
     EXPECT_FALSE(table->hasHeader());
 }
 

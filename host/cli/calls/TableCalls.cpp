@@ -50,6 +50,16 @@ struct Wire<std::map<std::pair<int, int>, bool>> {
     }
 };
 
+/// Of the document's operations on a table's buffer: the one that requests have opened.
+template <>
+struct Wire<EditableTableBuffer*> {
+    static constexpr const char* name = "\"table\", the open one";
+    static bool matches(const Json& value) { return value == "table"; }
+    static EditableTableBuffer* read(const Json& value, Session& session) {
+        return static_cast<EditableTableBuffer*>(session.opened().at(value));
+    }
+};
+
 namespace {
 
 using D = EditableDocumentBuffer;
@@ -60,9 +70,10 @@ OpenedObjects::Tree treeOf(E& table) {
     return [&table] { return table.getTableElement(); };
 }
 
-int rowNumberFrom(D& document, int position, int table) {
-    TableRowGroupType group;
-    return document.getTableRowNumberFrom(position, table, group);
+std::tuple<int, TableRowGroupType> rowNumberFrom(D& document, int position, int table) {
+    TableRowGroupType group{};
+    const int row = document.getTableRowNumberFrom(position, table, group);
+    return {row, group};
 }
 
 BorderInfo borderIn(E&, const Core::String& border) {
@@ -118,6 +129,10 @@ std::vector<Operation> Calls::tables() {
         document("getRowTagNameForRowContaining", &D::getRowTagNameForRowContaining, {"position"}),
         document.made("getTableRowNumberFrom", &rowNumberFrom, {"position", "table"}),
         document("getCellNumberOnRow", &D::getCellNumberOnRow, {"position", "table"}),
+        document("getCellPositionInTable", &D::getCellPositionInTable,
+                 {"tableStart", "row", "column", "group", "rows", "columns", "table"}),
+        document("buildSpanMatrix", &D::buildSpanMatrix,
+                 {"tableStart", "rows", "columns", "table"}),
         document("getColSpanFromCell", &D::getColSpanFromCell, {"cell"}),
         document("getRowSpanFromCell", &D::getRowSpanFromCell, {"cell"}),
 
