@@ -28,21 +28,14 @@ void insertTable(EditableDocumentBuffer& document, int rows, int columns) {
                         true, false);
 }
 
-/// The table around the caret, which knows the caret's cell and the selected ones. An editor calls
-/// the two updates where its monitor hears of the caret and of the selection.
-SmartPtr<EditableTableBuffer> tableAtCaret(EditableDocumentBuffer& document) {
-    document.updateCacheOnCaretChange();
-    document.updateCacheOnSelectionChange();
-    return document.getEditableTableBuffer(-1);
-}
-
 /// One command of the table menu on the table around the caret; one undo step.
 template <typename Command>
 void onTable(EditableDocumentBuffer& document, Command command) {
-    const auto table = tableAtCaret(document);
+    const auto table = document.getEditableTableBuffer(-1);
     if (!table)
         return; // the menu is grey where `caretIsInsideTable` says no
-    table->updateTableBuffer(); // so that questions are about the cell where the caret is now
+    // Questions are then about the cell where the caret is now.
+    table->updateTableBuffer();
     command(*table);
     table->commitChangesToEditableBuffer();
 }
@@ -66,7 +59,7 @@ void frame(EditableTableBuffer& table) {
 /// takes them in.
 void selectCellsUpToHere(EditableDocumentBuffer& document) {
     const int here = document.getCaretPos();
-    document.setCaretPos(false, tableAtCaret(document)->getDocumentBufferStart());
+    document.setCaretPos(false, document.getEditableTableBuffer(-1)->getDocumentBufferStart());
     document.setCaretPos(true, here);
 }
 
