@@ -12,34 +12,21 @@
 #include <gtest/gtest.h>
 
 #include <cwctype>
-#include <fstream>
 #include <functional>
 #include <string_view>
-
-#include <unistd.h>
 
 namespace {
 
 constexpr std::size_t perDocument = 60;
 
-std::string failureOnNewTables(std::uint32_t seed, std::size_t strangeEvery) {
-    Random random(seed);
-    // Several runs of the tests may go on at once.
-    const std::string path =
-        std::filesystem::temp_directory_path() /
-        ("forme-tables-" + std::to_string(seed) + "-" + std::to_string(getpid()) + ".xml");
-    std::ofstream(path) << documentWithTables(random, strangeEvery);
-    const std::string failure = tableFailureOn(path, random, perDocument);
-    if (failure.empty())
-        std::filesystem::remove(path);
-    return failure;
-}
-
 void expectNoFailure(std::size_t strangeEvery) {
     const std::size_t total = setting("FORME_RANDOM_COMMANDS", 300);
     const auto first = static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1));
     for (std::uint32_t seed = first; seed < first + total / perDocument; ++seed) {
-        const std::string failure = failureOnNewTables(seed, strangeEvery);
+        Random random(seed);
+        const std::string failure = failureOnNew(
+            documentWithTables(random, strangeEvery), "tables-" + std::to_string(seed),
+            [&](const std::string& path) { return tableFailureOn(path, random, perDocument); });
         EXPECT_TRUE(failure.empty()) << "seed " << seed << ": " << failure;
     }
 }
