@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 using XmlScan::Source;
 using namespace std::string_literals;
 
@@ -60,14 +62,28 @@ TEST(ClosingTags, AreLookedForInOneReadingOfTheText) {
     }
 }
 
+// What is remembered of the tags before a place and of the elements around it.
 TEST(PrecedingTags, AreFoundAsInATextNeverAskedBefore) {
-    for (std::uint32_t seed = 1; seed <= 40; ++seed) {
+    static constexpr std::array pieces{L"'>",
+                                       L"x",
+                                       L">",
+                                       L"<b><c>y</c></b>",
+                                       L"<!---->",
+                                       L"<c></c>",
+                                       L"<![CDATA[<b>]]>",
+                                       L"&lt;",
+                                       L"&",
+                                       L";",
+                                       L"a text of some length > 1"};
+    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
         SCOPED_TRACE(seed);
         Random random(seed);
         const std::string type = random.oneIn(2) ? "<!DOCTYPE r [<!ENTITY e '>'><!-- ' -->]>" : "";
-        const Core::String units((type + mutilated(randomDocument(random), random)).c_str());
+        const bool isSmall = seed % 3 == 0, isTorn = seed % 2 == 0;
+        const std::string whole =
+            isSmall ? "<r><b>x</b><b><c>x</c></b></r>" : randomDocument(random);
         XmlText text;
-        text.assign(units);
+        text.assign(Core::String((type + (isTorn ? mutilated(whole, random) : whole)).c_str()));
         for (int i = 0; i < 200 && text.length() > 0; ++i) {
             const auto below = [&](int limit) { return static_cast<int>(random.below(limit)); };
             const int at = random.oneIn(4) ? text.length() - 1 : below(text.length());
@@ -75,13 +91,17 @@ TEST(PrecedingTags, AreFoundAsInATextNeverAskedBefore) {
             ASSERT_EQ(text.previousTag(at), XmlScan::previousTag(all, at)) << wide(text.content());
             ASSERT_EQ(text.previous(at), XmlScan::stepBackward(all, at, L""));
             ASSERT_EQ(text.elementAround(at), XmlScan::currentElement(all, at));
+            ASSERT_EQ(text.unitStart(at), XmlScan::unitStart(all, at));
             const int tag = text.previousTag(at);
             ASSERT_EQ(text.elementAround(tag), XmlScan::currentElement(all, tag));
             ASSERT_EQ(text.closingTag(tag), XmlScan::closingTag(all, tag));
-            if (random.oneIn(4))
-                text.erase(at, std::min(at + below(9), text.length()));
+            const int end = text.closingTag(tag);
+            if (end > tag && tag > 0 && random.oneIn(6))
+                text.erase(tag, text.next(end));
             else if (random.oneIn(4))
-                text.insert(at, L"'>");
+                text.erase(at, std::min(at + below(9), text.length()));
+            else if (random.oneIn(2))
+                text.insert(random.oneIn(2) ? at : text.unitStart(at), random.oneOf(pieces));
         }
     }
 }
