@@ -1,7 +1,6 @@
 #include "foundation/FileStream.h"
 #include "foundation/MemoryStream.h"
 #include "foundation/Messages.h"
-#include "foundation/SmartPtr.h"
 #include "foundation/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

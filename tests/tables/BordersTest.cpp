@@ -10,11 +10,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <map>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace {
@@ -110,8 +108,11 @@ TEST(TableBorders, CopeWithAnySpan) {
                 borders.set({group, row, column}, Type::All);
     borders.write();
     EXPECT_EQ(gridOf(*tree->getRootNode()),
-              L"a top bottom left right, c top bottom left right, d left, e top bottom left right, "
-              L"f top bottom left right, g top left bottom right, h top bottom left right");
+              L"head {[h]5x5<top; bottom; left; right>} "
+              L"body ([a]1000x99999999<top; bottom; left; right>, [b]0x0) / "
+              L"([c]1x2<top; bottom; left; right>, d<left>) / () "
+              L"body (e<top; bottom; left; right>, [f]2x99999999<top; bottom; left; right>, "
+              L"g<top; left; bottom; right>)");
 }
 
 TEST(TableBorders, AreAskedFor) {

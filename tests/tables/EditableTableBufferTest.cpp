@@ -1,7 +1,6 @@
 #include "tables/EditableTableBuffer.h"
 
 #include "foundation/Exception.h"
-#include "support/EditorState.h"
 #include "support/MarkedDocument.h"
 #include "tables/TableGrid.h"
 

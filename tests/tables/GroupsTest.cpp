@@ -32,22 +32,8 @@ struct Rows {
     SmartPtr<T> table = buffer->getEditableTableBuffer(-1);
 };
 
-const std::wstring content = L"<C><B>|a</B></C>";
-
 std::wstring repeated(const std::wstring& attributes, const std::wstring& cells) {
     return L"<qfd:table-row-repeat " + attributes + L">" + cells + L"</qfd:table-row-repeat>";
-}
-
-TEST(RowGroups, RowsAreRepeated) {
-    const Rows plain(L"<R height=\"1in\" qf:a=\"b\" fo:height=\"2in\">" + content + L"</R>");
-    plain->convertCurrentRowToRepeatingRow("/r");
-    EXPECT_TRUE(plain->currentRowIsRepeatingRow() && plain->caretIsInRepeatingTableRow());
-    EXPECT_EQ(plain.committed(), repeated(L"fo:height=\"1in\" qf:a=\"b\" xpath=\"/r\"", content));
-    const Rows row(repeated(L"sort=\"s\" qfd:xpath=\"/a\" height=\"1in\"", content));
-    row->convertCurrentRowToRepeatingRow("/b");
-    EXPECT_EQ(row.committed(), repeated(L"sort=\"s\" qfd:xpath=\"/b\" height=\"1in\"", content));
-    row->setRepeatingRowPath("/c");
-    EXPECT_EQ(row.at(0, "xpath"), "/c");
 }
 
 TEST(RowGroups, SayWhatTheyAreAskedTo) {
@@ -73,39 +59,6 @@ TEST(RowGroups, SayWhatTheyAreAskedTo) {
     EXPECT_TRUE(text.ends_with(L"<R qfd:sort=\"s\" qfd:parent-group=\"" + wide(copied.at(1, "id")) +
                                L"\"><C><B>a</B></C></R>"))
         << Core::Encoder::toDisplayText(Core::String(text));
-
-    const Rows group(L"#1*(a) / 1(|b) / 1(c)", true);
-    group->editGroup("/e", "f", false);
-    EXPECT_EQ(group.at(0, "merge-content"), "false");
-    Core::String xpath;
-    Core::String groupBy;
-    bool merge = true;
-    group->getGroupProperties(xpath, groupBy, merge);
-    EXPECT_TRUE(xpath == "/e" && groupBy == "f" && !merge);
-    group->editGroup("/e", "f", true);
-    group->getGroupProperties(xpath, groupBy, merge);
-    EXPECT_TRUE(merge);
-}
-
-TEST(RowGroups, WritePathsAsTheyAreReached) {
-    const std::wstring heading =
-        repeated(L"xpath=\"/d/g\" is-group-heading=\"true\" fo:id=\"g\"", L"<C><B>h</B></C>");
-    const Rows joining(heading + repeated(L"xpath=\"/d/g/r\"", content));
-    joining->addCurrentRowToGroup("/");
-    EXPECT_EQ(joining.at(1, "xpath"), "r");
-    EXPECT_EQ(joining.at(1, "parent-group"), "g");
-    joining->commitChangesToEditableBuffer();
-    joining->ungroupCurrentRow("/d/g", "/d");
-    EXPECT_EQ(joining.at(1, "xpath"), "g/r");
-    EXPECT_EQ(joining.at(1, "parent-group"), "");
-    const Rows none(heading + repeated(L"", content));
-    none->addCurrentRowToGroup("/d");
-    EXPECT_EQ(none.at(1, "xpath"), "../..") << "from the group to the root";
-    const Rows without(repeated(L"xpath=\"/g\" is-group-heading=\"true\"", L"<C><B>h</B></C>") +
-                       repeated(L"xpath=\"/g/r\"", content));
-    EXPECT_TRUE(without->canGroupCurrentRow());
-    without->addCurrentRowToGroup("/");
-    EXPECT_EQ(without.at(1, "xpath"), "/g/r") << "the heading has no id";
 }
 
 TEST(RowGroups, TellWhatMayBeDone) {
