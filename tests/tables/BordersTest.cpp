@@ -182,30 +182,6 @@ TEST(TableBorders, ReadTheirText) {
     }
 }
 
-TEST(TableBorders, OfWhatIsSelectedAreOneUndoStep) {
-    MarkedDocument buffer(markupOf(L"(a, ^b) / (c, d|)"));
-    const EditorState old = stateOf(buffer.face());
-    auto table = buffer->getEditableTableBuffer(-1);
-    table->setBorderToSelectedCells(Type::All);
-    EXPECT_TRUE(table->selectedCellsHasBorder(Type::All));
-    EXPECT_EQ(gridOf(*table->getTableElement()),
-              L"(a<right; bottom>, b<top; bottom; left; right>) / "
-              L"(c<top; bottom; left; right>, d<top; left; bottom; right>)");
-    table->removeSpecificBorderFromCell(table->getCellElementAt(1, 0, Group::Body), Type::Left);
-    EXPECT_FALSE(table->selectedCellsHasBorder(Type::Left));
-    table->commitChangesToEditableBuffer();
-    table->removeBorderFromSelectedCells(Type::Style);
-    EXPECT_EQ(gridOf(*table->getTableElement()), L"(a, b) / (c, d)");
-    EXPECT_TRUE(table->processSelectedCells(Type::None, T::BordersOperation::Query));
-    EXPECT_TRUE(table->processSelectedCells(Type::None, T::BordersOperation::Remove));
-    table->commitChangesToEditableBuffer();
-    EXPECT_NE(buffer.find(L"border-top-style=\"solid\""), -1);
-    buffer->undo();
-    buffer->undo();
-    EXPECT_EQ(stateOf(buffer.face()).text, old.text);
-    EXPECT_FALSE(buffer->canUndo());
-}
-
 /// What the elements say, one after the other; "-" stands for no such attribute.
 std::wstring valuesOf(const std::vector<const Element*>& elements, const wchar_t* attribute) {
     std::wstring values;
