@@ -48,7 +48,7 @@ CellPlace placeOf(const TableModel& model, const Element* cell) {
 
 TEST(TableBorders, AnEdgeIsTheSameFromBothOfItsCells) {
     Random random(1);
-    for (int count = 0; count < 40; ++count) {
+    for (int count = 0; count < 12; ++count) {
         MarkedDocument buffer;
         buffer->setContent(Core::String(documentWithTables(random, 1000000).c_str()), true);
         const auto table =
