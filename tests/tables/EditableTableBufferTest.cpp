@@ -18,35 +18,6 @@ std::wstring shown(const MarkedDocument& buffer) {
     return gridOf(writtenOut(buffer.marked()));
 }
 
-TEST(EditableTableBuffer, GivesANewColumnAnElementWhereOthersHaveOne) {
-    for (const auto& [columns, inserted] :
-         {std::pair(L"", std::wstring()),
-          std::pair(L"<fo:table-column number-columns-repeated=\"2\" id=\"i\"/>",
-                    std::wstring(L"<fo:table-column id=\"i\" column-number=\"1\"/>"
-                                 L"<fo:table-column column-number=\"2\"/>"
-                                 L"<fo:table-column column-number=\"3\"/>"))}) {
-        std::wstring markup = markupOf(L"(|a, b)");
-        MarkedDocument buffer(markup.insert(markup.find(L"<fo:table-body"), columns));
-        const auto table = buffer->getEditableTableBuffer(-1);
-        table->insertColumn(false);
-        EXPECT_EQ(table->getColumnCount(), 3);
-        table->commitChangesToEditableBuffer();
-        EXPECT_NE(buffer.find((L"\n" + inserted + L"<fo:table-body").c_str()), -1);
-    }
-}
-
-TEST(EditableTableBuffer, MakesTheColumnWhoseWidthIsSet) {
-    MarkedDocument buffer(markupOf(L"(|a, b)"));
-    const auto table = buffer->getEditableTableBuffer(-1);
-    table->setWidthAtColNo(66, L"7", true);
-    const auto columns = table->getColumns({0, 1, 2});
-    ASSERT_EQ(columns.size(), 3u);
-    EXPECT_EQ(T::getAttributeValue(static_cast<Xml::Element*>(*std::next(columns.begin())),
-                                   "column-number", ""),
-              L"B");
-    EXPECT_EQ(table->getColumnWidth(2), L"proportional-column-width(7)");
-}
-
 TEST(EditableTableBuffer, SelectsItsCellsAgainAfterACommit) {
     MarkedDocument buffer(markupOf(L"head (a, b) foot (c) body (d^, e) / (f, g|)"));
     auto table = buffer->getEditableTableBuffer(-1);
