@@ -1,7 +1,7 @@
 #!/bin/bash
-# Installs a build into a temporary prefix and builds a program outside the tree against it, once
-# through find_package(Forme) and once through pkg-config; the same for the spell checker, if the
-# build has it.
+# Installs a build into a temporary prefix and builds an example of the guide outside the tree
+# against it, once through find_package(Forme) and once through pkg-config; the same for a program
+# with the spell checker, if the build has it.
 #   scripts/test-package.sh BUILD
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -9,6 +9,7 @@ cd "$(dirname "$0")/.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r tests/consumer "$work/consumer"
+cp docs/examples/edit.cpp "$work/consumer"
 prefix=$work/prefix
 cmake --install "$1" --prefix "$prefix" >"$work/install.log" || { cat "$work/install.log"; exit 1; }
 
@@ -17,12 +18,13 @@ cmake -S "$work/consumer" -B "$work/build" -G Ninja -DCMAKE_PREFIX_PATH="$prefix
     { cat "$work/configure.log"; exit 1; }
 cmake --build "$work/build" >"$work/build.log" || { cat "$work/build.log"; exit 1; }
 "$work/build/consumer" samples/letter.xml "$work/out.xml"
+cmp -s samples/letter.xml "$work/out.xml" && { echo "The letter was not changed."; exit 1; }
 
 echo "The same program through pkg-config:"
 library=$(dirname "$(find "$prefix" -name libforme.so)")
 export PKG_CONFIG_PATH=$library/pkgconfig
 # Unquoted: what pkg-config prints is a list of arguments.
-${CXX:-g++} -std=c++20 "$work/consumer/main.cpp" -o "$work/by-pkg-config" \
+${CXX:-g++} -std=c++20 "$work/consumer/edit.cpp" -o "$work/by-pkg-config" \
     $(pkg-config --cflags --libs forme)
 LD_LIBRARY_PATH=$library "$work/by-pkg-config" samples/letter.xml "$work/out.xml"
 

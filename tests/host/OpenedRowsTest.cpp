@@ -1,87 +1,46 @@
-#include "calls/Rows.h"
+#include "Session.h"
 #include "support/Documents.h"
-
-#include <forme/document/PageSequenceAlg.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <stdexcept>
-
-using BufferAlgorithms::PageSequenceAlg;
-
 namespace {
 
-/// The page sequences counted from one that is named when the view is opened.
-class SequencesFrom : public PageSequenceAlg {
-public:
-    SequencesFrom(const SmartPtr<EditableDocumentBuffer>& document, int first)
-        : PageSequenceAlg(document), first_(first) {}
-
-    int indexAt(int position) const { return getPageSequenceIdxFromPos(position) - first_; }
-
-private:
-    int first_;
-};
-
-std::vector<Operation> table() {
-    const OpenedRows<SequencesFrom> sequences("sequences");
-    return {sequences.open<int>({"first"}), sequences.close(),
-            sequences("indexAt", &SequencesFrom::indexAt, {"position"})};
-}
-
-Json ask(Session& session, const Json& request) {
-    const std::vector<Operation> rows = table();
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](const Operation& operation) {
-        return operation.name == request[0] && operation.accepts(request);
-    });
-    return row == rows.end() ? Json("no such row") : row->invoke(session, request);
-}
-
-void setTwoSequences(Session& session) {
-    const std::string sequence =
-        "<fo:page-sequence><fo:flow><fo:block>a</fo:block></fo:flow></fo:page-sequence>";
-    session.serve({"setContent", "<qfd:document>" + sequence + sequence + "</qfd:document>", true});
-}
+const Json aTable{"setContent",
+                  "<fo:root><fo:flow><fo:table><fo:table-body><fo:table-row><fo:table-cell>"
+                  "<fo:block>a</fo:block></fo:table-cell></fo:table-row></fo:table-body>"
+                  "</fo:table></fo:flow></fo:root>",
+                  true};
 
 } // namespace
 
 TEST(OpenedRows, OneIsOpenUntilItIsClosedOrAnotherDocumentIsTakenUp) {
     Session session;
-    setTwoSequences(session);
-    const Json second = {"sequences.indexAt", 129};
-    EXPECT_THROW(ask(session, second), std::invalid_argument);
-    EXPECT_THROW(ask(session, {"sequences.close"}), std::invalid_argument);
-    EXPECT_EQ(ask(session, {"sequences.open", "1"}), "no such row");
+    session.serve(aTable);
+    session.serve({"moveCaretHome", false});
+    const Json columns{"table.getColumnCount"}, close{"table.close"}, open{"table.open", -1};
+    const std::string none = "no \"table\" is open; \"table.open\" opens one";
+    EXPECT_EQ(session.serve(columns)["error"], none);
+    EXPECT_TRUE(session.serve(close).contains("error"));
+    EXPECT_TRUE(session.serve({"table.open", "1"}).contains("error"));
+    EXPECT_EQ(session.serve(columns)["error"], none);
 
-    EXPECT_TRUE(ask(session, {"sequences.open", 0}).is_null());
-    const int index = ask(session, second).get<int>();
-    EXPECT_EQ(index, 1);
-    ask(session, {"sequences.open", 10});
-    EXPECT_EQ(ask(session, second), index - 10);
-    ask(session, {"sequences.close"});
-    try {
-        ask(session, second);
-        FAIL() << "none is open";
-    } catch (const std::invalid_argument& failure) {
-        EXPECT_STREQ(failure.what(), "no \"sequences\" is open; \"sequences.open\" opens one");
-    }
+    for (int opened = 0; opened < 2; ++opened)
+        EXPECT_TRUE(session.serve(open).at("result").is_null());
+    EXPECT_EQ(session.serve(columns)["result"], 1);
+    session.serve(close);
+    EXPECT_EQ(session.serve(columns)["error"], none);
 
-    ask(session, {"sequences.open", 0});
+    session.serve(open);
     session.serve({"open", "no such file"});
-    EXPECT_EQ(ask(session, second), index);
+    EXPECT_EQ(session.serve(columns)["result"], 1);
     EXPECT_FALSE(
         session.serve({"open", (samplesFolder() / "letter.xml").string()}).contains("error"));
-    EXPECT_THROW(ask(session, second), std::invalid_argument);
+    EXPECT_EQ(session.serve(columns)["error"], none);
 }
 
 TEST(OpenedRows, NameTheNodesOfATreeUntilItIsReadAnew) {
     Session session;
-    session.serve({"setContent",
-                   "<fo:root><fo:flow><fo:table><fo:table-body><fo:table-row><fo:table-cell>"
-                   "<fo:block>a</fo:block></fo:table-cell></fo:table-row></fo:table-body>"
-                   "</fo:table></fo:flow></fo:root>",
-                   true});
+    session.serve(aTable);
     const auto result = [&](const Json& request) { return session.serve(request)["result"]; };
     EXPECT_EQ(session.serve({"table.open", 0})["error"], "there is no table");
     session.serve({"moveCaretHome", false});

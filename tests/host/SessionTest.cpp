@@ -11,7 +11,6 @@
 #include <random>
 #include <string>
 #include <tuple>
-#include <vector>
 
 using namespace std::string_literals;
 

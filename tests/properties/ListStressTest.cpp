@@ -127,9 +127,10 @@ TEST(ListStress, KeepsListsWholeInSmallDocuments) {
         if (!brokenListsIn(Core::Encoder::convertUTF8ToString(document)).empty())
             continue;
         done += perDocument;
-        EXPECT_EQ(failureOnNew(document, "lists-" + std::to_string(seed), random, perDocument,
-                               workInLists()),
-                  "");
+        const auto failure = [&](const std::string& path) {
+            return failureOn(path, random, perDocument, workInLists());
+        };
+        EXPECT_EQ(failureOnNew(document, "lists-" + std::to_string(seed), failure), "");
     }
 }
 

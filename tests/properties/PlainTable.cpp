@@ -157,7 +157,6 @@ void PlainTable::readRows(Type type) {
                 group.rows.push_back(static_cast<const Element*>(child));
             if (name != "table-cell" || type == Type::Body)
                 continue;
-            hasDirectCells_ = true;
             group.rows.push_back(element);
             break;
         }
@@ -208,29 +207,12 @@ bool PlainTable::isBalanced() const {
                        [](const Group& group) { return group.isBalanced; });
 }
 
-bool PlainTable::spans() const {
-    const Cells all = cells();
-    return std::any_of(all.begin(), all.end(),
-                       [](const Cell* cell) { return cell->rows != 1 || cell->columns != 1; });
-}
-
 PlainTable::Cells PlainTable::cells() const {
     Cells all;
     for (const Group& group : groups_)
         for (const auto& cell : group.cells)
             all.push_back(cell.get());
     return all;
-}
-
-std::wstring PlainTable::shape() const {
-    std::wstring text;
-    for (const Group& group : groups_) {
-        text += L"|";
-        for (const auto& cell : group.cells)
-            text += L" " + std::to_wstring(cell->row) + L"," + std::to_wstring(cell->column) +
-                    L":" + std::to_wstring(cell->columns) + L"x" + std::to_wstring(cell->rows);
-    }
-    return text;
 }
 
 bool PlainTable::membersFollowHeadings() const {

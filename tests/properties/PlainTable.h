@@ -50,15 +50,10 @@ public:
     int rows(TableRowGroupType type) const { return static_cast<int>(group(type).rows.size()); }
     /// All groups are, no cell tells its column or row by itself, and all spans count.
     bool isBalanced() const;
-    bool spans() const;
-    /// Cells that stand in their group directly.
-    bool hasDirectCells() const { return hasDirectCells_; }
     /// Of its text in the document.
     std::size_t length() const { return length_; }
     /// Of header, body and footer, which is a reader's order.
     Cells cells() const;
-    /// The spans of all cells, row by row.
-    std::wstring shape() const;
     /// Whether before each member stands the heading whose id it names.
     bool membersFollowHeadings() const;
     /// The place one step from another, as a reader sees the groups.
@@ -76,7 +71,6 @@ private:
     SmartPtr<Xml::XmlDocument> tree_;
     std::array<Group, 4> groups_;
     int columns_ = 0;
-    bool hasDirectCells_ = false;
     bool isStrange_ = false; // a cell tells its place, or spans more columns than count
 };
 

@@ -1,7 +1,5 @@
 #include "properties/RandomCommands.h"
 
-#include "Session.h"
-#include "support/EditorState.h"
 #include "support/ShortMarkup.h"
 #include "support/WellFormed.h"
 #include "text/XmlScan.h"
@@ -243,14 +241,7 @@ CommandMix mixOf(std::initializer_list<const char*> groups) {
 
 std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
                           const CommandMix& mix) {
-    std::size_t total = 0;
-    for (const CommandKind& kind : mix.kinds)
-        total += kind.weight;
-    std::size_t at = random.below(total);
-    const CommandKind* kind = mix.kinds.data();
-    for (; at >= kind->weight; ++kind)
-        at -= kind->weight;
-    return Filler(random, document).fill(kind->request).dump();
+    return Filler(random, document).fill(random.oneByWeight(mix.kinds).request).dump();
 }
 
 CommandMix everyCommand() {
@@ -291,75 +282,89 @@ bool isErasure(const std::string& command) {
            command.starts_with(R"(["eraseTextFromListBuffer")");
 }
 
-/// Carries out commands one by one and says which promise each has broken.
-class Checker {
-public:
-    Checker(const std::string& path, const CommandMix& mix) : mix_(mix) {
-        session_.open(Core::Encoder::convertUTF8ToString(path));
-        first_ = state();
-    }
+} // namespace
 
-    const Document& document() { return session_.document(); }
+WatchedSession::WatchedSession(const std::string& path) {
+    session_.open(Core::Encoder::convertUTF8ToString(path));
+    first_ = state();
+}
+
+std::string WatchedSession::carryOut(const std::string& command) {
+    const EditorState before = state();
+    const bool couldUndo = document().canUndo();
+    const Json reply = session_.serveLine(command);
+    if (reply.contains("error"))
+        return reply["error"].get<std::string>();
+    const EditorState now = state();
+    if (!couldUndo && document().canUndo() && !isReplay(command)) {
+        first_ = before;
+        firstChangedText_ = now.text != before.text;
+    }
+    if (isErasure(command) && sectionsIn(now.text) < sectionsIn(before.text))
+        lostSection_ = true;
+    const auto notices = reply["notices"].get<std::vector<std::string>>();
+    const std::set<std::string> kinds(notices.begin(), notices.end());
+    if (kinds.size() != notices.size())
+        return "a notice twice: " + reply["notices"].dump();
+    return (now.text != before.text && !kinds.contains("buffer")) ||
+                   (now.caret != before.caret && !kinds.contains("caret"))
+               ? "a change without its notice: " + reply["notices"].dump()
+               : "";
+}
+
+std::string WatchedSession::brokenHistory() {
+    replayAll(R"(["redo"])");
+    const String last = document().getContent();
+    const bool anything = document().canUndo();
+    replayAll(R"(["undo"])");
+    if (anything && !isAsAtFirst())
+        return "undoing everything gives " + describe(state()) + " and not " + describe(first_);
+    if (const std::string error = xmlError(document().getContent()); !error.empty())
+        return "undoing everything gives " + error;
+    replayAll(R"(["redo"])");
+    return document().getContent() == last ? "" : "redoing everything gives another text";
+}
+
+/// Comments and sections that Backspace met are gone for good. The caret comes back with a change
+/// of the text, if there was one.
+bool WatchedSession::isAsAtFirst() {
+    const EditorState now = state();
+    const bool comparesCaret = firstChangedText_ && first_.caret >= 0;
+    return lostSection_ ||
+           (now.text == first_.text &&
+            (!comparesCaret ||
+             (now.caret == first_.caret && (now.pivot == first_.pivot || !undoKeepsSelection()))));
+}
+
+void WatchedSession::replayAll(const std::string& command) {
+    const auto more = [&] {
+        return command == R"(["undo"])" ? document().canUndo() : document().canRedo();
+    };
+    while (more())
+        session_.serveLine(command);
+}
+
+namespace {
+
+/// Says which promise each command has broken.
+class Checker : public WatchedSession {
+public:
+    Checker(const std::string& path, const CommandMix& mix) : WatchedSession(path), mix_(mix) {}
 
     std::string carryOut(const std::string& command, bool parse) {
         const EditorState before = state();
-        const bool couldUndo = document().canUndo();
-        const Json reply = session_.serveLine(command);
-        if (reply.contains("error"))
-            return reply["error"].get<std::string>();
-        if (!couldUndo && document().canUndo() && !isReplay(command)) {
-            first_ = before;
-            firstChangedText_ = document().getContent() != before.text;
-        }
-        if (isErasure(command) && sectionsIn(document().getContent()) < sectionsIn(before.text))
-            lostSection_ = true;
-        std::string broken = brokenNotices(reply, before);
+        std::string broken = WatchedSession::carryOut(command);
         if (broken.empty())
             broken = brokenCaret();
         if (broken.empty() && parse)
             broken = xmlError(document().getContent());
         // Around a section that Backspace removed for good, undo brings back less than there was.
-        if (broken.empty() && mix_.broken && !lostSection_)
+        if (broken.empty() && mix_.broken && !hasLostSection())
             broken = mix_.broken(document().getContent());
         return broken.empty() ? brokenReplay(command, before) : broken;
     }
 
-    /// What undoing and redoing everything does not bring back.
-    std::string brokenHistory() {
-        replayAll(R"(["redo"])");
-        const String last = document().getContent();
-        const bool anything = document().canUndo();
-        replayAll(R"(["undo"])");
-        if (anything && !isAsAtFirst())
-            return "undoing everything gives " + describe(state()) + " and not " + describe(first_);
-        if (const std::string error = xmlError(document().getContent()); !error.empty())
-            return "undoing everything gives " + error;
-        replayAll(R"(["redo"])");
-        return document().getContent() == last ? "" : "redoing everything gives another text";
-    }
-
 private:
-    /// Comments and sections that Backspace met are gone for good. The caret comes back with a
-    /// change of the text, if there was one.
-    bool isAsAtFirst() {
-        const bool comparesCaret = firstChangedText_ && first_.caret >= 0;
-        return lostSection_ || (comparesCaret ? state() == first_ : state().text == first_.text);
-    }
-
-    EditorState state() { return stateOf(session_.document()); }
-
-    std::string brokenNotices(const Json& reply, const EditorState& before) {
-        const auto notices = reply["notices"].get<std::vector<std::string>>();
-        const std::set<std::string> kinds(notices.begin(), notices.end());
-        if (kinds.size() != notices.size())
-            return "a notice twice: " + reply["notices"].dump();
-        const EditorState now = state();
-        return (now.text != before.text && !kinds.contains("buffer")) ||
-                       (now.caret != before.caret && !kinds.contains("caret"))
-                   ? "a change without its notice: " + reply["notices"].dump()
-                   : "";
-    }
-
     std::string brokenCaret() {
         const EditorState now = state();
         const XmlScan::Text text = now.text.view();
@@ -390,21 +395,9 @@ private:
         return {};
     }
 
-    void replayAll(const std::string& command) {
-        const auto more = [&] {
-            return command == R"(["undo"])" ? document().canUndo() : document().canRedo();
-        };
-        while (more())
-            session_.serveLine(command);
-    }
-
     const CommandMix& mix_;
-    Session session_;
-    bool firstChangedText_ = false;
-    EditorState first_;                  // before the first change that can be undone
     std::optional<EditorState> changed_; // what the last command left, if that changed the text
     bool undone_ = false;                // and was undone then
-    bool lostSection_ = false;
 };
 
 } // namespace
@@ -477,16 +470,16 @@ std::string failureOn(const std::string& document, Random& random, std::size_t c
     return brokenPromise(small, 1, mix) + "\n" + small.script();
 }
 
-std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
-                         std::size_t count, const CommandMix& mix) {
+std::string failureOnNew(const std::string& text, const std::string& name,
+                         const std::function<std::string(const std::string&)>& failure) {
     // Several runs of the tests may go on at once.
     const std::string path = std::filesystem::temp_directory_path() /
                              ("forme-" + name + "-" + std::to_string(getpid()) + ".xml");
     std::ofstream(path) << text;
-    const std::string failure = failureOn(path, random, count, mix);
-    if (failure.empty())
+    const std::string found = failure(path);
+    if (found.empty())
         std::filesystem::remove(path);
-    return failure;
+    return found;
 }
 
 // The documents

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <forme/document/EditableDocumentBuffer.h>
-
-#include <nlohmann/json.hpp>
+#include "Session.h"
+#include "support/EditorState.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,6 +23,19 @@ public:
         return list[below(std::size(list))];
     }
 
+    /// Each as often as its weight says.
+    template <typename List>
+    const auto& oneByWeight(const List& list) {
+        std::size_t total = 0;
+        for (const auto& each : list)
+            total += each.weight;
+        std::size_t at = below(total);
+        auto found = std::begin(list);
+        for (; at >= found->weight; ++found)
+            at -= found->weight;
+        return *found;
+    }
+
 private:
     std::mt19937 engine_;
 };
@@ -35,7 +47,7 @@ std::string randomDocument(Random& random, std::size_t listEvery = 6);
 /// A kind of command and how often it comes.
 struct CommandKind {
     std::size_t weight;
-    nlohmann::json request; ///< what is to be filled in begins with "$"
+    Json request; ///< what is to be filled in begins with "$"
 };
 
 /// What streams are made of.
@@ -55,6 +67,35 @@ std::string randomCommand(Random& random, const EditableDocumentBuffer& document
 
 /// A text whose tags need not match, cut and torn from one that is well formed.
 std::string mutilated(std::string text, Random& random);
+
+/// A document on which requests are carried out, and the promises that each of them makes.
+class WatchedSession {
+public:
+    explicit WatchedSession(const std::string& path);
+    virtual ~WatchedSession() = default;
+
+    EditableDocumentBuffer& document() { return session_.document(); }
+
+    /// What a request breaks: it fails, or its notices do not fit. Nothing if all is well.
+    std::string carryOut(const std::string& command);
+    /// What undoing and redoing everything does not bring back.
+    std::string brokenHistory();
+
+protected:
+    EditorState state() { return stateOf(document()); }
+    Session& session() { return session_; }
+    bool hasLostSection() const { return lostSection_; }
+    virtual bool undoKeepsSelection() const { return true; }
+
+private:
+    bool isAsAtFirst();
+    void replayAll(const std::string& command);
+
+    Session session_;
+    EditorState first_; // before the first change that can be undone
+    bool firstChangedText_ = false;
+    bool lostSection_ = false; // which Backspace removed for good
+};
 
 /// Requests on a document, each a line of the script that `forme run` replays.
 struct CommandStream {
@@ -84,7 +125,7 @@ std::size_t setting(const char* name, std::size_t usual);
 std::string failureOn(const std::string& document, Random& random, std::size_t count,
                       const CommandMix& mix);
 
-/// The same on a document that is made for it, which stays on the disk under that name after a
-/// failure, for the script to be replayed on it.
-std::string failureOnNew(const std::string& text, const std::string& name, Random& random,
-                         std::size_t count, const CommandMix& mix);
+/// Has a failure looked for on a document that is made for it, which stays on the disk under that
+/// name after one, for its script to be replayed on it.
+std::string failureOnNew(const std::string& text, const std::string& name,
+                         const std::function<std::string(const std::string& path)>& failure);

@@ -15,8 +15,10 @@ TEST(RandomCommands, LeaveSmallDocumentsWhole) {
     constexpr std::size_t perDocument = 100;
     for (std::uint32_t seed = first; seed < first + total / perDocument; ++seed) {
         Random random(seed);
-        EXPECT_EQ(failureOnNew(randomDocument(random), "random-" + std::to_string(seed), random,
-                               perDocument, everyCommand()),
+        const auto failure = [&](const std::string& path) {
+            return failureOn(path, random, perDocument, everyCommand());
+        };
+        EXPECT_EQ(failureOnNew(randomDocument(random), "random-" + std::to_string(seed), failure),
                   "");
     }
 }

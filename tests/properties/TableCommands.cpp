@@ -1,10 +1,8 @@
 #include "properties/TableCommands.h"
 
-#include "Session.h"
 #include "document/Document.h"
 #include "document/caret/Stops.h"
 #include "foundation/Wide.h"
-#include "support/EditorState.h"
 #include "support/WellFormed.h"
 #include "tables/EditableTableBuffer.h"
 #include "tables/TableTree.h"
@@ -358,23 +356,6 @@ const std::vector<TableCommand>& tableCommands() {
 
 namespace {
 
-/// Counts what it hears.
-class Notices : public IEditableBufferMonitor {
-public:
-    void onBufferChanged() override { ++buffer_; }
-    void onCaretChanged() override { ++caret_; }
-    void onSelectionChanged() override { ++selection_; }
-
-    bool isAnyTwice() const { return std::max({buffer_, caret_, selection_}) > 1; }
-    bool heardOfText() const { return buffer_ > 0; }
-    void forget() { *this = {}; }
-
-private:
-    int buffer_ = 0;
-    int caret_ = 0;
-    int selection_ = 0;
-};
-
 std::multiset<std::wstring> contentsOf(const Cells& cells) {
     std::multiset<std::wstring> contents;
     for (const PlainTable::Cell* cell : cells)
@@ -399,13 +380,6 @@ std::multiset<std::wstring> idsOf(const String& text) {
             ids.insert(
                 wide(text.subString(at + 4, text.find(L'"', static_cast<unsigned>(at + 4)) - 1)));
     return ids;
-}
-
-std::size_t sectionsIn(const String& text) {
-    std::size_t count = 0;
-    for (int at = -1; (at = text.find(L"<!", static_cast<unsigned>(at + 1))) >= 0;)
-        ++count;
-    return count;
 }
 
 bool areUnique(const std::multiset<std::wstring>& ids) {
@@ -468,47 +442,19 @@ struct Step {
 };
 
 /// Carries out steps on a document and tells which promise was broken.
-class Checker {
+class Checker : public WatchedSession {
 public:
-    explicit Checker(const std::string& path) {
-        session_.serve({"open", path});
-        document().setMonitor(&notices_);
-    }
-
-    EditableDocumentBuffer& document() { return session_.document(); }
+    using WatchedSession::WatchedSession;
 
     /// Empty if none is.
     std::string carryOut(const Step& step) {
         if (step.command && !(isInCell() && isGiven(*step.command)))
             return {}; // a step before it is not there any more
-        const EditorState old = state();
-        const bool couldUndo = document().canUndo();
+        const String before = state().text;
         std::string broken = step.command ? carryOutCommand(step) : carryOutOther(step);
-        const bool isReplay =
-            step.requests.front() == R"(["undo"])" || step.requests.front() == R"(["redo"])";
-        if (!couldUndo && document().canUndo() && !isReplay) {
-            first_ = old;
-            firstChangedText_ = state().text != old.text;
-        }
-        if (broken.empty() && state().text != old.text)
+        if (broken.empty() && state().text != before)
             broken = xmlError(state().text);
         return broken;
-    }
-
-    /// What undoing and redoing everything does not bring back.
-    std::string brokenHistory() {
-        while (document().canRedo())
-            document().redo();
-        const String last = state().text;
-        const bool anything = document().canUndo();
-        while (document().canUndo())
-            document().undo();
-        if (anything && !lostSection_ &&
-            (state().text != first_.text || (firstChangedText_ && state().caret != first_.caret)))
-            return "undoing everything gives something else";
-        while (document().canRedo())
-            document().redo();
-        return state().text == last ? "" : "redoing everything gives another text";
     }
 
     bool isInCell() {
@@ -526,11 +472,13 @@ public:
 
     bool isOffered(const TableCommand& command) {
         return *command.can &&
-               session_.serve(Json::array({"table." + std::string(command.can)}))["result"] == true;
+               session().serve(Json::array({"table." + std::string(command.can)}))["result"] ==
+                   true;
     }
 
 private:
-    EditorState state() { return stateOf(document()); }
+    bool undoKeepsSelection() const override { return false; } // of cells
+
     std::array<int, 3> caretTerms() {
         return {buffer().getCaretRow(), buffer().getCaretCol(), buffer().getColumnCount()};
     }
@@ -551,37 +499,19 @@ private:
                 now.caret != now.pivot};
     }
 
-    std::string brokenRequest(const std::string& request) {
-        notices_.forget();
-        const String before = state().text;
-        const Json reply = session_.serveLine(request);
-        if (reply.contains("error"))
-            return request + ": " + reply["error"].get<std::string>();
-        if (notices_.isAnyTwice())
-            return "a notice twice";
-        return notices_.heardOfText() || state().text == before ? ""
-                                                                : "a change without its notice";
-    }
-
     /// What was typed since the table was read is not overwritten.
     std::string brokenLateCommit() {
         const String before = state().text;
-        session_.serve({"table.commit"});
-        document().setMonitor(&notices_); // a request that fails takes the session's own again
+        session().serve({"table.commit"});
         return state().text == before ? "" : "a commit of what was not changed";
     }
 
     std::string carryOutOther(const Step& step) {
         if (step.requests.front() == R"(["table.commit"])")
             return brokenLateCommit();
-        const String before = state().text;
         for (const std::string& request : step.requests)
-            if (std::string broken = brokenRequest(request); !broken.empty())
+            if (std::string broken = WatchedSession::carryOut(request); !broken.empty())
                 return broken;
-        // Backspace removes a comment or section that it meets for good.
-        const bool isErasure = step.requests.front().starts_with(R"(["erase")");
-        if (isErasure && sectionsIn(state().text) < sectionsIn(before))
-            lostSection_ = true;
         return {};
     }
 
@@ -602,7 +532,7 @@ private:
             if (&request == &step.requests.back())
                 if (std::string broken = brokenAnswers(command, at); !broken.empty())
                     return broken;
-            if (std::string broken = brokenRequest(request); !broken.empty())
+            if (std::string broken = WatchedSession::carryOut(request); !broken.empty())
                 return broken;
         }
         if (state().text == old.text)
@@ -641,7 +571,7 @@ private:
                    : "a question changed something";
     }
 
-    Json answerTo(const char* question) { return session_.serveLine(question).at("result"); }
+    Json answerTo(const char* question) { return session().serveLine(question).at("result"); }
 
     static std::string brokenShape(const TableCommand& command, const Situation& at,
                                    const PlainTable& after) {
@@ -800,12 +730,6 @@ private:
             return "undo gives something else";
         return isRedone ? "" : "redo gives another text";
     }
-
-    Session session_;
-    Notices notices_;
-    bool lostSection_ = false;
-    bool firstChangedText_ = false;
-    EditorState first_; // before the first change that can be undone
 };
 
 // The steps
@@ -851,15 +775,8 @@ private:
     }
 
     Step tableCommand() {
-        const auto& all = tableCommands();
-        std::size_t total = 0;
-        for (const TableCommand& command : all)
-            total += command.weight;
-        std::size_t at = random_.below(total);
-        const TableCommand* command = all.data();
-        for (; at >= command->weight; ++command)
-            at -= command->weight;
-        return checker_.isGiven(*command) ? stepOf(*command) : next();
+        const TableCommand& command = random_.oneByWeight(tableCommands());
+        return checker_.isGiven(command) ? stepOf(command) : next();
     }
 
     /// As a host does that asks first.

@@ -3,7 +3,6 @@
 #include "properties/TableCommands.h"
 
 #include <array>
-#include <utility>
 
 namespace {
 

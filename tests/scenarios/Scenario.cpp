@@ -2,6 +2,7 @@
 
 #include "support/MarkedDocument.h"
 #include "support/WellFormed.h"
+#include "tables/TableGrid.h"
 
 #include <algorithm>
 #include <fstream>
@@ -43,6 +44,14 @@ std::string show(const EditorState& state, bool whole) {
     return all.substr(content, end - content);
 }
 
+std::string narrow(const std::wstring& text) {
+    return Core::Encoder::toDisplayText(Core::String(text));
+}
+
+std::wstring widened(const std::string& text) {
+    return std::wstring(Core::Encoder::convertUTF8ToString(text).view());
+}
+
 class Runner {
 public:
     explicit Runner(const Scenario& scenario) : scenario_(scenario) {}
@@ -75,7 +84,7 @@ private:
     void carryOut(const ScenarioStep& step) {
         const EditorState before = current();
         const bool couldUndo = session_.document().canUndo();
-        const Json reply = session_.serveLine(step.request);
+        const Json reply = serve(step);
         if (reply.contains("error"))
             fail(step.line, reply["error"].get<std::string>());
         checkNotices(step, before, reply["notices"].get<std::vector<std::string>>());
@@ -87,6 +96,25 @@ private:
         if (current().text != before.text)
             last_ = current();
         replays_ = replays_ || isReplay(step);
+    }
+
+    static bool isForTable(const ScenarioStep& step) {
+        return step.request.starts_with("[\"table.");
+    }
+
+    /// A table is read anew, and written back behind the request.
+    Json serve(const ScenarioStep& step) {
+        if (!isForTable(step))
+            return session_.serveLine(step.request);
+        const EditorState before = current();
+        const bool couldUndo = session_.document().canUndo();
+        session_.serve({"table.open", -1});
+        Json reply = session_.serveLine(step.request);
+        require(step.line, "before it is committed", before);
+        reply["notices"] = session_.serve({"table.commit"})["notices"];
+        if (current().text == before.text && session_.document().canUndo() != couldUndo)
+            fail(step.line, "history without a change");
+        return reply;
     }
 
     static bool isOneOf(const ScenarioStep& step, std::initializer_list<const char*> names) {
@@ -113,13 +141,28 @@ private:
     void checkStep(const ScenarioStep& step, const EditorState& before, bool couldUndo) {
         const EditorState after = current();
         session_.document().undo();
-        require(step.line, "undone", before);
+        require(step.line, "undone", undone(before));
         if (session_.document().canUndo() != couldUndo)
             fail(step.line, "it is not one step");
         session_.document().redo();
-        require(step.line, "redone", after);
+        require(step.line, "redone", redone(after));
         if (session_.document().canRedo())
             fail(step.line, "redone, it can be redone");
+        if (scenario_.areGrids) {
+            session_.document().setCaretPos(false, after.pivot);
+            session_.document().setCaretPos(true, after.caret);
+        }
+    }
+
+    /// What undo brings back of a state: in a table the caret, but not the selection of cells.
+    EditorState undone(const EditorState& state) const {
+        return {state.text, state.caret, scenario_.areGrids ? state.caret : state.pivot};
+    }
+
+    /// What redo brings back of a state: of a table nothing but the text.
+    EditorState redone(const EditorState& state) {
+        const EditorState now = current();
+        return scenario_.areGrids ? EditorState{state.text, now.caret, now.pivot} : state;
     }
 
     void checkNotices(const ScenarioStep& step, const EditorState& before,
@@ -140,7 +183,9 @@ private:
             fail(step.line, "the result is " + reply["result"].dump());
         if (!step.after)
             return;
-        const std::string shown = show(current(), isWholeDocument(*step.after));
+        std::string shown = show(current(), isWholeDocument(*step.after));
+        if (scenario_.areGrids && !step.after->starts_with('<'))
+            shown = narrow(gridOf(widened(shown)));
         if (shown != *step.after)
             fail(step.line, "expected\n" + *step.after + "\nbut it is\n" + shown);
     }
@@ -153,11 +198,11 @@ private:
             return;
         while (document.canUndo())
             document.undo();
-        require(scenario_.line, "undone", first_);
+        require(scenario_.line, "undone", undone(first_));
         while (document.canRedo())
             document.redo();
         if (!replays_)
-            require(scenario_.line, "redone", last_);
+            require(scenario_.line, "redone", redone(last_));
     }
 
     void require(int line, const std::string& when, const EditorState& state) {
@@ -234,6 +279,8 @@ public:
         }
         for (Scenario& scenario : scenarios_) {
             trimLineEnds(scenario.before);
+            if (scenario.areGrids && !scenario.before.starts_with('<'))
+                scenario.before = narrow(markupOf(widened(scenario.before)));
             for (ScenarioStep& step : scenario.steps)
                 if (step.after)
                     trimLineEnds(*step.after);
@@ -244,7 +291,7 @@ public:
 private:
     void readLine(const std::string& line) {
         if (line.starts_with("# "))
-            scenarios_.push_back({line.substr(2), number_, {}, {}, false, {}});
+            scenarios_.push_back({line.substr(2), number_, {}, {}, areGrids_, false, {}});
         else if (line.starts_with("! "))
             readDirective(line.substr(2));
         else if (!scenarios_.empty())
@@ -256,6 +303,8 @@ private:
             abbreviations_.push_back(parseName(line.substr(4)));
         else if (line.starts_with("key "))
             keys_.insert(keys_.begin(), parseName(line.substr(4)));
+        else if (line == "grids")
+            areGrids_ = true;
         else if (line.starts_with("not-undoable:"))
             scenarios_.back().notUndoable = line.substr(13);
         else if (line.starts_with("many-notices:"))
@@ -277,8 +326,13 @@ private:
 
     /// A row that begins with a text, behind the commands of another.
     Scenario& anotherCaseOf(const Scenario& scenario) {
-        scenarios_.push_back(
-            {scenario.title, number_, {}, {}, scenario.manyNotices, scenario.notUndoable});
+        scenarios_.push_back({scenario.title,
+                              number_,
+                              {},
+                              {},
+                              areGrids_,
+                              scenario.manyNotices,
+                              scenario.notUndoable});
         return scenarios_.back();
     }
 
@@ -331,12 +385,13 @@ private:
             text += isShort ? found->second : line.substr(at, 1);
             at += isShort ? found->first.size() : 1;
         }
-        return writtenOut(text);
+        return areGrids_ && !text.starts_with('<') ? text : writtenOut(text);
     }
 
     std::vector<Scenario> scenarios_;
     Names abbreviations_;
     Names keys_ = usualKeys();
+    bool areGrids_ = false;
     int number_ = 0;
 };
 

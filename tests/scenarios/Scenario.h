@@ -20,6 +20,7 @@ struct Scenario {
     int line = 0;
     std::string before;
     std::vector<ScenarioStep> steps;
+    bool areGrids = false;    ///< the texts are tables as in tables/TableGrid.h
     bool manyNotices = false; ///< a command may give a notice of one kind several times
     std::optional<std::string> notUndoable; ///< why undo does not bring everything back
 };
@@ -38,6 +39,8 @@ struct Scenario {
 ///
 /// At the top of a file "! let SHORT = LONG" names a short form and "! key NAME = [request]" a key.
 /// The name may be a pattern, whose parts stand in the request as $1 and $2: "! key Find (.*) = …".
+/// With "! grids" there, texts that begin with no "<" are tables as in tables/TableGrid.h, and what
+/// is asked of a table is committed at once.
 /// Below a title "! not-undoable: why" takes its cases out of the check that undo and redo bring
 /// everything back.
 std::vector<Scenario> readScenarios(const std::string& path);

@@ -1,6 +1,5 @@
 #include "tables/CellContent.h"
 
-#include "foundation/Wide.h"
 #include "foundation/XmlTesting.h"
 #include "support/ShortMarkup.h"
 

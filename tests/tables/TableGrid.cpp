@@ -80,14 +80,31 @@ private:
             require(L"]");
             attributes = span(L"columns", until(L"x"));
             require(L"x");
-            attributes += span(L"rows", until(L",)}"));
+            attributes += span(L"rows", until(L",)}<"));
         } else {
-            words = until(L",)}");
+            words = until(L",)}<");
+        }
+        if (take(L"<")) {
+            for (const Core::String& each : Core::String(until(L">")).split(L';'))
+                attributes += border(wide(Core::String(each).trim()));
+            require(L">");
         }
         return L"<fo:table-cell" + attributes + L">" + blocks(words) + L"</fo:table-cell>";
     }
     static std::wstring span(const std::wstring& of, const std::wstring& number) {
         return number == L"1" ? L"" : L" number-" + of + L"-spanned=\"" + number + L"\"";
+    }
+    /// An attribute from "top", "style=dotted", "border=1pt" or "padding=1pt".
+    static std::wstring border(const std::wstring& brief) {
+        const std::size_t equals = std::min(brief.find(L'='), brief.size());
+        const std::wstring name = brief.substr(0, equals);
+        const std::wstring value = equals < brief.size() ? brief.substr(equals + 1) : L"solid";
+        const bool isSide = std::wstring(L"top bottom left right").find(name) != name.npos;
+        return L" " +
+               (isSide             ? L"border-" + name + L"-style"
+                : name == L"style" ? L"border-style"
+                                   : name) +
+               L"=\"" + value + L"\"";
     }
     static std::wstring blocks(const std::wstring& text) {
         std::wstring markup;
@@ -129,6 +146,22 @@ std::wstring wordsOf(const Element& cell) {
     return text;
 }
 
+/// The borders of a cell and its padding, " <top; left=dashed>".
+std::wstring bordersOf(const Element& cell) {
+    std::wstring text;
+    for (const Xml::Attribute* attribute : cell.get_attributes()) {
+        Core::String name = attribute->get_name();
+        if (!name.startsWith(L"border") && !name.startsWith(L"padding"))
+            continue;
+        name.replaceAll(L"border-", L"");
+        name.replaceAll(L"-style", L"");
+        const std::wstring value = wide(attribute->get_value());
+        text +=
+            (text.empty() ? L"<" : L"; ") + wide(name) + (value == L"solid" ? L"" : L"=" + value);
+    }
+    return text.empty() ? text : text + L">";
+}
+
 std::wstring cellsOf(const Element& row) {
     std::wstring text;
     for (const Element* cell : TableTree::cellsOf(row)) {
@@ -139,6 +172,7 @@ std::wstring cellsOf(const Element& row) {
         text += columns == 1 && rows == 1 && words.find(L' ') == std::wstring::npos
                     ? words
                     : L"[" + words + L"]" + std::to_wstring(columns) + L"x" + std::to_wstring(rows);
+        text += bordersOf(*cell);
     }
     return text;
 }

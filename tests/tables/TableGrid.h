@@ -13,7 +13,8 @@
 // The rows of a group stand in parentheses with " / " between, those of the body need no word
 // before them, and a second "body" begins another. A cell is its blocks, one word each; `_` is a
 // placeholder. `[x]2x1` takes two columns and one row, and `[x]` followed by anything else says so
-// in its attributes: `[x]abcx1`. `*` is before a row that is repeated for the data, and cells in
+// in its attributes: `[x]abcx1`. `a<top; left=dashed; padding=1pt>` has borders, which are solid
+// unless they say something else. `*` is before a row that is repeated for the data, and cells in
 // braces, `head {a, b}`, stand in their group directly. `#1*(a)` is the heading of group 1 and
 // `1(b)` a member; groups are numbered as they come.
 

@@ -1,6 +1,5 @@
 #include "trees/DOMBasedBuffer.h"
 
-#include "document/Document.h"
 #include "foundation/PropertyTesting.h"
 #include "foundation/XmlTesting.h"
 #include "support/MarkedDocument.h"

@@ -1,6 +1,5 @@
 #include "trees/Fragment.h"
 
-#include "document/Document.h"
 #include "foundation/Messages.h"
 #include "foundation/xml/ParseException.h"
 #include "support/Documents.h"
@@ -9,8 +8,6 @@
 #include "support/WellFormed.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace {
 

@@ -153,25 +153,15 @@ struct OpenedTarget {
 };
 
 /// Rows of an object that requests open and close themselves. Under "table", ["table.open", ...]
-/// makes one on the document with the other arguments of its constructor, in the place of one that
-/// was open, ["table.close"] drops it, and an operation without one is an error.
+/// asks the document for one, in the place of one that was open, ["table.close"] drops it, and an
+/// operation without one is an error.
 template <typename Object>
 class OpenedRows : public Rows<OpenedTarget<Object>> {
 public:
     explicit OpenedRows(const std::string& qualifier)
         : Rows<OpenedTarget<Object>>({qualifier}, qualifier), qualifier_(qualifier) {}
 
-    template <typename... A>
-    Operation open(const ArgumentNames& names = {}) const {
-        return makeOperation<void, A...>(
-            qualifier_ + ".open", names,
-            [qualifier = qualifier_](Session& session, const A&... arguments) {
-                session.opened().open(qualifier,
-                                      std::make_shared<Object>(&session.document(), arguments...));
-            });
-    }
-
-    /// The same for objects that the document gives; where it gives none, that is an error.
+    /// Where the document gives no such object, that is an error.
     template <typename... A>
     Operation open(SmartPtr<Object> (EditableDocumentBuffer::*member)(A...),
                    typename OpenedObjects::Tree (*treeOf)(Object&),
