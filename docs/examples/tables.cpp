@@ -34,7 +34,8 @@ void onTable(EditableDocumentBuffer& document, Command command) {
     const auto table = document.getEditableTableBuffer(-1);
     if (!table)
         return; // the menu is grey where `caretIsInsideTable` says no
-    table->updateTableBuffer(); // so that questions are about the cell where the caret is now
+    // So that questions are about the cell where the caret is now.
+    table->updateTableBuffer();
     command(*table);
     table->commitChangesToEditableBuffer();
 }
