@@ -386,6 +386,14 @@ bool areUnique(const std::multiset<std::wstring>& ids) {
     return std::set<std::wstring>(ids.begin(), ids.end()).size() == ids.size();
 }
 
+/// One that not even a placeholder gives the caret a place in, which then goes to the next.
+bool hasEmptyCell(const PlainTable& table) {
+    const Cells cells = table.cells();
+    return std::any_of(cells.begin(), cells.end(), [](const PlainTable::Cell* cell) {
+        return cell->words.empty() && cell->content.find(L"&#x00A0;") == std::wstring::npos;
+    });
+}
+
 std::string excerpt(const std::multiset<std::wstring>& words) {
     std::string text;
     for (const std::wstring& word : words)
@@ -544,7 +552,7 @@ private:
         if (after.cells().empty())
             return {};
         if (!document().caretIsInsideTable())
-            return "the caret left the table";
+            return hasEmptyCell(after) ? "" : "the caret left the table";
         const bool promisesShape = before.isBalanced() && (!*command.can || offered) &&
                                    !(command.isOdd && command.isOdd(at));
         std::string broken = promisesShape ? brokenShape(command, at, after) : "";
