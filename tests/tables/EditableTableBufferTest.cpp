@@ -229,9 +229,11 @@ TEST(TableSelection, TabAddsARow) {
     EXPECT_EQ(stateOf(buffer.face()), old);
     buffer->redo();
     EXPECT_EQ(buffer->getCaretPos(), buffer.find(L"home")) << "and not in the new row";
-    MarkedDocument none(markupOf(L"([|a]1x2)"));
-    none->moveCaretNextCell(false, true);
-    EXPECT_FALSE(none->canUndo());
+    for (const std::wstring& last : {markupOf(L"([|a]1x2)"), std::wstring(L"<C><B>|a</B></C>")}) {
+        MarkedDocument none(last);
+        none->moveCaretNextCell(false, true);
+        EXPECT_FALSE(none->canUndo());
+    }
 }
 
 TEST(TableSelection, TellsWhereAPositionIs) {
