@@ -60,9 +60,11 @@ Json parsed(const char* table) {
 
 // The rows
 
-/// The entry for a parameter; none for a boolean that is asked both ways.
+/// The entry for a parameter, null where that may be; none for a boolean that is asked both ways.
 std::optional<Json> argumentFor(const Operation& operation, const Parameter& parameter) {
     static const Json table = parsed(argumentTable);
+    if (parameter.matches(nullptr))
+        return nullptr;
     for (const std::string& key : {operation.name + "." + parameter.name, parameter.name})
         if (table.contains(key))
             return table[key];
@@ -88,8 +90,10 @@ std::vector<Row> rows() {
                 request.push_back(argumentFor(operation, parameter).value_or(answer));
             requests.insert(request);
         }
+        const bool needsTable = operation.name.starts_with("table.");
         for (const Json& request : requests)
-            rows.push_back(rowOf({request}));
+            rows.push_back(rowOf(needsTable ? std::vector<Json>{{"table.open", -1}, request}
+                                            : std::vector<Json>{request}));
     }
     for (const Json& requests : parsed(furtherRequests))
         rows.push_back(rowOf(requests));

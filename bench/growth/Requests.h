@@ -23,7 +23,14 @@ inline const char* const argumentTable = R"json({
 "getInheritablePropertyValueAtPosition.name": "fo:color", "setParentProperty.property": "fo:color",
 "value": "red", "setItemLabelValue.value": "*", "className": "title", "label": "1)",
 "item": "$item", "element": "$element", "level": "PDF508", "id": "here",
-"cell": "$cell", "table": "$table", "groupElement": "$group", "group": 1, "row": 0
+"cell": "$cell", "table": "$table", "groupElement": "$group", "group": 1, "row": 0,
+"prefix": "fo", "column": 0, "columnNumber": 0, "table.getColumns.columns": [0], "span": 2, "width": "100pt",
+"height": "20pt", "delta": 1, "border": 5, "info": {"width": "1pt", "color": "red", "style":
+"solid"}, "elements": 0, "operation": 0, "style": "solid", "names": ["fo:color"],
+"documentPosition": "$caret", "document": "<fo:table xmlns:fo=\"http://www.w3.org/1999/XSL/Format\"/>",
+"xpath": "/a/b", "fromXPath": "/a/b", "toXPath": "/a", "rowXPath": "/a/b", "groupXPath": "/a",
+"groupBy": "c", "table.parseBorder.border": "1pt solid red",
+"rows": 1, "table.getSpanOverMatrixFromRowGroupMatrix.columns": 1
 })json";
 
 /// Further requests; where a row holds several, those before the last come before the clock is
@@ -105,6 +112,20 @@ inline constexpr Shape shapes[]{
      L"<fo:block>z</fo:block>"},
     {"one word", L"<fo:block>", L"x", L"</fo:block>"},
     {"angle brackets", L"<fo:block>", L"a > b ", L"</fo:block>"},
+    {"mixed siblings", L"",
+     L"<fo:block>alpha</fo:block><fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)"
+     L"</fo:block></fo:list-item-label><fo:list-item-body><fo:block>item</fo:block>"
+     L"</fo:list-item-body></fo:list-item></fo:list-block>\n<fo:table><fo:table-body>"
+     L"<fo:table-row><fo:table-cell><fo:block>cell</fo:block></fo:table-cell></fo:table-row>"
+     L"</fo:table-body></fo:table>",
+     L"<fo:block>end</fo:block>"},
+    {"full cells", L"<fo:table><fo:table-body>",
+     L"<fo:table-row><fo:table-cell><fo:block>a <fo:inline color=\"red\">b</fo:inline></fo:block>"
+     L"<fo:block>c<fo:block/>d</fo:block></fo:table-cell><fo:table-cell><fo:list-block>"
+     L"<fo:list-item><fo:list-item-label><fo:block>1)</fo:block></fo:list-item-label>"
+     L"<fo:list-item-body><fo:block>item</fo:block></fo:list-item-body></fo:list-item>"
+     L"</fo:list-block></fo:table-cell></fo:table-row>",
+     L"</fo:table-body></fo:table><fo:block>end</fo:block>"},
     // 8,000 elements in each other in the largest, with the text of a few lines each.
     {"nested", L"",
      L"<fo:block>payments received in the last quarter, and what was charged for them, are listed "
@@ -112,6 +133,7 @@ inline constexpr Shape shapes[]{
      L"rate",
      L"", L"</fo:block>"},
     // Texts whose tags do not match
+    {"names in quotes", L"<fo:block>a</fo:block>", L"<x'>'", L"<fo:block>z</fo:block>"},
     {"closing inlines", L"<fo:block>a", L"</fo:inline>", L"z</fo:block>"},
     {"open inlines", L"<fo:block>a", L"<fo:inline>", L"z</fo:block>"},
     {"open blocks", L"<fo:block>a", L"<fo:block>b", L"z</fo:block>"},

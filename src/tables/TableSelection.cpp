@@ -33,6 +33,8 @@ bool endsInCells(const Table& table) {
 
 bool addRowBelow(Document& document) {
     const SmartPtr<EditableTableBuffer> buffer = CachedTable::open(document, -1);
+    if (!buffer)
+        return false; // a cell that stands in no table
     buffer->insertRow(false);
     if (!endsInCells(buffer->table())) {
         buffer->updateTableBuffer(); // else a host that keeps it would commit the row

@@ -5,12 +5,14 @@
 #include <map>
 #include <vector>
 
+class TagEnds;
+
 /// Finds closing tags, and remembers those that a scan found far away or not at all, so that a walk
 /// over elements that are all left open reads the rest of the text once and not for each of them.
 class ClosingTags {
 public:
-    /// As XmlScan::closingTag.
-    int find(XmlScan::Text text, int element);
+    /// As XmlScan::closingTag. `ends` finds the ends of the tags of the same text.
+    int find(XmlScan::Text text, int element, TagEnds& ends);
     /// The text has changed from the position on.
     void forgetFrom(int position) noexcept;
 
@@ -21,10 +23,24 @@ private:
         int passed;
     };
 
-    int scan(XmlScan::Text text, int element, XmlScan::Text name);
-    void close(XmlScan::Text text, int tag, int passed);
+    using Name = XmlScan::Text;
+    struct Reading;
+
+    int scan(XmlScan::Text text, int element, TagEnds& ends);
+    void close(XmlScan::Text text, const Opening& opening, int tag, int passed);
+    int pairFrom(XmlScan::Text text, int element, TagEnds& ends);
+    void pairTags(Reading& reading, int end);
+    void pairWithRest();
 
     std::map<int, int> far_; // by start tag
     int read_ = -1;          // the last position that these depend on
     std::vector<Opening> opened_;
+
+    // Once an element was found to be left open, whatever its name: from where on the text has been
+    // read for all names, and the closing tags without a start tag there, the first one last. Of
+    // the part before, what is left open is matched with these.
+    int pairedFrom_ = -1;
+    std::map<Name, std::vector<int>> unmatched_;
+    std::map<Name, std::vector<int>> stray_;
+    std::map<Name, std::vector<Opening>> open_;
 };

@@ -1,8 +1,11 @@
 #include "text/TagEnds.h"
 
 #include "foundation/String.h"
+#include "text/TagQuotes.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 using namespace XmlScan;
 
@@ -27,38 +30,49 @@ int nameEndBetween(Text text, int from, int end) noexcept {
 
 } // namespace
 
-bool TagEnds::selfClosingAt(Text text, int position) noexcept {
+bool TagEnds::selfClosingAt(Text text, int position) {
     if (!onTagStart(text, position))
         return false;
     const int end = tagEnd(text, position);
     return end > position && unitAt(text, end - 1) == L'/';
 }
 
-int TagEnds::tagEnd(Text text, int from) noexcept {
+int TagEnds::tagEnd(Text text, int from) {
     Quotes quotes = NoQuotes;
     const int near = std::min(from + shortDistance, length(text));
     const int end = tagEndBetween(text, from, near, quotes);
-    if (end >= 0 || near == length(text))
-        return end;
-    readBack(text, from);
-    std::optional<int>& known = ends_[NoQuotes];
-    if (!known)
-        known = tagEndBetween(text, near, length(text), quotes);
-    return *known;
+    return end >= 0 || near == length(text) ? end : farTagEnd(text, from);
 }
 
-/// What is known from `read_` on tells what is known from a place before it.
-void TagEnds::readBack(Text text, int from) noexcept {
-    Ends ends;
-    for (const Quotes start : {NoQuotes, DoubleQuotes, SingleQuotes}) {
-        if (from > read_)
+/// Goes on from quote to quote until the tag ends, or where it is known how one goes on.
+int TagEnds::farTagEnd(Text text, int from) {
+    std::vector<std::pair<int, int>> met; // the first and the last of each stretch
+    int end = -1;
+    for (int at = from; at < length(text);) {
+        if (const Stretch* const stretch = known(at)) {
+            end = stretch->end;
             break;
-        Quotes quotes = start;
-        const int end = tagEndBetween(text, from, read_, quotes);
-        ends[start] = end < 0 ? ends_[quotes] : end;
+        }
+        const int first = at;
+        while (at < length(text) && unitAt(text, at) != L'>' &&
+               quotesOf(unitAt(text, at)) == NoQuotes)
+            ++at;
+        met.emplace_back(first, at);
+        const wchar_t last = at < length(text) ? unitAt(text, at) : L'>';
+        if (last == L'>')
+            end = at < length(text) ? at : -1;
+        const int quote = last == L'>' ? -1 : find(text, last, at + 1);
+        at = quote < 0 ? length(text) : quote + 1;
     }
-    read_ = from;
-    ends_ = ends;
+    for (const auto& [first, last] : met)
+        stretches_.insert_or_assign(last, Stretch{first, end});
+    return end;
+}
+
+const TagEnds::Stretch* TagEnds::known(int position) const {
+    const auto stretch = stretches_.lower_bound(position);
+    return stretch != stretches_.end() && stretch->second.first <= position ? &stretch->second
+                                                                            : nullptr;
 }
 
 Text TagEnds::tagName(Text text, int position) noexcept {

@@ -168,7 +168,7 @@ public:
     /// The first `>` at or after the position that stands in no quotes.
     int tagEnd(int position) const { return XmlScan::tagEnd(all(), position); }
     /// The closing tag of the start tag at the position; a self-closing tag is its own.
-    int closingTag(int position) const { return closingTags_.find(all(), position); }
+    int closingTag(int position) const { return closingTags_.find(all(), position, tagEnds_); }
     /// The start tag of the closing tag at the position, as names pair them.
     int startTag(int position) const { return XmlScan::startTag(all(), position); }
     /// The offset behind the element whose start tag stands at the position.

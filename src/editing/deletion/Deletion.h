@@ -54,4 +54,7 @@ bool isLastBlockInFlow(const Document& document, int element);
 /// The element or, if it is the last part of a sequence of conditions, that sequence.
 int withEmptiedSequence(const Document& document, int element);
 
+/// Whether anything is left to see of an element that holds what stands from `start` up to `end`.
+bool showsBetween(const Document& document, int start, int end);
+
 } // namespace Deletion

@@ -10,6 +10,7 @@
 #include "document/caret/Stops.h"
 #include "document/caret/WhitespaceAlg.h"
 #include "editing/deletion/Deletion.h"
+#include "editing/deletion/DeletionSweep.h"
 #include "editing/deletion/ListEdge.h"
 #include "text/XmlScan.h"
 
@@ -88,6 +89,8 @@ bool SelectionDeletion::playRound() {
         return finishAtStart();
     if (end_ <= position_)
         return finishAtCaret();
+    if (sweep())
+        return true;
     if (const int list = listAround(position_); list >= 0)
         return deleteFromList(list);
     const int tag = document_.text().nextTag(position_);
@@ -107,6 +110,17 @@ bool SelectionDeletion::isNothingEditableLeft() const {
         return false;
     const int next = Stops::next(document_, position_);
     return next < 0 || next > end_;
+}
+
+/// What follows in a row goes at once.
+bool SelectionDeletion::sweep() {
+    const int before = position_;
+    const DeletionSweep::State swept =
+        DeletionSweep(document_, {start_, end_, position_}, handledList_).run();
+    start_ = swept.start;
+    end_ = swept.end;
+    position_ = swept.position;
+    return position_ != before;
 }
 
 // A list
@@ -187,19 +201,20 @@ bool SelectionDeletion::deleteWhatLeavesSomething() {
     int lastShown = position_;           // the border before the last that shows
     for (int tag = text.nextTag(position_); 0 <= tag && tag < end_;
          tag = text.nextTag(borders.back())) {
-        if (showsBetween(borders.back(), tag))
+        if (Deletion::showsBetween(document_, borders.back(), tag))
             lastShown = borders.back();
         borders.push_back(tag);
         const int closing = text.closingTag(tag);
         const int behind = text.next(closing);
         if (closing < 0 || behind < 0 || end_ < behind)
             break;
-        if (showsBetween(tag, behind))
+        if (Deletion::showsBetween(document_, tag, behind))
             lastShown = tag;
         borders.push_back(behind);
     }
-    const bool showsWithout = showsBetween(text.next(element), position_) ||
-                              showsBetween(borders.back(), text.closingTag(element));
+    const bool showsWithout =
+        Deletion::showsBetween(document_, text.next(element), position_) ||
+        Deletion::showsBetween(document_, borders.back(), text.closingTag(element));
     const int last = showsWithout ? borders.back() : lastShown;
     TextRewrite rewrite(document_);
     for (std::size_t i = 1; i < borders.size() && borders[i] <= last; ++i)
@@ -207,16 +222,6 @@ bool SelectionDeletion::deleteWhatLeavesSomething() {
             rewrite.replace(borders[i - 1], borders[i], {});
     end_ += rewrite.apply();
     return position_ < last;
-}
-
-/// Whether anything is left to see of an element that holds what stands there.
-bool SelectionDeletion::showsBetween(int start, int end) const {
-    const XmlText& text = document_.text();
-    for (int at = start; text.isValid(at) && at < end; at = text.next(at))
-        if (text.onTagStart(at) ? !text.closingAt(at) && !document_.isEditableAt(at)
-                                : !String::isSpace(text.unitAt(at)))
-            return true;
-    return false;
 }
 
 /// Removes the text up to the next tag. Answers whether an inline that this emptied went with it,
@@ -266,54 +271,7 @@ bool SelectionDeletion::leaveElement() {
     if (hasSibling())
         return takeSibling();
     position_ = Stops::next(document_, position_);
-    emptyElementsAhead();
     return position_ >= 0 || finishAtStart();
-}
-
-/// The elements that follow, where each holds nothing but text and has no sibling to be joined
-/// with, as the blocks in the cells of a table, are emptied at once: each keeps its placeholder.
-void SelectionDeletion::emptyElementsAhead() {
-    if (!Stops::canHoldCaret(document_, end_))
-        return;
-    TextRewrite rewrite(document_);
-    int last = -1;
-    for (int closing = closingTagOfText(); closing >= 0; closing = closingTagOfText()) {
-        rewrite.replace(position_, closing, {});
-        rewrite.replace(closing, closing, String(XmlScan::nbspEntity));
-        last = closing;
-        position_ = placeBehind(closing);
-    }
-    if (last < 0)
-        return;
-    const int moved = rewrite.apply();
-    end_ += moved;
-    position_ = Stops::next(document_, last + moved);
-}
-
-/// The closing tag of the element that begins at the position, if it is one of these; else -1.
-int SelectionDeletion::closingTagOfText() const {
-    const XmlText& text = document_.text();
-    const int element = text.elementAround(position_);
-    const int closing = text.nextTag(position_);
-    const bool isText = element >= start_ && text.next(element) == position_ &&
-                        position_ < closing && closing < end_ && text.closingAt(closing) &&
-                        closing == text.closingTag(element) &&
-                        !String::isSpace(text.unitAt(position_)) && !text.ignoredAt(position_);
-    const auto isTouched = [&](int offset) { return position_ <= offset && offset <= closing; };
-    if (!isText || isTouched(document_.caret()) || isTouched(document_.pivot()) ||
-        !document_.isEditableAt(element) || document_.names.isInline(text.tagName(element)) ||
-        listAround(position_) >= 0 || hasSiblingBehind(closing))
-        return -1;
-    return closing;
-}
-
-/// The first place behind the closing tag where the caret might stand; -1 if there is none.
-int SelectionDeletion::placeBehind(int closing) const {
-    CaretWalk walk(document_, closing);
-    while (walk.stepForwardOverScript())
-        if (walk.canHoldCaret())
-            return walk.position();
-    return -1;
 }
 
 /// Whether an element of the same kind follows. Cells are never joined, since the caret cannot
@@ -488,6 +446,15 @@ String Deletion::deleteRange(Document& document, int& start, int& end, bool list
     start = deletion.start();
     end = deletion.end();
     return {};
+}
+
+bool Deletion::showsBetween(const Document& document, int start, int end) {
+    const XmlText& text = document.text();
+    for (int at = start; text.isValid(at) && at < end; at = text.next(at))
+        if (text.onTagStart(at) ? !text.closingAt(at) && !document.isEditableAt(at)
+                                : !String::isSpace(text.unitAt(at)))
+            return true;
+    return false;
 }
 
 String EditableDocumentBuffer::deleteSelection(bool listHandled) {

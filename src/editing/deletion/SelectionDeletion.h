@@ -36,6 +36,8 @@ private:
 
     bool isNothingEditableLeft() const;
 
+    bool sweep();
+
     int listAround(int position) const;
     bool deleteFromList(int list);
     bool isWhollySelected(int list) const;
@@ -44,13 +46,9 @@ private:
 
     bool deleteRestOfText();
     bool deleteWhatLeavesSomething();
-    bool showsBetween(int start, int end) const;
     bool deleteTextBefore(int tag);
 
     bool leaveElement();
-    void emptyElementsAhead();
-    int closingTagOfText() const;
-    int placeBehind(int closing) const;
     bool hasSibling() const;
     bool hasSiblingBehind(int closing) const;
     bool takeSibling();
