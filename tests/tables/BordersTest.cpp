@@ -65,11 +65,15 @@ TEST(TableBorders, AnEdgeIsTheSameFromBothOfItsCells) {
         for (const Group group : groups)
             for (int at = 0; at < model.group(group).rowCount() * model.columnCount(); ++at)
                 places.push_back({group, at / model.columnCount(), at % model.columnCount()});
+        const BorderInfo info;
+        TableBorders cleared(model, info);
+        for (const CellPlace& place : places)
+            cleared.remove(place, Type::All);
+        cleared.write();
         for (int step = 0; step < 15; ++step) {
             const CellPlace place = random.oneOf(places);
             const auto type = static_cast<Type>(random.below(6)); // an edge, None or All
             const bool isSet = random.oneIn(2);
-            const BorderInfo info;
             TableBorders borders(model, info);
             isSet ? borders.set(place, type) : borders.remove(place, type);
             borders.write();
