@@ -22,6 +22,7 @@ struct ClosingTags::Reading {
     int at;
     int passed = 0;
 
+    bool isBefore(int end) const { return at >= 0 && at < end; }
     void step() {
         at = XmlScan::nextTag(text, XmlScan::stepForward(text, at));
         ++passed;
@@ -98,7 +99,7 @@ int ClosingTags::pairFrom(Text text, int element, TagEnds& ends) {
 
 void ClosingTags::pairTags(Reading& reading, int end) {
     const auto& [text, ends, element, at, passed] = reading;
-    for (; 0 <= at && at < end; reading.step()) {
+    for (; reading.isBefore(end); reading.step()) {
         const Text found = ends.tagName(text, at);
         if (found.empty() || ends.selfClosingAt(text, at))
             continue;
