@@ -90,10 +90,12 @@ std::vector<Row> rows() {
                 request.push_back(argumentFor(operation, parameter).value_or(answer));
             requests.insert(request);
         }
-        const bool needsTable = operation.name.starts_with("table.");
-        for (const Json& request : requests)
+        const bool isOfTable = operation.name.starts_with("table.");
+        for (const Json& request : requests) {
+            const bool needsTable = isOfTable || request.back() == "table";
             rows.push_back(rowOf(needsTable ? std::vector<Json>{{"table.open", -1}, request}
                                             : std::vector<Json>{request}));
+        }
     }
     for (const Json& requests : parsed(furtherRequests))
         rows.push_back(rowOf(requests));

@@ -30,7 +30,9 @@ inline const char* const argumentTable = R"json({
 "documentPosition": "$caret", "document": "<fo:table xmlns:fo=\"http://www.w3.org/1999/XSL/Format\"/>",
 "xpath": "/a/b", "fromXPath": "/a/b", "toXPath": "/a", "rowXPath": "/a/b", "groupXPath": "/a",
 "groupBy": "c", "table.parseBorder.border": "1pt solid red",
-"rows": 1, "table.getSpanOverMatrixFromRowGroupMatrix.columns": 1
+"rows": 1, "table.getSpanOverMatrixFromRowGroupMatrix.columns": 1, "tableStart": "$table",
+"getCellPositionInTable.columns": 1, "getCellPositionInTable.table": "table",
+"buildSpanMatrix.columns": 1, "buildSpanMatrix.table": "table"
 })json";
 
 /// Further requests; where a row holds several, those before the last come before the clock is
