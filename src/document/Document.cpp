@@ -114,6 +114,12 @@ void Document::takeUnrecorded(int position) {
     caret_ = pivot_ = position;
 }
 
+void Document::goBackTo(const TextMark& text, int caret, int pivot) noexcept {
+    text_.goBackTo(text);
+    caret_ = caret;
+    pivot_ = pivot;
+}
+
 void Document::placeCaretAfterEdit(int caret, int pivot) {
     CommandScope scope(*this); // the monitor hears of the text before the caret
     placeCaret(false, pivot);  // also where it is kept out of: it goes along with its text

@@ -81,6 +81,8 @@ public:
     void takeUnrecorded(int position);
     /// Takes another text, in which the caret goes to its first place.
     void replaceText(const Core::String& content);
+    /// Goes back to a version of the text, with caret and pivot as they were. It needs no memory.
+    void goBackTo(const TextMark& text, int caret, int pivot) noexcept;
     /// Where an offset goes when `start` through `end` are removed.
     static int offsetAfterDeletion(int offset, int start, int end);
 
@@ -139,8 +141,6 @@ public:
     bool isInCommand = false;               ///< whether a scope stands around what is being done
 
 private:
-    friend class EditableDocumentBufferState;
-
     void placeCaretAfterEdit(int caret, int pivot);
 
     XmlText text_;

@@ -38,9 +38,7 @@ const TextMark& EditableDocumentBufferState::text() const {
 
 /// Everything is moved, for it may be a failed allocation that is being taken back.
 void EditableDocumentBufferState::restorePreviousState() noexcept {
-    document_.text_.goBackTo(before_->text);
-    document_.caret_ = before_->caret;
-    document_.pivot_ = before_->pivot;
+    document_.goBackTo(before_->text, before_->caret, before_->pivot);
     document_.history.restore(std::move(before_->history));
     document_.typingGroup = before_->typingGroup;
     document_.selectedElementName = std::move(before_->selectedElementName);

@@ -33,7 +33,7 @@ void TextLog::clear() noexcept {
 }
 
 TextMark::TextMark(std::shared_ptr<TextLog> log, bool isRegular)
-    : log_(std::move(log)), version_(log_->current_), isRegular_(isRegular) {}
+    : log_(std::move(log)), version_(&log_->current()), isRegular_(isRegular) {}
 
 /// The last mark but for the text itself takes the log along.
 TextMark::~TextMark() {

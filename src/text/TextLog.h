@@ -33,6 +33,7 @@ public:
         Version* next = nullptr; ///< on the way that is walked just now
     };
 
+    Version& current() { return *current_; }
     const Version& current() const { return *current_; }
 
     /// A version that follows the current one, which it is not yet. It is forgotten if nobody goes
@@ -40,6 +41,8 @@ public:
     Version& prepare(const TextChange& change);
     /// The change that leads to the prepared version has been made.
     void follow(Version& version) noexcept;
+    /// All changes on the way to the version have been undone or made again.
+    void goTo(Version& version) noexcept { current_ = &version; }
     /// Forgets everything; the current version is the oldest.
     void clear() noexcept;
 
@@ -65,9 +68,6 @@ public:
     }
 
 private:
-    friend class TextMark;
-    friend class XmlText;
-
     Version oldest_;
     std::forward_list<Version> versions_;
     Version* current_ = &oldest_;
@@ -77,6 +77,8 @@ private:
 /// may be used in any order.
 class TextMark {
 public:
+    /// Marks the current version of the log, which only the text has.
+    TextMark(std::shared_ptr<TextLog> log, bool isRegular);
     ~TextMark();
 
     TextMark(const TextMark&) = delete;
@@ -84,12 +86,10 @@ public:
 
     /// Whether that version was known to be regular.
     bool isRegular() const { return isRegular_; }
+    /// The version, for the text that owns the log.
+    TextLog::Version& version() const { return *version_; }
 
 private:
-    friend class XmlText;
-
-    TextMark(std::shared_ptr<TextLog> log, bool isRegular);
-
     std::shared_ptr<TextLog> log_;
     TextLog::Version* version_;
     bool isRegular_;

@@ -123,7 +123,7 @@ TextMark XmlText::mark() const {
 
 TextChange XmlText::changeSince(const TextMark& mark) const {
     std::vector<TextChange> changes;
-    log_->walk(*mark.version_, [&](const TextLog::Version& version, bool isUndone) {
+    log_->walk(mark.version(), [&](const TextLog::Version& version, bool isUndone) {
         const TextChange& change = version.change;
         changes.push_back(isUndone ? change
                                    : TextChange{change.start, change.inserted, change.removed});
@@ -138,7 +138,7 @@ TextChange XmlText::changeSince(const TextMark& mark) const {
 
 std::wstring XmlText::oldText(const TextMark& mark, const TextChange& change) const {
     std::wstring old(view(change.start, change.start + change.inserted));
-    log_->walk(*mark.version_, [&](const TextLog::Version& version, bool isUndone) {
+    log_->walk(mark.version(), [&](const TextLog::Version& version, bool isUndone) {
         const auto [start, removed, inserted] = version.change;
         const std::wstring put(
             version.isWhole
@@ -171,7 +171,7 @@ bool XmlText::keepsContentOf(View name, const TextMark& mark) const {
 }
 
 void XmlText::goBackTo(const TextMark& mark) noexcept {
-    log_->walk(*mark.version_, [this](TextLog::Version& version, bool isUndone) {
+    log_->walk(mark.version(), [this](TextLog::Version& version, bool isUndone) {
         const auto [start, removed, inserted] = version.change;
         if (version.isWhole) {
             std::swap(text_, version.other);
@@ -183,8 +183,8 @@ void XmlText::goBackTo(const TextMark& mark) noexcept {
         }
         forgetFrom(start);
     });
-    log_->current_ = mark.version_;
-    isKnownRegular_ = mark.isRegular_;
+    log_->goTo(mark.version());
+    isKnownRegular_ = mark.isRegular();
 }
 
 /// What is shared cannot be changed in place, neither now nor on the way back.
