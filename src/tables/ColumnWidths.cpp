@@ -4,6 +4,7 @@
 #include "foundation/StringFormatStream.h"
 #include "foundation/values/ColumnWidth.h"
 #include "tables/CellContent.h"
+#include "tables/EditableTableBuffer.h"
 #include "tables/RowMarks.h"
 
 #include <algorithm>
@@ -214,4 +215,59 @@ String ColumnWidths::withUnit(const String& text) {
         return std::wstring_view(text.view()).ends_with(unit);
     });
     return text.empty() || hasUnit ? text : text + L"in";
+}
+
+String EditableTableBuffer::getColumnWidth(int column) const {
+    return ColumnWidths(*table_).of(column);
+}
+
+void EditableTableBuffer::setColumnWidth(int column, const String& width, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).set(column, width);
+}
+
+void EditableTableBuffer::removeColumnWidth(int column, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).remove(column);
+}
+
+void EditableTableBuffer::setWidthAtColNo(int columnNumber, const String& width, bool update) {
+    if (!update || table_->update())
+        ColumnWidths(*table_).setByNumber(columnNumber, width);
+}
+
+String EditableTableBuffer::getCrtColumnWidth() const {
+    return getColumnWidth(getCaretCol());
+}
+
+void EditableTableBuffer::setCrtColumnWidth(const String& width) {
+    setColumnWidth(getCaretCol(), width, true);
+}
+
+void EditableTableBuffer::removeCrtColumnWidth() {
+    removeColumnWidth(getCaretCol(), true);
+}
+
+void EditableTableBuffer::changeTableColWidth(const String& width) {
+    table_->changeFresh([&] { ColumnWidths(*table_).resize(width); });
+}
+
+void EditableTableBuffer::changeTableColWidth(const String& width, float delta) {
+    table_->changeFresh([&] { ColumnWidths(*table_).resize(width, delta); });
+}
+
+void EditableTableBuffer::updateColumnWidths() {
+    table_->changeFresh([&] { ColumnWidths(*table_).normalise(); });
+}
+
+bool EditableTableBuffer::columnHasProportionalValSize(int column) const {
+    return ColumnWidths(*table_).isShare(column);
+}
+
+int EditableTableBuffer::getNextProportionalWithCol(int column) const {
+    return ColumnWidths(*table_).nextShare(column);
+}
+
+int EditableTableBuffer::getPrevProportionalWithCol(int column) const {
+    return ColumnWidths(*table_).previousShare(column);
 }

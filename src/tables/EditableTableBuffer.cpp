@@ -1,21 +1,14 @@
 #include "tables/EditableTableBuffer.h"
 
 #include "document/Document.h"
-#include "foundation/xml/DomParser.h"
 #include "tables/BorderShorthand.h"
 #include "tables/CellContent.h"
 #include "tables/CellSelection.h"
 #include "tables/ColumnWidths.h"
-#include "tables/ElementFormat.h"
-#include "tables/RepeatRows.h"
-#include "tables/RowAttributes.h"
-#include "tables/RowGroups.h"
-#include "tables/RowMarks.h"
 #include "tables/SelectedElements.h"
 #include "tables/Table.h"
 #include "tables/TableBorders.h"
 #include "tables/TableColumns.h"
-#include "tables/TableFormat.h"
 #include "tables/TablePlaces.h"
 #include "tables/TableRows.h"
 #include "trees/DocumentSeam.h"
@@ -33,15 +26,6 @@ std::list<Node*> nodesOf(const TableTree::Elements& elements) {
 
 CellSelection selectionOf(const Table& table) {
     return {table.model(), table.caret.caret, table.caret.end, table.columnCount};
-}
-
-/// Carries out a command on the table as the document has it now.
-template <typename Command>
-void onFreshTable(Table& table, Command command) {
-    if (!table.update())
-        return;
-    command();
-    table.rebuild();
 }
 
 TableBorders bordersOf(const Table& table) {
@@ -63,10 +47,6 @@ Element* asElement(Node* node) {
 
 const Element* asElement(const Node* node) {
     return node && node->is_element() ? static_cast<const Element*>(node) : nullptr;
-}
-
-const Element* caretRowOf(const Table& table) {
-    return table.model().rowAt(table.caret.caret.group, table.caret.caret.row);
 }
 
 } // namespace
@@ -225,15 +205,15 @@ Core::Vector<int> EditableTableBuffer::getTableRowPositionsInTableBuffer(Type gr
 // Rows
 
 void EditableTableBuffer::insertRow(bool above) {
-    onFreshTable(*table_, [&] { TableRows(*table_).insert(above); });
+    table_->changeFresh([&] { TableRows(*table_).insert(above); });
 }
 
 void EditableTableBuffer::insertHeaderRow() {
-    onFreshTable(*table_, [&] { TableRows(*table_).insertInto(Type::Header); });
+    table_->changeFresh([&] { TableRows(*table_).insertInto(Type::Header); });
 }
 
 void EditableTableBuffer::insertFooterRow() {
-    onFreshTable(*table_, [&] { TableRows(*table_).insertInto(Type::Footer); });
+    table_->changeFresh([&] { TableRows(*table_).insertInto(Type::Footer); });
 }
 
 void EditableTableBuffer::deleteRows(bool update) {
@@ -245,7 +225,7 @@ void EditableTableBuffer::deleteRows(bool update) {
 
 bool EditableTableBuffer::deleteRow(Type group, int row) {
     bool deleted = false;
-    onFreshTable(*table_, [&] { deleted = TableRows(*table_).remove(group, row); });
+    table_->changeFresh([&] { deleted = TableRows(*table_).remove(group, row); });
     return deleted;
 }
 
@@ -256,11 +236,11 @@ bool EditableTableBuffer::canDeleteRow() const {
 // Columns
 
 void EditableTableBuffer::insertColumn(bool after) {
-    onFreshTable(*table_, [&] { TableColumns(*table_).insert(after); });
+    table_->changeFresh([&] { TableColumns(*table_).insert(after); });
 }
 
 void EditableTableBuffer::deleteColumn() {
-    onFreshTable(*table_, [&] { TableColumns(*table_).remove(); });
+    table_->changeFresh([&] { TableColumns(*table_).remove(); });
 }
 
 bool EditableTableBuffer::canDeleteColumn() const {
@@ -270,19 +250,19 @@ bool EditableTableBuffer::canDeleteColumn() const {
 // Spans
 
 void EditableTableBuffer::increaseColSpan() {
-    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).mergeColumns(); });
+    table_->changeFresh([&] { CellSpans(table_->model(), table_->caret).mergeColumns(); });
 }
 
 void EditableTableBuffer::increaseRowSpan() {
-    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).mergeRows(); });
+    table_->changeFresh([&] { CellSpans(table_->model(), table_->caret).mergeRows(); });
 }
 
 void EditableTableBuffer::decreaseColSpan() {
-    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).splitColumn(); });
+    table_->changeFresh([&] { CellSpans(table_->model(), table_->caret).splitColumn(); });
 }
 
 void EditableTableBuffer::decreaseRowSpan() {
-    onFreshTable(*table_, [&] { CellSpans(table_->model(), table_->caret).splitRow(); });
+    table_->changeFresh([&] { CellSpans(table_->model(), table_->caret).splitRow(); });
 }
 
 bool EditableTableBuffer::canIncreaseColSpan() const {
@@ -299,202 +279,6 @@ bool EditableTableBuffer::canDecreaseColSpan() const {
 
 bool EditableTableBuffer::canDecreaseRowSpan() const {
     return CellSpans(table_->model(), table_->caret).canSplitRow();
-}
-
-// Groups of rows
-
-bool EditableTableBuffer::currentRowIsInGroup() const {
-    return isRowInGroup(caretRowOf(*table_));
-}
-
-bool EditableTableBuffer::isRowInGroup(const Element* row) {
-    return row && RowMarks::isMember(*row);
-}
-
-bool EditableTableBuffer::currentRowIsGroupHeader() const {
-    const Element* row = caretRowOf(*table_);
-    return row && RowMarks::isHeading(*row);
-}
-
-bool EditableTableBuffer::currentRowIsLastFromGroup() const {
-    return RowGroups(*table_).isLastMember();
-}
-
-Element* EditableTableBuffer::getRowGroupHeader() const {
-    return RowGroups(*table_).heading();
-}
-
-String EditableTableBuffer::getGroupXPath() const {
-    return RowGroups(*table_).path();
-}
-
-String EditableTableBuffer::getPreviousGroupXpath() const {
-    const Element* heading = RowGroups(*table_).headingBefore();
-    return heading ? RowMarks::valueOf(*heading, L"xpath") : String();
-}
-
-void EditableTableBuffer::getGroupProperties(String& xpath, String& groupBy, bool& merge) const {
-    const auto group = RowGroups(*table_).group();
-    if (!group)
-        return;
-    xpath = group->xpath;
-    groupBy = group->groupBy;
-    merge = group->merge;
-}
-
-void EditableTableBuffer::insertGroupRow(bool above, const String& xpath, const String& groupBy,
-                                         bool merge) {
-    onFreshTable(*table_, [&] { RowGroups(*table_).insert(above, {xpath, groupBy, merge}); });
-}
-
-void EditableTableBuffer::convertToGroup(const String& xpath, const String& groupBy, bool merge,
-                                         const String& rowXPath) {
-    onFreshTable(*table_, [&] { RowGroups(*table_).convert({xpath, groupBy, merge}, rowXPath); });
-}
-
-void EditableTableBuffer::addCurrentRowToGroup(const String& groupXPath) {
-    onFreshTable(*table_, [&] { RowGroups(*table_).join(groupXPath); });
-}
-
-void EditableTableBuffer::ungroupCurrentRow(const String& fromXPath, const String& toXPath) {
-    onFreshTable(*table_, [&] { RowGroups(*table_).leave(fromXPath, toXPath); });
-}
-
-void EditableTableBuffer::editGroup(const String& xpath, const String& groupBy, bool merge) {
-    RowGroups(*table_).edit({xpath, groupBy, merge});
-}
-
-void EditableTableBuffer::deleteGroup() {
-    RowGroups(*table_).remove();
-    table_->rebuild();
-}
-
-void EditableTableBuffer::deleteGroupReferences(Element* heading) {
-    if (heading)
-        RowMarks::freeMembers(*heading);
-}
-
-bool EditableTableBuffer::canGroupCurrentRow() const {
-    return RowGroups(*table_).canJoin();
-}
-
-bool EditableTableBuffer::canInsertGroupAbove() const {
-    return RowGroups(*table_).canInsertAbove();
-}
-
-bool EditableTableBuffer::canInsertGroupBelow() const {
-    return RowGroups(*table_).canInsertBelow();
-}
-
-// Single rows that are repeated
-
-bool EditableTableBuffer::caretIsInRepeatingTableRow() const {
-    return currentRowIsRepeatingRow();
-}
-
-bool EditableTableBuffer::currentRowIsRepeatingRow() const {
-    return RepeatRows(*table_).isRepeated();
-}
-
-void EditableTableBuffer::convertCurrentRowToRepeatingRow(const String& xpath) {
-    onFreshTable(*table_, [&] { RepeatRows(*table_).repeat(xpath); });
-}
-
-void EditableTableBuffer::setRepeatingRowPath(const String& xpath) {
-    onFreshTable(*table_, [&] { RepeatRows(*table_).setPath(xpath); });
-}
-
-void EditableTableBuffer::convertToStaticRow() {
-    onFreshTable(*table_, [&] { RepeatRows(*table_).makeStatic(); });
-}
-
-// Widths
-
-String EditableTableBuffer::getColumnWidth(int column) const {
-    return ColumnWidths(*table_).of(column);
-}
-
-void EditableTableBuffer::setColumnWidth(int column, const String& width, bool update) {
-    if (!update || table_->update())
-        ColumnWidths(*table_).set(column, width);
-}
-
-void EditableTableBuffer::removeColumnWidth(int column, bool update) {
-    if (!update || table_->update())
-        ColumnWidths(*table_).remove(column);
-}
-
-void EditableTableBuffer::setWidthAtColNo(int columnNumber, const String& width, bool update) {
-    if (!update || table_->update())
-        ColumnWidths(*table_).setByNumber(columnNumber, width);
-}
-
-String EditableTableBuffer::getCrtColumnWidth() const {
-    return getColumnWidth(getCaretCol());
-}
-
-void EditableTableBuffer::setCrtColumnWidth(const String& width) {
-    setColumnWidth(getCaretCol(), width, true);
-}
-
-void EditableTableBuffer::removeCrtColumnWidth() {
-    removeColumnWidth(getCaretCol(), true);
-}
-
-void EditableTableBuffer::changeTableColWidth(const String& width) {
-    onFreshTable(*table_, [&] { ColumnWidths(*table_).resize(width); });
-}
-
-void EditableTableBuffer::changeTableColWidth(const String& width, float delta) {
-    onFreshTable(*table_, [&] { ColumnWidths(*table_).resize(width, delta); });
-}
-
-void EditableTableBuffer::updateColumnWidths() {
-    onFreshTable(*table_, [&] { ColumnWidths(*table_).normalise(); });
-}
-
-bool EditableTableBuffer::columnHasProportionalValSize(int column) const {
-    return ColumnWidths(*table_).isShare(column);
-}
-
-int EditableTableBuffer::getNextProportionalWithCol(int column) const {
-    return ColumnWidths(*table_).nextShare(column);
-}
-
-int EditableTableBuffer::getPrevProportionalWithCol(int column) const {
-    return ColumnWidths(*table_).previousShare(column);
-}
-
-// Heights of rows
-
-void EditableTableBuffer::setRowHeight(int row, const String& height, Type group) {
-    RowAttributes(*table_).write(group, row, L"height", height);
-}
-
-void EditableTableBuffer::setOverFlowHidden(int row, const String& value, Type group) {
-    RowAttributes(*table_).write(group, row, L"overflow", value);
-}
-
-String EditableTableBuffer::getRowHeight(int row, Type group) const {
-    const Element* element = table_->model().rowAt(group, row);
-    return element ? RowMarks::valueOf(*element, L"height") : String();
-}
-
-void EditableTableBuffer::removeRowHeight(int row, Type group) {
-    if (Element* element = table_->update() ? table_->model().rowAt(group, row) : nullptr)
-        RowMarks::remove(*element, L"height");
-}
-
-String EditableTableBuffer::getCrtRowHeight() const {
-    return getRowHeight(getCaretRow(), table_->caret.caret.group);
-}
-
-void EditableTableBuffer::setCrtRowHeight(const String& height) {
-    setRowHeight(getCaretRow(), height, table_->caret.caret.group);
-}
-
-void EditableTableBuffer::removeCrtRowHeight() {
-    removeRowHeight(getCaretRow(), table_->caret.caret.group);
 }
 
 // Borders
@@ -616,36 +400,6 @@ void EditableTableBuffer::removePropertyFromSelectedElements(const std::vector<S
         return;
     SelectedElements(*table_, kind).remove(names);
     table_->rebuild();
-}
-
-// Formats
-
-void EditableTableBuffer::applyFormat(const SmartPtr<Core::IO::Stream>& stream) {
-    if (!table_->update())
-        return;
-    Xml::DomParser parser;
-    parser.parseStream(stream);
-    applyTableFormat(TableFormat::templateIn(*parser.getDocument()->getRootNode()));
-}
-
-void EditableTableBuffer::applyTableFormat(const Element* pattern) {
-    if (pattern)
-        TableFormat::apply(table_->root(), *pattern);
-}
-
-void EditableTableBuffer::applyTableRowGroupFormat(Element* group, const Element* pattern) {
-    if (group && pattern)
-        TableFormat::applyToGroup(*group, *pattern);
-}
-
-void EditableTableBuffer::applyRowFormat(Element* row, const Element* pattern) {
-    if (row && pattern)
-        TableFormat::applyToRow(*row, *pattern);
-}
-
-void EditableTableBuffer::applyElementFormat(Element* element, const Element* pattern, bool clear) {
-    if (element && pattern)
-        ElementFormat::apply(*element, *pattern, clear);
 }
 
 // What the commands are made of

@@ -1,13 +1,13 @@
 #include "tables/RepeatRows.h"
 
+#include "tables/EditableTableBuffer.h"
 #include "tables/RowMarks.h"
 
 using Core::String;
 using Xml::Element;
 
 bool RepeatRows::isRepeated() const {
-    const CellPlace& caret = table_.caret.caret;
-    const Element* row = table_.model().rowAt(caret.group, caret.row);
+    const Element* row = table_.caretRow();
     return row && RowMarks::isRepeated(*row);
 }
 
@@ -36,7 +36,27 @@ void RepeatRows::makeStatic() {
 
 /// Null where the caret has no cell or its cell stands in no row.
 Element* RepeatRows::rowToChange() const {
-    const CellPlace& caret = table_.caret.caret;
-    Element* row = table_.model().rowAt(caret.group, caret.row);
-    return row && TableTree::isRow(*row) && table_.model().cellAt(caret) ? row : nullptr;
+    Element* row = table_.caretRow();
+    return row && TableTree::isRow(*row) && table_.model().cellAt(table_.caret.caret) ? row
+                                                                                      : nullptr;
+}
+
+bool EditableTableBuffer::caretIsInRepeatingTableRow() const {
+    return currentRowIsRepeatingRow();
+}
+
+bool EditableTableBuffer::currentRowIsRepeatingRow() const {
+    return RepeatRows(*table_).isRepeated();
+}
+
+void EditableTableBuffer::convertCurrentRowToRepeatingRow(const String& xpath) {
+    table_->changeFresh([&] { RepeatRows(*table_).repeat(xpath); });
+}
+
+void EditableTableBuffer::setRepeatingRowPath(const String& xpath) {
+    table_->changeFresh([&] { RepeatRows(*table_).setPath(xpath); });
+}
+
+void EditableTableBuffer::convertToStaticRow() {
+    table_->changeFresh([&] { RepeatRows(*table_).makeStatic(); });
 }

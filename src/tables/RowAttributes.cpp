@@ -4,6 +4,8 @@
 #include "document/Document.h"
 #include "document/RecordedCommand.h"
 #include "foundation/Exception.h"
+#include "tables/EditableTableBuffer.h"
+#include "tables/RowMarks.h"
 #include "tables/TablePlaces.h"
 
 #include <algorithm>
@@ -50,4 +52,34 @@ int RowAttributes::positionOf(TableRowGroupType group, int row) const {
     if (row == count && !endsInCells)
         throw Core::Exception(L"invalid vector<T> subscript");
     return row >= 0 && row < count ? rows[static_cast<std::size_t>(row)] : -1;
+}
+
+void EditableTableBuffer::setRowHeight(int row, const String& height, TableRowGroupType group) {
+    RowAttributes(*table_).write(group, row, L"height", height);
+}
+
+void EditableTableBuffer::setOverFlowHidden(int row, const String& value, TableRowGroupType group) {
+    RowAttributes(*table_).write(group, row, L"overflow", value);
+}
+
+String EditableTableBuffer::getRowHeight(int row, TableRowGroupType group) const {
+    const Xml::Element* element = table_->model().rowAt(group, row);
+    return element ? RowMarks::valueOf(*element, L"height") : String();
+}
+
+void EditableTableBuffer::removeRowHeight(int row, TableRowGroupType group) {
+    if (Xml::Element* element = table_->update() ? table_->model().rowAt(group, row) : nullptr)
+        RowMarks::remove(*element, L"height");
+}
+
+String EditableTableBuffer::getCrtRowHeight() const {
+    return getRowHeight(getCaretRow(), table_->caret.caret.group);
+}
+
+void EditableTableBuffer::setCrtRowHeight(const String& height) {
+    setRowHeight(getCaretRow(), height, table_->caret.caret.group);
+}
+
+void EditableTableBuffer::removeCrtRowHeight() {
+    removeRowHeight(getCaretRow(), table_->caret.caret.group);
 }

@@ -3,6 +3,7 @@
 #include "foundation/ObjectId.h"
 #include "foundation/values/XPathHelpers.h"
 #include "tables/CellContent.h"
+#include "tables/EditableTableBuffer.h"
 #include "tables/RowContent.h"
 #include "tables/RowMarks.h"
 #include "tables/TableRows.h"
@@ -224,4 +225,87 @@ bool RowGroups::canInsertAbove() const {
 
 bool RowGroups::canInsertBelow() const {
     return model_.cellAt(caret_.caret) && row() && !reachIntoOthers(caret_.caret.row);
+}
+
+bool EditableTableBuffer::currentRowIsInGroup() const {
+    return isRowInGroup(table_->caretRow());
+}
+
+bool EditableTableBuffer::isRowInGroup(const Element* row) {
+    return row && RowMarks::isMember(*row);
+}
+
+bool EditableTableBuffer::currentRowIsGroupHeader() const {
+    const Element* row = table_->caretRow();
+    return row && RowMarks::isHeading(*row);
+}
+
+bool EditableTableBuffer::currentRowIsLastFromGroup() const {
+    return RowGroups(*table_).isLastMember();
+}
+
+Element* EditableTableBuffer::getRowGroupHeader() const {
+    return RowGroups(*table_).heading();
+}
+
+String EditableTableBuffer::getGroupXPath() const {
+    return RowGroups(*table_).path();
+}
+
+String EditableTableBuffer::getPreviousGroupXpath() const {
+    const Element* heading = RowGroups(*table_).headingBefore();
+    return heading ? RowMarks::valueOf(*heading, L"xpath") : String();
+}
+
+void EditableTableBuffer::getGroupProperties(String& xpath, String& groupBy, bool& merge) const {
+    const auto group = RowGroups(*table_).group();
+    if (!group)
+        return;
+    xpath = group->xpath;
+    groupBy = group->groupBy;
+    merge = group->merge;
+}
+
+void EditableTableBuffer::insertGroupRow(bool above, const String& xpath, const String& groupBy,
+                                         bool merge) {
+    table_->changeFresh([&] { RowGroups(*table_).insert(above, {xpath, groupBy, merge}); });
+}
+
+void EditableTableBuffer::convertToGroup(const String& xpath, const String& groupBy, bool merge,
+                                         const String& rowXPath) {
+    table_->changeFresh([&] { RowGroups(*table_).convert({xpath, groupBy, merge}, rowXPath); });
+}
+
+void EditableTableBuffer::addCurrentRowToGroup(const String& groupXPath) {
+    table_->changeFresh([&] { RowGroups(*table_).join(groupXPath); });
+}
+
+void EditableTableBuffer::ungroupCurrentRow(const String& fromXPath, const String& toXPath) {
+    table_->changeFresh([&] { RowGroups(*table_).leave(fromXPath, toXPath); });
+}
+
+void EditableTableBuffer::editGroup(const String& xpath, const String& groupBy, bool merge) {
+    RowGroups(*table_).edit({xpath, groupBy, merge});
+}
+
+void EditableTableBuffer::deleteGroup() {
+    RowGroups(*table_).remove();
+    table_->rebuild();
+}
+
+void EditableTableBuffer::deleteGroupReferences(Element* heading) {
+    if (heading)
+        RowMarks::freeMembers(*heading);
+}
+
+bool EditableTableBuffer::canGroupCurrentRow() const {
+    return RowGroups(*table_).canJoin();
+}
+
+bool EditableTableBuffer::canInsertGroupAbove() const {
+    return RowGroups(*table_).canInsertAbove();
+}
+
+bool EditableTableBuffer::canInsertGroupBelow() const {
+    return RowGroups(*table_).canInsertBelow();
 }

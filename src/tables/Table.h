@@ -19,6 +19,14 @@ public:
     /// Brings everything in step with the document's text, and the caret into a table. False, and
     /// nothing done, where the table is gone and the caret stands in no other.
     bool update();
+    /// Carries out a command on the table as the document has it now.
+    template <typename Command>
+    void changeFresh(Command command) {
+        if (!update())
+            return;
+        command();
+        rebuild();
+    }
     /// Whether a table still begins where this one was read.
     bool stands() const;
     /// Looks at the tree again, which a command has changed.
@@ -31,6 +39,8 @@ public:
     const Fragment& fragment() const { return fragment_; }
     Xml::Element& root() const { return *fragment_.root(); }
     const TableModel& model() const { return *model_; }
+    /// The caret's row, null where it is in none.
+    Xml::Element* caretRow() const { return model_->rowAt(caret.caret.group, caret.caret.row); }
     /// The row of the place; null where there is none. Cells that stand in their group directly
     /// are put into a row first, since commands add, move and rename rows.
     Xml::Element* rowOfItsOwn(const CellPlace& place);

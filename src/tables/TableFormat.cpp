@@ -1,6 +1,9 @@
 #include "tables/TableFormat.h"
 
+#include "foundation/xml/DomParser.h"
+#include "tables/EditableTableBuffer.h"
 #include "tables/ElementFormat.h"
+#include "tables/Table.h"
 #include "tables/TableTree.h"
 #include "trees/DOMBasedBuffer.h"
 
@@ -68,4 +71,32 @@ void TableFormat::applyToRow(Element& row, const Element& pattern) {
             isFirst = false;
         }
     }
+}
+
+void EditableTableBuffer::applyFormat(const SmartPtr<Core::IO::Stream>& stream) {
+    if (!table_->update())
+        return;
+    Xml::DomParser parser;
+    parser.parseStream(stream);
+    applyTableFormat(TableFormat::templateIn(*parser.getDocument()->getRootNode()));
+}
+
+void EditableTableBuffer::applyTableFormat(const Element* pattern) {
+    if (pattern)
+        TableFormat::apply(table_->root(), *pattern);
+}
+
+void EditableTableBuffer::applyTableRowGroupFormat(Element* group, const Element* pattern) {
+    if (group && pattern)
+        TableFormat::applyToGroup(*group, *pattern);
+}
+
+void EditableTableBuffer::applyRowFormat(Element* row, const Element* pattern) {
+    if (row && pattern)
+        TableFormat::applyToRow(*row, *pattern);
+}
+
+void EditableTableBuffer::applyElementFormat(Element* element, const Element* pattern, bool clear) {
+    if (element && pattern)
+        ElementFormat::apply(*element, *pattern, clear);
 }
