@@ -38,14 +38,27 @@ set(FORME_PUBLIC_HEADERS
   foundation/XmlReader.h
   foundation/XmlWriter.h
   foundation/values/BorderWidth.h
+  foundation/values/BordersAndBackgroundData.h
+  foundation/values/BoxShadow.h
   foundation/values/ColorParse.h
   foundation/values/ColumnWidth.h
+  foundation/values/ComplexPageMasterEntry.h
   foundation/values/EditableProperty.h
   foundation/values/Length.h
   foundation/values/LengthOrPercent.h
+  foundation/values/PageLayoutData.h
+  foundation/values/PageMargins.h
+  foundation/values/PageMasterData.h
+  foundation/values/PageRegionsData.h
+  foundation/values/PageSequenceInfo.h
+  foundation/values/PageSize.h
   foundation/values/ParseUtil.h
+  foundation/values/PrintingAttributes.h
   foundation/values/PropertiesHelper.h
   foundation/values/PropertyCollection.h
+  foundation/values/PropertyValueEx.h
+  foundation/values/ReferenceInfo.h
+  foundation/values/RegionData.h
   foundation/values/XPathHelpers.h
   foundation/xml/Attribute.h
   foundation/xml/CDataNode.h
@@ -62,6 +75,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/TextNode.h
   foundation/xml/XmlDocument.h
   foundation/xml/XmlEntityType.h
+  pages/RegionType.h
   tables/BorderInfo.h
   tables/CellBorderType.h
   tables/EditableTableBuffer.h

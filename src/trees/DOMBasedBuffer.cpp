@@ -33,7 +33,9 @@ void removeAttributes(Element& element) {
 } // namespace
 
 DOMBasedBuffer::DOMBasedBuffer(Document& document)
-    : fragment_(std::make_unique<Fragment>(document)) {}
+    : fragment_(std::make_unique<Fragment>(&document)) {}
+
+DOMBasedBuffer::DOMBasedBuffer() : fragment_(std::make_unique<Fragment>(nullptr)) {}
 
 DOMBasedBuffer::DOMBasedBuffer(const DOMBasedBuffer& other)
     : Object(other), fragment_(std::make_unique<Fragment>(*other.fragment_)) {}

@@ -46,6 +46,8 @@ public:
 
 protected:
     explicit DOMBasedBuffer(Document& document);
+    /// Of a text that belongs to no document.
+    DOMBasedBuffer();
     DOMBasedBuffer(const DOMBasedBuffer& other);
     DOMBasedBuffer& operator=(const DOMBasedBuffer& other);
 

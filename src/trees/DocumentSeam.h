@@ -28,8 +28,8 @@ struct CommitCaret {
 /// document. Positions count 16-bit code units of its text, and -1 means none.
 class DocumentSeam {
 public:
-    /// The document must outlive this.
-    explicit DocumentSeam(Document& document) : document_(&document) {}
+    /// The document must outlive this. Without one, null, nothing can be asked.
+    explicit DocumentSeam(Document* document) : document_(document) {}
 
     /// From `start` through `end`; empty where that is no range of the text.
     Core::String text(int start, int end) const;

@@ -125,6 +125,12 @@ void Fragment::read(int element) {
     borrowed_ = borrowedDeclarations();
 }
 
+void Fragment::readText(const String& text) {
+    tree_ = parse(text);
+    source_ = text;
+    setPlace(-1, -1);
+}
+
 SmartPtr<Xml::XmlDocument> Fragment::readTree(int element, const String& source) const {
     const String type = document_.documentType();
     const String declarations = document_.declarationsMissingAt(element, element);

@@ -13,14 +13,20 @@
 /// For the parser it stands alone: behind the document's type, whose entities it may refer to, and
 /// with the declarations of namespaces that were in force around it. Both go again when it is
 /// written back.
+///
+/// A text can also be read whole, be it a document's or of none.
 class Fragment {
 public:
-    explicit Fragment(Document& document) : document_(document) {}
+    /// Without a document, null, only readText() has anything to read.
+    explicit Fragment(Document* document) : document_(document) {}
 
     /// Cuts out the element whose start tag is at the position, in the place of what was read
     /// before. Throws Core::Exception where no element is, and ParseException, with line and column
     /// in the document, where it is not well formed; this fragment then stays as it was.
     void read(int element);
+    /// Takes a whole text for the tree, and no place in the document. Throws ParseException as
+    /// read() does.
+    void readText(const Core::String& text);
 
     /// Where the element stands, its last unit included; -1 before the first reading.
     int start() const { return start_; }
@@ -28,6 +34,14 @@ public:
 
     /// Takes what the element has become since it was read for its end, and nothing else.
     void findEnd() { end_ = document_.elementEnd(start_); }
+    /// Takes a place that the owner of the tree has found.
+    void setPlace(int start, int end) {
+        start_ = start;
+        end_ = end;
+    }
+
+    /// The text that was read, without what only the parser needs.
+    const Core::String& source() const { return source_; }
 
     /// Null before the first reading.
     const SmartPtr<Xml::XmlDocument>& tree() const { return tree_; }

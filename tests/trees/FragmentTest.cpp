@@ -21,7 +21,7 @@ CommitCaret goesTo(int caret, int pivot) {
 
 /// A fragment of the first table of a document.
 Fragment tableOf(MarkedDocument& buffer) {
-    Fragment fragment(buffer.document());
+    Fragment fragment(&buffer.document());
     fragment.read(buffer.find(L"<T"));
     return fragment;
 }
@@ -174,13 +174,13 @@ TEST(Fragment, ToldOfNoElementStaysAsItWas) {
     EXPECT_EQ(messageOf([&] { fragment.read(buffer.find(L"<B>\n")); }), "6:14: mismatched tag");
     MarkedDocument typed;
     typed->setContent(L"<!DOCTYPE r [\n\n]><r xmlns:p=\"u\">\n <a><b></a></r>", true);
-    EXPECT_EQ(messageOf([&] { Fragment(typed.document()).read(typed.find(L"<a")); }),
+    EXPECT_EQ(messageOf([&] { Fragment(&typed.document()).read(typed.find(L"<a")); }),
               "4:10: mismatched tag");
     for (const int position : {-1, 0, buffer.find(L"</T"), buffer->getContent().length()})
         EXPECT_NE(messageOf([&] { fragment.read(position); }), "");
     EXPECT_EQ(fragment.start(), buffer.find(L"<T"));
     EXPECT_EQ(fragment.root()->get_name(), L"table");
-    EXPECT_THROW(Fragment(buffer.document()).root(), Core::NullPointerException);
+    EXPECT_THROW(Fragment(&buffer.document()).root(), Core::NullPointerException);
 }
 
 class TablesOf : public testing::TestWithParam<std::filesystem::path> {};
@@ -192,7 +192,7 @@ TEST_P(TablesOf, ComeBackFromATree) {
     buffer->setContent(textOf(GetParam()), true);
     const Core::String old = buffer->getContent();
     for (int at = buffer.find(L"<fo:table "); at >= 0; at = buffer.find(L"<fo:table ", at + 1)) {
-        Fragment fragment(buffer.document());
+        Fragment fragment(&buffer.document());
         fragment.read(at);
         const Core::String tree = fragment.tree()->writeToString();
         const int behind = old.length() - fragment.end();
@@ -205,7 +205,7 @@ TEST_P(TablesOf, ComeBackFromATree) {
         EXPECT_EQ(text.view().substr(0, at), old.view().substr(0, at));
         EXPECT_EQ(text.view().substr(text.length() - behind),
                   old.view().substr(old.length() - behind));
-        Fragment again(buffer.document());
+        Fragment again(&buffer.document());
         again.read(at);
         EXPECT_EQ(again.tree()->writeToString(), tree) << at;
         buffer->undo();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Wire.h"
+#include "calls/RecordWire.h"
 
 #include <forme/tables/EditableTableBuffer.h>
 
@@ -36,29 +36,15 @@ struct Wire<TableElements> : NumberedWire<TableElements, 3> {
 };
 
 template <>
-struct Wire<BorderInfo> {
-    static constexpr const char* name = "border info {width, color, style}";
-    static bool matches(const Json& value) {
-        const auto isField = [](const auto& field) {
-            return field.value().is_string() &&
-                   (field.key() == "width" || field.key() == "color" || field.key() == "style");
-        };
-        if (!value.is_object())
-            return false;
-        const auto fields = value.items();
-        return std::all_of(fields.begin(), fields.end(), isField);
-    }
-    static BorderInfo read(const Json& value) {
-        const auto field = [&](const char* key) {
-            return value.contains(key) ? Wire<Core::String>::read(value[key]) : Core::String();
-        };
-        return {field("width"), field("color"), field("style")};
-    }
-    static Json write(const BorderInfo& value) {
-        return {{"width", Wire<Core::String>::write(value.width)},
-                {"color", Wire<Core::String>::write(value.color)},
-                {"style", Wire<Core::String>::write(value.style)}};
-    }
+inline const std::vector<RecordField<BorderInfo>>& fieldsOf<BorderInfo>() {
+    static const std::vector<RecordField<BorderInfo>> fields{field<&BorderInfo::width>("width"),
+                                                             field<&BorderInfo::color>("color"),
+                                                             field<&BorderInfo::style>("style")};
+    return fields;
+}
+template <>
+struct Wire<BorderInfo> : RecordWire<BorderInfo> {
+    static inline const std::string name = describe("border info");
 };
 
 /// Names of attributes.

@@ -12,5 +12,15 @@ constexpr std::array<std::wstring_view, 10> styles{L"none",  L"hidden", L"dotted
 } // namespace
 
 bool BorderStyle::contains(std::wstring_view word) noexcept {
-    return std::find(styles.begin(), styles.end(), word) != styles.end();
+    return indexOf(word) >= 0;
+}
+
+int BorderStyle::indexOf(std::wstring_view word) noexcept {
+    const auto found = std::find(styles.begin(), styles.end(), word);
+    return found == styles.end() ? -1 : static_cast<int>(found - styles.begin());
+}
+
+std::wstring_view BorderStyle::at(int index) noexcept {
+    const auto place = static_cast<std::size_t>(index);
+    return place < styles.size() ? styles[place] : styles.front();
 }

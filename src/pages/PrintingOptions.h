@@ -1,0 +1,21 @@
+#pragma once
+
+#include "foundation/String.h"
+#include "foundation/values/PrintingAttributes.h"
+
+namespace Xml {
+class Element;
+}
+
+/// The qf:printing-options of a page master or a page sequence, which is its first child.
+namespace PrintingOptions {
+
+/// An id for the one with that number, which nothing else has.
+Core::String makeId(int number);
+
+/// What the owner's options say. Without an id of their own they get the one that is given.
+PrintingAttributes read(const Xml::Element& owner, const Core::String& id);
+/// Gives the owner these options. Empty ones leave it without the element.
+void write(Xml::Element& owner, const PrintingAttributes& attributes);
+
+} // namespace PrintingOptions

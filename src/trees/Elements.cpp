@@ -1,0 +1,11 @@
+#include "trees/Elements.h"
+
+#include "foundation/xml/Element.h"
+
+std::vector<Xml::Element*> Elements::childrenOf(const Xml::Node& parent, const Core::String& name) {
+    std::vector<Xml::Element*> found;
+    for (Xml::Node* child : parent.get_children(name))
+        if (child->is_element())
+            found.push_back(static_cast<Xml::Element*>(child));
+    return found;
+}
