@@ -1,0 +1,302 @@
+#include "trees/KeptSpelling.h"
+
+#include "text/XmlScan.h"
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <map>
+#include <set>
+#include <vector>
+
+using Core::String;
+using XmlScan::Text;
+
+namespace {
+
+// The parts of an element
+
+struct Attribute {
+    int start; ///< with the white space before it
+    int end;
+    Text name;
+    Text value;
+};
+
+/// An element of a text, and what stands directly in it.
+struct Piece {
+    Text text; ///< from the start tag through the closing tag
+    int tagEnd;
+    int contentEnd; ///< of a self-closing element, like `tagEnd`, the end of the tag
+    std::vector<Text> children;
+    std::vector<Text> gaps; ///< what stands before each child, and behind the last
+
+    bool isSelfClosing() const { return tagEnd == static_cast<int>(text.size()); }
+
+    Text name() const { return XmlScan::tagName(text, 0); }
+    Text tag() const { return XmlScan::slice(text, 0, tagEnd); }
+    Text closing() const { return XmlScan::slice(text, contentEnd, static_cast<int>(text.size())); }
+};
+
+/// The offset behind the element that begins there; that behind the text where it does not end.
+int elementEnd(Text text, int element) {
+    const int closing = XmlScan::closingTag(text, element);
+    const int end = closing < 0 ? -1 : XmlScan::tagEnd(text, closing + 1);
+    return end < 0 ? static_cast<int>(text.size()) : end + 1;
+}
+
+Piece pieceOf(Text text) {
+    const int tagEnd = XmlScan::tagEnd(text, 1) + 1;
+    const int size = static_cast<int>(text.size());
+    Piece piece{text, tagEnd, tagEnd, {}, {}};
+    if (piece.isSelfClosing()) {
+        piece.gaps.emplace_back();
+        return piece;
+    }
+    int at = tagEnd;
+    for (int tag = XmlScan::nextTag(text, at); tag >= 0 && !XmlScan::closingAt(text, tag);
+         tag = XmlScan::nextTag(text, at)) {
+        piece.gaps.push_back(XmlScan::slice(text, at, tag));
+        at = elementEnd(text, tag);
+        piece.children.push_back(XmlScan::slice(text, tag, at));
+    }
+    const int closing = XmlScan::nextTag(text, at);
+    piece.contentEnd = closing < 0 ? size : closing;
+    piece.gaps.push_back(XmlScan::slice(text, at, piece.contentEnd));
+    return piece;
+}
+
+// Start tags
+
+std::vector<Attribute> attributesOf(Text tag) {
+    std::vector<Attribute> found;
+    int behind = 1 + static_cast<int>(XmlScan::tagName(tag, 0).size());
+    for (int at = XmlScan::nextAttribute(tag, 0); at >= 0; at = XmlScan::nextAttribute(tag, at)) {
+        const Text value = XmlScan::attributeValue(tag, at);
+        const int end = XmlScan::findQuote(tag, at) + static_cast<int>(value.size()) + 2;
+        found.push_back({behind, end, XmlScan::attributeName(tag, at), value});
+        behind = end;
+    }
+    return found;
+}
+
+/// An attribute's name without the prefix, where that is the element's own: a tree writes it so.
+Text plainName(Text name, Text element) {
+    const Text prefix = element.substr(0, element.size() - XmlScan::localName(element).size());
+    return !prefix.empty() && name.starts_with(prefix) ? name.substr(prefix.size()) : name;
+}
+
+/// Attributes that speak of the same, so that one may stand for others: "margin-left" belongs to
+/// "margin".
+Text familyOf(Text name) {
+    static constexpr std::array<std::wstring_view, 4> shorthands{L"margin", L"padding", L"border",
+                                                                 L"background"};
+    const Text first = name.substr(0, name.find(L'-'));
+    return std::any_of(shorthands.begin(), shorthands.end(),
+                       [&](std::wstring_view shorthand) { return first == shorthand; })
+               ? first
+               : name;
+}
+
+using Attributes = std::vector<Attribute>;
+
+/// With their names as a tree writes them.
+Attributes plainAttributesOf(Text tag) {
+    Attributes found = attributesOf(tag);
+    for (Attribute& attribute : found)
+        attribute.name = plainName(attribute.name, XmlScan::tagName(tag, 0));
+    return found;
+}
+
+const Attribute* find(const Attributes& attributes, Text name) {
+    const auto found =
+        std::find_if(attributes.begin(), attributes.end(),
+                     [&](const Attribute& attribute) { return attribute.name == name; });
+    return found == attributes.end() ? nullptr : &*found;
+}
+
+/// Gives a start tag the attributes that have changed from one tree to another.
+class ChangedTag {
+public:
+    ChangedTag(Text source, Text asRead, Text edited)
+        : source_(source), own_(plainAttributesOf(source)), before_(plainAttributesOf(asRead)),
+          after_(plainAttributesOf(edited)) {
+        findChanges(before_, after_);
+        findChanges(after_, before_);
+    }
+
+    String text() {
+        for (std::size_t i = 0; i < own_.size(); ++i) {
+            const Text family = familyOf(own_[i].name);
+            copyUpTo(own_[i].start);
+            write(own_[i]);
+            const bool isLast = std::none_of(
+                own_.begin() + static_cast<std::ptrdiff_t>(i) + 1, own_.end(),
+                [&](const Attribute& other) { return familyOf(other.name) == family; });
+            if (isLast)
+                writeNew([&](Text other) { return other == family; });
+        }
+        writeNew([&](Text family) {
+            return std::none_of(own_.begin(), own_.end(), [&](const Attribute& attribute) {
+                return familyOf(attribute.name) == family;
+            });
+        });
+        copyUpTo(static_cast<int>(source_.size()));
+        return text_;
+    }
+
+private:
+    void findChanges(const Attributes& some, const Attributes& others) {
+        for (const Attribute& attribute : some) {
+            const Attribute* other = find(others, attribute.name);
+            if (!other || other->value != attribute.value)
+                changed_.insert(familyOf(attribute.name));
+        }
+    }
+
+    /// One of the tag's own, with what has become of it.
+    void write(const Attribute& attribute) {
+        const Attribute* before = find(before_, attribute.name);
+        const Attribute* after = find(after_, attribute.name);
+        if (!changed_.contains(familyOf(attribute.name)) ||
+            (before && after && before->value == after->value)) {
+            copyUpTo(attribute.end);
+        } else if (after) {
+            const int value = XmlScan::findQuote(source_, attribute.start);
+            copyUpTo(value);
+            text_ += L"\"" + String(after->value) + L"\"";
+        }
+        copied_ = attribute.end;
+    }
+
+    /// What the families have gained.
+    template <typename IsMeant>
+    void writeNew(IsMeant isMeant) {
+        for (const Attribute& attribute : after_) {
+            const Text family = familyOf(attribute.name);
+            if (isMeant(family) && changed_.contains(family) && !find(own_, attribute.name))
+                text_ += L" " + String(attribute.name) + L"=\"" + String(attribute.value) + L"\"";
+        }
+    }
+
+    void copyUpTo(int end) {
+        text_ += String(XmlScan::slice(source_, copied_, end));
+        copied_ = end;
+    }
+
+    Text source_;
+    Attributes own_;
+    Attributes before_;
+    Attributes after_;
+    std::set<Text> changed_; // families
+    int copied_ = 0;         // how far the source has been written
+    String text_;
+};
+
+// Content
+
+/// Which child of what was read each child of what was edited is: the same one, or else the next
+/// that is left of that name; -1 for a new one.
+std::vector<int> pairsOf(const Piece& asRead, const Piece& edited) {
+    std::map<Text, std::deque<int>> same;
+    for (std::size_t i = 0; i < asRead.children.size(); ++i)
+        same[asRead.children[i]].push_back(static_cast<int>(i));
+    std::vector<int> pairs(edited.children.size(), -1);
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        if (auto found = same.find(edited.children[i]);
+            found != same.end() && !found->second.empty()) {
+            pairs[i] = found->second.front();
+            found->second.pop_front();
+        }
+    std::map<Text, std::deque<int>> left; // by name
+    std::vector<bool> isTaken(asRead.children.size());
+    for (const int pair : pairs)
+        if (pair >= 0)
+            isTaken[static_cast<std::size_t>(pair)] = true;
+    for (std::size_t i = 0; i < isTaken.size(); ++i)
+        if (!isTaken[i])
+            left[XmlScan::tagName(asRead.children[i], 0)].push_back(static_cast<int>(i));
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        if (auto& sameName = left[XmlScan::tagName(edited.children[i], 0)];
+            pairs[i] < 0 && !sameName.empty()) {
+            pairs[i] = sameName.front();
+            sameName.pop_front();
+        }
+    return pairs;
+}
+
+/// Whether the tree has the elements that the text has. It may lack some whose entities were
+/// written out.
+bool agree(const Piece& source, const Piece& asRead) {
+    return std::equal(source.children.begin(), source.children.end(), asRead.children.begin(),
+                      asRead.children.end(), [](Text one, Text other) {
+                          return XmlScan::tagName(one, 0) == XmlScan::tagName(other, 0);
+                      });
+}
+
+class Spelling {
+public:
+    String text(Text source, Text asRead, Text edited) {
+        write(source, asRead, edited);
+        return std::move(text_);
+    }
+
+private:
+    void write(Text source, Text asRead, Text edited) {
+        if (edited == asRead) {
+            text_ += String(source);
+            return;
+        }
+        const Piece own = pieceOf(source);
+        const Piece before = pieceOf(asRead);
+        const Piece after = pieceOf(edited);
+        if (own.name() != after.name() || !agree(own, before)) {
+            text_ += String(edited);
+            return;
+        }
+        text_ += ChangedTag(own.tag(), before.tag(), after.tag()).text();
+        const bool gainsContent = own.isSelfClosing() && !after.isSelfClosing();
+        if (gainsContent)
+            text_.erase(static_cast<unsigned>(text_.length() - 2), 1); // the "/"
+        writeContent(own, before, after);
+        text_ += String(gainsContent ? after.closing() : own.closing());
+    }
+
+    void writeContent(const Piece& own, const Piece& before, const Piece& after) {
+        const std::vector<int> pairs = pairsOf(before, after);
+        for (std::size_t i = 0; i < after.gaps.size(); ++i) {
+            const int previous = i == 0 ? -1 : pairs[i - 1];
+            const int next = i < pairs.size() ? pairs[i] : static_cast<int>(before.children.size());
+            writeGap(own, before, after.gaps[i], i > 0 && previous < 0 ? next : previous + 1, next);
+            if (i < pairs.size())
+                writeChild(own, before, after.children[i], pairs[i]);
+        }
+    }
+
+    /// What stands between two elements stood behind the one or before the other.
+    void writeGap(const Piece& own, const Piece& before, Text gap, int behind, int ahead) {
+        for (const int place : {behind, ahead})
+            if (const auto index = static_cast<std::size_t>(place);
+                place >= 0 && index < own.gaps.size() && before.gaps[index] == gap) {
+                text_ += String(own.gaps[index]);
+                return;
+            }
+        text_ += String(gap);
+    }
+
+    void writeChild(const Piece& own, const Piece& before, Text child, int pair) {
+        const auto index = static_cast<std::size_t>(pair);
+        if (pair < 0)
+            text_ += String(child);
+        else
+            write(own.children[index], before.children[index], child);
+    }
+
+    String text_;
+};
+
+} // namespace
+
+String keepSpelling(const String& source, const String& asRead, const String& edited) {
+    return Spelling().text(source.view(), asRead.view(), edited.view());
+}
