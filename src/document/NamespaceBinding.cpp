@@ -95,10 +95,8 @@ private:
 } // namespace
 
 bool NamespaceBinding::bind(Document& document, int start, int end) {
-    const std::set<String> unbound = UnboundPrefixes(document.text()).in(start, end);
-    const bool areOurs =
-        std::all_of(unbound.begin(), unbound.end(), Attributes::isStandardNamespace);
-    return areOurs && std::all_of(unbound.begin(), unbound.end(), [&](const String& prefix) {
-               return Attributes::declareStandard(document, prefix) > 0;
-           });
+    bool areBound = true;
+    for (const String& prefix : UnboundPrefixes(document.text()).in(start, end))
+        areBound &= Attributes::declareStandard(document, prefix) > 0;
+    return areBound;
 }

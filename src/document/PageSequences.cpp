@@ -2,9 +2,12 @@
 
 #include "document/PageSequences.h"
 
+#include "document/Attributes.h"
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "text/Vocabulary.h"
+
+using Core::String;
 
 int PageSequences::next(const Document& document, int position) {
     return document.text().nextNamed(position, Vocabulary::strings<Vocabulary::pageGenerators>());
@@ -37,6 +40,14 @@ int PageSequences::around(const Document& document, int position) {
 int PageSequences::firstFlowOf(const Document& document, int generator) {
     const int flow = document.text().nextNamed(generator, L"fo:flow");
     return flow < document.text().closingTag(generator) ? flow : -1;
+}
+
+bool PageSequences::isInStaticContent(const Document& document, int position,
+                                      const String& flowName) {
+    const int content = document.text().staticContentAround(position);
+    return content >= 0 &&
+           (flowName.empty() ||
+            Attributes::of(document, content).getPropertyValue(L"fo:flow-name") == flowName);
 }
 
 int EditableDocumentBuffer::getNextPageSeq(int position) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/String.h"
+
 class Document;
 
 /// The page sequences of a document: fo:page-sequence, qfd:page-sequence-repeat and
@@ -17,5 +19,7 @@ int indexOf(const Document& document, int position);
 int around(const Document& document, int position);
 /// The first flow in the one that begins there; -1 if it has none.
 int firstFlowOf(const Document& document, int generator);
+/// Whether the position is in a static content; with a flow name, in one of that flow.
+bool isInStaticContent(const Document& document, int position, const Core::String& flowName);
 
 } // namespace PageSequences

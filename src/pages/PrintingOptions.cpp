@@ -77,6 +77,10 @@ String PrintingOptions::makeId(int number) {
     return String::formatS(number) + ObjectId::generate();
 }
 
+String PrintingOptions::makeShortId(int number) {
+    return String(makeId(number).view().substr(0, 8));
+}
+
 PrintingAttributes PrintingOptions::read(const Element& owner, const String& id) {
     PrintingAttributes attributes(id);
     const Element* element = firstOf(owner, optionsName);

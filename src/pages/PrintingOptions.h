@@ -12,6 +12,8 @@ namespace PrintingOptions {
 
 /// An id for the one with that number, which nothing else has.
 Core::String makeId(int number);
+/// The first eight characters of one.
+Core::String makeShortId(int number);
 
 /// What the owner's options say. Without an id of their own they get the one that is given.
 PrintingAttributes read(const Xml::Element& owner, const Core::String& id);

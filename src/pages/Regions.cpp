@@ -1,6 +1,7 @@
 #include "pages/Regions.h"
 
 #include "foundation/xml/Element.h"
+#include "trees/DOMBasedBuffer.h"
 #include "trees/Elements.h"
 
 #include <algorithm>
@@ -14,6 +15,25 @@ namespace {
 /// By their types.
 constexpr std::array<std::wstring_view, 5> names{L"region-before", L"region-after", L"region-start",
                                                  L"region-end", L"region-body"};
+
+const String nameAttribute = L"region-name";
+
+struct Attribute {
+    RegionType type;
+    const wchar_t* name;
+    const wchar_t* value;
+};
+
+/// What a new region has.
+constexpr std::array<Attribute, 7> newAttributes{{
+    {RegionType::REGION_BEFORE, L"extent", L"0.7in"},
+    {RegionType::REGION_BEFORE, L"display-align", L"after"},
+    {RegionType::REGION_AFTER, L"extent", L"0.7in"},
+    {RegionType::REGION_AFTER, L"display-align", L"before"},
+    {RegionType::REGION_START, L"extent", L"0.7in"},
+    {RegionType::REGION_END, L"extent", L"0.7in"},
+    {RegionType::REGION_BODY, L"margin", L"0.7in"},
+}};
 
 template <typename Matches>
 std::optional<RegionType> typeWhere(Matches matches) {
@@ -42,8 +62,22 @@ std::optional<RegionType> Regions::typeOf(const Element& element) {
 String Regions::flowNameOf(const Element& element) {
     if (!typeOf(element))
         return {};
-    const Xml::Attribute* name = element.get_attribute(L"region-name");
-    return name && !name->get_value().empty() ? name->get_value() : L"xsl-" + element.get_name();
+    const String name = DOMBasedBuffer::getAttributeValue(&element, nameAttribute, String());
+    return name.empty() ? L"xsl-" + element.get_name() : name;
+}
+
+String Regions::defaultNameOf(RegionType type, const String& prefix) {
+    const bool isNamed = type != RegionType::REGION_BODY && !prefix.empty();
+    return (isNamed ? prefix : String(L"xsl")) + L"-" + nameOf(type);
+}
+
+Element& Regions::add(Element& master, RegionType type, const String& flowName) {
+    Element& region = *master.add_child(nameOf(type), L"fo");
+    region.set_attribute(nameAttribute, flowName);
+    for (const Attribute& attribute : newAttributes)
+        if (attribute.type == type)
+            region.set_attribute(attribute.name, attribute.value);
+    return region;
 }
 
 std::vector<Element*> Regions::of(const Element& master) {
@@ -60,6 +94,13 @@ Element* Regions::find(const Element& master, const String& flowName) {
         return flowNameOf(*region) == flowName;
     });
     return found == regions.end() ? nullptr : *found;
+}
+
+Element* Regions::firstUnnamed(const Element& master) {
+    for (Element* child : Elements::childrenOf(master))
+        if (DOMBasedBuffer::getAttributeValue(child, nameAttribute, String()).empty())
+            return child;
+    return nullptr;
 }
 
 bool Regions::has(const Element& master, RegionType type) {

@@ -556,8 +556,14 @@ int XmlText::placeholderBehind(int position) const {
 
 // The large parts of a document
 
+int XmlText::layoutMasterSet() const {
+    static constexpr Text name = L"fo:layout-master-set";
+    const int first = nextTag(0);
+    return tagName(first) == name ? first : nextNamed(first, name);
+}
+
 int XmlText::behindPageMasters() const {
-    static constexpr Text closing = L"</fo:layout-master-set>";
-    const int found = find(closing, 0);
-    return found < 0 ? -1 : found + static_cast<int>(closing.size());
+    const int set = layoutMasterSet();
+    const int closing = set < 0 ? -1 : closingTag(set);
+    return closing < 0 ? -1 : tagEnd(closing + 1) + 1;
 }

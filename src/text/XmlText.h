@@ -302,7 +302,8 @@ public:
 
     /// The document type, and where the root element begins.
     XmlScan::Prolog prolog() const { return XmlScan::prologOf(all()); }
-    int layoutMasterSet() const { return find(L"<fo:layout-master-set", 0); }
+    /// The element that holds the page masters; -1 if there is none.
+    int layoutMasterSet() const;
     /// The offset just after the page masters; -1 if there are none.
     int behindPageMasters() const;
 

@@ -128,3 +128,16 @@ void DOMBasedBuffer::expandElementAttributes(Element* element) {
         if (child->is_element())
             expandElementAttributes(static_cast<Element*>(child));
 }
+
+void DOMBasedBuffer::readExpanded(int element) {
+    fragment_->read(element);
+    expandShorthands();
+    fragment_->setAsRead(collapsedText(true));
+}
+
+String DOMBasedBuffer::collapsedText(bool removeDefaults) {
+    const SmartPtr<Xml::XmlDocument> copy(new Xml::XmlDocument);
+    collapseElementAttributes(copy->createRootNodeByImport(fragment_->root(), true),
+                              removeDefaults);
+    return Fragment::textOf(*copy);
+}

@@ -61,6 +61,12 @@ protected:
     virtual void expandShorthands();
     virtual void expandElementAttributes(Xml::Element* element);
 
+    /// Reads the element at the position with its shorthands written out. What it was read as, to
+    /// which a commit compares, is its collapsed form.
+    void readExpanded(int element);
+    /// What collapseShorthands() would make of the tree, which stays as it is, as text.
+    Core::String collapsedText(bool removeDefaults);
+
     Fragment& fragment() { return *fragment_; }
     const Fragment& fragment() const { return *fragment_; }
 

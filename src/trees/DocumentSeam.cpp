@@ -2,6 +2,7 @@
 
 #include "document/Document.h"
 #include "document/FreezeNotifications.h"
+#include "document/NamespaceBinding.h"
 #include "document/RecordedCommand.h"
 #include "text/Markup.h"
 
@@ -59,11 +60,14 @@ String DocumentSeam::declarationsMissingAt(int element, int position) const {
     return Namespaces::asAttributes(missing);
 }
 
-bool DocumentSeam::replace(int start, int end, const String& with, const CommitCaret& rule) {
+bool DocumentSeam::replace(int start, int end, const String& with, const CommitCaret& rule,
+                           Prefixes prefixes) {
     return carryOut(*document_, [&] {
         const bool hadSelection = document_->hasSelection();
         record(rule.before);
         exchange(start, end, with);
+        if (prefixes == Prefixes::Declared)
+            NamespaceBinding::bind(*document_, start, start + with.length());
         const std::optional<CaretPlace> place = rule.after ? rule.after() : std::nullopt;
         if (place)
             moveCaret(*place);

@@ -24,6 +24,12 @@ struct CommitCaret {
     std::function<std::optional<CaretPlace>()> after;
 };
 
+/// What a commit does with prefixes that the new text uses and nothing around it declares.
+enum class Prefixes {
+    AsTheyAre,
+    Declared ///< those of the standard namespaces on the root, in the same step
+};
+
 /// All that trees read from a document and do to it; the only code of theirs that knows the
 /// document. Positions count 16-bit code units of its text, and -1 means none.
 class DocumentSeam {
@@ -49,7 +55,8 @@ public:
 
     /// Puts `with` in the place of `start` through `end`: one undo step, one notice of a kind.
     /// False, and no trace, where no parser would take the document with it.
-    bool replace(int start, int end, const Core::String& with, const CommitCaret& caret);
+    bool replace(int start, int end, const Core::String& with, const CommitCaret& caret,
+                 Prefixes prefixes = Prefixes::AsTheyAre);
     /// Only sends the caret where a commit would.
     void place(const CommitCaret& caret);
 

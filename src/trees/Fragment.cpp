@@ -54,14 +54,6 @@ int offsetOf(Text text, const Place& sought) {
     return static_cast<int>(at);
 }
 
-/// Without the document type, which goes in front of the root element.
-String write(const Xml::XmlDocument& tree) {
-    const String text = tree.writeToString(L"UTF-8");
-    const Text root =
-        text.view().substr(static_cast<std::size_t>(XmlScan::prologOf(text.view()).root));
-    return String(root).trim();
-}
-
 /// A declaration of a namespace in a start tag.
 struct Declaration {
     int position;
@@ -112,6 +104,14 @@ bool usesUndeclared(const Xml::Element& element, const String& prefix) {
 
 } // namespace
 
+// Without the document type, which goes in front of the root element.
+String Fragment::textOf(const Xml::XmlDocument& tree) {
+    const String text = tree.writeToString(L"UTF-8");
+    const Text root =
+        text.view().substr(static_cast<std::size_t>(XmlScan::prologOf(text.view()).root));
+    return String(root).trim();
+}
+
 void Fragment::read(int element) {
     const int end = document_.elementEnd(element);
     if (end < 0)
@@ -121,7 +121,7 @@ void Fragment::read(int element) {
     start_ = element;
     end_ = end;
     source_ = source;
-    asRead_ = write(*tree_);
+    asRead_ = textOf(*tree_);
     borrowed_ = borrowedDeclarations();
 }
 
@@ -161,7 +161,7 @@ std::set<String> Fragment::borrowedDeclarations() const {
 }
 
 void Fragment::commit(const CommitCaret& caret) {
-    const String written = write(*tree_);
+    const String written = textOf(*tree_);
     if (document_.text(start_, end_) != source_)
         throw Core::Exception(L"the text from offset " + String::formatS(start_) + L" through " +
                               String::formatS(end_) +

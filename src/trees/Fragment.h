@@ -42,6 +42,13 @@ public:
 
     /// The text that was read, without what only the parser needs.
     const Core::String& source() const { return source_; }
+    /// What an element's tree was written as when it had been read; its owner may have another form
+    /// in which he compares.
+    const Core::String& asRead() const { return asRead_; }
+    void setAsRead(const Core::String& written) { asRead_ = written; }
+
+    /// A tree as text, from its root on.
+    static Core::String textOf(const Xml::XmlDocument& tree);
 
     /// Null before the first reading.
     const SmartPtr<Xml::XmlDocument>& tree() const { return tree_; }

@@ -40,5 +40,7 @@ std::vector<Operation> content();
 std::vector<Operation> pageSequences();
 /// The cache for a host's view of the table around the caret.
 std::vector<Operation> tables();
+/// The page masters of the document.
+std::vector<Operation> masters();
 
 } // namespace Calls

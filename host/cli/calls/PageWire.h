@@ -113,25 +113,25 @@ struct Wire<PageMasterData> {
     }
 };
 
-/// Texts by name, as the flow names of regions.
-template <>
-struct Wire<std::map<Core::String, Core::String>> {
-    static constexpr const char* name = "texts {name: text, ...}";
+/// Values by name, as an object.
+template <typename T>
+struct Wire<std::map<Core::String, T>> {
+    using Map = std::map<Core::String, T>;
+    static inline const std::string name = std::string("{name: ") + Wire<T>::name + ", ...}";
     static bool matches(const Json& value) {
-        return value.is_object() && std::all_of(value.begin(), value.end(),
-                                                [](const Json& text) { return text.is_string(); });
+        return value.is_object() && std::all_of(value.begin(), value.end(), Wire<T>::matches);
     }
-    static std::map<Core::String, Core::String> read(const Json& value) {
-        std::map<Core::String, Core::String> texts;
+    static Map read(const Json& value) {
+        Map read;
         for (const auto& item : value.items())
-            texts[Wire<Core::String>::read(item.key())] = Wire<Core::String>::read(item.value());
-        return texts;
+            read[Wire<Core::String>::read(item.key())] = Wire<T>::read(item.value());
+        return read;
     }
-    static Json write(const std::map<Core::String, Core::String>& texts) {
-        Json value = Json::object();
-        for (const auto& [key, text] : texts)
-            value[Wire<Core::String>::write(key).get<std::string>()] =
-                Wire<Core::String>::write(text);
-        return value;
+    static Json write(const Map& values) {
+        Json written = Json::object();
+        for (const auto& [key, value] : values)
+            written[Wire<Core::String>::write(key).template get<std::string>()] =
+                Wire<T>::write(value);
+        return written;
     }
 };

@@ -94,11 +94,7 @@ int EditableDocumentBuffer::getFlowReferenceToCurrentPos() const {
 }
 
 bool EditableDocumentBuffer::isInFoStaticContent(int position, const String& flowName) const {
-    const Document& document = *document_;
-    const int content = document.text().staticContentAround(position);
-    return content >= 0 &&
-           (flowName.empty() ||
-            Attributes::of(document, content).getPropertyValue(flowNameAttribute) == flowName);
+    return PageSequences::isInStaticContent(*document_, position, flowName);
 }
 
 String EditableDocumentBuffer::getCrtObjectContent(const String& path) const {

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "foundation/String.h"
+#include "foundation/Vector.h"
+#include "foundation/values/ComplexPageMasterEntry.h"
+#include "foundation/values/ReferenceInfo.h"
+
+namespace Xml {
+class Element;
+}
+
+/// A complex page master: references to simple ones, by which it picks a page for each place of a
+/// sequence. The conditional ones stand together in the first element of alternatives.
+namespace ComplexMasters {
+
+/// Throws Core::Exception where one of them has a condition that can be no attribute.
+void check(const Core::Vector<ReferenceInfo>& references);
+
+void addSingle(Xml::Element& master, const Core::String& reference);
+void addRepeating(Xml::Element& master, const Core::String& reference,
+                  const Core::String& maximumRepeats);
+/// An empty condition is always met. Throws as check() does, and then adds nothing.
+void addConditional(Xml::Element& master, const Core::String& reference,
+                    const Core::String& condition, const Core::String& value);
+/// By its kind; nothing for an unknown one.
+void add(Xml::Element& master, const ReferenceInfo& reference);
+
+/// Makes each reference to one master refer to the other.
+void changeReferences(Xml::Element& master, const Core::String& from, const Core::String& to);
+Core::Vector<ComplexPageMasterEntry> entriesOf(const Xml::Element& master);
+
+} // namespace ComplexMasters

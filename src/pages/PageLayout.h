@@ -1,0 +1,19 @@
+#pragma once
+
+#include "foundation/values/PageLayoutData.h"
+#include "pages/RegionAttributes.h"
+
+namespace Xml {
+class Element;
+}
+
+/// The size and the margins of a simple page master.
+namespace PageLayout {
+
+/// New ones are written in the order top, bottom, right, left.
+void setMargins(Xml::Element& master, const RegionAttributes::SideValues& margins);
+
+/// Gives the master what the record says otherwise than its attributes do.
+void write(Xml::Element& master, const PageLayoutData& data);
+
+} // namespace PageLayout
