@@ -5,6 +5,7 @@
 #include "trees/Elements.h"
 
 #include <algorithm>
+#include <iterator>
 
 using Core::String;
 using Xml::Element;
@@ -59,8 +60,8 @@ String Masters::nameOf(const Element& master) {
 
 std::vector<String> Masters::namesOf(const std::vector<Element*>& masters) {
     std::vector<String> names;
-    for (const Element* master : masters)
-        names.push_back(nameOf(*master));
+    std::transform(masters.begin(), masters.end(), std::back_inserter(names),
+                   [](const Element* master) { return nameOf(*master); });
     return names;
 }
 

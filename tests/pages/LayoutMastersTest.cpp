@@ -56,6 +56,7 @@ std::wstring page(const std::wstring& regions, const std::wstring& attributes = 
 
 std::vector<std::string> narrow(const std::vector<String>& names) {
     std::vector<std::string> found;
+    found.reserve(names.size());
     for (const String& name : names)
         found.push_back(std::string(Core::Encoder::convertStringToUTF8(name).view()));
     return found;
