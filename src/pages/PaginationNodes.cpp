@@ -7,6 +7,14 @@
 using Xml::Element;
 using Xml::Node;
 
+namespace {
+
+bool isNamed(const Node& node, const wchar_t* prefix, const wchar_t* name) {
+    return node.is_element() && node.get_name() == name && node.get_namespace_prefix() == prefix;
+}
+
+} // namespace
+
 std::list<Node*> PaginationNodes::of(const Element& root) {
     std::list<Node*> nodes = root.get_children();
     nodes.remove_if(
@@ -22,15 +30,15 @@ Element* PaginationNodes::at(const Element& root, int index) {
 }
 
 bool PaginationNodes::isSequence(const Node& node) {
-    return node.is_element() && node.get_name() == L"page-sequence";
+    return isNamed(node, L"fo", L"page-sequence");
 }
 
 bool PaginationNodes::isRepeat(const Node& node) {
-    return node.is_element() && node.get_name() == L"page-sequence-repeat";
+    return isNamed(node, L"qfd", L"page-sequence-repeat");
 }
 
 bool PaginationNodes::isInsertedDocument(const Node& node) {
-    return node.is_element() && node.get_name() == L"insert-document";
+    return isNamed(node, L"qf", L"insert-document");
 }
 
 bool PaginationNodes::hasFlows(const Node& node) {

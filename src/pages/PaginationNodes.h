@@ -7,8 +7,8 @@ class Element;
 class Node;
 } // namespace Xml
 
-/// The elements that make pages, as children of the document's root: page-sequence,
-/// page-sequence-repeat and insert-document, counted together from 0.
+/// The elements that make pages, as children of the document's root: fo:page-sequence,
+/// qfd:page-sequence-repeat and qf:insert-document, counted together from 0 as in its text.
 namespace PaginationNodes {
 
 /// In their order. What stands in another element, be it one of these, is none.
