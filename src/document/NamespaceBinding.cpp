@@ -3,7 +3,6 @@
 #include "document/Attributes.h"
 #include "document/Document.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
 #include <vector>
@@ -97,6 +96,7 @@ private:
 bool NamespaceBinding::bind(Document& document, int start, int end) {
     bool areBound = true;
     for (const String& prefix : UnboundPrefixes(document.text()).in(start, end))
-        areBound &= Attributes::declareStandard(document, prefix) > 0;
+        areBound = Attributes::isStandardNamespace(prefix) &&
+                   Attributes::declareStandard(document, prefix) > 0 && areBound;
     return areBound;
 }
