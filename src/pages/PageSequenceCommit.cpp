@@ -27,6 +27,15 @@ String keepSpelling(const String& /*source*/, const String& /*asRead*/, const St
     return written;
 }
 
+/// What is edited spelt as it was in the source, each as one element.
+String spelt(const String& source, const String& asRead, const String& edited) {
+    static const String start = L"<all>";
+    static const String end = L"</all>";
+    const String text =
+        keepSpelling(start + source + end, start + asRead + end, start + edited + end);
+    return text.subString(start.length(), text.length() - end.length() - 1);
+}
+
 SequenceRange rangeOf(const XmlText& text) {
     if (const auto range = SequenceRange::in(text))
         return *range;
@@ -165,7 +174,7 @@ bool PageSequenceCommit::writeBack(const Fragment& fragment, const AwaitedTexts&
         goHome(*document_);
         return false;
     }
-    const String text = inTree.putInto(keepSpelling(trimmed(source_), asRead_, now));
+    const String text = inTree.putInto(spelt(trimmed(source_), asRead_, now));
     const bool stands = replace(text);
     if (stands)
         inTree.putIntoTree(*document_);

@@ -46,6 +46,19 @@ std::wstring firstStaticContent(const MarkedDocument& document) {
     return text.substr(text.find(L'>', start) + 1, end - text.find(L'>', start) - 1);
 }
 
+/// What undoing the last commit would do, the last first: "+" inserts, "-" deletes, "c" places the
+/// caret.
+std::string lastStep(const MarkedDocument& document) {
+    EditActionStack stack = document->getEditActionStack();
+    std::string step;
+    for (int i = 0; i < 6; ++i) {
+        const EditAction action = stack.getUndoAction();
+        step += "+-=c()"[action.getType()];
+        EXPECT_TRUE(i != 1 || inShort(wide(action.getString())) == sequencesOf(document));
+    }
+    return step;
+}
+
 const std::wstring body = L"<fo:flow flow-name=\"f\"><B>a</B></fo:flow>";
 
 TEST(PageSequences, AreListedByWhatTheySay) {
@@ -186,6 +199,7 @@ TEST(PageSequences, AreNotWrittenOverWhatHasChanged) {
     sequences.setIdForSequence(0, L"i");
     sequences.commitChangesToEditableBuffer();
     EXPECT_EQ(document.text().tagName(sequences.getDocumentBufferStart()), L"fo:page-sequence");
+    EXPECT_EQ(lastStep(document), ")c-+c(");
     const EditorState committed = stateOf(document.face());
     EXPECT_THROW(copy.commitChangesToEditableBuffer(), Core::Exception);
     EXPECT_EQ(stateOf(document.face()), committed);
