@@ -149,13 +149,13 @@ TEST(PageSequences, TakeTheHeadersOfThoseWhosePagesHaveTheMasterToo) {
     const std::wstring masters =
         LR"(<fo:simple-page-master master-name="A &amp; B"><fo:region-start region-name="x"/>)"
         LR"(<fo:region-end region-name="x"/></fo:simple-page-master><fo:simple-page-master)"
-        LR"( master-name="d"/><fo:page-sequence-master master-name="c"><fo:alternatives><fo:one)"
+        LR"( master-name="d"/><fo:page-sequence-master master-name="0"><fo:alternatives><fo:one)"
         LR"( master-reference="A &amp; B"/></fo:alternatives></fo:page-sequence-master>)";
     const std::wstring sequences =
         L"<fo:page-sequence master-reference='A &amp; B'><!--<fo:static-content flow-name='k'/>-->"
         L"<fo:static-content flow-name='&e;'><B>1</B></fo:static-content>" +
         body +
-        L"</fo:page-sequence><qfd:page-sequence-repeat fo:master-reference='c' xmlns:z='urn:z'>"
+        L"</fo:page-sequence><qfd:page-sequence-repeat fo:master-reference='0' xmlns:z='urn:z'>"
         L"<fo:static-content flow-name='E' ><B z:a=''>\x00E9</B></fo:static-content>" +
         body +
         L"</qfd:page-sequence-repeat><fo:page-sequence master-reference='d'><fo:static-content"
@@ -182,7 +182,7 @@ TEST(PageSequences, TakeTheHeadersOfThoseWhosePagesHaveTheMasterToo) {
     Core::Vector<ReferenceInfo> references;
     for (const wchar_t* name : {L"A & B", L"d", L""})
         references.emplace_back(ReferenceInfo::single, name);
-    EXPECT_EQ(contentsOnA(PageMasterData(L"c", references)),
+    EXPECT_EQ(contentsOnA(PageMasterData(L"0", references)),
               own + L"<fo:static-content flow-name='xsl-region-end'/>" +
                   empty(L"xsl-region-start") + rest);
 }
