@@ -24,6 +24,15 @@ using Xml::Node;
 
 namespace {
 
+/// What is edited spelt as it was in the source, each as one element.
+String spelt(const String& source, const String& asRead, const String& edited) {
+    static const String start = L"<all>";
+    static const String end = L"</all>";
+    const String text =
+        keepSpelling(start + source + end, start + asRead + end, start + edited + end);
+    return text.subString(start.length(), text.length() - end.length() - 1);
+}
+
 SequenceRange rangeOf(const XmlText& text) {
     if (const auto range = SequenceRange::in(text))
         return *range;
@@ -44,13 +53,6 @@ String written(const Fragment& fragment) {
     XmlText text;
     text.assign(fragment.tree()->writeToString(L"UTF-8"));
     return trimmed(textIn(text));
-}
-
-/// keepSpelling() for what stands in an element.
-String keepSpellingOfContent(const String& source, const String& asRead, const String& edited) {
-    const auto inTags = [](const String& content) { return L"<_>" + content + L"</_>"; };
-    const String kept = keepSpelling(inTags(source), inTags(asRead), inTags(edited));
-    return kept.subString(3, kept.length() - 5);
 }
 
 /// Where the first static content of a sequence belongs: behind its start tag, or the printing
@@ -169,7 +171,7 @@ bool PageSequenceCommit::writeBack(const Fragment& fragment, const AwaitedTexts&
         goHome(*document_);
         return false;
     }
-    const String text = inTree.putInto(keepSpellingOfContent(trimmed(source_), asRead_, now));
+    const String text = inTree.putInto(spelt(trimmed(source_), asRead_, now));
     const bool stands = replace(text);
     if (stands)
         inTree.putIntoTree(*document_);

@@ -46,6 +46,19 @@ std::wstring firstStaticContent(const MarkedDocument& document) {
     return text.substr(text.find(L'>', start) + 1, end - text.find(L'>', start) - 1);
 }
 
+/// What undoing the last commit would do, the last first: "+" inserts, "-" deletes, "c" places the
+/// caret.
+std::string lastStep(const MarkedDocument& document) {
+    EditActionStack stack = document->getEditActionStack();
+    std::string step;
+    for (int i = 0; i < 6; ++i) {
+        const EditAction action = stack.getUndoAction();
+        step += "+-=c()"[action.getType()];
+        EXPECT_TRUE(i != 1 || inShort(wide(action.getString())) == sequencesOf(document));
+    }
+    return step;
+}
+
 const std::wstring body = L"<fo:flow flow-name=\"f\"><B>a</B></fo:flow>";
 
 TEST(PageSequences, AreListedByWhatTheySay) {
@@ -136,13 +149,13 @@ TEST(PageSequences, TakeTheHeadersOfThoseWhosePagesHaveTheMasterToo) {
     const std::wstring masters =
         LR"(<fo:simple-page-master master-name="A &amp; B"><fo:region-start region-name="x"/>)"
         LR"(<fo:region-end region-name="x"/></fo:simple-page-master><fo:simple-page-master)"
-        LR"( master-name="d"/><fo:page-sequence-master master-name="c"><fo:alternatives><fo:one)"
+        LR"( master-name="d"/><fo:page-sequence-master master-name="0"><fo:alternatives><fo:one)"
         LR"( master-reference="A &amp; B"/></fo:alternatives></fo:page-sequence-master>)";
     const std::wstring sequences =
         L"<fo:page-sequence master-reference='A &amp; B'><!--<fo:static-content flow-name='k'/>-->"
         L"<fo:static-content flow-name='&e;'><B>1</B></fo:static-content>" +
         body +
-        L"</fo:page-sequence><qfd:page-sequence-repeat fo:master-reference='c' xmlns:z='urn:z'>"
+        L"</fo:page-sequence><qfd:page-sequence-repeat fo:master-reference='0' xmlns:z='urn:z'>"
         L"<fo:static-content flow-name='E' ><B z:a=''>\x00E9</B></fo:static-content>" +
         body +
         L"</qfd:page-sequence-repeat><fo:page-sequence master-reference='d'><fo:static-content"
@@ -169,7 +182,7 @@ TEST(PageSequences, TakeTheHeadersOfThoseWhosePagesHaveTheMasterToo) {
     Core::Vector<ReferenceInfo> references;
     for (const wchar_t* name : {L"A & B", L"d", L""})
         references.emplace_back(ReferenceInfo::single, name);
-    EXPECT_EQ(contentsOnA(PageMasterData(L"c", references)),
+    EXPECT_EQ(contentsOnA(PageMasterData(L"0", references)),
               own + L"<fo:static-content flow-name='xsl-region-end'/>" +
                   empty(L"xsl-region-start") + rest);
 }
@@ -186,6 +199,7 @@ TEST(PageSequences, AreNotWrittenOverWhatHasChanged) {
     sequences.setIdForSequence(0, L"i");
     sequences.commitChangesToEditableBuffer();
     EXPECT_EQ(document.text().tagName(sequences.getDocumentBufferStart()), L"fo:page-sequence");
+    EXPECT_EQ(lastStep(document), ")c-+c(");
     const EditorState committed = stateOf(document.face());
     EXPECT_THROW(copy.commitChangesToEditableBuffer(), Core::Exception);
     EXPECT_EQ(stateOf(document.face()), committed);
