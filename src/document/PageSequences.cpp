@@ -4,27 +4,39 @@
 
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
+#include "text/RootChildren.h"
 #include "text/Vocabulary.h"
+
+namespace {
+
+bool isGenerator(const XmlText& text, int element) {
+    return XmlScan::contains(Vocabulary::pageGenerators, text.tagName(element));
+}
+
+} // namespace
 
 int PageSequences::next(const Document& document, int position) {
     return document.text().nextNamed(position, Vocabulary::strings<Vocabulary::pageGenerators>());
 }
 
 int PageSequences::at(const Document& document, int index) {
-    int generator = index < 0 ? -1 : PageSequences::next(document, 0);
-    for (int i = 0; i < index && generator >= 0; ++i)
-        generator = PageSequences::next(document, document.text().closingTag(generator));
-    return generator;
+    const XmlText& text = document.text();
+    int left = index;
+    for (int child = RootChildren::first(text); child >= 0; child = RootChildren::next(text, child))
+        if (isGenerator(text, child) && left-- == 0)
+            return child;
+    return -1;
 }
 
 int PageSequences::indexOf(const Document& document, int position) {
     const XmlText& text = document.text();
     int index = -1;
-    const int root = text.outermostAncestor(position, text.rootName());
-    for (int generator = PageSequences::next(document, root);
-         generator >= 0 && generator <= position;
-         generator = PageSequences::next(document, text.closingTag(generator)))
-        ++index;
+    if (text.outermostAncestor(position, text.rootName()) < 0)
+        return index;
+    for (int child = RootChildren::first(text); child >= 0 && child <= position;
+         child = RootChildren::next(text, child))
+        if (isGenerator(text, child))
+            ++index;
     return index;
 }
 

@@ -3,15 +3,16 @@
 class Document;
 
 /// The page sequences of a document: fo:page-sequence, qfd:page-sequence-repeat and
-/// qf:insert-document, counted together from 0. A repeat counts as one with all that stands in it.
+/// qf:insert-document. Those that are children of the root are counted together from 0; a repeat
+/// counts as one with all that stands in it.
 namespace PageSequences {
 
-/// The next one behind the position, also one in a repeat; -1 if there is none.
+/// The next one behind the position, be it counted or not; -1 if there is none.
 int next(const Document& document, int position);
 /// The one with that index; -1 if there are fewer.
 int at(const Document& document, int index);
-/// The index of the last one that begins at or before the position; -1 if none does, or outside the
-/// root element.
+/// The index of the last counted one that begins at or before the position; -1 if none does, or
+/// outside the root element.
 int indexOf(const Document& document, int position);
 /// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in neither.
 int around(const Document& document, int position);
