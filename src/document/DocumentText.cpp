@@ -90,7 +90,7 @@ void DocumentText::set(Document& document, const String& content, bool resetHist
 }
 
 void DocumentText::replace(Document& document, int start, int end, const String& xml) {
-    if (!document.text().isValid(start) || !document.text().isValid(end) || end < start)
+    if (!document.text().isValid(start) || !document.text().isValid(end) || end < start - 1)
         return;
     RecordedCommand command(document);
     document.recordCaret();
@@ -178,17 +178,4 @@ String EditableDocumentBuffer::getQFDTemplateDefsString(int position) const {
     if (!text.isValid(position) || position >= end)
         return {};
     return text.slice(position, end) + L"</qfd:document>";
-}
-
-String EditableDocumentBuffer::getAllPageSequencesWrappedInRoot() const {
-    const Document& document = *document_;
-    const XmlText& text = document.text();
-    const int root = text.root();
-    const int start = text.behindPageMasters();
-    const int last = text.previousNamed(text.length() - 1, L"fo:page-sequence");
-    const int end = text.next(text.closingTag(last));
-    if (root < 0 || start < 0 || end < start)
-        return {};
-    const auto slice = [&](int from, int behind) { return text.slice(from, behind); };
-    return slice(root, text.next(root)) + slice(start, end) + L"</" + text.nameAt(root) + L">";
 }

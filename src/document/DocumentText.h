@@ -12,7 +12,8 @@ namespace DocumentText {
 /// Without, the replacement is one undo step of two entries, the old text and the new.
 void set(Document& document, const Core::String& content, bool resetHistory);
 
-/// Replaces the markup from `start` through `end`, both included. One undo step.
+/// Replaces the markup from `start` through `end`, both included; from `start` through `start - 1`
+/// nothing goes. One undo step.
 void replace(Document& document, int start, int end, const Core::String& xml);
 
 } // namespace DocumentText

@@ -581,21 +581,32 @@ public:
     /// The elements with an id from the page sequences on, in the order of the text.
     std::vector<ElementInfo> getElementsWithIdInfo() const;
 
-    // Page sequences: fo:page-sequence, qfd:page-sequence-repeat and qf:insert-document, counted
-    // together from 0. A repeat counts as one with all that stands in it.
+    // Page sequences: fo:page-sequence, qfd:page-sequence-repeat and qf:insert-document. Those that
+    // are children of the root are counted together from 0; a repeat counts as one with all that
+    // stands in it.
 
-    /// The next one behind the position, also one in a repeat; -1 if there is none.
+    /// The next one behind the position, be it counted or not; -1 if there is none.
     int getNextPageSeq(int position) const;
     /// The one with that index; -1 if there are fewer.
     int getPageSequencePosition(int index) const;
-    /// The index of the last one that begins at or before the position; -1 if none does, or outside
-    /// the root element.
+    /// The index of the last counted one that begins at or before the position; -1 if none does, or
+    /// outside the root element.
     int getPageSequenceIdxFromPos(int position) const;
     /// The fo:page-sequence or else the qfd:page-sequence-repeat around the position; -1 in
     /// neither.
     int getPageSeqPosFrom(int position) const;
     /// The index of the one around the caret, outside of these -1.
     int getCurrentPageSequenceIdx() const;
+    /// The first fo:flow in the one with that index, with its tags; empty without one.
+    Core::String getFirstFlowFromPageSequence(int index) const;
+    /// Puts the markup in the place of what stands between its tags. One undo step. Nothing happens
+    /// where there is no such sequence, or where it is self-closing.
+    void replacePageSequence(int index, const Core::String& xml);
+    /// Whether the first qf:printing-options behind the start of the sequence around the caret asks
+    /// for duplex printing; false in no sequence.
+    bool pageSequenceHasPrintingOptionsOn() const;
+    /// The same for the first one in the sequence with that index.
+    bool pageSequenceHasPrintingOptionsOn(int index) const;
 
     // Tables. Rows, columns and cells are numbered from 0. A logical column counts the columns that
     // spans take; the index of a cell does not. A position in a nested table counts for the outer

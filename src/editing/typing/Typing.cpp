@@ -531,7 +531,8 @@ void EditableDocumentBuffer::insertTab() {
 }
 
 void EditableDocumentBuffer::replaceXmlText(int start, int end, const String& xml) {
-    DocumentText::replace(*document_, start, end, xml);
+    if (start <= end)
+        DocumentText::replace(*document_, start, end, xml);
 }
 
 EditableDocumentBuffer::InsertedRange
