@@ -105,3 +105,23 @@ void PrintingOptions::write(Element& owner, const PrintingAttributes& attributes
     writeId(*element, attributes);
     writeCode(*element, attributes.psPrinterCode);
 }
+
+void PrintingOptions::setDuplex(Element& owner) {
+    Element* element = firstOf(owner, optionsName);
+    if (!element)
+        element = &makeFirstChild(owner);
+    if (Xml::Attribute* duplex = element->get_attribute(L"duplex"))
+        duplex->set_value(L"true");
+    else
+        element->set_attribute(L"duplex", L"true", L"qf");
+}
+
+void PrintingOptions::removeDuplex(Element& owner) {
+    const std::vector<Element*> found = Elements::childrenOf(owner, optionsName);
+    if (found.empty())
+        return;
+    Element* element = found.back();
+    element->remove_attribute(L"duplex", L"qf");
+    if (element->get_attributes().empty() && Elements::childrenOf(*element).empty())
+        owner.remove_child(element);
+}

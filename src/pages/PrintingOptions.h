@@ -18,4 +18,9 @@ PrintingAttributes read(const Xml::Element& owner, const Core::String& id);
 /// Gives the owner these options. Empty ones leave it without the element.
 void write(Xml::Element& owner, const PrintingAttributes& attributes);
 
+/// Has the owner printed on both sides of the paper.
+void setDuplex(Xml::Element& owner);
+/// Says nothing more of that. The element goes when it holds no other option.
+void removeDuplex(Xml::Element& owner);
+
 } // namespace PrintingOptions

@@ -1,0 +1,136 @@
+#include "pages/RunningTexts.h"
+
+#include "document/Attributes.h"
+#include "document/Document.h"
+#include "foundation/xml/Element.h"
+#include "pages/Regions.h"
+#include "text/Markup.h"
+#include "text/RootChildren.h"
+#include "trees/Elements.h"
+
+#include <algorithm>
+#include <vector>
+
+using Core::String;
+using Xml::Element;
+
+namespace {
+
+String valueOf(const Element& element, const wchar_t* name) {
+    const Xml::Attribute* attribute = element.get_attribute(name);
+    return attribute ? attribute->get_value() : String();
+}
+
+/// An attribute of the tag at the position, decoded; empty without it.
+String attributeOf(const XmlText& text, int element, const wchar_t* name) {
+    const bool isClosed = text.selfClosingAt(element);
+    String tag = text.slice(element, text.tagEnd(element) - (isClosed ? 1 : 0)) + L"/>";
+    if (tag.find(L'&', 0) >= 0)
+        tag = String(text.prolog().documentType) + tag;
+    Fragment alone(nullptr);
+    alone.readText(tag);
+    return valueOf(*alone.root(), name);
+}
+
+void addReferences(const Element& element, std::vector<String>& references) {
+    for (const Element* child : Elements::childrenOf(element)) {
+        references.push_back(valueOf(*child, L"master-reference"));
+        addReferences(*child, references);
+    }
+}
+
+bool isSequence(const XmlText& text, int element) {
+    return text.tagName(element) == L"fo:page-sequence" ||
+           text.tagName(element) == L"qfd:page-sequence-repeat";
+}
+
+String prefixOf(const String& declaration) {
+    return declaration.substringBefore(L"=").substringAfter(L":");
+}
+
+} // namespace
+
+RunningTexts::RunningTexts(Document& document) : document_(document), masters_(&document) {
+    const XmlText& text = document.text();
+    const int masters = RootChildren::named(text, L"fo:layout-master-set");
+    if (masters < 0)
+        return;
+    masters_.read(masters);
+    readMasters();
+    for (int child = RootChildren::first(text); child >= 0; child = RootChildren::next(text, child))
+        if (isSequence(text, child))
+            readSequence(child);
+}
+
+void RunningTexts::readMasters() {
+    std::set<String> known; // of two masters of one name the first counts
+    for (const Element* master : Elements::childrenOf(*masters_.root(), L"page-sequence-master")) {
+        const String name = valueOf(*master, L"master-name");
+        if (name.empty() || !known.insert(name).second)
+            continue;
+        std::vector<String> references;
+        addReferences(*master, references);
+        for (const String& reference : references)
+            users_[reference].insert(name);
+    }
+}
+
+void RunningTexts::readSequence(int sequence) {
+    const XmlText& text = document_.text();
+    std::map<String, int>& contents = contents_[attributeOf(text, sequence, L"master-reference")];
+    const int end = text.closingTag(sequence);
+    for (int child = text.nextElement(sequence); child >= 0 && child < end;
+         child = text.nextElement(text.closingTag(child)))
+        if (text.tagName(child) == L"fo:static-content")
+            contents[attributeOf(text, child, L"flow-name")] = child;
+}
+
+std::map<String, String> RunningTexts::regionsOf(const String& simpleMaster) const {
+    std::map<String, String> regions;
+    if (!masters_.tree() || simpleMaster.empty())
+        return regions;
+    for (const Element* master : Elements::childrenOf(*masters_.root(), L"simple-page-master"))
+        if (valueOf(*master, L"master-name") == simpleMaster) {
+            for (const Element* region : Regions::of(*master))
+                regions[region->get_name()] = Regions::flowNameOf(*region);
+            break;
+        }
+    return regions;
+}
+
+void RunningTexts::collect(const String& simpleMaster, std::map<String, String>& texts) const {
+    if (simpleMaster.empty())
+        return;
+    std::set<String> masters{simpleMaster};
+    if (const auto users = users_.find(simpleMaster); users != users_.end())
+        masters.insert(users->second.begin(), users->second.end());
+    std::map<String, int> last;
+    for (const String& master : masters)
+        if (const auto contents = contents_.find(master); contents != contents_.end())
+            for (const auto& [flow, position] : contents->second)
+                last[flow] = std::max(last[flow], position);
+    for (const auto& [flow, position] : last)
+        if (!flow.empty())
+            texts[flow] = markupOf(position);
+}
+
+String RunningTexts::markupOf(int staticContent) const {
+    const XmlText& text = document_.text();
+    String markup = text.markupOf(staticContent);
+    const std::set<String> ofRoot = Namespaces::of(text, text.prolog().root);
+    const std::set<String> own = Namespaces::of(text, staticContent);
+    std::set<String> lost;
+    for (const String& declaration : Namespaces::of(text, text.elementAround(staticContent))) {
+        const String prefix = prefixOf(declaration);
+        // The root gets a standard one that it has not.
+        const bool comesAnyway =
+            ofRoot.contains(declaration) || (Attributes::isStandardNamespace(prefix) &&
+                                             !Namespaces::declares(ofRoot, declaration));
+        if (!comesAnyway && !Namespaces::declares(own, declaration) &&
+            markup.find(prefix + L":", 0) >= 0)
+            lost.insert(declaration);
+    }
+    const int behindName = 1 + static_cast<int>(text.tagName(staticContent).size());
+    markup.insert(static_cast<unsigned>(behindName), Namespaces::asAttributes(lost));
+    return markup;
+}
