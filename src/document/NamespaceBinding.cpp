@@ -3,7 +3,6 @@
 #include "document/Attributes.h"
 #include "document/Document.h"
 
-#include <algorithm>
 #include <map>
 #include <set>
 #include <vector>
@@ -95,10 +94,9 @@ private:
 } // namespace
 
 bool NamespaceBinding::bind(Document& document, int start, int end) {
-    const std::set<String> unbound = UnboundPrefixes(document.text()).in(start, end);
-    const bool areOurs =
-        std::all_of(unbound.begin(), unbound.end(), Attributes::isStandardNamespace);
-    return areOurs && std::all_of(unbound.begin(), unbound.end(), [&](const String& prefix) {
-               return Attributes::declareStandard(document, prefix) > 0;
-           });
+    bool areBound = true;
+    for (const String& prefix : UnboundPrefixes(document.text()).in(start, end))
+        areBound = Attributes::isStandardNamespace(prefix) &&
+                   Attributes::declareStandard(document, prefix) > 0 && areBound;
+    return areBound;
 }

@@ -7,8 +7,10 @@
 #include "pages/RunningTexts.h"
 #include "pages/SequenceAttributes.h"
 
+#include <algorithm>
 #include <array>
 #include <set>
+#include <vector>
 
 using Core::String;
 using Xml::Element;
@@ -19,7 +21,7 @@ namespace {
 constexpr std::array<RegionType, 4> sides{RegionType::REGION_START, RegionType::REGION_END,
                                           RegionType::REGION_BEFORE, RegionType::REGION_AFTER};
 
-const std::wstring placeholder = L"\x00A0";
+const String placeholder = L"\x00A0";
 
 String textAt(const std::map<String, String>& texts, const String& key) {
     const auto found = texts.find(key);
@@ -47,6 +49,17 @@ void writeRepeatData(Element& repeat, const RepeatData& data) {
     if (!data.sort.empty())
         SequenceAttributes::setOfRepeat(repeat, L"sort", data.sort);
     SequenceAttributes::setParentId(repeat, data.parentId);
+}
+
+/// Each once, where it stands last: later references win.
+std::vector<String> distinctMasters(const Core::Vector<ReferenceInfo>& references) {
+    std::vector<String> masters;
+    std::set<String> known;
+    for (auto reference = references.rbegin(); reference != references.rend(); ++reference)
+        if (known.insert(reference->masterName).second)
+            masters.push_back(reference->masterName);
+    std::reverse(masters.begin(), masters.end());
+    return masters;
 }
 
 } // namespace
@@ -85,6 +98,6 @@ void NewSequence::collectTexts(const RunningTexts& running, const PageMasterData
         running.collect(master.getName(), texts);
         return;
     }
-    for (const ReferenceInfo& reference : master.getReferences())
-        running.collect(reference.masterName, texts);
+    for (const String& simpleMaster : distinctMasters(master.getReferences()))
+        running.collect(simpleMaster, texts);
 }

@@ -124,8 +124,8 @@ String RunningTexts::markupOf(int staticContent) const {
         const String prefix = prefixOf(declaration);
         // The root gets a standard one that it has not.
         const bool comesAnyway =
-            ofRoot.contains(declaration) || (Attributes::isStandardNamespace(prefix) &&
-                                             !Namespaces::declares(ofRoot, declaration));
+            ofRoot.contains(declaration) ||
+            (Attributes::isStandardNamespace(prefix) && !Namespaces::declares(ofRoot, declaration));
         if (!comesAnyway && !Namespaces::declares(own, declaration) &&
             markup.find(prefix + L":", 0) >= 0)
             lost.insert(declaration);

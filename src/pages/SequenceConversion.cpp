@@ -1,16 +1,19 @@
 #include "pages/SequenceConversion.h"
 
 #include "foundation/xml/Element.h"
+#include "pages/PaginationNodes.h"
 #include "pages/RepeatData.h"
 
 #include <array>
-#include <utility>
+#include <vector>
 
 using Core::String;
 using Xml::Attribute;
 using Xml::Element;
 
 namespace {
+
+const String reference = L"master-reference";
 
 struct RepeatAttribute {
     const wchar_t* name;
@@ -47,10 +50,9 @@ void rename(Element& element, const wchar_t* prefix, const wchar_t* name) {
     element.set_name(name);
 }
 
-} // namespace
-
-void SequenceConversion::toRepeat(Element& sequence, const String& master, const RepeatData& data) {
-    sequence.set_attribute(L"master-reference", master);
+/// Its attributes keep their meaning under the prefix "fo".
+void toRepeat(Element& sequence, const String& master, const RepeatData& data) {
+    sequence.set_attribute(reference, master);
     givePrefixes(sequence, [](const String&) { return String(L"fo"); });
     rename(sequence, L"qfd", L"page-sequence-repeat");
     for (const RepeatAttribute& attribute : repeatAttributes)
@@ -58,12 +60,22 @@ void SequenceConversion::toRepeat(Element& sequence, const String& master, const
             sequence.set_attribute(attribute.name, value);
 }
 
-void SequenceConversion::toSequence(Element& repeat) {
+/// What else only repeats have becomes foreign to it.
+void toSequence(Element& repeat) {
     for (const RepeatAttribute& attribute : repeatAttributes)
         while (repeat.remove_attribute(attribute.name, repeat.getNSPrefix())) {
         }
     givePrefixes(repeat, [](const String& name) {
-        return String(name == L"master-reference" || name == L"id" ? L"fo" : L"qfd");
+        return String(name == reference || name == L"id" ? L"fo" : L"qfd");
     });
     rename(repeat, L"fo", L"page-sequence");
+}
+
+} // namespace
+
+void SequenceConversion::convert(Element& sequence, const String& master, const RepeatData& data) {
+    if (PaginationNodes::isRepeat(sequence))
+        toSequence(sequence);
+    else if (PaginationNodes::isSequence(sequence) && !master.empty())
+        toRepeat(sequence, master, data);
 }

@@ -8,12 +8,11 @@ namespace Xml {
 class Element;
 }
 
-/// A page sequence made into a repeat, and a repeat into a page sequence. What it holds stays.
 namespace SequenceConversion {
 
-/// Its attributes keep their meaning under the prefix "fo".
-void toRepeat(Xml::Element& sequence, const Core::String& master, const RepeatData& data);
-/// It keeps its master. The attributes that only repeats have become "qfd" ones.
-void toSequence(Xml::Element& repeat);
+/// Makes a page sequence a repeat on that master, and a repeat a page sequence, which keeps the one
+/// it has. What it holds stays. An inserted document stays what it is, and so does a sequence for
+/// which no master is named.
+void convert(Xml::Element& sequence, const Core::String& master, const RepeatData& data);
 
 } // namespace SequenceConversion

@@ -39,10 +39,9 @@ void SequencePrinting::write(Element& root, const std::vector<PrintingAttributes
     const std::list<Xml::Node*> nodes = PaginationNodes::of(root);
     const std::size_t needed = countNeeded(nodes);
     if (options.size() < needed)
-        throw Core::Exception(L"printing options are given for " +
-                              String::formatS(static_cast<int>(options.size())) +
-                              L" page sequences, and " + String::formatS(static_cast<int>(needed)) +
-                              L" are needed");
+        throw Core::Exception(
+            L"printing options are given for " + String::formatS(static_cast<int>(options.size())) +
+            L" page sequences, and " + String::formatS(static_cast<int>(needed)) + L" are needed");
     auto next = options.begin();
     for (Xml::Node* node : nodes) {
         if (PaginationNodes::hasFlows(*node))

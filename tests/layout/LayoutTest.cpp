@@ -35,7 +35,8 @@ const std::map<std::string, std::string> wholeTextReaders{
     {"document/Document.cpp",
      "the record of a text that is exchanged is a string, which hosts read"},
     {"document/EditableDocumentBuffer.cpp", "getContent() gives the host a string"},
-    {"document/EditableDocumentBufferState.cpp", "the same record, made afterwards"}};
+    {"document/EditableDocumentBufferState.cpp", "the same record, made afterwards"},
+    {"pages/PageSequenceCommit.cpp", "the tree of page sequences is that of the whole document"}};
 
 /// A file of more lines than this has too many subjects.
 constexpr std::size_t mostLines = 700;
