@@ -58,7 +58,7 @@ void OpenedObjects::forgetLostNodes() {
         return;
     std::set<const Xml::Node*> present;
     for (const auto& [qualifier, opened] : objects_)
-        if (opened.tree)
-            addAll(opened.tree(), present);
+        if (const Xml::Node* root = opened.tree ? opened.tree() : nullptr)
+            addAll(root, present);
     std::erase_if(nodes_, [&](const auto& entry) { return !present.contains(entry.second); });
 }

@@ -13,7 +13,7 @@
 /// Of those that edit a tree, requests name the nodes by numbers, which are never given twice.
 class OpenedObjects {
 public:
-    /// Leads to the root of the tree that an object edits, as it is now.
+    /// Leads to the root of the tree that an object edits, as it is now; null where it has none.
     using Tree = std::function<Xml::Node*()>;
 
     /// Keeps the object, in the place of one that was open. One without a tree has an empty

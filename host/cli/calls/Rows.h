@@ -153,29 +153,33 @@ struct OpenedTarget {
 };
 
 /// Rows of an object that requests open and close themselves. Under "table", ["table.open", ...]
-/// asks the document for one, in the place of one that was open, ["table.close"] drops it, and an
-/// operation without one is an error.
+/// makes one, in the place of one that was open, ["table.close"] drops it, and an operation without
+/// one is an error.
 template <typename Object>
 class OpenedRows : public Rows<OpenedTarget<Object>> {
 public:
+    /// Leads to the tree that the object edits.
+    using TreeOf = typename OpenedObjects::Tree (*)(Object&);
+
     explicit OpenedRows(const std::string& qualifier)
         : Rows<OpenedTarget<Object>>({qualifier}, qualifier), qualifier_(qualifier) {}
 
-    /// Where the document gives no such object, that is an error.
+    /// Asks the document for the object. Where it gives none, that is an error.
     template <typename... A>
-    Operation open(SmartPtr<Object> (EditableDocumentBuffer::*member)(A...),
-                   typename OpenedObjects::Tree (*treeOf)(Object&),
+    Operation open(SmartPtr<Object> (EditableDocumentBuffer::*member)(A...), TreeOf treeOf,
                    const ArgumentNames& names) const {
-        return makeOperation<void, A...>(
-            qualifier_ + ".open", names,
-            [qualifier = qualifier_, member, treeOf](Session& session, const A&... arguments) {
-                const SmartPtr<Object> object = (session.document().*member)(arguments...);
-                if (!object)
-                    throw std::invalid_argument("there is no " + qualifier);
-                session.opened().open(qualifier,
-                                      std::shared_ptr<void>(object.get(), [object](void*) {}),
-                                      treeOf(*object));
-            });
+        return opening<A...>(
+            [member](Session& session, const A&... arguments) {
+                return (session.document().*member)(arguments...);
+            },
+            treeOf, names);
+    }
+
+    /// Opens what the function makes, of the session's document or of the arguments alone.
+    template <typename... A>
+    Operation openMade(SmartPtr<Object> (*make)(Session&, A...), TreeOf treeOf,
+                       const ArgumentNames& names = {}) const {
+        return opening<A...>(make, treeOf, names);
     }
 
     Operation close() const {
@@ -185,5 +189,19 @@ public:
     }
 
 private:
+    template <typename... A, typename Make>
+    Operation opening(Make make, TreeOf treeOf, const ArgumentNames& names) const {
+        return makeOperation<void, A...>(
+            qualifier_ + ".open", names,
+            [qualifier = qualifier_, make, treeOf](Session& session, const A&... arguments) {
+                const SmartPtr<Object> object = make(session, arguments...);
+                if (!object)
+                    throw std::invalid_argument("there is no " + qualifier);
+                session.opened().open(qualifier,
+                                      std::shared_ptr<void>(object.get(), [object](void*) {}),
+                                      treeOf(*object));
+            });
+    }
+
     std::string qualifier_;
 };
