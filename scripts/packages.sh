@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|spelling|test|bench|clang|lint|docs ...
+#   scripts/packages.sh build|spelling|test|formatter|bench|clang|lint|docs ...
 set -euo pipefail
 
 packages_for() {
@@ -8,6 +8,7 @@ packages_for() {
         build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev ;;
         spelling) echo libhunspell-dev ;;
         test) echo libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
+        formatter) echo fop ;;
         bench) echo libbenchmark-dev ;;
         clang) echo clang libclang-rt-dev llvm ;;
         lint) echo clang-format clang-tidy ;;

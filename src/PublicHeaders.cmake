@@ -76,6 +76,9 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/XmlDocument.h
   foundation/xml/XmlEntityType.h
   pages/LayoutMasterSetBuffer.h
+  pages/PGMasterBuffer.h
+  pages/PGMasterBufferUtilities.h
+  pages/PGMasterUtilities.h
   pages/PageSequenceBuffer.h
   pages/RegionType.h
   tables/BorderInfo.h

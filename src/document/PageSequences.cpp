@@ -5,6 +5,7 @@
 #include "document/Attributes.h"
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
+#include "text/Markup.h"
 #include "text/RootChildren.h"
 #include "text/Vocabulary.h"
 
@@ -59,7 +60,8 @@ bool PageSequences::isInStaticContent(const Document& document, int position,
     const int content = document.text().staticContentAround(position);
     return content >= 0 &&
            (flowName.empty() ||
-            Attributes::of(document, content).getPropertyValue(L"fo:flow-name") == flowName);
+            Markup::unescaped(
+                Attributes::of(document, content).getPropertyValue(L"fo:flow-name")) == flowName);
 }
 
 int EditableDocumentBuffer::getNextPageSeq(int position) const {

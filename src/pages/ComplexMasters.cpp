@@ -6,6 +6,8 @@
 #include "trees/DOMBasedBuffer.h"
 #include "trees/Elements.h"
 
+#include <algorithm>
+
 using Core::String;
 using Xml::Element;
 
@@ -103,6 +105,19 @@ void ComplexMasters::add(Element& master, const ReferenceInfo& reference) {
     default:
         return;
     }
+}
+
+std::vector<String> ComplexMasters::mastersOf(const Element& master) {
+    std::vector<String> masters;
+    for (const Element* reference : referencesOf(master))
+        masters.push_back(valueOf(*reference, referenceName));
+    return masters;
+}
+
+bool ComplexMasters::refersTo(const Element& master, const String& simpleMaster) {
+    const std::vector<String> masters = mastersOf(master);
+    return !simpleMaster.empty() &&
+           std::find(masters.begin(), masters.end(), simpleMaster) != masters.end();
 }
 
 void ComplexMasters::changeReferences(Element& master, const String& from, const String& to) {

@@ -5,6 +5,8 @@
 #include "foundation/values/ComplexPageMasterEntry.h"
 #include "foundation/values/ReferenceInfo.h"
 
+#include <vector>
+
 namespace Xml {
 class Element;
 }
@@ -25,6 +27,9 @@ void addConditional(Xml::Element& master, const Core::String& reference,
 /// By its kind; nothing for an unknown one.
 void add(Xml::Element& master, const ReferenceInfo& reference);
 
+/// The masters that it refers to, in their order.
+std::vector<Core::String> mastersOf(const Xml::Element& master);
+bool refersTo(const Xml::Element& master, const Core::String& simpleMaster);
 /// Makes each reference to one master refer to the other.
 void changeReferences(Xml::Element& master, const Core::String& from, const Core::String& to);
 Core::Vector<ComplexPageMasterEntry> entriesOf(const Xml::Element& master);

@@ -22,11 +22,12 @@ Element* add(Element& set, const String& kind, const String& name) {
     return master;
 }
 
-Element* named(const std::vector<Element*>& masters, const String& name) {
-    const auto found = std::find_if(masters.begin(), masters.end(), [&](const Element* master) {
-        return !name.empty() && Masters::nameOf(*master) == name;
-    });
-    return found == masters.end() ? nullptr : *found;
+const Element* setOf(const Element& root) {
+    return DOMBasedBuffer::getElementByName(&root, L"layout-master-set");
+}
+
+std::vector<Element*> childrenOf(const Element* set, const String& kind) {
+    return set ? Elements::childrenOf(*set, kind) : std::vector<Element*>();
 }
 
 } // namespace
@@ -37,6 +38,14 @@ std::vector<Element*> Masters::simpleOf(const Element& set) {
 
 std::vector<Element*> Masters::complexOf(const Element& set) {
     return Elements::childrenOf(set, complexName);
+}
+
+std::vector<Element*> Masters::simpleIn(const Element& root) {
+    return childrenOf(setOf(root), simpleName);
+}
+
+std::vector<Element*> Masters::complexIn(const Element& root) {
+    return childrenOf(setOf(root), complexName);
 }
 
 Element* Masters::addSimple(Element& set, const String& name) {
@@ -63,6 +72,13 @@ std::vector<String> Masters::namesOf(const std::vector<Element*>& masters) {
     std::transform(masters.begin(), masters.end(), std::back_inserter(names),
                    [](const Element* master) { return nameOf(*master); });
     return names;
+}
+
+Element* Masters::named(const std::vector<Element*>& masters, const String& name) {
+    const auto found = std::find_if(masters.begin(), masters.end(), [&](const Element* master) {
+        return !name.empty() && nameOf(*master) == name;
+    });
+    return found == masters.end() ? nullptr : *found;
 }
 
 Element* Masters::findSimple(const Element& set, const String& name) {

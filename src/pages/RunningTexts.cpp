@@ -3,10 +3,12 @@
 #include "document/Attributes.h"
 #include "document/Document.h"
 #include "foundation/xml/Element.h"
+#include "pages/ComplexMasters.h"
+#include "pages/Masters.h"
 #include "pages/Regions.h"
 #include "text/Markup.h"
 #include "text/RootChildren.h"
-#include "trees/Elements.h"
+#include "trees/DOMBasedBuffer.h"
 
 #include <algorithm>
 #include <vector>
@@ -16,11 +18,6 @@ using Xml::Element;
 
 namespace {
 
-String valueOf(const Element& element, const wchar_t* name) {
-    const Xml::Attribute* attribute = element.get_attribute(name);
-    return attribute ? attribute->get_value() : String();
-}
-
 /// An attribute of the tag at the position, decoded; empty without it.
 String attributeOf(const XmlText& text, int element, const wchar_t* name) {
     const bool isClosed = text.selfClosingAt(element);
@@ -29,14 +26,7 @@ String attributeOf(const XmlText& text, int element, const wchar_t* name) {
         tag = String(text.prolog().documentType) + tag;
     Fragment alone(nullptr);
     alone.readText(tag);
-    return valueOf(*alone.root(), name);
-}
-
-void addReferences(const Element& element, std::vector<String>& references) {
-    for (const Element* child : Elements::childrenOf(element)) {
-        references.push_back(valueOf(*child, L"master-reference"));
-        addReferences(*child, references);
-    }
+    return DOMBasedBuffer::getAttributeValue(alone.root(), name, String());
 }
 
 bool isSequence(const XmlText& text, int element) {
@@ -64,14 +54,11 @@ RunningTexts::RunningTexts(Document& document) : document_(document), masters_(&
 
 void RunningTexts::readMasters() {
     std::set<String> known; // of two masters of one name the first counts
-    for (const Element* master : Elements::childrenOf(*masters_.root(), L"page-sequence-master")) {
-        const String name = valueOf(*master, L"master-name");
-        if (name.empty() || !known.insert(name).second)
-            continue;
-        std::vector<String> references;
-        addReferences(*master, references);
-        for (const String& reference : references)
-            users_[reference].insert(name);
+    for (const Element* master : Masters::complexOf(*masters_.root())) {
+        const String name = Masters::nameOf(*master);
+        if (!name.empty() && known.insert(name).second)
+            for (const String& reference : ComplexMasters::mastersOf(*master))
+                users_[reference].insert(name);
     }
 }
 
@@ -87,14 +74,11 @@ void RunningTexts::readSequence(int sequence) {
 
 std::map<String, String> RunningTexts::regionsOf(const String& simpleMaster) const {
     std::map<String, String> regions;
-    if (!masters_.tree() || simpleMaster.empty())
-        return regions;
-    for (const Element* master : Elements::childrenOf(*masters_.root(), L"simple-page-master"))
-        if (valueOf(*master, L"master-name") == simpleMaster) {
-            for (const Element* region : Regions::of(*master))
-                regions[region->get_name()] = Regions::flowNameOf(*region);
-            break;
-        }
+    const Element* master =
+        masters_.tree() ? Masters::findSimple(*masters_.root(), simpleMaster) : nullptr;
+    if (master)
+        for (const Element* region : Regions::of(*master))
+            regions[region->get_name()] = Regions::flowNameOf(*region);
     return regions;
 }
 

@@ -240,7 +240,7 @@ public:
     // Elements in the order of the text
 
     int firstPositionInRoot() const { return XmlScan::firstPositionInRoot(all()); }
-    int root() const { return previous(firstPositionInRoot()); }
+    int root() const { return prolog().root; }
     /// The next start tag behind the position, never the one at it; -1 at the root's closing tag.
     int nextElement(int position) const;
     /// The last start tag before that of the element around the position.

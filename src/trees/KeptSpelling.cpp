@@ -195,35 +195,55 @@ private:
 
 // Content
 
-/// Which child of what was read each child of what was edited is: the same one, or else the next
-/// that is left of that name; -1 for a new one.
-std::vector<int> pairsOf(const Piece& asRead, const Piece& edited) {
-    std::map<Text, std::deque<int>> same;
-    for (std::size_t i = 0; i < asRead.children.size(); ++i)
-        same[asRead.children[i]].push_back(static_cast<int>(i));
-    std::vector<int> pairs(edited.children.size(), -1);
-    for (std::size_t i = 0; i < pairs.size(); ++i)
-        if (auto found = same.find(edited.children[i]);
-            found != same.end() && !found->second.empty()) {
-            pairs[i] = found->second.front();
-            found->second.pop_front();
-        }
-    std::map<Text, std::deque<int>> left; // by name
-    std::vector<bool> isTaken(asRead.children.size());
-    for (const int pair : pairs)
-        if (pair >= 0)
-            isTaken[static_cast<std::size_t>(pair)] = true;
-    for (std::size_t i = 0; i < isTaken.size(); ++i)
-        if (!isTaken[i])
-            left[XmlScan::tagName(asRead.children[i], 0)].push_back(static_cast<int>(i));
-    for (std::size_t i = 0; i < pairs.size(); ++i)
-        if (auto& sameName = left[XmlScan::tagName(edited.children[i], 0)];
-            pairs[i] < 0 && !sameName.empty()) {
-            pairs[i] = sameName.front();
-            sameName.pop_front();
-        }
-    return pairs;
+/// What stands between the tags of an element.
+Text contentOf(Text element) {
+    const int start = XmlScan::tagEnd(element, 1) + 1;
+    const int closing = XmlScan::closingTag(element, 0);
+    return closing < start ? Text() : XmlScan::slice(element, start, closing);
 }
+
+/// Finds which child of what was read each child of what was edited is.
+class Pairs {
+public:
+    Pairs(const Piece& asRead, const Piece& edited)
+        : asRead_(asRead.children), edited_(edited.children), pairs_(edited_.size(), -1),
+          isTaken_(asRead_.size()) {}
+
+    /// The same one, or else the next that is left of that name, or one that has only changed its
+    /// name; -1 for a new one.
+    std::vector<int> found() {
+        pairBy([](Text child) { return child; });
+        pairBy([](Text child) { return XmlScan::tagName(child, 0); });
+        pairBy(contentOf);
+        return std::move(pairs_);
+    }
+
+private:
+    template <typename Trait>
+    void pairBy(Trait traitOf) {
+        std::map<Text, std::deque<int>> left;
+        for (std::size_t i = 0; i < asRead_.size(); ++i)
+            if (!isTaken_[i])
+                left[traitOf(asRead_[i])].push_back(static_cast<int>(i));
+        for (std::size_t i = 0; i < pairs_.size() && !left.empty(); ++i)
+            if (pairs_[i] < 0)
+                pairs_[i] = take(left[traitOf(edited_[i])]);
+    }
+
+    int take(std::deque<int>& left) {
+        if (left.empty())
+            return -1;
+        const int pair = left.front();
+        left.pop_front();
+        isTaken_[static_cast<std::size_t>(pair)] = true;
+        return pair;
+    }
+
+    const std::vector<Text>& asRead_;
+    const std::vector<Text>& edited_;
+    std::vector<int> pairs_;
+    std::vector<bool> isTaken_;
+};
 
 /// Whether the tree has the elements that the text has. It may lack some whose entities were
 /// written out.
@@ -250,10 +270,17 @@ private:
         const Piece own = pieceOf(source);
         const Piece before = pieceOf(asRead);
         const Piece after = pieceOf(edited);
-        if (own.name() != after.name() || !agree(own, before)) {
+        if (!agree(own, before)) {
             text_ += String(edited);
             return;
         }
+        if (own.name() == after.name())
+            writeKept(own, before, after);
+        else
+            writeRenamed(own, before, after);
+    }
+
+    void writeKept(const Piece& own, const Piece& before, const Piece& after) {
         text_ += ChangedTag(own.tag(), before.tag(), after.tag()).text();
         const bool gainsContent = own.isSelfClosing() && !after.isSelfClosing();
         if (gainsContent)
@@ -262,8 +289,14 @@ private:
         text_ += String(gainsContent ? after.closing() : own.closing());
     }
 
+    void writeRenamed(const Piece& own, const Piece& before, const Piece& after) {
+        text_ += String(after.tag());
+        writeContent(own, before, after);
+        text_ += String(after.closing());
+    }
+
     void writeContent(const Piece& own, const Piece& before, const Piece& after) {
-        const std::vector<int> pairs = pairsOf(before, after);
+        const std::vector<int> pairs = Pairs(before, after).found();
         for (std::size_t i = 0; i < after.gaps.size(); ++i) {
             const int previous = i == 0 ? -1 : pairs[i - 1];
             const int next = i < pairs.size() ? pairs[i] : static_cast<int>(before.children.size());

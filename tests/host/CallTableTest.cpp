@@ -29,11 +29,19 @@ std::set<std::string> publicOperations(const std::string& header) {
 }
 
 /// What deals in pointers and references of the host's own and has no meaning in a request.
-const std::set<std::string> notForRequests{
-    "setMonitor",          "getMonitor",    "getEditActionStack",
-    "setSpellChecker",     "getListBuffer", "getEditableTableBuffer",
-    "EditableTableBuffer", "table",         "PageSequenceBuffer", // a constructor takes a document
-    "ListBuffer"};
+const std::set<std::string> notForRequests{"setMonitor",
+                                           "getMonitor",
+                                           "getEditActionStack",
+                                           "setSpellChecker",
+                                           "getListBuffer",
+                                           "getEditableTableBuffer",
+                                           "EditableTableBuffer",
+                                           "table",
+                                           "PageSequenceBuffer", // a constructor takes a document
+                                           "ListBuffer",
+                                           "PGMasterBuffer",
+                                           "PGMasterBufferUtilities",
+                                           "LayoutMasterSetBuffer"};
 
 } // namespace
 
@@ -48,6 +56,10 @@ TEST(CallTable, ReachesEveryPublicOperation) {
         {"editing/objects/InlineRepeatAlg.h", "inlineRepeat."},
         {"document/PageSequenceAlg.h", "pageSequence."},
         {"trees/DOMBasedBuffer.h", "table."},
+        {"pages/LayoutMasterSetBuffer.h", "masters."},
+        {"pages/PGMasterBuffer.h", "detached."},
+        {"pages/PGMasterBufferUtilities.h", "detachedText."},
+        {"pages/PGMasterUtilities.h", "pages."},
         {"tables/EditableTableBuffer.h", "table."},
         {"pages/PageSequenceBuffer.h", "sequences."}};
     for (const auto& [header, prefix] : prefixes) {

@@ -28,6 +28,9 @@ TEST(KeptSpelling, LeavesWhatNobodyTouched) {
              Case{L"<a margin-left='1' padding='0' margin-top='1'><b/></a>",
                   LR"(<a margin="1"><b/></a>)", LR"(<a margin="1 2"><b/></a>)",
                   L"<a padding='0' margin=\"1 2\"><b/></a>"},
+             // an element that only has another name
+             Case{L"<a><b  x='1'>&#49;</b></a>", LR"(<a><b x="1">1</b></a>)",
+                  LR"(<a><p:c x="1">1</p:c></a>)", LR"(<a><p:c x="1">&#49;</p:c></a>)"},
              // an element that was empty, and an entity that holds elements
              Case{L"<a  x='1'/>", LR"(<a x="1"/>)", LR"(<a x="1"><b/></a>)", L"<a  x='1'><b/></a>"},
              Case{L"<a  x='1'></a>", LR"(<a x="1"/>)", LR"(<a x="2"/>)", L"<a  x=\"2\"></a>"},

@@ -40,6 +40,8 @@ std::vector<Operation> content();
 std::vector<Operation> pageSequences();
 /// The page sequences that are edited as a tree.
 std::vector<Operation> pageSequenceTree();
+/// Pages on which headers, footers and side regions are edited.
+std::vector<Operation> detachedPages();
 /// The cache for a host's view of the table around the caret.
 std::vector<Operation> tables();
 /// The page masters of the document.
