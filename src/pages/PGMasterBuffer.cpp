@@ -26,11 +26,12 @@ Element* at(const std::vector<Element*>& elements, int index) {
 
 /// The master of that name, or for the empty name all.
 std::vector<Element*> simpleMastersNamed(const Element& root, const String& name) {
-    const std::vector<Element*> all = Masters::simpleIn(root);
-    if (name.empty())
-        return all;
-    Element* master = Masters::named(all, name);
-    return master ? std::vector{master} : std::vector<Element*>();
+    std::vector<Element*> masters = Masters::simpleIn(root);
+    if (!name.empty()) {
+        const Element* first = Masters::named(masters, name);
+        std::erase_if(masters, [&](const Element* master) { return master != first; });
+    }
+    return masters;
 }
 
 bool isNamed(const Element& element, const wchar_t* attribute, const String& name) {
