@@ -89,9 +89,9 @@ void DocumentText::set(Document& document, const String& content, bool resetHist
         document.recordContent();
 }
 
-void DocumentText::replace(Document& document, int start, int end, const String& xml) {
+bool DocumentText::replace(Document& document, int start, int end, const String& xml) {
     if (!document.text().isValid(start) || !document.text().isValid(end) || end < start - 1)
-        return;
+        return false;
     RecordedCommand command(document);
     document.recordCaret();
     document.recordDeletion(start, document.removeUnrecorded(start, end));
@@ -100,8 +100,10 @@ void DocumentText::replace(Document& document, int start, int end, const String&
     const bool areBound = NamespaceBinding::bind(document, start, start + xml.length());
     Moves::outOfMarkup(document);
     document.recordCaret();
-    if (!areBound || !command.mayStand())
-        command.takeBack();
+    if (areBound && command.mayStand())
+        return true;
+    command.takeBack();
+    return false;
 }
 
 int Attributes::declareOnRoot(Document& document, const String& declaration) {

@@ -13,7 +13,8 @@ namespace DocumentText {
 void set(Document& document, const Core::String& content, bool resetHistory);
 
 /// Replaces the markup from `start` through `end`, both included; from `start` through `start - 1`
-/// nothing goes. One undo step.
-void replace(Document& document, int start, int end, const Core::String& xml);
+/// nothing goes. One undo step. Answers whether that was done; what would break the document is
+/// refused.
+bool replace(Document& document, int start, int end, const Core::String& xml);
 
 } // namespace DocumentText

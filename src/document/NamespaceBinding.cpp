@@ -93,9 +93,13 @@ private:
 
 } // namespace
 
+std::set<String> NamespaceBinding::unbound(const XmlText& text, int start, int end) {
+    return UnboundPrefixes(text).in(start, end);
+}
+
 bool NamespaceBinding::bind(Document& document, int start, int end) {
     bool areBound = true;
-    for (const String& prefix : UnboundPrefixes(document.text()).in(start, end))
+    for (const String& prefix : unbound(document.text(), start, end))
         areBound = Attributes::isStandardNamespace(prefix) &&
                    Attributes::declareStandard(document, prefix) > 0 && areBound;
     return areBound;

@@ -131,6 +131,34 @@ private:
     std::vector<Text> open_; // names still to be closed, the innermost last
 };
 
+/// The character with the number that is written in the base, 10 or 16; empty for none.
+String characterNumbered(Text digits, int base) {
+    constexpr int last = 0x10FFFF;
+    int number = 0;
+    for (const wchar_t digit : digits) {
+        const std::size_t value = Text(L"0123456789abcdef").find(digit | L' ');
+        if (value >= static_cast<std::size_t>(base) || number > last)
+            return {};
+        number = number * base + static_cast<int>(value);
+    }
+    const wchar_t character[] = {static_cast<wchar_t>(number), 0};
+    return number > last ? String() : String(character);
+}
+
+/// What a reference with that between its "&" and ";" stands for; empty where only a declaration
+/// tells.
+String meaningOf(Text name) {
+    static constexpr std::pair<Text, const wchar_t*> known[] = {
+        {L"lt", L"<"}, {L"gt", L">"}, {L"amp", L"&"}, {L"quot", L"\""}, {L"apos", L"'"}};
+    if (name.starts_with(L"#x"))
+        return characterNumbered(name.substr(2), 16);
+    if (name.starts_with(L'#'))
+        return characterNumbered(name.substr(1), 10);
+    const auto found = std::find_if(std::begin(known), std::end(known),
+                                    [&](const auto& entity) { return entity.first == name; });
+    return found == std::end(known) ? String() : String(found->second);
+}
+
 } // namespace
 
 void Markup::escape(String& plain) {
@@ -158,6 +186,26 @@ void Markup::escape(String& plain) {
         }
     }
     plain = String(std::move(escaped));
+}
+
+String Markup::unescaped(Text markup) {
+    std::wstring plain;
+    std::size_t copied = 0;
+    for (std::size_t at = markup.find(L'&'); at != Text::npos;) {
+        const std::size_t end = markup.findEither(L';', L'&', at + 1);
+        if (end == Text::npos)
+            break;
+        const String meant =
+            markup[end] == L';' ? meaningOf(markup.substr(at + 1, end - at - 1)) : String();
+        if (!meant.empty()) {
+            plain += markup.substr(copied, at - copied);
+            plain += meant.view();
+            copied = end + 1;
+        }
+        at = markup.find(L'&', end);
+    }
+    plain += markup.substr(copied);
+    return String(std::move(plain));
 }
 
 String Markup::closingTags(const StringArray& names) {

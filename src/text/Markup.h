@@ -2,6 +2,7 @@
 
 #include "foundation/String.h"
 #include "foundation/Vector.h"
+#include "text/TextView.h"
 
 #include <set>
 
@@ -12,6 +13,9 @@ namespace Markup {
 
 /// Escapes plain text in place. Control characters other than the tab become blanks.
 void escape(Core::String& plain);
+/// The plain text that markup without tags stands for: the five entities that need no declaration
+/// and references to characters are replaced, any other stays.
+Core::String unescaped(TextView markup);
 
 /// The closing tags of the names, in their order; and in the reverse order, which closes what was
 /// opened in it.
