@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cwctype>
+#include <map>
 #include <utility>
 
 namespace Core {
@@ -70,6 +71,14 @@ String mapped(std::wstring_view text, wchar_t (*map)(wchar_t)) {
     std::wstring result(text);
     std::transform(result.begin(), result.end(), result.begin(), map);
     return String(std::move(result));
+}
+
+std::map<int, String>& resourceTexts() {
+    static std::map<int, String> texts{
+        {19600, L"This page type, {0}, is not used by any page sequence."},
+        {19601, L"You can edit its headers, footers and side regions here."},
+        {19602, L"New region"}};
+    return texts;
 }
 
 } // namespace
@@ -313,16 +322,13 @@ String String::formatS(int value) {
 }
 
 const wchar_t* String::loadString(int id) noexcept {
-    switch (id) {
-    case 19600:
-        return L"This page type, {0}, is not used by any page sequence.";
-    case 19601:
-        return L"You can edit its headers, footers and side regions here.";
-    case 19602:
-        return L"New region";
-    default:
-        return L"";
-    }
+    const std::map<int, String>& texts = resourceTexts();
+    const auto text = texts.find(id);
+    return text == texts.end() ? L"" : text->second.c_str();
+}
+
+void String::setResourceText(int id, const String& text) {
+    resourceTexts()[id] = text;
 }
 
 String operator+(const String& a, const String& b) {

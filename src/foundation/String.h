@@ -133,8 +133,13 @@ public:
     static bool isSpace(wchar_t ch) noexcept { return ch == L' ' || (ch >= L'\t' && ch <= L'\r'); }
     /// The decimal text of `value`.
     static String formatS(int value);
-    /// The text of a numeric resource identifier; empty for an unknown one.
+    /// The text of a numeric resource identifier, valid until it is set; empty for an unknown one.
+    /// 19600 tells that no page uses the page type {0}, 19601 what can be edited on its page, 19602
+    /// stands in a new region.
     static const wchar_t* loadString(int id) noexcept;
+    /// Gives it another text, in the language of the host's users; those three are English until
+    /// then. It holds for all documents, and no other thread may be at work meanwhile.
+    static void setResourceText(int id, const String& text);
 
     friend bool operator==(const String& a, const String& b) noexcept {
         return a.view() == b.view();
