@@ -75,6 +75,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/TextNode.h
   foundation/xml/XmlDocument.h
   foundation/xml/XmlEntityType.h
+  pages/PGMasterBuffer.h
   pages/PageSequenceBuffer.h
   pages/RegionType.h
   tables/BorderInfo.h
