@@ -76,6 +76,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/XmlDocument.h
   foundation/xml/XmlEntityType.h
   pages/PGMasterBuffer.h
+  pages/PGMasterBufferUtilities.h
   pages/PageSequenceBuffer.h
   pages/RegionType.h
   tables/BorderInfo.h
