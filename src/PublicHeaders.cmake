@@ -77,6 +77,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/xml/XmlEntityType.h
   pages/PGMasterBuffer.h
   pages/PGMasterBufferUtilities.h
+  pages/PGMasterUtilities.h
   pages/PageSequenceBuffer.h
   pages/RegionType.h
   tables/BorderInfo.h

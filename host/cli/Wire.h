@@ -193,11 +193,20 @@ struct Wire<ElementInfo> {
     }
 };
 
-/// Lists, which only come as results.
+/// Lists. They are arguments only where their values can be.
 template <typename List>
 struct ListWire {
     using Value = typename List::value_type;
     static inline const std::string name = std::string("list of ") + Wire<Value>::name;
+    static bool matches(const Json& value) {
+        return value.is_array() && std::all_of(value.begin(), value.end(), Wire<Value>::matches);
+    }
+    static List read(const Json& value) {
+        List values;
+        for (const Json& each : value)
+            values.insert(values.end(), Wire<Value>::read(each));
+        return values;
+    }
     static Json write(const List& values) {
         Json list = Json::array();
         for (const Value& value : values)

@@ -608,6 +608,36 @@ public:
     /// The same for the first one in the sequence with that index.
     bool pageSequenceHasPrintingOptionsOn(int index) const;
 
+    // Simple page masters as they stand in the text. A name is plain text; one that is empty or
+    // unknown gives -1 or an empty text, and nothing happens.
+
+    int getSimplePageMasterPosition(const Core::String& name) const;
+    /// The whole element.
+    Core::String getSimplePageMaster(const Core::String& name) const;
+    /// Puts the markup in its place, which must be one fo:simple-page-master of that name and
+    /// nothing else. One undo step.
+    void replaceSimplePageMaster(const Core::String& name, const Core::String& markup);
+    /// The flow name of the master's body.
+    Core::String getRegionBodyNameForPageMaster(const Core::String& name) const;
+
+    // Pages on which headers, footers and side regions are edited. An index that names no page
+    // sequence or repeat, or one that is self-closing, gives an empty text, and nothing happens.
+
+    /// The page sequence as one of the master, with a locked flow of that name, which tells what is
+    /// edited, in the place of its last; the other flows are left out.
+    Core::String getPageSequenceForEditing(int index, const Core::String& master,
+                                           const Core::String& flowName) const;
+    /// What stands in the page sequence, with the markup in the place of its last flow; the others
+    /// are left out.
+    Core::String getPageSequenceContentWithReplacedFoFlow(int index,
+                                                          const Core::String& flow) const;
+    /// Removes the static contents, with the lines that these leave empty. One undo step.
+    void deleteStaticContentsFromPageSequence(int index);
+    /// Puts the markup in the place of all static contents, before the flow, and without one behind
+    /// the start tag and the printing options. One undo step, refused where it would break the
+    /// markup.
+    void replaceStaticContentsFromPageSeq(int index, const Core::String& markup);
+
     // Tables. Rows, columns and cells are numbered from 0. A logical column counts the columns that
     // spans take; the index of a cell does not. A position in a nested table counts for the outer
     // one, whose `<` `table` is, as if it stood in the cell that holds the nested table; a `table`

@@ -46,19 +46,3 @@ template <>
 struct Wire<BorderInfo> : RecordWire<BorderInfo> {
     static inline const std::string name = describe("border info");
 };
-
-/// Names of attributes.
-template <>
-struct Wire<std::vector<Core::String>> {
-    static constexpr const char* name = "names [name, ...]";
-    static bool matches(const Json& value) {
-        return value.is_array() &&
-               std::all_of(value.begin(), value.end(), Wire<Core::String>::matches);
-    }
-    static std::vector<Core::String> read(const Json& value) {
-        std::vector<Core::String> names;
-        for (const Json& each : value)
-            names.push_back(Wire<Core::String>::read(each));
-        return names;
-    }
-};

@@ -38,6 +38,8 @@ std::vector<Operation> settings();
 std::vector<Operation> content();
 /// Page sequences and what stands in their place.
 std::vector<Operation> pageSequences();
+/// Pages on which headers, footers and side regions are edited.
+std::vector<Operation> detachedPages();
 /// The cache for a host's view of the table around the caret.
 std::vector<Operation> tables();
 

@@ -29,14 +29,6 @@ struct Wire<float> {
     static float read(const Json& value) { return value.get<float>(); }
 };
 
-template <>
-struct Wire<std::vector<int>> : ListWire<std::vector<int>> {
-    static bool matches(const Json& value) {
-        return value.is_array() && std::all_of(value.begin(), value.end(), Wire<int>::matches);
-    }
-    static std::vector<int> read(const Json& value) { return value.get<std::vector<int>>(); }
-};
-
 /// Coordinates for which something holds.
 template <>
 struct Wire<std::map<std::pair<int, int>, bool>> {

@@ -1,0 +1,97 @@
+#include "pages/AppliedChanges.h"
+
+#include "document/Document.h"
+#include "document/RecordedCommand.h"
+#include "foundation/xml/Element.h"
+#include "pages/BroughtMarkup.h"
+#include "pages/DetachedText.h"
+#include "pages/MasterText.h"
+#include "pages/SequenceForEditing.h"
+#include "pages/StaticContentChoice.h"
+#include "pages/TextElements.h"
+#include "text/Markup.h"
+#include "trees/Fragment.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+using Core::String;
+
+namespace {
+
+class Application {
+public:
+    Application(Document& target, const String& source, const String& master)
+        : target_(target), source_(source), masterName_(master),
+          master_(MasterText::find(source_.text(), master)) {
+        Fragment tree(nullptr);
+        tree.readText(source);
+        brought_ =
+            StaticContentChoice{.master = master, .ofItsSequences = true, .ofItsRegions = true}.in(
+                source_, *tree.root());
+    }
+
+    bool hasMaster() const { return master_ >= 0; }
+
+    /// Answers whether all that had a place was put there.
+    bool run(const std::vector<int>& sequences) {
+        return applyMaster() && std::all_of(sequences.begin(), sequences.end(),
+                                            [&](int index) { return applyStaticContents(index); });
+    }
+
+private:
+    bool applyMaster() {
+        const int old = MasterText::find(target_.text(), masterName_);
+        return old < 0 || MasterText::replace(target_, masterName_, take(master_, old));
+    }
+
+    bool applyStaticContents(int index) {
+        const int sequence = SequenceForEditing::at(target_, index);
+        return sequence < 0 ||
+               SequenceForEditing::replaceStaticContents(target_, index, joinedFor(sequence));
+    }
+
+    /// The static contents that the sequence is to have, in the order of their flow names; those of
+    /// one name, which only the target can have, as they were.
+    String joinedFor(int sequence) const {
+        const XmlText& text = target_.text();
+        std::multimap<String, String> joined;
+        for (const int own : TextElements::childrenOf(text, sequence, L"static-content")) {
+            const String flow = TextElements::attributeOf(text, own, L"flow-name");
+            if (!brought_.contains(flow))
+                joined.emplace(flow, text.markupOf(own));
+        }
+        const int place = SequenceForEditing::placeOfStaticContents(text, sequence);
+        for (const auto& [flow, element] : brought_)
+            joined.emplace(flow, take(element, place));
+        String all;
+        for (const auto& [flow, markup] : joined)
+            all += markup;
+        return all;
+    }
+
+    /// An element of the source for a place in the target.
+    String take(int element, int place) const {
+        return BroughtMarkup::take(source_.text(), element,
+                                   Namespaces::around(target_.text(), place));
+    }
+
+    Document& target_;
+    DetachedText source_;
+    String masterName_;
+    int master_;                    // in the source
+    std::map<String, int> brought_; // from flow names to static contents of the source
+};
+
+} // namespace
+
+void AppliedChanges::apply(Document& target, const String& source, const String& master,
+                           const std::vector<int>& sequences) {
+    Application application(target, source, master);
+    if (!application.hasMaster())
+        return;
+    RecordedCommand command(target);
+    if (!application.run(sequences) || !command.mayStand())
+        command.takeBack();
+}

@@ -1,0 +1,239 @@
+#include "pages/DetachedPages.h"
+#include "pages/PGMasterBufferUtilities.h"
+#include "pages/PGMasterUtilities.h"
+#include "support/Documents.h"
+#include "support/MarkedDocument.h"
+#include "support/WellFormed.h"
+
+#include <set>
+
+using Core::String;
+
+namespace {
+
+const String text = detachedPages;
+
+/// A document in a host's setup with this text.
+struct Edited : MarkedDocument {
+    explicit Edited(const String& content) { face().setContent(content, true); }
+    using MarkedDocument::content;
+    String all() const { return face().getContent(); }
+};
+
+/// The exact texts of the static contents, and those of the flows in their order.
+struct Parts {
+    std::multiset<String> staticContents;
+    std::vector<String> flows;
+    bool operator==(const Parts&) const = default;
+};
+
+Parts partsOf(const String& content) {
+    const PGMasterBufferUtilities buffer(content);
+    Parts parts;
+    const auto cut = [&](const std::pair<int, int>& range) {
+        return content.subString(static_cast<unsigned>(range.first),
+                                 static_cast<unsigned>(range.second - 1));
+    };
+    for (auto range = buffer.getFirstStaticContentPos(L""); range.first >= 0;
+         range = buffer.getNextStaticContentPos(range.second, L""))
+        parts.staticContents.insert(cut(range));
+    for (int at = content.find(L"<fo:flow ", 0); at >= 0;
+         at = content.find(L"<fo:flow ", static_cast<unsigned>(at + 1)))
+        parts.flows.push_back(cut({at, content.find(L"</fo:flow>", static_cast<unsigned>(at))}));
+    return parts;
+}
+
+std::vector<int> sequencesOf(const String& content) {
+    std::vector<int> all;
+    for (std::size_t i = 0; i < PGMasterBuffer(content).getPaginationNodes().size(); ++i)
+        all.push_back(static_cast<int>(i));
+    return all;
+}
+
+} // namespace
+
+/// What was not edited changes nothing that a reader sees, in whatever document.
+TEST(AppliedChanges, OfAnUntouchedPageKeepEverything) {
+    for (const auto& path : corpusAndSamples()) {
+        const String content = textOf(path);
+        const std::vector<String> masters = PGMasterBuffer(content).getAllSimplePageMasters();
+        for (const int sequence : sequencesOf(content)) {
+            const String& master = masters[static_cast<std::size_t>(sequence) % masters.size()];
+            Edited target(content);
+            const EditorState before = stateOf(target.face());
+            const int pages = target->getFirstPageGeneratorPos();
+            const Edited source(content.subString(0, static_cast<unsigned>(pages - 1)) +
+                                target->getPageSequenceForEditing(sequence, master, L"locked") +
+                                content.subString(static_cast<unsigned>(target.text().lastTag()),
+                                                  static_cast<unsigned>(content.length())));
+            ASSERT_EQ(xmlError(source.all()), "") << path;
+            PGMasterUtilities::applyChanges(&target.face(), &source.face(), master, {sequence});
+            EXPECT_EQ(partsOf(target.all()), partsOf(content)) << path;
+            EXPECT_EQ(target->getSimplePageMaster(master),
+                      Edited(content)->getSimplePageMaster(master));
+            EXPECT_EQ(xmlError(target.all()), "") << path;
+            expectReplays(target.face(), before);
+        }
+    }
+}
+
+TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
+    Edited target(text);
+    target->setCaretPos(false, text.find(L"one", 0));
+    const EditorState before = stateOf(target.face());
+    String edited = text;
+    edited.replaceAll(L"extent=\"2in\"", L"extent=\"3in\" v:a=\"1\"");
+    edited.replaceAll(L"xmlns:qf=\"", L"xmlns:w=\"unused\" xmlns:v=\"urn:v\" xmlns:qf=\"");
+    edited.replaceAll(L">two<", L">TWO<");
+    edited.replaceAll(L">three<", L">THREE<"); // fills no region of the master
+    Edited source(edited);
+    target.heard();
+    PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"A & B", {0, 1, 2, 2, 9, -1});
+    const String changed = target.all();
+    const String foot = L"<fo:static-content flow-name=\"foot\"><fo:block>TWO</fo:block>"
+                        L"</fo:static-content>";
+    EXPECT_GT(
+        changed.find(L"<fo:simple-page-master xmlns:v=\"urn:v\" master-name=\"A &amp; B\">", 0), 0);
+    EXPECT_GT(
+        changed.find(L"[b>3]\">" + foot +
+                         L"<fo:static-content flow-name=\"note\"><fo:block>three</fo:block>"
+                         L"</fo:static-content><fo:static-content flow-name=\"xsl-region-before"
+                         L"\"><fo:block>one</fo:block></fo:static-content><fo:flow",
+                     0),
+        0);
+    EXPECT_GT(
+        changed.find(L"<!-- <fo:static-content flow-name=\"foot\">no</fo:static-content> -->", 0),
+        0);
+    EXPECT_EQ(partsOf(changed).flows, partsOf(text).flows);
+    EXPECT_EQ(xmlError(changed), "");
+    const std::string heard = target.heard();
+    for (const char kind : std::string("bcs"))
+        EXPECT_LE(std::count(heard.begin(), heard.end(), kind), 1);
+    expectReplays(target.face(), before);
+    EXPECT_EQ(source.all(), edited);
+
+    target->undo();
+    PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"none", {1});
+    EXPECT_EQ(target.all(), text);
+    PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"A & B", {});
+    EXPECT_GT(target.all().find(L"3in", 0), 0);
+    EXPECT_EQ(partsOf(target.all()), partsOf(text));
+    const Edited broken(L"<a>");
+    EXPECT_THROW(PGMasterUtilities::applyChanges(&target.face(), &broken.face(), L"A & B", {1}),
+                 Core::Exception);
+
+    Edited twice(L"<fo:root xmlns:fo=\"http://www.w3.org/1999/XSL/Format\">"
+                 L"<fo:layout-master-set><fo:simple-page-master master-name=\"A &amp; B\"/>"
+                 L"</fo:layout-master-set><fo:page-sequence><fo:static-content flow-name=\"x\"/>"
+                 L"<fo:static-content/><fo:static-content flow-name=\"x\"><fo:block/>"
+                 L"</fo:static-content></fo:page-sequence></fo:root>");
+    PGMasterUtilities::applyChanges(&twice.face(), &source.face(), L"A & B", {0});
+    EXPECT_EQ(partsOf(twice.all()).staticContents.size(), 5U); // of one name and of none
+    EXPECT_EQ(xmlError(twice.all()), "");
+    EXPECT_GT(twice.all().find(L"xmlns:qf=", 0), 0);
+}
+
+TEST(AppliedChanges, PagesForEditingHaveALockedFlow) {
+    const Edited document(text);
+    const String page = document->getPageSequenceForEditing(1, L"'\"&", L"x & y");
+    EXPECT_TRUE(
+        page.startsWith(L"<fo:page-sequence master-reference='&apos;&quot;&amp;'>\n\t<fo:"));
+    EXPECT_TRUE(page.endsIn(L"You are editing &apos;&quot;&amp; page type</fo:block>\n"
+                            L"\t\t</fo:flow>\n</fo:page-sequence>"));
+    EXPECT_GT(page.find(L"\t\t\t<fo:block>&#x00A0;</fo:block>\n\t\t\t<fo:block text-align", 0), 0);
+    EXPECT_EQ(page.find(L"margin=", 0), -1);
+    EXPECT_EQ(document->getPageSequenceForEditing(0, L"B", L"f"), L"");
+    EXPECT_EQ(document->getPageSequenceForEditing(9, L"B", L"f"), L"");
+    EXPECT_EQ(document->getPageSequenceContentWithReplacedFoFlow(3, L"X"), L"X");
+    const Edited noFlow(L"<fo:root xmlns:fo='f'><fo:page-sequence a='1'> <b/> </fo:page-sequence>"
+                        L"<fo:page-sequence><fo:flow>1</fo:flow>-<fo:flow/>+</fo:page-sequence>"
+                        L"<fo:page-sequence/></fo:root>");
+    EXPECT_EQ(noFlow->getPageSequenceContentWithReplacedFoFlow(0, L"X"), L" <b/> X");
+    EXPECT_EQ(noFlow->getPageSequenceContentWithReplacedFoFlow(1, L"X"), L"-X+");
+    EXPECT_EQ(noFlow->getPageSequenceForEditing(2, L"B", L"f"), L"");
+
+    const PGMasterBufferUtilities buffer(text);
+    const String dummy = buffer.getDummyPage(L"{1} & B", {{L"region-before", L"<"}});
+    EXPECT_TRUE(dummy.startsWith(
+        L"<fo:page-sequence master-reference=\"{1} &amp; B\">\n\t<fo:static-content "
+        L"flow-name=\"&lt;\">\n\t\t<fo:block>&#x00A0;</fo:block>\n\t</fo:static-content>\n\t<fo:"));
+    EXPECT_GT(
+        dummy.find(L"This page type, {1} &amp; B, is not used by any page sequence.</fo:block>"
+                   L"\n\t\t<fo:block text-align",
+                   0),
+        0);
+    EXPECT_TRUE(dummy.endsIn(L"here.</fo:block>\n</fo:flow>\n</fo:page-sequence>"));
+    EXPECT_TRUE(buffer.getNewFoFlow(L"B").startsWith(
+        L"<fo:block fo:text-align=\"center\">&#x00A0;</fo:block>\n<fo:block fo:"));
+    EXPECT_EQ(xmlError(PGMasterBufferUtilities::makeDummyBuffer(L"a<fo:inline/>")), "");
+
+    for (const auto& [before, after] :
+         {std::pair{L"master-references=\"1\" fo:master-reference = 'a\"b' x",
+                    L"master-references=\"1\" fo:master-reference='N' x"},
+          std::pair{L"no-master-reference=\"a\"", L"no-master-reference=\"a\""}}) {
+        String reference = before;
+        PGMasterUtilities::changePageMasterReferenceForSequence(reference, L"N");
+        EXPECT_EQ(reference, after);
+    }
+    String::setResourceText(19601, L"Hier & da");
+    EXPECT_GT(buffer.getDummyPage(L"B", {}).find(L">Hier &amp; da<", 0), 0);
+    String::setResourceText(19601, L"You can edit its headers, footers and side regions here.");
+}
+
+TEST(AppliedChanges, MastersAndStaticContentsAreReplacedAsText) {
+    Edited document(text);
+    const String master = document->getSimplePageMaster(L"A & B");
+    EXPECT_EQ(document->getSimplePageMasterPosition(L"A & B"), text.find(master, 0));
+    EXPECT_EQ(document->getRegionBodyNameForPageMaster(L"A & B"), L"xsl-region-body");
+    EXPECT_EQ(document->getRegionBodyNameForPageMaster(L"B"), L"main");
+    for (const wchar_t* unknown : {L"", L"C", L"no"}) {
+        EXPECT_EQ(document->getSimplePageMasterPosition(unknown), -1);
+        EXPECT_EQ(document->getSimplePageMaster(unknown), L"");
+        EXPECT_EQ(document->getRegionBodyNameForPageMaster(unknown), L"");
+    }
+    const String other = document->getSimplePageMaster(L"B");
+    for (const String& refused : {other, master + L" ", master + master, String(L"x"), String()})
+        document->replaceSimplePageMaster(L"A & B", refused);
+    document->replaceStaticContentsFromPageSeq(0, L"<fo:static-content/>");
+    document->replaceStaticContentsFromPageSeq(1, L"<fo:static-content>");
+    document->replaceStaticContentsFromPageSeq(1, L"<x:static-content/>");
+    EXPECT_EQ(document.all(), text);
+    EXPECT_FALSE(document->canUndo());
+    document->replaceSimplePageMaster(L"B", L"<fo:simple-page-master master-name='B'/>");
+    EXPECT_EQ(document->getRegionBodyNameForPageMaster(L"B"), L"");
+
+    const EditorState before = stateOf(document.face());
+    document->deleteStaticContentsFromPageSequence(1);
+    EXPECT_GT(document.all().find(L"master-reference='A &amp; B'>\n\t<!-- <fo:static-content "
+                                  L"flow-name=\"foot\">no</fo:static-content> -->\n\t<fo:flow",
+                                  0),
+              0);
+    expectReplays(document.face(), before);
+    Edited options(L"<fo:root xmlns:fo='f' xmlns:qf='q'><fo:page-sequence> <qf:printing-options/> "
+                   L"<fo:static-content/></fo:page-sequence></fo:root>");
+    options->replaceStaticContentsFromPageSeq(0, L"<fo:static-content a='1'/>");
+    EXPECT_GT(options.all().find(L"<qf:printing-options/><fo:static-content a='1'/> </fo:", 0), 0);
+}
+
+TEST(PageMasterEditing, WhatSetsTheCaretKeepsToTheModes) {
+    const int flow = text.find(L">a<", 0) + 1;
+    for (const Json& request :
+         {Json{"setCaretPos", false, flow}, Json{"setCaretPos", true, flow},
+          Json{"moveCaretToFirstFoFlow"}, Json{"moveCaretToPageSequence", 1},
+          Json{"insertTextAtPosition", flow, "x", false, false},
+          Json{"deleteContentAtPosition", false, flow, flow}, Json{"moveCaretHome", false},
+          Json{"replaceXmlText", flow, flow, "x"}}) {
+        Session session;
+        session.document().setContent(text, true);
+        const int header = text.find(L"one", 0);
+        session.document().setCaretPos(false, header);
+        session.document().setPageMasterEditingMode(true);
+        session.serve(request);
+        EXPECT_EQ(session.document().getCaretPos(), header) << request;
+        EXPECT_EQ(session.document().getContent(), text) << request;
+        session.document().setEditingDummyPage(true);
+        session.document().setCaretPos(false, header);
+        EXPECT_EQ(session.document().getCaretPos(), -1);
+        EXPECT_EQ(session.document().getSelectionPivotPos(), -1);
+    }
+}
