@@ -14,7 +14,7 @@ std::vector<Operation> everyTable() {
          {Calls::session, Calls::document, Calls::history, Calls::caret, Calls::search,
           Calls::selection, Calls::typing, Calls::deletion, Calls::breaks, Calls::formatting,
           Calls::objects, Calls::lists, Calls::settings, Calls::content, Calls::pageSequences,
-          Calls::detachedPages, Calls::tables}) {
+          Calls::pageSequenceTree, Calls::detachedPages, Calls::tables}) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));
     }

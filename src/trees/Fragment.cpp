@@ -126,7 +126,8 @@ void Fragment::read(int element) {
 }
 
 void Fragment::readText(const String& text) {
-    tree_ = parse(text);
+    // The mark says that it is decoded, whatever encoding its declaration names.
+    tree_ = parse(L"\xFEFF" + text);
     source_ = text;
     setPlace(-1, -1);
 }

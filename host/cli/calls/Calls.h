@@ -38,6 +38,8 @@ std::vector<Operation> settings();
 std::vector<Operation> content();
 /// Page sequences and what stands in their place.
 std::vector<Operation> pageSequences();
+/// The page sequences that are edited as a tree.
+std::vector<Operation> pageSequenceTree();
 /// Pages on which headers, footers and side regions are edited.
 std::vector<Operation> detachedPages();
 /// The cache for a host's view of the table around the caret.
