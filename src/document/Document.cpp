@@ -120,10 +120,12 @@ void Document::goBackTo(const TextMark& text, int caret, int pivot) noexcept {
     pivot_ = pivot;
 }
 
+/// Where it is kept out of it goes nowhere, for its old number means nothing in the new text.
 void Document::placeCaretAfterEdit(int caret, int pivot) {
     CommandScope scope(*this); // the monitor hears of the text before the caret
-    placeCaret(false, pivot);  // also where it is kept out of: it goes along with its text
-    if (caret != pivot)
+    const bool mayStay = pivot == -1 || (!isOutOfReach(pivot) && !isOutOfReach(caret));
+    placeCaret(false, mayStay ? pivot : -1);
+    if (mayStay && caret != pivot)
         placeCaret(true, caret);
     notifyBufferChanged();
 }

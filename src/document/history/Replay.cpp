@@ -16,17 +16,6 @@ using Core::String;
 
 namespace {
 
-/// A caret that has stood where it is kept out of since before is put back there.
-void replayCaret(Document& document, int pivot, int caret) {
-    if (document.caret() != -1 && document.isOutOfReach(document.caret())) {
-        document.placeCaret(false, pivot);
-        document.placeCaret(true, caret);
-    } else {
-        document.setCaret(pivot);
-        document.extendTo(caret);
-    }
-}
-
 /// The records of one outermost group, or one record outside any. Markers were exchanged when they
 /// were moved to this list, so that a group reads from its end to its start in both directions.
 std::vector<EditAction> takeStep(Document& document, EditAction (EditActionStack::*take)(),
@@ -90,7 +79,7 @@ void History::replay(Document& document, const EditAction& action) {
         document.notifyBufferChanged();
         break;
     case EditAction::EditCaret:
-        replayCaret(document, action.getSelPivotPosition(), action.getCaretPosition());
+        document.select(action.getSelPivotPosition(), action.getCaretPosition());
         break;
     case EditAction::EditGroupStart:
     case EditAction::EditGroupEnd:
