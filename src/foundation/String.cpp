@@ -321,7 +321,7 @@ String String::formatS(int value) {
     return String(std::to_wstring(value));
 }
 
-const wchar_t* String::loadString(int id) noexcept {
+const wchar_t* String::loadString(int id) {
     const std::map<int, String>& texts = resourceTexts();
     const auto text = texts.find(id);
     return text == texts.end() ? L"" : text->second.c_str();

@@ -136,7 +136,7 @@ public:
     /// The text of a numeric resource identifier, valid until it is set; empty for an unknown one.
     /// 19600 tells that no page uses the page type {0}, 19601 what can be edited on its page, 19602
     /// stands in a new region.
-    static const wchar_t* loadString(int id) noexcept;
+    static const wchar_t* loadString(int id);
     /// Gives it another text, in the language of the host's users; those three are English until
     /// then. It holds for all documents, and no other thread may be at work meanwhile.
     static void setResourceText(int id, const String& text);

@@ -29,11 +29,12 @@ std::vector<Element*> simpleMastersOf(const Element& root) {
 
 /// The master of that name, or for the empty name all.
 std::vector<Element*> simpleMastersNamed(const Element& root, const String& name) {
-    const std::vector<Element*> all = simpleMastersOf(root);
-    if (name.empty())
-        return all;
-    Element* master = PageMasters::named(all, name);
-    return master ? std::vector{master} : std::vector<Element*>();
+    std::vector<Element*> masters = simpleMastersOf(root);
+    if (!name.empty()) {
+        const Element* first = PageMasters::named(masters, name);
+        std::erase_if(masters, [&](const Element* master) { return master != first; });
+    }
+    return masters;
 }
 
 bool isNamed(const Element& element, const wchar_t* attribute, const String& name) {

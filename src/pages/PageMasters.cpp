@@ -35,9 +35,9 @@ Element* PageMasters::named(const std::vector<Element*>& masters, const String& 
 }
 
 std::vector<String> PageMasters::namesOf(const std::vector<Element*>& masters) {
-    std::vector<String> names;
-    for (const Element* master : masters)
-        names.push_back(nameOf(*master));
+    std::vector<String> names(masters.size());
+    std::transform(masters.begin(), masters.end(), names.begin(),
+                   [](const Element* master) { return nameOf(*master); });
     return names;
 }
 

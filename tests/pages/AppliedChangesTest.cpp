@@ -66,7 +66,6 @@ TEST(AppliedChanges, OfAnUntouchedPageKeepEverything) {
                                 target->getPageSequenceForEditing(sequence, master, L"locked") +
                                 content.subString(static_cast<unsigned>(target.text().lastTag()),
                                                   static_cast<unsigned>(content.length())));
-            ASSERT_EQ(xmlError(source.all()), "") << path;
             PGMasterUtilities::applyChanges(&target.face(), &source.face(), master, {sequence});
             EXPECT_EQ(partsOf(target.all()), partsOf(content)) << path;
             EXPECT_EQ(target->getSimplePageMaster(master),
