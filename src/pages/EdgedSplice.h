@@ -6,10 +6,10 @@
 /// goes with it, and a ">" that ends it stays out of what follows.
 namespace EdgedSplice {
 
-/// What stands of the text before and behind its first unit where the range begins at the start.
+/// What becomes of the first unit where the range begins with it.
 enum class Head {
-    KeepsFirstUnit, ///< that unit stays, whatever it is
-    CanBeEmpty
+    KeepsFirstUnit, ///< it stays, and the insertion goes behind it
+    CanBeEmpty      ///< it goes with the range
 };
 enum class Removal { OfRange, None };
 
