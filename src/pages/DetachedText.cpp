@@ -8,8 +8,8 @@ using Core::String;
 
 namespace {
 
-bool hasFlows(XmlText::View localName) {
-    return localName == L"page-sequence" || localName == L"page-sequence-repeat";
+bool hasFlows(XmlText::View name) {
+    return name == L"fo:page-sequence" || name == L"qfd:page-sequence-repeat";
 }
 
 } // namespace
@@ -20,7 +20,7 @@ void DetachedText::assign(const String& text) {
     staticContents_.clear();
     const int root = text_.prolog().root;
     for (const int child : TextElements::childrenOf(text_, root)) {
-        if (!hasFlows(XmlScan::localName(text_.tagName(child))))
+        if (!hasFlows(text_.tagName(child)))
             continue;
         sequences_.push_back(child);
         for (const int element : TextElements::childrenOf(text_, child, L"static-content"))

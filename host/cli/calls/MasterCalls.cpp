@@ -7,16 +7,6 @@
 
 #include <forme/pages/LayoutMasterSetBuffer.h>
 
-template <>
-struct Wire<RegionType> {
-    static constexpr const char* name = "region type (0 before, 1 after, 2 start, 3 end, 4 body)";
-    static bool matches(const Json& value) {
-        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 4;
-    }
-    static RegionType read(const Json& value) { return static_cast<RegionType>(value.get<int>()); }
-    static Json write(RegionType value) { return static_cast<int>(value); }
-};
-
 /// A length as its text.
 template <>
 struct Wire<Xml::Length> : Wire<Core::String> {

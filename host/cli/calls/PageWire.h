@@ -6,10 +6,21 @@
 #include <forme/foundation/values/PageMasterData.h>
 #include <forme/foundation/values/PageSequenceInfo.h>
 #include <forme/foundation/values/PrintingAttributes.h>
+#include <forme/pages/RegionType.h>
 
 #include <map>
 
 // The records that more than one of the objects on pages takes or gives.
+
+template <>
+struct Wire<RegionType> {
+    static constexpr const char* name = "region type (0 before, 1 after, 2 start, 3 end, 4 body)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 4;
+    }
+    static RegionType read(const Json& value) { return static_cast<RegionType>(value.get<int>()); }
+    static Json write(RegionType value) { return static_cast<int>(value); }
+};
 
 template <>
 struct Wire<PropertyValueEx> {
