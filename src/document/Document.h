@@ -30,6 +30,8 @@ public:
     /// The document behind a face.
     static Document& of(EditableDocumentBuffer& face);
     static const Document& of(const EditableDocumentBuffer& face);
+    /// Throws Core::NullPointerException for null.
+    static Document& of(EditableDocumentBuffer* face);
     /// Its text, which lives as long as the document does.
     static std::shared_ptr<XmlText> textOf(const std::shared_ptr<Document>& document);
 

@@ -1,5 +1,6 @@
 #include "pages/ComplexMasters.h"
 
+#include "document/Attributes.h"
 #include "foundation/Exception.h"
 #include "foundation/xml/Element.h"
 #include "foundation/xml/QualifiedName.h"
@@ -21,6 +22,7 @@ const String referenceName = L"master-reference";
 const String repeatsName = L"maximum-repeats";
 
 Element& addReference(Element& parent, const String& kind, const String& reference) {
+    Xml::requireXmlText(reference);
     Element& added = *parent.add_child(kind, L"fo");
     added.set_attribute(referenceName, reference);
     return added;
@@ -51,29 +53,57 @@ std::vector<Element*> referencesOf(const Element& master) {
     return found;
 }
 
+/// With its prefix, unless that is the element's own.
+String nameOf(const Xml::Attribute& attribute, const Element& element) {
+    const String prefix = attribute.get_namespace_prefix();
+    return prefix.empty() || prefix == element.getNSPrefix() ? attribute.get_name()
+                                                             : prefix + L":" + attribute.get_name();
+}
+
 /// The condition is what else stands beside the reference; of several the last.
 void readCondition(const Element& element, ComplexPageMasterEntry& entry) {
     for (const Xml::Attribute* attribute : element.get_attributes())
         if (attribute->get_name() != referenceName) {
-            entry.attributeName = attribute->get_name();
+            entry.attributeName = nameOf(*attribute, element);
             entry.attributeValue = attribute->get_value();
         }
 }
 
-void checkCondition(const String& name) {
+void addMasters(const Element& element, std::vector<String>& masters) {
+    for (const Element* child : Elements::childrenOf(element)) {
+        if (const Xml::Attribute* reference = child->get_attribute(referenceName))
+            masters.push_back(reference->get_value());
+        addMasters(*child, masters);
+    }
+}
+
+bool declares(const Element& set, const String& prefix) {
+    return prefix.empty() || prefix == L"xml" || Attributes::isStandardNamespace(prefix) ||
+           set.get_namespace_defs().contains(prefix);
+}
+
+void checkCondition(const String& name, const Element& set) {
     if (name.empty())
         return;
     const Xml::QualifiedName checked = Xml::QualifiedName::checked(name, String());
     if (checked.prefix == L"xmlns" || name == L"xmlns")
         throw Core::Exception(L"\"" + name + L"\" declares a namespace and is no condition");
+    if (!declares(set, checked.prefix))
+        throw Core::Exception(L"the prefix of \"" + name + L"\" is not declared");
 }
 
 } // namespace
 
-void ComplexMasters::check(const Core::Vector<ReferenceInfo>& references) {
-    for (const ReferenceInfo& reference : references)
+void ComplexMasters::check(const String& name, const Core::Vector<ReferenceInfo>& references,
+                           const Element& set) {
+    Xml::requireXmlText(name);
+    for (const ReferenceInfo& reference : references) {
+        for (const String& text :
+             {reference.masterName, reference.getMaximumRepeat(), reference.getConditionValue()})
+            Xml::requireXmlText(text);
         if (reference.kind == ReferenceInfo::conditional)
-            checkCondition(reference.getCondition());
+            checkCondition(reference.getCondition(), set);
+    }
 }
 
 void ComplexMasters::addSingle(Element& master, const String& reference) {
@@ -82,12 +112,15 @@ void ComplexMasters::addSingle(Element& master, const String& reference) {
 
 void ComplexMasters::addRepeating(Element& master, const String& reference,
                                   const String& maximumRepeats) {
+    Xml::requireXmlText(maximumRepeats);
     addReference(master, repeatingName, reference).set_attribute(repeatsName, maximumRepeats);
 }
 
 void ComplexMasters::addConditional(Element& master, const String& reference,
                                     const String& condition, const String& value) {
-    checkCondition(condition);
+    checkCondition(condition, *master.get_parent());
+    Xml::requireXmlText(reference);
+    Xml::requireXmlText(value);
     Element& added = addReference(alternativesOf(master), conditionalName, reference);
     if (!condition.empty())
         added.set_attribute(condition, value);
@@ -109,8 +142,7 @@ void ComplexMasters::add(Element& master, const ReferenceInfo& reference) {
 
 std::vector<String> ComplexMasters::mastersOf(const Element& master) {
     std::vector<String> masters;
-    for (const Element* reference : referencesOf(master))
-        masters.push_back(valueOf(*reference, referenceName));
+    addMasters(master, masters);
     return masters;
 }
 
@@ -121,9 +153,10 @@ bool ComplexMasters::refersTo(const Element& master, const String& simpleMaster)
 }
 
 void ComplexMasters::changeReferences(Element& master, const String& from, const String& to) {
-    for (Element* reference : referencesOf(master))
-        if (!from.empty() && valueOf(*reference, referenceName) == from)
-            reference->set_attribute(referenceName, to);
+    for (const Element* reference : referencesOf(master))
+        if (Xml::Attribute* attribute = reference->get_attribute(referenceName);
+            attribute && !from.empty() && attribute->get_value() == from)
+            attribute->set_value(to);
 }
 
 Core::Vector<ComplexPageMasterEntry> ComplexMasters::entriesOf(const Element& master) {

@@ -17,8 +17,8 @@
 #include "trees/Elements.h"
 #include "trees/Fragment.h"
 
-#include <algorithm>
 #include <array>
+#include <set>
 
 using Core::String;
 using Xml::Element;
@@ -82,13 +82,15 @@ constexpr std::array<RegionType, 5> listedTypes{RegionType::REGION_START, Region
 } // namespace
 
 LayoutMasterSetBuffer::LayoutMasterSetBuffer(EditableDocumentBuffer* document)
-    : DOMBasedBuffer(Document::of(*document)), document_(&Document::of(*document)) {
+    : DOMBasedBuffer(Document::of(document)), document_(&Document::of(document)) {
     readExpanded(MasterSet::elementIn(*document_));
 }
 
 void LayoutMasterSetBuffer::commitChangesToEditableBuffer() {
     if (MasterSet::commit(*document_, fragment(), collapsedText(true)))
         readExpanded(MasterSet::elementIn(*document_));
+    else
+        fragment().moveTo(MasterSet::elementIn(*document_));
 }
 
 String LayoutMasterSetBuffer::getLayoutMasterXml() const {
@@ -159,9 +161,8 @@ PageSize LayoutMasterSetBuffer::getPageSize(const String& master) const {
 
 void LayoutMasterSetBuffer::setPageDimensions(const String& master, const String& width,
                                               const String& height) {
-    Element* page = getSimplePageMasterByName(master);
-    setValue(page, L"page-width", width);
-    setValue(page, L"page-height", height);
+    if (Element* page = getSimplePageMasterByName(master))
+        PageLayout::setSize(*page, width, height);
 }
 
 void LayoutMasterSetBuffer::getPageMargins(const String& master, String& left, String& right,
@@ -202,9 +203,15 @@ LayoutMasterSetBuffer::getSimplePageMasterPrintingOptions() const {
 
 void LayoutMasterSetBuffer::setSimplePageMasterPrintingOptions(
     const std::map<String, PrintingAttributes>& options) {
+    std::map<String, Element*> masters; // of several of one name the first
+    for (Element* master : Masters::simpleOf(*fragment().root()))
+        masters.try_emplace(Masters::nameOf(*master), master);
+    masters.erase(String());
     for (const auto& [name, attributes] : options)
-        if (Element* master = getSimplePageMasterByName(name))
-            PrintingOptions::write(*master, attributes);
+        PrintingOptions::check(attributes);
+    for (const auto& [name, attributes] : options)
+        if (const auto found = masters.find(name); found != masters.end())
+            PrintingOptions::write(*found->second, attributes);
 }
 
 // Regions
@@ -566,13 +573,12 @@ std::vector<String> LayoutMasterSetBuffer::getAllComplexPageMasters() const {
 }
 
 String LayoutMasterSetBuffer::getNextComplexMasterName() const {
-    const std::vector<String> names = getAllComplexPageMasters();
+    const std::vector<String> all = getAllComplexPageMasters();
+    const std::set<String> names(all.begin(), all.end());
     int number = 1;
-    String name;
-    do
-        name = L"ComplexMaster" + String::formatS(number++);
-    while (std::find(names.begin(), names.end(), name) != names.end());
-    return name;
+    while (names.contains(L"ComplexMaster" + String::formatS(number)))
+        ++number;
+    return L"ComplexMaster" + String::formatS(number);
 }
 
 void LayoutMasterSetBuffer::addSingleReferenceToComplexMaster(const String& master,
@@ -600,7 +606,7 @@ void LayoutMasterSetBuffer::editComplexPageMaster(const PageMasterData& data) {
     const String name = data.getName();
     if (data.isSimplePageMaster() || name.empty() || getSimplePageMasterByName(name))
         return;
-    ComplexMasters::check(data.getReferences());
+    ComplexMasters::check(name, data.getReferences(), *fragment().root());
     deleteComplexPageMaster(name);
     Element& master = *Masters::addComplex(*fragment().root(), name);
     for (const ReferenceInfo& reference : data.getReferences())

@@ -45,10 +45,10 @@ bool MasterSet::commit(Document& document, const Fragment& read, const String& e
     const String stands = seam.text(start, end);
     if (edited == read.asRead() && stands == read.source())
         return false;
-    const String text = keepSpelling(read.source(), read.asRead(), edited);
+    const String kept = keepSpelling(read.source(), read.asRead(), edited);
+    const String text = inTags(startTagOf(stands.view()), contentOf(kept.view()));
     const CommitCaret caret{{document.caret(), document.pivot()}, {}};
-    return seam.replace(start, end, inTags(startTagOf(stands.view()), contentOf(text.view())),
-                        caret, Prefixes::Declared);
+    return text != stands && seam.replace(start, end, text, caret, Prefixes::Declared);
 }
 
 String MasterSet::withoutAttributes(const String& element) {

@@ -1,6 +1,7 @@
 #include "pages/Masters.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "trees/DOMBasedBuffer.h"
 #include "trees/Elements.h"
 
@@ -17,6 +18,7 @@ const String simpleName = L"simple-page-master";
 const String complexName = L"page-sequence-master";
 
 Element* add(Element& set, const String& kind, const String& name) {
+    Xml::requireXmlText(name);
     Element* master = set.add_child(kind, L"fo");
     Masters::setName(*master, name);
     return master;

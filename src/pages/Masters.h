@@ -20,7 +20,7 @@ std::vector<Xml::Element*> simpleIn(const Xml::Element& root);
 std::vector<Xml::Element*> complexIn(const Xml::Element& root);
 
 /// Adds one behind all others: a simple one of 8.5 by 11 inches without regions, a complex one
-/// without references.
+/// without references. Throws Core::Exception, and adds nothing, for what XML cannot hold.
 Xml::Element* addSimple(Xml::Element& set, const Core::String& name);
 Xml::Element* addComplex(Xml::Element& set, const Core::String& name);
 

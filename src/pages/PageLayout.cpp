@@ -1,6 +1,7 @@
 #include "pages/PageLayout.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 
 using Core::String;
 using RegionAttributes::SideValues;
@@ -21,7 +22,15 @@ void setLength(Element& master, const String& name, const Xml::Length& length) {
 
 } // namespace
 
+void PageLayout::setSize(Element& master, const String& width, const String& height) {
+    Xml::requireXmlText(width);
+    Xml::requireXmlText(height);
+    RegionAttributes::set(master, L"page-width", width);
+    RegionAttributes::set(master, L"page-height", height);
+}
+
 void PageLayout::setMargins(Element& master, const SideValues& margins) {
+    RegionAttributes::check(margins);
     RegionAttributes::set(master, L"margin-top", margins.top);
     RegionAttributes::set(master, L"margin-bottom", margins.bottom);
     RegionAttributes::set(master, L"margin-right", margins.right);

@@ -3,6 +3,7 @@
 #include "foundation/Format.h"
 #include "foundation/ObjectId.h"
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "foundation/xml/TextNode.h"
 #include "trees/Elements.h"
 
@@ -95,6 +96,13 @@ PrintingAttributes PrintingOptions::read(const Element& owner, const String& id)
     if (const Xml::TextNode* text = code ? code->get_child_text() : nullptr)
         attributes.psPrinterCode = text->get_content();
     return attributes;
+}
+
+void PrintingOptions::check(const PrintingAttributes& attributes) {
+    for (const Option& option : options)
+        Xml::requireXmlText((attributes.*option.value).getStaticValue());
+    Xml::requireXmlText(attributes.mediaColor.getObjectID());
+    Xml::requireXmlText(attributes.psPrinterCode);
 }
 
 void PrintingOptions::write(Element& owner, const PrintingAttributes& attributes) {

@@ -17,6 +17,8 @@ Core::String makeShortId(int number);
 
 /// What the owner's options say. Without an id of their own they get the one that is given.
 PrintingAttributes read(const Xml::Element& owner, const Core::String& id);
+/// Throws Core::Exception where one is what XML cannot hold.
+void check(const PrintingAttributes& attributes);
 /// Gives the owner these options. Empty ones leave it without the element.
 void write(Xml::Element& owner, const PrintingAttributes& attributes);
 

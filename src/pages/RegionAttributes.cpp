@@ -1,6 +1,7 @@
 #include "pages/RegionAttributes.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "trees/DOMBasedBuffer.h"
 
 #include <array>
@@ -42,10 +43,16 @@ RegionAttributes::SideValues RegionAttributes::get(const Element& element, const
 }
 
 void RegionAttributes::set(Element& element, const Sides& names, const SideValues& values) {
+    check(values);
     set(element, names.top, values.top);
     set(element, names.bottom, values.bottom);
     set(element, names.left, values.left);
     set(element, names.right, values.right);
+}
+
+void RegionAttributes::check(const SideValues& values) {
+    for (const String& value : {values.left, values.right, values.top, values.bottom})
+        Xml::requireXmlText(value);
 }
 
 String RegionAttributes::quartersOf(const String& degrees) {

@@ -38,10 +38,14 @@ struct SideValues {
     bool operator==(const SideValues&) const = default;
 };
 
+/// Throws Core::Exception where one is what XML cannot hold.
+void check(const SideValues& values);
+
 Core::String get(const Xml::Element& element, const Core::String& name);
 void set(Xml::Element& element, const Core::String& name, const Core::String& value);
 SideValues get(const Xml::Element& element, const Sides& names);
-/// New ones are written in the order top, bottom, left, right.
+/// New ones are written in the order top, bottom, left, right. Throws Core::Exception, as each of
+/// these does, for what XML cannot hold, and then changes nothing.
 void set(Xml::Element& element, const Sides& names, const SideValues& values);
 
 // Turns. A document says them in degrees, hosts in quarters, "0" to "3".

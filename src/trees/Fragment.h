@@ -34,6 +34,8 @@ public:
 
     /// Takes what the element has become since it was read for its end, and nothing else.
     void findEnd() { end_ = document_.elementEnd(start_); }
+    /// The same where the element may have moved, too.
+    void moveTo(int element) { setPlace(element, document_.elementEnd(element)); }
     /// Takes a place that the owner of the tree has found.
     void setPlace(int start, int end) {
         start_ = start;

@@ -20,6 +20,7 @@ struct Attribute {
     int start; ///< with the white space before it
     int end;
     Text name;
+    Text plainName; ///< without the prefix, where that is the element's own
     Text value;
 };
 
@@ -68,22 +69,23 @@ Piece pieceOf(Text text) {
 
 // Start tags
 
+Text withoutPrefix(Text name, Text prefix) {
+    return !prefix.empty() && name.starts_with(prefix) ? name.substr(prefix.size()) : name;
+}
+
 std::vector<Attribute> attributesOf(Text tag) {
     std::vector<Attribute> found;
-    int behind = 1 + static_cast<int>(XmlScan::tagName(tag, 0).size());
+    const Text element = XmlScan::tagName(tag, 0);
+    const Text prefix = element.substr(0, element.size() - XmlScan::localName(element).size());
+    int behind = 1 + static_cast<int>(element.size());
     for (int at = XmlScan::nextAttribute(tag, 0); at >= 0; at = XmlScan::nextAttribute(tag, at)) {
+        const Text name = XmlScan::attributeName(tag, at);
         const Text value = XmlScan::attributeValue(tag, at);
         const int end = XmlScan::findQuote(tag, at) + static_cast<int>(value.size()) + 2;
-        found.push_back({behind, end, XmlScan::attributeName(tag, at), value});
+        found.push_back({behind, end, name, withoutPrefix(name, prefix), value});
         behind = end;
     }
     return found;
-}
-
-/// An attribute's name without the prefix, where that is the element's own: a tree writes it so.
-Text plainName(Text name, Text element) {
-    const Text prefix = element.substr(0, element.size() - XmlScan::localName(element).size());
-    return !prefix.empty() && name.starts_with(prefix) ? name.substr(prefix.size()) : name;
 }
 
 /// Attributes that speak of the same, so that one may stand for others: "margin-left" belongs to
@@ -100,47 +102,41 @@ Text familyOf(Text name) {
 
 using Attributes = std::vector<Attribute>;
 
-/// With their names as a tree writes them.
-Attributes plainAttributesOf(Text tag) {
-    Attributes found = attributesOf(tag);
-    for (Attribute& attribute : found)
-        attribute.name = plainName(attribute.name, XmlScan::tagName(tag, 0));
-    return found;
-}
-
-const Attribute* find(const Attributes& attributes, Text name) {
-    const auto found =
+/// One of a tag is one of another under the same name, or else under the one that a tree may write
+/// in its place.
+const Attribute* find(const Attributes& attributes, const Attribute& sought) {
+    const auto same = std::find_if(attributes.begin(), attributes.end(),
+                                   [&](const Attribute& one) { return one.name == sought.name; });
+    if (same != attributes.end())
+        return &*same;
+    const auto meant =
         std::find_if(attributes.begin(), attributes.end(),
-                     [&](const Attribute& attribute) { return attribute.name == name; });
-    return found == attributes.end() ? nullptr : &*found;
+                     [&](const Attribute& one) { return one.plainName == sought.plainName; });
+    return meant == attributes.end() ? nullptr : &*meant;
 }
 
 /// Gives a start tag the attributes that have changed from one tree to another.
 class ChangedTag {
 public:
     ChangedTag(Text source, Text asRead, Text edited)
-        : source_(source), own_(plainAttributesOf(source)), before_(plainAttributesOf(asRead)),
-          after_(plainAttributesOf(edited)) {
+        : source_(source), own_(attributesOf(source)), before_(attributesOf(asRead)),
+          after_(attributesOf(edited)) {
         findChanges(before_, after_);
         findChanges(after_, before_);
+        for (std::size_t i = 0; i < own_.size(); ++i)
+            lastOf_[familyOf(own_[i].plainName)] = i;
     }
 
     String text() {
+        copyUpTo(1 + static_cast<int>(XmlScan::tagName(source_, 0).size()));
         for (std::size_t i = 0; i < own_.size(); ++i) {
-            const Text family = familyOf(own_[i].name);
+            const Text family = familyOf(own_[i].plainName);
             copyUpTo(own_[i].start);
             write(own_[i]);
-            const bool isLast = std::none_of(
-                own_.begin() + static_cast<std::ptrdiff_t>(i) + 1, own_.end(),
-                [&](const Attribute& other) { return familyOf(other.name) == family; });
-            if (isLast)
+            if (lastOf_[family] == i)
                 writeNew([&](Text other) { return other == family; });
         }
-        writeNew([&](Text family) {
-            return std::none_of(own_.begin(), own_.end(), [&](const Attribute& attribute) {
-                return familyOf(attribute.name) == family;
-            });
-        });
+        writeNew([&](Text family) { return !lastOf_.contains(family); });
         copyUpTo(static_cast<int>(source_.size()));
         return text_;
     }
@@ -148,22 +144,21 @@ public:
 private:
     void findChanges(const Attributes& some, const Attributes& others) {
         for (const Attribute& attribute : some) {
-            const Attribute* other = find(others, attribute.name);
+            const Attribute* other = find(others, attribute);
             if (!other || other->value != attribute.value)
-                changed_.insert(familyOf(attribute.name));
+                changed_.insert(familyOf(attribute.plainName));
         }
     }
 
     /// One of the tag's own, with what has become of it.
     void write(const Attribute& attribute) {
-        const Attribute* before = find(before_, attribute.name);
-        const Attribute* after = find(after_, attribute.name);
-        if (!changed_.contains(familyOf(attribute.name)) ||
+        const Attribute* before = find(before_, attribute);
+        const Attribute* after = find(after_, attribute);
+        if (!changed_.contains(familyOf(attribute.plainName)) ||
             (before && after && before->value == after->value)) {
             copyUpTo(attribute.end);
         } else if (after) {
-            const int value = XmlScan::findQuote(source_, attribute.start);
-            copyUpTo(value);
+            copyUpTo(XmlScan::findQuote(source_, attribute.start));
             text_ += L"\"" + String(after->value) + L"\"";
         }
         copied_ = attribute.end;
@@ -173,8 +168,8 @@ private:
     template <typename IsMeant>
     void writeNew(IsMeant isMeant) {
         for (const Attribute& attribute : after_) {
-            const Text family = familyOf(attribute.name);
-            if (isMeant(family) && changed_.contains(family) && !find(own_, attribute.name))
+            const Text family = familyOf(attribute.plainName);
+            if (isMeant(family) && changed_.contains(family) && !find(own_, attribute))
                 text_ += L" " + String(attribute.name) + L"=\"" + String(attribute.value) + L"\"";
         }
     }
@@ -188,8 +183,9 @@ private:
     Attributes own_;
     Attributes before_;
     Attributes after_;
-    std::set<Text> changed_; // families
-    int copied_ = 0;         // how far the source has been written
+    std::set<Text> changed_;             // families
+    std::map<Text, std::size_t> lastOf_; // of a family, its last attribute in the source
+    int copied_ = 0;                     // how far the source has been written
     String text_;
 };
 
@@ -202,6 +198,18 @@ Text contentOf(Text element) {
     return closing < start ? Text() : XmlScan::slice(element, start, closing);
 }
 
+/// The name by which others refer to an element; empty where it has none.
+Text callingNameOf(Text element) {
+    static constexpr std::array<std::wstring_view, 4> names{L"master-name", L"region-name",
+                                                            L"flow-name", L"id"};
+    for (const Attribute& attribute : attributesOf(element))
+        if (std::any_of(names.begin(), names.end(), [&](std::wstring_view name) {
+                return XmlScan::localName(attribute.name) == name;
+            }))
+            return attribute.value;
+    return {};
+}
+
 /// Finds which child of what was read each child of what was edited is.
 class Pairs {
 public:
@@ -209,25 +217,32 @@ public:
         : asRead_(asRead.children), edited_(edited.children), pairs_(edited_.size(), -1),
           isTaken_(asRead_.size()) {}
 
-    /// The same one, or else the next that is left of that name, or one that has only changed its
-    /// name; -1 for a new one.
+    /// The same one, or else the one that is called the same, or has the same content, or the next
+    /// that is left of its element's name and that nothing calls; -1 for a new one.
     std::vector<int> found() {
-        pairBy([](Text child) { return child; });
-        pairBy([](Text child) { return XmlScan::tagName(child, 0); });
-        pairBy(contentOf);
+        pairBy([](Text child) { return std::pair(child, Text()); });
+        pairBy([](Text child) {
+            const Text name = callingNameOf(child);
+            return std::pair(name.empty() ? Text() : XmlScan::tagName(child, 0), name);
+        });
+        pairBy([](Text child) { return std::pair(contentOf(child), Text()); });
+        pairBy([](Text child) {
+            return std::pair(callingNameOf(child).empty() ? XmlScan::tagName(child, 0) : Text(),
+                             Text());
+        });
         return std::move(pairs_);
     }
 
 private:
     template <typename Trait>
     void pairBy(Trait traitOf) {
-        std::map<Text, std::deque<int>> left;
+        std::map<std::pair<Text, Text>, std::deque<int>> left;
         for (std::size_t i = 0; i < asRead_.size(); ++i)
             if (!isTaken_[i])
                 left[traitOf(asRead_[i])].push_back(static_cast<int>(i));
         for (std::size_t i = 0; i < pairs_.size() && !left.empty(); ++i)
-            if (pairs_[i] < 0)
-                pairs_[i] = take(left[traitOf(edited_[i])]);
+            if (const auto trait = traitOf(edited_[i]); pairs_[i] < 0 && !trait.first.empty())
+                pairs_[i] = take(left[trait]);
     }
 
     int take(std::deque<int>& left) {

@@ -184,8 +184,8 @@ TEST(LayoutMasters, HideAndShowRegions) {
     for (int i = 0; i < 2; ++i) // the second time there is one of the type
         EXPECT_FALSE(masters->setVisibleRegion("A", "other", Type::REGION_BEFORE, true));
     EXPECT_EQ(masters.committed(),
-              page(L"<fo:region-body/><fo:region-before extent=\"0.7in\" "
-                   L"region-name=\"xsl-region-before\" display-align=\"after\"/>"));
+              page(L"<fo:region-body/><fo:region-before region-name=\"xsl-region-before\" "
+                   L"extent=\"0.7in\" display-align=\"after\"/>"));
     EXPECT_TRUE(masters->getRegionsForPageMaster("B").empty());
     EXPECT_FALSE(masters->getPageRegionsData("B").body.visible);
 }

@@ -24,6 +24,15 @@ TEST(KeptSpelling, LeavesWhatNobodyTouched) {
              Case{L"<p:a p:x='1'\ny='&#49;' z='3'>t</p:a>", LR"(<p:a x="1" y="1" z="3">t</p:a>)",
                   LR"(<p:a x="2" y="1" w="4">t</p:a>)",
                   L"<p:a p:x=\"2\"\ny='&#49;' w=\"4\">t</p:a>"},
+             Case{L"<a><b/><c ></c></a>", L"<a><b/><c/></a>", LR"(<a><b x="1"/><c y="2"/></a>)",
+                  LR"(<a><b x="1"/><c y="2" ></c></a>)"},
+             Case{L"<p:a p:x='1' x='2' y='3'/>", LR"(<p:a p:x="1" x="2" y="3"/>)",
+                  LR"(<p:a p:x="4" x="2" y="3" p:z="5"/>)",
+                  LR"(<p:a p:x="4" x='2' y='3' p:z="5"/>)"},
+             // a name tells which element it was
+             Case{L"<a><b id='1'/><b id='2' x='1'/></a>", LR"(<a><b id="1"/><b id="2" x="1"/></a>)",
+                  LR"(<a><b id="2" x="2"/><b id="3"/></a>)",
+                  LR"(<a><b id='2' x="2"/><b id="3"/></a>)"},
              // a shorthand goes with all that it speaks for, and with nothing else
              Case{L"<a margin-left='1' padding='0' margin-top='1'><b/></a>",
                   LR"(<a margin="1"><b/></a>)", LR"(<a margin="1 2"><b/></a>)",
