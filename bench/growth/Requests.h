@@ -74,6 +74,7 @@ inline const char* const placeTable = R"json({
 "start": [["moveCaretHome", false]],
 "middle": [["setCaretPos", false, "$middle"]],
 "end": [["moveCaretToEnd", false]],
+"rest": [["setCaretPos", false, "$middle"], ["moveCaretToEnd", true]],
 "all": [["moveCaretHome", false], ["moveCaretToEnd", true]]
 })json";
 
