@@ -37,7 +37,8 @@ const Ancestors::Level* Ancestors::levelOf(Text text, int element, ElementMemo& 
     }
     for (auto next = inner.rbegin(); next != inner.rend(); ++next)
         level = add(text, *next, level);
-    if (isFull)
+    // So many more are climbed over before all is forgotten that a deep place is worth it.
+    if (isFull || levels_.size() > limit_)
         limit_ = std::max(leastLimit, 2 * levels_.size());
     return level;
 }

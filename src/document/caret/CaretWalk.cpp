@@ -100,7 +100,8 @@ void CaretWalk::enterElement(int element) {
 void CaretWalk::leaveElement() {
     if (entered_.empty()) {
         outer_ = document_.text().elementAround(outer_);
-        isOuterClosed_.reset();
+        if (isOuterClosed_ == true)
+            isOuterClosed_.reset(); // by what was left, perhaps
         return;
     }
     closedEntered_ -= isClosedToCaret(element()) ? 1 : 0;
