@@ -74,6 +74,7 @@ inline const char* const placeTable = R"json({
 "start": [["moveCaretHome", false]],
 "middle": [["setCaretPos", false, "$middle"]],
 "end": [["moveCaretToEnd", false]],
+"rest": [["setCaretPos", false, "$middle"], ["moveCaretToEnd", true]],
 "all": [["moveCaretHome", false], ["moveCaretToEnd", true]]
 })json";
 
@@ -134,6 +135,11 @@ inline constexpr Shape shapes[]{
      L"below in the order of their dates; for each the account is told that it went to, with the "
      L"rate",
      L"", L"</fo:block>"},
+    {"nested inlines", L"<fo:block>a", L"<fo:inline>b ", L"z</fo:block>", L" c</fo:inline>"},
+    {"nested lists", L"",
+     L"<fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)</fo:block>"
+     L"</fo:list-item-label><fo:list-item-body><fo:block>item</fo:block>",
+     L"<fo:block>z</fo:block>", L"</fo:list-item-body></fo:list-item></fo:list-block>"},
     // Texts whose tags do not match
     {"names in quotes", L"<fo:block>a</fo:block>", L"<x'>'", L"<fo:block>z</fo:block>"},
     {"closing inlines", L"<fo:block>a", L"</fo:inline>", L"z</fo:block>"},

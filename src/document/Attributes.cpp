@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <set>
 
 using Core::String;
 
@@ -100,20 +99,13 @@ int Attributes::merge(Document& document, int element, PropertyCollection proper
     return shift + replace(document, element, merged);
 }
 
-bool Attributes::isDeclaredAt(const Document& document, const String& prefix, int element) {
-    std::set<String> declared = Namespaces::of(document.text(), element);
-    declared.merge(Namespaces::around(document.text(), element));
-    return std::any_of(declared.begin(), declared.end(), [&](const String& declaration) {
-        return declaration.startsWith(L"xmlns:" + prefix + L"=");
-    });
-}
-
 int Attributes::declareNamespaces(Document& document, const PropertyCollection& properties,
                                   int& element) {
     int shift = 0;
     for (const EditableProperty& property : properties.getPropertyList()) {
         const String prefix = property.getNamespace();
-        if (!isStandardNamespace(prefix) || isDeclaredAt(document, prefix, element))
+        if (!isStandardNamespace(prefix) ||
+            Namespaces::isDeclaredAt(document.text(), prefix, element))
             continue;
         const int moved = declareStandard(document, prefix);
         if (document.text().root() < element)

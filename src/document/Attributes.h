@@ -44,7 +44,6 @@ void removeAll(Document& document, int element);
 bool isStandardNamespace(const Core::String& prefix);
 /// Declares such a prefix on the root; answers by how much the text behind that moved.
 int declareStandard(Document& document, const Core::String& prefix);
-bool isDeclaredAt(const Document& document, const Core::String& prefix, int element);
 /// Sets one declaration, xmlns:x="uri", on the root element; answers by how much the text behind it
 /// moved. Anything else is refused with 0. One undo step.
 int declareOnRoot(Document& document, const Core::String& declaration);

@@ -154,8 +154,8 @@ void Document::recordContent() {
     history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, text_.content()));
 }
 
-void Document::recordCaret() {
-    history.addAction(EditAction(EditAction::EditCaret, -1, caret_, pivot_, L""));
+void Document::recordCaret(int caret, int pivot) {
+    history.addAction(EditAction(EditAction::EditCaret, -1, caret, pivot, L""));
 }
 
 void Document::recordInsertion(int position, const String& xml) {

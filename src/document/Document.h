@@ -104,7 +104,8 @@ public:
     KnownPlace knownPlace;
 
     /// Records of what was done. An insertion or a deletion is recorded by Edit, which does it.
-    void recordCaret();
+    void recordCaret() { recordCaret(caret_, pivot_); }
+    void recordCaret(int caret, int pivot);
     void recordInsertion(int position, const Core::String& xml);
     void recordDeletion(int position, const Core::String& xml);
     void recordContent();

@@ -18,6 +18,20 @@ void TextRewrite::begin() {
 }
 
 void TextRewrite::replace(int start, int end, const String& xml) {
+    document_.recordInsertion(note(start, end, xml), xml);
+}
+
+void TextRewrite::remove(int start, int end) {
+    note(start, end, {});
+}
+
+void TextRewrite::recordCaret() {
+    begin();
+    document_.recordCaret(caret_, pivot_);
+}
+
+/// Records what goes; answers where, at that time, it went.
+int TextRewrite::note(int start, int end, const String& xml) {
     begin();
     const int position = start + change_;
     const String removed = document_.text().slice(start, end);
@@ -28,9 +42,9 @@ void TextRewrite::replace(int start, int end, const String& xml) {
             *offset += xml.length();
     }
     document_.recordDeletion(position, removed);
-    document_.recordInsertion(position, xml);
     replacements_.push_back({start, end, xml});
     change_ += xml.length() - (end - start);
+    return position;
 }
 
 void TextRewrite::keepCaretOutside(int start, int end) {

@@ -16,6 +16,10 @@ public:
     /// Replaces `start` up to but excluding `end` by `xml`. The offsets are those of the text as it
     /// stands; each replacement stands behind the one before.
     void replace(int start, int end, const Core::String& xml);
+    /// Removes `start` up to but excluding `end`, likewise.
+    void remove(int start, int end);
+    /// Records where the caret would be by now.
+    void recordCaret();
     /// Caret and pivot, where they lie inside that range, go to its end.
     void keepCaretOutside(int start, int end);
 
@@ -30,6 +34,7 @@ private:
     };
 
     void begin();
+    int note(int start, int end, const Core::String& xml);
 
     Document& document_;
     std::vector<Replacement> replacements_;

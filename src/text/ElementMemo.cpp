@@ -10,9 +10,6 @@ using XmlScan::Text;
 
 namespace {
 
-/// Far more than the tags around a caret. A walk over a whole document begins anew now and then.
-constexpr std::size_t limit = 1024;
-
 /// To pass so many tags again is cheaper than to remember them.
 constexpr int few = 16;
 
@@ -31,19 +28,6 @@ int ElementMemo::around(Text text, int position, PrecedingTags& tags) {
     if (isAsked || !siblings_.empty())
         rememberAsked(isAsked ? position : siblings_.front(), element);
     return element;
-}
-
-/// Climbs only to what is around the place asked about before, too.
-const std::vector<int>& ElementMemo::allAround(Text text, int position, PrecedingTags& tags) {
-    std::vector<int> inner;
-    int element = around(text, position, tags);
-    while (element >= 0 && !std::binary_search(chain_.begin(), chain_.end(), element)) {
-        inner.push_back(element);
-        element = around(text, element, tags);
-    }
-    chain_.erase(std::upper_bound(chain_.begin(), chain_.end(), element), chain_.end());
-    chain_.insert(chain_.end(), inner.rbegin(), inner.rend());
-    return chain_;
 }
 
 /// Goes back from tag to tag, and over an element whose start tag is known as one.
@@ -97,7 +81,7 @@ std::optional<int> ElementMemo::find(int tag) const {
 }
 
 void ElementMemo::rememberAsked(int tag, int element) {
-    if (asked_.size() >= limit) {
+    if (asked_.size() >= limit_) {
         // What is around the place that the walk has come to is asked for next.
         std::map<int, int> around;
         const auto keep = [&](auto known) {
@@ -109,12 +93,12 @@ void ElementMemo::rememberAsked(int tag, int element) {
         if (const auto behind = asked_.upper_bound(tag); behind != asked_.begin())
             keep(std::prev(behind));
         asked_ = std::move(around);
+        limit_ = std::max(leastLimit, 2 * asked_.size());
     }
     asked_[tag] = element;
 }
 
 void ElementMemo::forgetBehind(int position) {
-    chain_.erase(std::upper_bound(chain_.begin(), chain_.end(), position), chain_.end());
     for (auto* const elements : {&asked_, &far_})
         elements->erase(elements->upper_bound(position), elements->end());
 }

@@ -17,8 +17,6 @@ public:
     /// The innermost start tag before the position that has not been closed there; -1 if none.
     /// `tags` finds the tags of the same text.
     int around(XmlScan::Text text, int position, PrecedingTags& tags);
-    /// All elements around the position, the outermost first; until the next question.
-    const std::vector<int>& allAround(XmlScan::Text text, int position, PrecedingTags& tags);
     /// The text has changed from the position on.
     void forgetBehind(int position);
 
@@ -35,9 +33,13 @@ private:
     void rememberFound(int element);
     void rememberAsked(int tag, int element);
 
+    /// Far more than the tags around a caret. A walk over a whole document begins anew now and
+    /// then.
+    static constexpr std::size_t leastLimit = 1024;
+
     std::map<int, int> asked_; // the elements around tags that were asked about
     std::map<int, int> far_;   // and around some others, many tags away
-    std::vector<int> chain_;   // the elements around the last place for which all were asked
+    std::size_t limit_ = leastLimit;
     // Of the search
     std::vector<Closing> closed_; // what its elements ended with, while their start tags are ahead
     std::vector<int> siblings_;   // the first in front of the position, and some of the others

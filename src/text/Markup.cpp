@@ -47,7 +47,10 @@ public:
         }
         for (; !open_.empty(); open_.pop_back())
             appendClosingTag(open_.back());
-        return front_ + body_;
+        std::wstring whole;
+        for (auto piece = front_.rbegin(); piece != front_.rend(); ++piece)
+            whole += *piece;
+        return whole + body_;
     }
 
 private:
@@ -87,7 +90,7 @@ private:
             label = text_.nextTag(text_.behindElement(label));
         const bool alreadyInRange = start_ <= text_.closingTag(label);
         if (label >= 0 && label < body && !alreadyInRange)
-            front_.insert(0, std::wstring(text_.view(label, body)));
+            front_.emplace_back(text_.view(label, body));
     }
 
     /// Opens all elements from the container down to `parent` in front, to be closed at the end.
@@ -110,15 +113,15 @@ private:
     /// The cut-off table has lost the column definitions that a fixed layout needs.
     void relaxTableLayout() {
         static constexpr Text fixed = L"table-layout=\"fixed\"";
-        const int at = XmlScan::find(front_, fixed, 0);
-        if (XmlScan::tagName(front_, 0) == L"fo:table" && at >= 0 &&
-            at < XmlScan::tagEnd(front_, 1))
-            front_.replace(static_cast<std::size_t>(at), fixed.size(), L"table-layout=\"auto\"");
+        std::wstring& table = front_.back();
+        const int at = XmlScan::find(table, fixed, 0);
+        if (XmlScan::tagName(table, 0) == L"fo:table" && at >= 0 && at < XmlScan::tagEnd(table, 1))
+            table.replace(static_cast<std::size_t>(at), fixed.size(), L"table-layout=\"auto\"");
     }
 
     void putStartTagInFront(int element) {
         if (element >= 0)
-            front_.insert(0, std::wstring(wholeTag(text_, element)));
+            front_.emplace_back(wholeTag(text_, element));
     }
 
     void appendClosingTag(Text name) { body_ += L"</" + std::wstring(name) + L">"; }
@@ -126,9 +129,10 @@ private:
     const XmlText& text_;
     int start_;
     int end_;
-    std::wstring front_;     // start tags and labels that the range began behind
-    std::wstring body_;      // the range itself
-    std::vector<Text> open_; // names still to be closed, the innermost last
+    std::vector<std::wstring> front_; // start tags and labels that the range began behind,
+                                      // the first one last
+    std::wstring body_;               // the range itself
+    std::vector<Text> open_;          // names still to be closed, the innermost last
 };
 
 /// The character with the number that is written in the base, 10 or 16; empty for none.
@@ -273,6 +277,20 @@ String Namespaces::asAttributes(const std::set<String>& declared) {
     for (const String& entry : declared)
         declarations += L" " + entry;
     return declarations;
+}
+
+bool Namespaces::isDeclaredAt(const XmlText& text, const String& prefix, int element) {
+    const String declaration = L"xmlns:" + prefix + L"=";
+    const auto isMeant = [&](const String& other) { return other.startsWith(declaration); };
+    const std::set<String> own = of(text, element);
+    if (std::any_of(own.begin(), own.end(), isMeant))
+        return true;
+    // Of those that differ in case the first hides the others.
+    const std::set<String> nearest = of(text, text.declaringAround(element, prefix));
+    const auto first = std::find_if(nearest.begin(), nearest.end(), [&](const String& other) {
+        return declares({other}, declaration);
+    });
+    return first != nearest.end() && isMeant(*first);
 }
 
 std::set<String> Namespaces::of(const XmlText& text, int element) {

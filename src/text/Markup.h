@@ -44,6 +44,8 @@ namespace Namespaces {
 bool declares(const std::set<Core::String>& declared, const Core::String& declaration);
 /// The declarations, each with a blank before it.
 Core::String asAttributes(const std::set<Core::String>& declared);
+/// Whether the prefix is declared by the element or around it.
+bool isDeclaredAt(const XmlText& text, const Core::String& prefix, int element);
 /// What the element itself declares.
 std::set<Core::String> of(const XmlText& text, int element);
 /// What is declared around the position; an inner declaration hides an outer one.

@@ -49,14 +49,16 @@ int TagEnds::farTagEnd(Text text, int from) {
     std::vector<std::pair<int, int>> met; // the first and the last of each stretch
     int end = -1;
     for (int at = from; at < length(text);) {
-        if (const Stretch* const stretch = known(at)) {
-            end = stretch->end;
+        const auto known = stretches_.lower_bound(at);
+        const int first = at;
+        const int unread = known == stretches_.end() ? length(text) : known->second.first;
+        while (at < unread && unitAt(text, at) != L'>' && quotesOf(unitAt(text, at)) == NoQuotes)
+            ++at;
+        if (known != stretches_.end() && at >= unread) {
+            known->second.first = std::min(first, unread);
+            end = known->second.end;
             break;
         }
-        const int first = at;
-        while (at < length(text) && unitAt(text, at) != L'>' &&
-               quotesOf(unitAt(text, at)) == NoQuotes)
-            ++at;
         met.emplace_back(first, at);
         const wchar_t last = at < length(text) ? unitAt(text, at) : L'>';
         if (last == L'>')
@@ -67,12 +69,6 @@ int TagEnds::farTagEnd(Text text, int from) {
     for (const auto& [first, last] : met)
         stretches_.insert_or_assign(last, Stretch{first, end});
     return end;
-}
-
-const TagEnds::Stretch* TagEnds::known(int position) const {
-    const auto stretch = stretches_.lower_bound(position);
-    return stretch != stretches_.end() && stretch->second.first <= position ? &stretch->second
-                                                                            : nullptr;
 }
 
 Text TagEnds::tagName(Text text, int position) noexcept {

@@ -25,7 +25,6 @@ private:
 
     int tagEnd(XmlScan::Text text, int from);
     int farTagEnd(XmlScan::Text text, int from);
-    const Stretch* known(int position) const;
     int nameEnd(XmlScan::Text text, int from) noexcept;
 
     std::map<int, Stretch> stretches_; // by their last position

@@ -1,9 +1,11 @@
 #include "text/XmlText.h"
 
 #include "foundation/Transcoding.h"
+#include "text/Markup.h"
 #include "text/NameList.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using Core::String;
@@ -105,6 +107,7 @@ void XmlText::assign(String content) {
 void XmlText::forgetFrom(int position) noexcept {
     const bool isTypeChanged = precedingTags_.forgetBehind(position);
     elementMemo_.forgetBehind(isTypeChanged ? -1 : position);
+    ancestors_.forgetBehind(isTypeChanged ? -1 : position);
     closingTags_.forgetFrom(position);
     tagEnds_.forget();
     markupMemo_.forgetFrom(position);
@@ -312,7 +315,11 @@ int XmlText::elementAround(int position) const {
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {
-    return allAround(position);
+    std::vector<int> around;
+    for (const Level* level = levelAround(position); level; level = level->parent)
+        around.push_back(level->element);
+    std::reverse(around.begin(), around.end());
+    return around;
 }
 
 String XmlText::startTagAround(int position) const {
@@ -323,19 +330,23 @@ String XmlText::startTagAround(int position) const {
 
 int XmlText::searchAncestor(int position, const StringArray& names, const Climb& climb) const {
     const View limit = climb.limit.empty() ? rootName_.view() : climb.limit;
-    const std::vector<int>& around = allAround(position);
+    const Level* level = levelAround(position);
+    Ancestors::Marks marks = climb.withPrefix ? ancestors_.markOf(limit) : Ancestors::all;
+    if (climb.withPrefix)
+        for (const String& name : names)
+            marks |= ancestors_.markOf(name);
     int outermost = -1;
-    for (auto next = around.rbegin(); next != around.rend(); ++next) {
-        const int element = *next;
-        const View fullName = tagName(element);
+    while ((level = Ancestors::nearest(level, marks))) {
+        const View fullName = tagName(level->element);
         const View name = climb.withPrefix ? fullName : XmlScan::localName(fullName);
         if (isAmong(names, name)) {
+            outermost = level->element;
             if (!climb.wantOutermost)
-                return element;
-            outermost = element;
+                break;
         }
         if (name == limit)
             break;
+        level = level->parent;
     }
     return outermost;
 }
@@ -345,15 +356,46 @@ int XmlText::ancestor(int position, View name) const {
 }
 
 int XmlText::ancestorWithin(int position, View name, View limit) const {
-    const std::vector<int>& around = allAround(position);
-    for (auto element = around.rbegin(); element != around.rend(); ++element) {
-        const View other = tagName(*element);
-        if (other == name)
-            return *element;
-        if (other == limit)
-            break;
+    const int element = nearestNamed(position, std::array{name, limit});
+    return element >= 0 && tagName(element) == name ? element : -1;
+}
+
+int XmlText::nearestNamed(int position, std::span<const View> names) const {
+    const Level* level = levelAround(position);
+    Ancestors::Marks marks = 0;
+    for (const View name : names)
+        marks |= ancestors_.markOf(name);
+    while ((level = Ancestors::nearest(level, marks))) {
+        if (std::find(names.begin(), names.end(), tagName(level->element)) != names.end())
+            return level->element;
+        level = level->parent;
     }
     return -1;
+}
+
+int XmlText::declaringAround(int position, View prefix) const {
+    const String declaration = (L"xmlns:" + String(prefix) + L"=").toLower();
+    const Level* level = levelAround(position);
+    const Ancestors::Marks mark = ancestors_.markOf(declaration.substringBefore(L"="));
+    while ((level = Ancestors::nearest(level, mark))) {
+        if (Namespaces::declares(Namespaces::of(*this, level->element), declaration))
+            return level->element;
+        level = level->parent;
+    }
+    return -1;
+}
+
+bool XmlText::isAround(int element, int position) const {
+    return Ancestors::isAround(element, levelAround(position));
+}
+
+SpaceProperties::Values XmlText::spacePropertiesAround(int position) const {
+    SpaceProperties::Values values;
+    const Level* const innermost = levelAround(position);
+    for (std::size_t property = 0; property < values.size(); ++property)
+        if (const Level* const level = Ancestors::nearest(innermost, Ancestors::markOf(property)))
+            values[property] = spacePropertiesAt(level->element)[property];
+    return values;
 }
 
 int XmlText::ancestor(int position, const StringArray& names) const {
@@ -484,7 +526,7 @@ String XmlText::nextNeighborName(int position, bool useCurrent) const {
 String XmlText::pathUpTo(int position, int root) const {
     if (position < 0)
         return {};
-    const std::vector<int>& around = allAround(position);
+    const std::vector<int> around = elementsAround(position);
     const auto first = std::find_if(around.rbegin(), around.rend(), [&](int element) {
         return element == root || tagName(element) == rootName_.view();
     });

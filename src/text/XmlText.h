@@ -2,11 +2,13 @@
 
 #include "foundation/String.h"
 #include "foundation/Vector.h"
+#include "text/Ancestors.h"
 #include "text/ClosingTags.h"
 #include "text/ElementMemo.h"
 #include "text/MarkupMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/Prolog.h"
+#include "text/SpaceProperties.h"
 #include "text/TagEnds.h"
 #include "text/TextLog.h"
 #include "text/UnitMemo.h"
@@ -14,6 +16,7 @@
 #include "text/XmlScan.h"
 
 #include <memory>
+#include <span>
 #include <vector>
 
 /// The text of one document, which it alone owns and stores, and the answers to where things are in
@@ -221,6 +224,20 @@ public:
     };
     int searchAncestor(int position, const Core::StringArray& names, const Climb& climb) const;
 
+    /// The same with one of the names and a climb that does not end at the root.
+    int nearestNamed(int position, std::span<const View> names) const;
+    /// The nearest element around the position that declares the prefix, in capitals or not.
+    int declaringAround(int position, View prefix) const;
+    /// Whether the element is one of those around the position.
+    bool isAround(int element, int position) const;
+
+    /// The properties of white space that the start tag at the position sets.
+    SpaceProperties::Values spacePropertiesAt(int element) const {
+        return SpaceProperties::setBy(all(), element, tagName(element));
+    }
+    /// Those that the elements around the position set: of each, the value nearest to it.
+    SpaceProperties::Values spacePropertiesAround(int position) const;
+
     bool isWithin(int position, View name) const { return ancestor(position, name) >= 0; }
     bool isInLabel(int position) const { return isWithin(position, L"fo:list-item-label"); }
     bool isInFlow(int position) const { return isWithin(position, L"fo:flow"); }
@@ -309,8 +326,9 @@ public:
 
 private:
     View all() const { return text_.view(); }
-    const std::vector<int>& allAround(int position) const {
-        return elementMemo_.allAround(all(), position, precedingTags_);
+    using Level = Ancestors::Level;
+    const Level* levelAround(int position) const {
+        return ancestors_.levelOf(all(), elementAround(position), elementMemo_, precedingTags_);
     }
     bool isMarked() const { return log_ && log_.use_count() > 1; }
     bool mayBeShared() const;
@@ -325,6 +343,7 @@ private:
     Core::String rootName_;
     mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
+    mutable Ancestors ancestors_;
     mutable ClosingTags closingTags_;
     mutable TagEnds tagEnds_;
     mutable MarkupMemo markupMemo_;

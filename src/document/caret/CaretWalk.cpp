@@ -4,8 +4,6 @@
 #include "text/Vocabulary.h"
 #include "text/XmlScan.h"
 
-#include <algorithm>
-
 using XmlScan::contains;
 using XmlScan::Text;
 
@@ -28,9 +26,10 @@ CaretWalk::CaretWalk(const Document& document, int position)
 
 void CaretWalk::restartAt(int position) {
     position_ = position;
-    around_ = document_.text().elementsAround(position);
-    closedAround_ = static_cast<int>(std::count_if(
-        around_.begin(), around_.end(), [this](int element) { return isClosedToCaret(element); }));
+    outer_ = document_.text().elementAround(position);
+    isOuterClosed_.reset();
+    entered_.clear();
+    closedEntered_ = 0;
 }
 
 bool CaretWalk::stepForward() {
@@ -94,15 +93,19 @@ bool CaretWalk::toPreviousStop() {
 void CaretWalk::enterElement(int element) {
     if (element < 0)
         return;
-    around_.push_back(element);
-    closedAround_ += isClosedToCaret(element) ? 1 : 0;
+    entered_.push_back(element);
+    closedEntered_ += isClosedToCaret(element) ? 1 : 0;
 }
 
 void CaretWalk::leaveElement() {
-    if (around_.empty())
+    if (entered_.empty()) {
+        outer_ = document_.text().elementAround(outer_);
+        if (isOuterClosed_ == true)
+            isOuterClosed_.reset(); // by what was left, perhaps
         return;
-    closedAround_ -= isClosedToCaret(element()) ? 1 : 0;
-    around_.pop_back();
+    }
+    closedEntered_ -= isClosedToCaret(element()) ? 1 : 0;
+    entered_.pop_back();
 }
 
 bool CaretWalk::canHoldCaret() const {
@@ -111,7 +114,14 @@ bool CaretWalk::canHoldCaret() const {
     const bool mayStand = document_.isEditableAt(element()) ||
                           document_.text().isBeforeTable(position_) ||
                           document_.text().isBehindTable(position_);
-    return mayStand && closedAround_ == 0;
+    return mayStand && !isInClosed();
+}
+
+bool CaretWalk::isInClosed() const {
+    if (!isOuterClosed_)
+        isOuterClosed_ = isClosedToCaret(outer_) ||
+                         document_.text().nearestNamed(outer_, Vocabulary::closedToCaret) >= 0;
+    return *isOuterClosed_ || closedEntered_ > 0;
 }
 
 bool CaretWalk::isClosedToCaret(int element) const {
@@ -124,7 +134,7 @@ bool CaretWalk::isSkippedInElement(int position) {
         !Core::String::isSpace(text.unitAt(position)))
         return false; // whatever the properties are, which are not looked for then
     if (loaded_ != element()) {
-        whitespace_.load(around_);
+        whitespace_.load(outer_, entered_);
         loaded_ = element();
     }
     return whitespace_.isSkipped(position, element());

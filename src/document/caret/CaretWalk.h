@@ -6,8 +6,8 @@
 #include <vector>
 
 /// A walk over the units of a document that knows at every unit which elements are around it and
-/// whether the caret may stand there. It climbs to the root once, where it begins, and then keeps
-/// count of the tags that it passes, so that a walk costs what it passes over.
+/// whether the caret may stand there. It climbs no further than it leaves elements, and keeps count
+/// of those that it enters, so that a walk costs what it passes over, however deep.
 ///
 /// The text must not change while the walk lasts.
 class CaretWalk {
@@ -16,7 +16,7 @@ public:
 
     int position() const { return position_; }
     /// The element current there; -1 if none.
-    int element() const { return around_.empty() ? -1 : around_.back(); }
+    int element() const { return entered_.empty() ? outer_ : entered_.back(); }
 
     /// One unit on or back. False, with the position as it was, where the text ends.
     bool stepForward();
@@ -45,11 +45,15 @@ private:
     void enterElement(int element);
     void leaveElement();
     bool isClosedToCaret(int element) const;
+    bool isInClosed() const;
 
     const Document& document_;
     BufferAlgorithms::WhitespaceAlg whitespace_;
     std::optional<int> loaded_;
     int position_;
-    std::vector<int> around_; // the elements around the position, the outermost first
-    int closedAround_ = 0;    // how many of these are closed to the caret
+    int outer_; // the innermost element around that was not entered
+    mutable std::optional<bool>
+        isOuterClosed_;        // whether that or one around it is closed to the caret
+    std::vector<int> entered_; // the others, the outermost first
+    int closedEntered_;        // how many of these are closed to the caret
 };

@@ -105,7 +105,7 @@ void Moves::right(Document& document, bool extend, bool byWord, bool mergeBounda
     document.endTyping();
     if (!extend && document.hasSelection())
         document.setCaret(std::max(document.caret(), document.pivot()));
-    else if (rightThroughTable(document))
+    else if (rightThroughTable(document, Stops::next(document, document.caret())))
         return;
     else if (byWord)
         Words::stepRight(document, extend);
@@ -113,11 +113,10 @@ void Moves::right(Document& document, bool extend, bool byWord, bool mergeBounda
         moveRightByStop(document, extend, mergeBoundaries);
 }
 
-bool Moves::rightThroughTable(Document& document) {
+bool Moves::rightThroughTable(Document& document, int nextStop) {
     if (isAtomicObjectAt(document.text(), document.caret()))
         return false;
-    const int next =
-        landingRight(document, document.caret(), Stops::next(document, document.caret()));
+    const int next = landingRight(document, document.caret(), nextStop);
     const int target = PageOrder(document).next(document.caret(), next);
     if (document.text().isValid(target) && target != next)
         document.setCaret(target);

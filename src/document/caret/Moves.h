@@ -39,8 +39,8 @@ inline void left(Document& document) {
     left(document, false, false, false);
 }
 /// Where the page goes on elsewhere than the text, the caret follows it and selects nothing.
-/// Answers whether this was such a step.
-bool rightThroughTable(Document& document);
+/// Answers whether this was such a step. To the right the caller tells the stop behind the caret.
+bool rightThroughTable(Document& document, int nextStop);
 bool leftThroughTable(Document& document);
 /// Where a move from one position to another may end: from a flow, if not there then at the nearest
 /// stop in a flow; from a static content only there. -1 if nowhere.

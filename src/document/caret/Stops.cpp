@@ -52,10 +52,7 @@ int Stops::previousInCell(const Document& document, int position) {
 bool Stops::isInCellAround(const Document& document, int position, int stop) {
     const XmlText& text = document.text();
     const int holder = text.ancestor(position, Vocabulary::strings<Vocabulary::caretRegions>());
-    int element = text.elementAround(stop);
-    while (element > holder)
-        element = text.elementAround(element);
-    return holder >= 0 && element == holder;
+    return holder >= 0 && text.isAround(holder, stop);
 }
 
 int Stops::outsideMarkup(const Document& document, int position) {

@@ -16,10 +16,6 @@ namespace {
 constexpr Text block = L"fo:block";
 constexpr Text table = L"fo:table";
 constexpr Text link = L"fo:basic-link";
-constexpr Text foPrefix = L"fo:";
-
-constexpr std::array<Text, 4> propertyNames{L"white-space", L"white-space-treatment",
-                                            L"white-space-collapse", L"linefeed-treatment"};
 
 /// The other case of a unit is one unit, so that the length tells nearly always.
 bool equalsNoCase(Text value, Text keyword) {
@@ -52,59 +48,43 @@ int placeholderBefore(const XmlText& text, int position) {
 // The properties
 
 void WhitespaceAlg::load(int element) {
-    if (!text().onTagStart(element))
-        return;
-    std::vector<int> around = document_.text().elementsAround(element);
-    around.push_back(element);
-    load(around);
+    if (text().onTagStart(element))
+        load(element, {});
 }
 
-void WhitespaceAlg::load(const std::vector<int>& around) {
-    if (around.empty())
+void WhitespaceAlg::load(int element, const std::vector<int>& entered) {
+    if (element < 0 && entered.empty())
         return;
     reset();
-    const Values& values = nearestValues(around);
-    applyShorthand(values[Shorthand].value_or(Text()));
-    applyTreatment(values[TreatmentProperty].value_or(Text()));
-    applyCollapse(values[CollapseProperty].value_or(Text()));
-    applyLinefeedTreatment(values[LinefeedProperty].value_or(Text()));
+    const Values& values = nearestValues(element, entered);
+    applyShorthand(values[SpaceProperties::Shorthand].value_or(Text()));
+    applyTreatment(values[SpaceProperties::Treatment].value_or(Text()));
+    applyCollapse(values[SpaceProperties::Collapse].value_or(Text()));
+    applyLinefeedTreatment(values[SpaceProperties::Linefeed].value_or(Text()));
 }
 
-/// A walk goes in and out, so that most of the way from the root is as it was.
-const WhitespaceAlg::Values& WhitespaceAlg::nearestValues(const std::vector<int>& around) {
-    while (!levels_.empty() &&
-           (levels_.size() > around.size() || levels_.back().element != around[levels_.size() - 1]))
+/// A walk goes in and out, so that most of the way is as it was.
+const WhitespaceAlg::Values& WhitespaceAlg::nearestValues(int element,
+                                                          const std::vector<int>& entered) {
+    const auto isLeft = [&](std::size_t level) {
+        return level > entered.size() || levels_[level].element != entered[level - 1];
+    };
+    if (levels_.empty() || levels_.front().element != element)
+        levels_.assign(1, {element, valuesIn(element, text().spacePropertiesAround(element))});
+    while (levels_.size() > 1 && isLeft(levels_.size() - 1))
         levels_.pop_back();
-    while (levels_.size() < around.size()) {
-        const int element = around[levels_.size()];
-        Values values = valuesAt(text(), element);
-        for (std::size_t property = 0; property < PropertyCount && !levels_.empty(); ++property)
-            if (!values[property])
-                values[property] = levels_.back().values[property];
-        levels_.push_back({element, values});
+    while (levels_.size() <= entered.size()) {
+        const int inner = entered[levels_.size() - 1];
+        levels_.push_back({inner, valuesIn(inner, levels_.back().values)});
     }
     return levels_.back().values;
 }
 
-/// Takes the values that the tag sets. A name without a prefix counts as its element's, but gives
-/// way to one written out.
-WhitespaceAlg::Values WhitespaceAlg::valuesAt(const XmlText& text, int element) {
-    Values implied;
-    Values values;
-    const bool isFo = text.tagName(element).starts_with(foPrefix);
-    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
-        const Text name = text.attributeName(at);
-        const bool isExplicit = name.starts_with(foPrefix);
-        if (!isExplicit && !isFo)
-            continue;
-        const Text local = isExplicit ? name.substr(foPrefix.size()) : name;
-        for (std::size_t property = 0; property < PropertyCount; ++property)
-            if (local == propertyNames[property])
-                (isExplicit ? values : implied)[property] = text.attributeValue(at);
-    }
-    for (std::size_t property = 0; property < PropertyCount; ++property)
+WhitespaceAlg::Values WhitespaceAlg::valuesIn(int element, const Values& around) const {
+    Values values = text().spacePropertiesAt(element);
+    for (std::size_t property = 0; property < values.size(); ++property)
         if (!values[property])
-            values[property] = implied[property];
+            values[property] = around[property];
     return values;
 }
 
@@ -289,10 +269,11 @@ void WhitespaceAlg::searchBlockAround(int element) const {
     if (element == search_.element)
         return;
     search_.element = element;
-    while (element >= 0 && text().tagName(element) != block)
-        element = document_.text().elementAround(element);
-    if (element != search_.block)
-        search_ = {search_.element, element, text().next(element), -1};
+    const int around = text().tagName(element) == block
+                           ? element
+                           : text().nearestNamed(element, std::array{block});
+    if (around != search_.block)
+        search_ = {search_.element, around, text().next(around), -1};
 }
 
 /// Whether anything shows between the start of the block around the element and the position. A

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "text/TextView.h"
+#include "text/SpaceProperties.h"
 
-#include <array>
 #include <optional>
 #include <vector>
 
@@ -23,9 +22,9 @@ public:
     /// Takes the properties in force at the element: of each, the value nearest to it. Does nothing
     /// unless `element` is on `<`.
     void load(int element);
-    /// The same for a caller that knows the elements around: the outermost first, the one asked for
-    /// last.
-    void load(const std::vector<int>& around);
+    /// The same for a caller that has entered further elements within it, the outermost first. That
+    /// element may be none.
+    void load(int element, const std::vector<int>& entered);
 
     /// Whether the caret passes over the offset. False outside the text.
     bool isSkipped(int position) const;
@@ -46,15 +45,7 @@ private:
         LinefeedAsSpace = 2,
         LinefeedAsZeroWidthSpace = 3
     };
-    // In the order in which they are applied: the shorthand gives way to what is set by itself.
-    enum Property {
-        Shorthand,
-        TreatmentProperty,
-        CollapseProperty,
-        LinefeedProperty,
-        PropertyCount
-    };
-    using Values = std::array<std::optional<TextView>, PropertyCount>;
+    using Values = SpaceProperties::Values;
     /// An element around, and the values nearest to what it holds.
     struct Level {
         int element;
@@ -75,8 +66,8 @@ private:
         int data = -1;
     };
 
-    const Values& nearestValues(const std::vector<int>& around);
-    static Values valuesAt(const XmlText& text, int element);
+    const Values& nearestValues(int element, const std::vector<int>& entered);
+    Values valuesIn(int element, const Values& around) const;
     void reset();
     void applyShorthand(TextView value);
     void applyTreatment(TextView value);
@@ -109,7 +100,7 @@ private:
     Treatment treatment_ = IgnoreAroundLinefeed;
     bool collapse_ = true;
     Linefeed linefeed_ = LinefeedAsSpace;
-    std::vector<Level> levels_; // the outermost first
+    std::vector<Level> levels_; // the one given, and those entered
     mutable Run run_;
     mutable Search search_;
 };

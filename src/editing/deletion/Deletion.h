@@ -3,6 +3,7 @@
 #include "foundation/String.h"
 
 class Document;
+class XmlText;
 
 /// Backspace and Delete, and the deletion of what is selected. What an element lost is made good:
 /// one that shows nothing keeps a placeholder or goes, and blanks do not collapse.
@@ -56,5 +57,9 @@ int withEmptiedSequence(const Document& document, int element);
 
 /// Whether anything is left to see of an element that holds what stands from `start` up to `end`.
 bool showsBetween(const Document& document, int start, int end);
+bool showsAt(const Document& document, int position);
+/// Whether each start tag from `at` up to `end` has its closing tag there, and each closing tag its
+/// start tag.
+bool tagsMatch(const XmlText& text, int at, int end);
 
 } // namespace Deletion

@@ -53,8 +53,8 @@ bool DeletionSweep::emptyBlock() {
     const int element = blockAtItsStart();
     const int content = text.next(element);
     const int closing = text.closingTag(element);
-    if (element < 0 || !isFree(content, closing + 1) || !tagsMatch(content, closing) ||
-        !mayChange())
+    if (element < 0 || !isFree(content, closing + 1) ||
+        !Deletion::tagsMatch(text, content, closing) || !mayChange())
         return false;
     if (element + change_ < state_.start)
         state_.start = content + change_;
@@ -84,24 +84,6 @@ int DeletionSweep::blockAtItsStart() const {
         element = text.elementAround(element);
     }
     return isBlock(element) && text.next(element) == inner ? element : -1;
-}
-
-/// Whether each start tag from `at` up to `end` has its closing tag there, and each closing tag its
-/// start tag.
-bool DeletionSweep::tagsMatch(int at, int end) const {
-    const XmlText& text = document_.text();
-    std::vector<Text> open;
-    for (at = text.nextTag(at); 0 <= at && at < end; at = text.nextTag(text.next(at))) {
-        const Text name = text.tagName(at);
-        if (text.openingAt(at)) {
-            open.push_back(name);
-        } else if (!text.selfClosingAt(at)) {
-            if (!name.starts_with(L'/') || open.empty() || open.back() != name.substr(1))
-                return false;
-            open.pop_back();
-        }
-    }
-    return at == end && open.empty();
 }
 
 /// From the closing tag of the element and on over those that close what is around it, as far as
@@ -299,4 +281,19 @@ void DeletionSweep::remove(int from, int behind) {
     if (from != removedEnd_)
         removedFrom_ = from;
     removedEnd_ = behind;
+}
+
+bool Deletion::tagsMatch(const XmlText& text, int at, int end) {
+    std::vector<Text> open;
+    for (at = text.nextTag(at); 0 <= at && at < end; at = text.nextTag(text.next(at))) {
+        const Text name = text.tagName(at);
+        if (text.openingAt(at)) {
+            open.push_back(name);
+        } else if (!text.selfClosingAt(at)) {
+            if (!name.starts_with(L'/') || open.empty() || open.back() != name.substr(1))
+                return false;
+            open.pop_back();
+        }
+    }
+    return at == end && open.empty();
 }

@@ -32,7 +32,6 @@ private:
 
     bool emptyBlock();
     int blockAtItsStart() const;
-    bool tagsMatch(int at, int end) const;
     void leave(int element);
     int removeSiblings(int element, int behind);
     void goOnFrom(int place);

@@ -9,6 +9,7 @@
 #include "document/caret/Lines.h"
 #include "document/caret/Stops.h"
 #include "document/caret/WhitespaceAlg.h"
+#include "document/history/EditActionGroup.h"
 #include "editing/deletion/Deletion.h"
 #include "editing/deletion/DeletionSweep.h"
 #include "editing/deletion/ListEdge.h"
@@ -38,6 +39,27 @@ void restoreSelection(Document& document, int lower, int upper, int place, int c
 }
 
 } // namespace
+
+/// Whether anything shows between two places, for a walk that asks again and again: it goes on from
+/// where it was.
+class SelectionDeletion::ShownAhead {
+public:
+    explicit ShownAhead(const Document& document) : document_(document) {}
+
+    bool between(int start, int end) {
+        const XmlText& text = document_.text();
+        if (start < from_ || at_ < start)
+            from_ = at_ = start;
+        while (text.isValid(at_) && at_ < end && !Deletion::showsAt(document_, at_))
+            at_ = text.next(at_);
+        return text.isValid(at_) && at_ < end;
+    }
+
+private:
+    const Document& document_;
+    int from_ = -1; // nothing shows from there
+    int at_ = -1;   // up to here
+};
 
 SelectionDeletion::SelectionDeletion(Document& document, int start, int end, int handledList)
     : document_(document), start_(start), end_(end), position_(start), handledList_(handledList) {}
@@ -98,7 +120,7 @@ bool SelectionDeletion::playRound() {
         return deleteRestOfText();
     if (document_.text().elementAround(position_) < 0)
         return finishAtStart();
-    if (!document_.text().closingAt(tag) && deleteWhatLeavesSomething())
+    if (document_.text().closingAt(tag) ? leaveElements() : deleteWhatLeavesSomething())
         return true;
     if (deleteTextBefore(tag))
         return true;
@@ -188,40 +210,99 @@ bool SelectionDeletion::deleteRestOfText() {
     return finishAtStart();
 }
 
+/// Of an element, from a position in it on: the borders of the texts and children that lie wholly
+/// in the range, and up to which of these they go.
+struct SelectionDeletion::Leavings {
+    std::vector<int> borders;
+    int last;
+};
+
 /// Text and children of this element that lie wholly in the range go at once, however many they
 /// are, as long as the element shows something without them: then nothing has to be made good.
-/// Where nothing else shows, the last that does stays for the rounds to come.
+/// Where nothing else shows, the last that does stays for the rounds to come. If a child follows
+/// that holds the end of the range, the same is done in it, however deep that leads.
 bool SelectionDeletion::deleteWhatLeavesSomething() {
-    const XmlText& text = document_.text();
-    const int element = text.elementAround(position_);
-    if (!document_.isEditableAt(element) || !Stops::canHoldCaret(document_, position_) ||
-        !Stops::canHoldCaret(document_, end_))
+    if (!canStandAt(position_) || !Stops::canHoldCaret(document_, end_))
         return false;
-    std::vector<int> borders{position_}; // of texts and children
-    int lastShown = position_;           // the border before the last that shows
-    for (int tag = text.nextTag(position_); 0 <= tag && tag < end_;
+    TextRewrite rewrite(document_);
+    ShownAhead shown(document_);
+    int position = position_;
+    int goneBefore = 0;
+    for (;;) {
+        const Leavings found = leavingsFrom(position, shown);
+        int gone = 0;
+        for (std::size_t i = 1; i < found.borders.size() && found.borders[i] <= found.last; ++i)
+            if (found.borders[i - 1] < found.borders[i]) {
+                rewrite.replace(found.borders[i - 1], found.borders[i], {});
+                gone += found.borders[i] - found.borders[i - 1];
+            }
+        const int inner = placeInLastChild(position, found);
+        if (inner < 0) {
+            const bool isDone = gone > 0 || position > position_;
+            position_ = position - goneBefore;
+            end_ += rewrite.apply();
+            return isDone;
+        }
+        goneBefore += gone;
+        position = inner;
+    }
+}
+
+bool SelectionDeletion::canStandAt(int position) const {
+    return document_.isInEditable(position) && Stops::canHoldCaret(document_, position);
+}
+
+SelectionDeletion::Leavings SelectionDeletion::leavingsFrom(int position, ShownAhead& shown) const {
+    const XmlText& text = document_.text();
+    const int element = text.elementAround(position);
+    std::vector<int> borders{position};
+    int lastShown = position; // the border before the last that shows
+    for (int tag = text.nextTag(position); 0 <= tag && tag < end_;
          tag = text.nextTag(borders.back())) {
-        if (Deletion::showsBetween(document_, borders.back(), tag))
+        if (shown.between(borders.back(), tag))
             lastShown = borders.back();
         borders.push_back(tag);
         const int closing = text.closingTag(tag);
         const int behind = text.next(closing);
         if (closing < 0 || behind < 0 || end_ < behind)
             break;
-        if (Deletion::showsBetween(document_, tag, behind))
+        if (shown.between(tag, behind))
             lastShown = tag;
         borders.push_back(behind);
     }
-    const bool showsWithout =
-        Deletion::showsBetween(document_, text.next(element), position_) ||
-        Deletion::showsBetween(document_, borders.back(), text.closingTag(element));
+    const bool showsWithout = shown.between(borders.back(), text.closingTag(element)) ||
+                              Deletion::showsBetween(document_, text.next(element), position);
     const int last = showsWithout ? borders.back() : lastShown;
-    TextRewrite rewrite(document_);
-    for (std::size_t i = 1; i < borders.size() && borders[i] <= last; ++i)
-        if (borders[i - 1] < borders[i])
-            rewrite.replace(borders[i - 1], borders[i], {});
-    end_ += rewrite.apply();
-    return position_ < last;
+    return {std::move(borders), last};
+}
+
+/// Where the rounds would go on next, if all goes up to a child that holds the end of the range and
+/// they would begin in it in the same way; else -1.
+int SelectionDeletion::placeInLastChild(int position, const Leavings& found) const {
+    const XmlText& text = document_.text();
+    const int child = found.borders.back();
+    const int inner = text.next(child);
+    const int tag = text.nextTag(inner);
+    if (found.last != child || !text.openingAt(child) || tag < 0 || end_ <= tag ||
+        text.closingAt(tag))
+        return -1;
+    const bool isPlain = !text.isBeforeTable(child) && !text.isBeforeTable(inner) &&
+                         !text.commentAt(inner) && listAround(inner) < 0 && canStandAt(inner);
+    const bool isNested = text.elementAround(inner) == child &&
+                          text.elementAround(child) == text.elementAround(position) &&
+                          Deletion::tagsMatch(text, position, child);
+    return isPlain && isNested && holdsEnd(child) && holdsEnd(text.elementAround(child)) ? inner
+                                                                                         : -1;
+}
+
+/// Whether the range ends in the element and in the block around it.
+bool SelectionDeletion::holdsEnd(int element) const {
+    const XmlText& text = document_.text();
+    if (text.closingTag(element) <= end_)
+        return false;
+    const int block =
+        document_.names.isInline(text.tagName(element)) ? text.ancestor(element, L"fo:block") : -1;
+    return block < 0 || end_ < text.closingTag(block);
 }
 
 /// Removes the text up to the next tag. Answers whether an inline that this emptied went with it,
@@ -258,6 +339,48 @@ void SelectionDeletion::insertPlaceholderAtStart() {
 }
 
 // The end of an element
+
+/// One element after another is left of which only text follows, however many they are, if the
+/// first shows something without it: then nothing has to be made good in those around it either.
+bool SelectionDeletion::leaveElements() {
+    const XmlText& text = document_.text();
+    if (position_ < start_ || !Stops::canHoldCaret(document_, end_) ||
+        !Deletion::showsBetween(document_, text.next(text.elementAround(position_)), position_))
+        return false;
+    TextRewrite rewrite(document_);
+    int gone = 0;
+    int position = position_;
+    for (int behind; (behind = placeBehindElement(position)) >= 0; position = behind) {
+        const int closing = text.nextTag(position);
+        if (position == closing)
+            continue;
+        rewrite.remove(position, closing);
+        const EditActionGroup repaired(document_);
+        rewrite.recordCaret();
+        gone += closing - position;
+    }
+    const bool isDone = position > position_;
+    position_ = position - gone;
+    end_ += rewrite.apply();
+    return isDone;
+}
+
+/// Where the rounds would go on next, if nothing but text stands before the end of the element, all
+/// of it goes and no other element is joined; else -1.
+int SelectionDeletion::placeBehindElement(int position) const {
+    const XmlText& text = document_.text();
+    const int element = text.elementAround(position);
+    const int closing = text.find(L'<', position);
+    const int behind = text.next(closing);
+    if (behind < 0 || end_ <= behind || !text.closingAt(closing) || element <= 0 ||
+        text.elementAround(closing) != element || text.closingTag(element) != closing ||
+        text.nextTag(position) != closing || !canStandAt(position) || !canStandAt(behind))
+        return -1;
+    const bool isPlain = !text.isBeforeTable(behind) && listAround(position) < 0 &&
+                         text.elementAround(behind) == text.elementAround(element);
+    const bool isJoined = text.tagName(closing) == L"/fo:block" && hasSiblingBehind(closing);
+    return isPlain && !isJoined ? behind : -1;
+}
 
 bool SelectionDeletion::leaveElement() {
     // A nested block is joined before the place behind it is asked, where the caret could stand.
@@ -450,11 +573,16 @@ String Deletion::deleteRange(Document& document, int& start, int& end, bool list
 
 bool Deletion::showsBetween(const Document& document, int start, int end) {
     const XmlText& text = document.text();
-    for (int at = start; text.isValid(at) && at < end; at = text.next(at))
-        if (text.onTagStart(at) ? !text.closingAt(at) && !document.isEditableAt(at)
-                                : !String::isSpace(text.unitAt(at)))
-            return true;
-    return false;
+    int at = start;
+    while (text.isValid(at) && at < end && !showsAt(document, at))
+        at = text.next(at);
+    return text.isValid(at) && at < end;
+}
+
+bool Deletion::showsAt(const Document& document, int position) {
+    const XmlText& text = document.text();
+    return text.onTagStart(position) ? !text.closingAt(position) && !document.isEditableAt(position)
+                                     : !String::isSpace(text.unitAt(position));
 }
 
 String EditableDocumentBuffer::deleteSelection(bool listHandled) {

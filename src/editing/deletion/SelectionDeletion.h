@@ -45,9 +45,17 @@ private:
     bool passList();
 
     bool deleteRestOfText();
+    struct Leavings;
+    class ShownAhead;
     bool deleteWhatLeavesSomething();
+    bool canStandAt(int position) const;
+    Leavings leavingsFrom(int position, ShownAhead& shown) const;
+    int placeInLastChild(int position, const Leavings& found) const;
+    bool holdsEnd(int element) const;
     bool deleteTextBefore(int tag);
 
+    bool leaveElements();
+    int placeBehindElement(int position) const;
     bool leaveElement();
     bool hasSibling() const;
     bool hasSiblingBehind(int closing) const;

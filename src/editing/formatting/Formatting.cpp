@@ -12,6 +12,7 @@
 #include "document/caret/Selection.h"
 #include "document/caret/Stops.h"
 #include "document/history/EditActionGroup.h"
+#include "text/Markup.h"
 
 #include <algorithm>
 #include <set>
@@ -88,7 +89,7 @@ private:
 
     bool isBoundAt(const String& prefix, int position) const {
         return !Attributes::isStandardNamespace(prefix) ||
-               Attributes::isDeclaredAt(document_, prefix, position);
+               Namespaces::isDeclaredAt(document_.text(), prefix, position);
     }
 
     void formatRun(const Run& run, TextRewrite& rewrite) const {
