@@ -4,6 +4,7 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/TableCache.h"
 #include "document/caret/Moves.h"
+#include "foundation/Exception.h"
 
 #include <utility>
 
@@ -25,6 +26,12 @@ Document& Document::of(EditableDocumentBuffer& face) {
 
 const Document& Document::of(const EditableDocumentBuffer& face) {
     return *face.document_;
+}
+
+Document& Document::of(EditableDocumentBuffer* face) {
+    if (!face)
+        throw Core::NullPointerException();
+    return of(*face);
 }
 
 std::shared_ptr<XmlText> Document::textOf(const std::shared_ptr<Document>& document) {

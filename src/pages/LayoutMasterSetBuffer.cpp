@@ -531,6 +531,7 @@ PageRegionsData LayoutMasterSetBuffer::getPageRegionsData(const String& master) 
 
 bool LayoutMasterSetBuffer::editRegionLayout(const String& master, const RegionData& data,
                                              RegionType type, const String& region) {
+    RegionLayout::check(data);
     const bool losesCaret = setVisibleRegion(master, region, type, data.visible);
     Element* found = data.visible ? regionOf(*fragment().root(), master, region) : nullptr;
     if (found)
@@ -543,9 +544,11 @@ bool LayoutMasterSetBuffer::editSimplePageMasterLayout(const String& master,
     Element* page = getSimplePageMasterByName(master);
     if (!page)
         return false;
+    const std::array regions{&data.start, &data.end, &data.before, &data.after, &data.body};
+    for (const RegionData* region : regions)
+        RegionLayout::check(*region);
     PageLayout::write(*page, data);
     const std::vector<String> names = getRegionsForPageMaster(master);
-    const std::array regions{&data.start, &data.end, &data.before, &data.after, &data.body};
     bool losesCaret = false;
     for (std::size_t i = 0; i < regions.size(); ++i)
         losesCaret |= editRegionLayout(master, *regions[i], listedTypes[i], names[i]);

@@ -34,20 +34,23 @@ class EditableDocumentBuffer;
 /// for it: "xsl-" and the element's, as in "xsl-region-before". Names and values are plain text.
 ///
 /// Lengths are texts as in "8.5in". Nothing is set, and the answer is empty, where a name is
-/// unknown or empty. What is given empty to a setter of an attribute takes the attribute away.
+/// unknown or empty. What is given empty to a setter of an attribute takes the attribute away. What
+/// XML cannot hold, as U+0001, raises a Core::Exception, and nothing is changed.
 ///
-/// The document stays as it is until commitChangesToEditableBuffer(). Copies edit the same tree.
-/// Shorthands are written out while a tree is edited, so that "margin" is read as four sides.
+/// The document stays as it is until commitChangesToEditableBuffer(). Copies edit the same tree
+/// until one of them commits, which then reads it anew. Shorthands are written out while a tree is
+/// edited, so that "margin" is read as four sides.
 class FORME_API LayoutMasterSetBuffer : public DOMBasedBuffer {
 public:
     /// Reads the page masters of the document, which must outlive this. Throws Core::Exception for
-    /// a document without any.
+    /// a document without any, and NullPointerException for none.
     explicit LayoutMasterSetBuffer(EditableDocumentBuffer* document);
 
     /// Writes the page masters in the place of those that the document has now, as one undo step;
     /// the caret stays where it is. What was not changed keeps its spelling, and the start tag its
-    /// attributes; if nothing was, nothing happens. Throws Core::Exception, and changes nothing,
-    /// where the document has none any more.
+    /// attributes; if nothing was, nothing happens, nor where no parser would take the result.
+    /// Elements that were given out are no longer valid afterwards. Throws Core::Exception, and
+    /// changes nothing, where the document has none any more.
     void commitChangesToEditableBuffer() override;
     /// The tree as text, its root without attributes.
     Core::String getLayoutMasterXml() const;
@@ -229,6 +232,7 @@ public:
 
     // The layout as records
 
+    /// Margins and columns are read of the region that is known as "xsl-region-body".
     RegionData getRegionData(const Core::String& master, const Core::String& region) const;
     PageRegionsData getPageRegionsData(const Core::String& master) const;
     /// Shows or hides the region, as setVisibleRegion() does and with its answer, and gives it what

@@ -38,6 +38,8 @@ void PageLayout::setMargins(Element& master, const SideValues& margins) {
 }
 
 void PageLayout::write(Element& master, const PageLayoutData& data) {
+    Xml::requireXmlText(data.width.getValueAsString());
+    Xml::requireXmlText(data.height.getValueAsString());
     setLength(master, L"page-width", data.width);
     setLength(master, L"page-height", data.height);
     const SideValues stands = RegionAttributes::get(master, RegionAttributes::margin);

@@ -4,6 +4,7 @@
 #include "foundation/values/BordersAndBackgroundData.h"
 #include "foundation/values/BoxShadow.h"
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "pages/RegionAttributes.h"
 
 #include <algorithm>
@@ -210,6 +211,12 @@ void readValues(const std::vector<Value>& values, const Element& region, const S
                 row.read(RegionAttributes::get(region, row.attribute), data);
 }
 
+void checkValues(const std::vector<Value>& values, const RegionData& data) {
+    for (const Value& value : values)
+        for (const Row& row : value.rows)
+            Xml::requireXmlText(row.text(data));
+}
+
 void writeValues(const std::vector<Value>& values, Element& region, const String& flowName,
                  const RegionData& stands, const RegionData& data) {
     for (const Value& value : values) {
@@ -221,6 +228,12 @@ void writeValues(const std::vector<Value>& values, Element& region, const String
 }
 
 } // namespace
+
+void RegionLayout::check(const RegionData& data) {
+    checkValues(valuesThroughImage, data);
+    checkValues(valuesBehindImage, data);
+    Xml::requireXmlText(data.backgroundGradient);
+}
 
 RegionData RegionLayout::read(const Element& region, const String& flowName) {
     RegionData data;

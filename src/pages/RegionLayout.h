@@ -13,6 +13,8 @@ namespace RegionLayout {
 /// The name by which the body's own attributes are found.
 inline constexpr const wchar_t* bodyName = L"xsl-region-body";
 
+/// Throws Core::Exception where one of the values is what XML cannot hold.
+void check(const RegionData& data);
 /// The record of a region that is known by the name.
 RegionData read(const Xml::Element& region, const Core::String& flowName);
 /// Gives the region what the record says otherwise than the attributes do. So what a record cannot

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <regex>
 #include <string>
@@ -188,6 +189,43 @@ TEST(LayoutMasters, HideAndShowRegions) {
                    L"extent=\"0.7in\" display-align=\"after\"/>"));
     EXPECT_TRUE(masters->getRegionsForPageMaster("B").empty());
     EXPECT_FALSE(masters->getPageRegionsData("B").body.visible);
+}
+
+TEST(LayoutMasters, LoseNothingToWhatXmlCannotHold) {
+    Masters masters(page(L"<fo:region-body></fo:region-body>") +
+                    L"<fo:page-sequence-master master-name='X'>"
+                    L"<fo:single-page-master-reference master-reference='A'/>"
+                    L"</fo:page-sequence-master>");
+    const String bad = L"1\x0001";
+    ReferenceInfo conditional(ReferenceInfo::conditional, "A");
+    conditional.setCondition("odd-or-even", bad);
+    PrintingAttributes code;
+    code.psPrinterCode = bad;
+    RegionData data;
+    data.visible = true;
+    data.backgroundColor = "red";
+    data.shadowColor = bad;
+    for (const std::function<void()>& command : std::vector<std::function<void()>>{
+             [&] { masters->addSimplePageMaster(bad, false); },
+             [&] { masters->addComplexPageMaster(bad); },
+             [&] { masters->setPageDimensions("A", "1in", bad); },
+             [&] { masters->setPageMargins("A", "1in", bad, "", ""); },
+             [&] { masters->setPaddingForRegion("A", "xsl-region-body", "1in", bad, "", ""); },
+             [&] { masters->editRegionLayout("A", data, Type::REGION_BODY, "xsl-region-body"); },
+             [&] { masters->addRepeatingReferenceToComplexMaster("X", "A", bad); },
+             [&] { masters->addConditionalReferenceToComplexMaster("X", "A", "z:odd", "odd"); },
+             [&] { masters->editComplexPageMaster(PageMasterData("X", {conditional})); },
+             [&] {
+                 masters->setSimplePageMasterPrintingOptions({{"A", code}});
+             }})
+        EXPECT_THROW(command(), Core::Exception);
+    const std::wstring before = masters.document().content();
+    masters.committed();
+    EXPECT_EQ(masters.document().content(), before);
+    masters->setExtentForRegion("A", "xsl-region-body", "1in");
+    EXPECT_TRUE(
+        masters.committed().starts_with(page(L"<fo:region-body extent=\"1in\"></fo:region-body>")));
+    EXPECT_THROW(M(nullptr), Core::NullPointerException);
 }
 
 TEST(LayoutMasters, ARegionKeepsWhatARecordCannotHold) {

@@ -71,7 +71,16 @@ PageFacts::PageFacts(const String& text) {
     tree = meant(root, true);
     findUndeclared(root, {}, undeclared);
     std::vector<std::string> references;
+    const auto noteText = [&](const Element& owner) {
+        const auto children = owner.get_children();
+        hasStrayText =
+            hasStrayText || std::any_of(children.begin(), children.end(), [](const Node* child) {
+                return child->is_text() && !isLayout(*child);
+            });
+    };
+    noteText(root);
     const auto noteOptions = [&](const Element& owner) {
+        noteText(owner);
         const auto all = Elements::childrenOf(owner);
         for (const Element* child : all)
             if (child->get_name() == L"printing-options") {

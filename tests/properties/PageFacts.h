@@ -22,6 +22,7 @@ struct PageFacts {
     std::vector<std::string> flows;        ///< what the flows hold
     int options = 0;                       ///< printing options
     bool optionsAreFirst = true;           ///< in what they belong to
+    bool hasStrayText = false;             ///< where only elements belong
     std::set<std::string> undeclared;      ///< prefixes
     std::string tree;                      ///< all of it, without layout
 };
