@@ -140,30 +140,6 @@ TEST(Snapshot, AScopeThatWasRolledBackClosesNoLaterGroup) {
     EXPECT_EQ(buffer.marked(), L"<B>|</B>");
 }
 
-TEST(Snapshot, GivesBackTheRunOfTyping) {
-    MarkedDocument buffer(L"<B>x|</B>");
-    {
-        EditableDocumentBufferState state(buffer);
-        buffer->insertText(L"a", false, false);
-        state.restorePreviousState();
-    }
-    buffer->endKeyTypingSequence();
-    EXPECT_FALSE(buffer->canUndo()) << "no end marker of the run that was taken back";
-    buffer->insertText(L"a", false, false);
-    {
-        EditableDocumentBufferState state(buffer);
-        buffer->endKeyTypingSequence();
-        insertAsCommand(buffer, L"broken");
-        buffer->insertText(L"another run", false, false);
-        state.restorePreviousState();
-    }
-    buffer->insertText(L"b", false, false);
-    EXPECT_EQ(buffer.marked(), L"<B>xab|</B>");
-    buffer->undo();
-    EXPECT_EQ(buffer.marked(), L"<B>x|</B>");
-    EXPECT_FALSE(buffer->canUndo());
-}
-
 TEST(FreezeNotifications, NestAndTellOnceInOrder) {
     MarkedDocument buffer(L"<B>|</B>");
     const IEditableBufferMonitor* const first = buffer->getMonitor();

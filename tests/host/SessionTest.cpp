@@ -108,14 +108,6 @@ TEST(Session, LetsNothingInThatXmlCannotHold) {
             }
 }
 
-TEST(Session, FailedOpenKeepsTheDocument) {
-    Session session;
-    session.serve({"setContent", document, true});
-    const Json reply = session.serve({"open", "nowhere/letter.xml"});
-    EXPECT_EQ(reply.value("error", "").find("nowhere/letter.xml"), 0U);
-    EXPECT_EQ(session.serve({"getContent"})["result"], document);
-}
-
 TEST(Session, SavesUnderADeclarationThatNamesTheEncoding) {
     const TemporaryFolder folder;
     const std::string path = (folder.path() / "saved").string();

@@ -117,19 +117,13 @@ Core::String anyKey(Random& random) {
 
 /// What may stand between two keys of a run, and does not end it.
 std::string anyRequest(Random& random, const EditableDocumentBuffer& document) {
-    static const std::vector<std::string> settings{R"(["setPageMasterEditingMode",true])",
-                                                   R"(["setPageMasterEditingMode",false])",
-                                                   R"(["setEditingDummyPage",true])",
-                                                   R"(["setEditingDummyPage",false])",
-                                                   R"(["setRootElement","fo:block"])",
-                                                   R"(["setRootElement","qfd:document"])",
-                                                   R"(["history.startTrackingPos",9])",
-                                                   R"(["history.retrieveTrackingPos"])",
-                                                   R"(["undo"])",
-                                                   R"(["redo"])",
-                                                   R"(["erase",false,false])",
-                                                   R"(["endKeyTypingSequence"])"};
-    return random.oneIn(2) ? random.oneOf(settings)
+    static const Json settings = Json::parse(R"json([
+        ["setPageMasterEditingMode", true], ["setPageMasterEditingMode", false],
+        ["setEditingDummyPage", true], ["setEditingDummyPage", false],
+        ["setRootElement", "fo:block"], ["setRootElement", "qfd:document"],
+        ["history.startTrackingPos", 9], ["history.retrieveTrackingPos"], ["undo"], ["redo"],
+        ["erase", false, false], ["endKeyTypingSequence"]])json");
+    return random.oneIn(2) ? random.oneOf(settings).dump()
                            : randomCommand(random, document, everyCommand());
 }
 

@@ -1,9 +1,8 @@
 #include "properties/PlainTable.h"
 
-#include "foundation/Encoder.h"
 #include "foundation/Format.h"
 #include "foundation/Wide.h"
-#include "foundation/xml/DomParser.h"
+#include "foundation/XmlTesting.h"
 #include "foundation/xml/EntityReferenceNode.h"
 #include "foundation/xml/TextNode.h"
 #include "text/Prolog.h"
@@ -77,10 +76,7 @@ SmartPtr<Xml::XmlDocument> parsed(const String& document, int element, std::size
     const std::wstring type(XmlScan::prologOf(document.view()).documentType);
     const String text(
         type + std::wstring(document.view().substr(static_cast<std::size_t>(element), length)));
-    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(text);
-    Xml::DomParser parser;
-    parser.parseMemory(bytes.ptr(), bytes.size());
-    return parser.getDocument();
+    return parse(Core::Encoder::convertStringToUTF8(text).view());
 }
 
 template <typename Predicate>

@@ -207,25 +207,25 @@ const std::vector<TableCommand>& tableCommands() {
     static const std::vector<TableCommand> commands{
         // Rows
         {.weight = 6,
-         .request = R"(["table.insertRow",true])",
+         .request = R"("insertRow",true)",
          .rows = added<1>,
          .isOdd = raisesTooMuchAbove},
         {.weight = 6,
-         .request = R"(["table.insertRow",false])",
+         .request = R"("insertRow",false)",
          .rows = added<1>,
          .isOdd = raisesTooMuchBelow},
         {.weight = 2,
-         .request = R"(["table.insertHeaderRow"])",
+         .request = R"("insertHeaderRow")",
          .rows = added<1>,
          .rowsIn = Type::Header,
          .isOdd = raisesTooMuchAtEnd<Type::Header>},
         {.weight = 2,
-         .request = R"(["table.insertFooterRow"])",
+         .request = R"("insertFooterRow")",
          .rows = added<1>,
          .rowsIn = Type::Footer,
          .isOdd = raisesTooMuchAtEnd<Type::Footer>},
         {.weight = 6,
-         .request = R"(["table.deleteRows",true])",
+         .request = R"("deleteRows",true)",
          .can = "canDeleteRow",
          .rows = deletedRows,
          .isOdd = crossesTakenRows,
@@ -233,120 +233,100 @@ const std::vector<TableCommand>& tableCommands() {
          .isGiven = selectsInOneGroup},
         // Columns
         {.weight = 5,
-         .request = R"(["table.insertColumn",true])",
+         .request = R"("insertColumn",true)",
          .columns = 1,
          .isOdd = hasLargeCellInColumn},
         {.weight = 5,
-         .request = R"(["table.insertColumn",false])",
+         .request = R"("insertColumn",false)",
          .columns = 1,
          .isOdd = hasLargeCellInColumn},
         {.weight = 5,
-         .request = R"(["table.deleteColumn"])",
+         .request = R"("deleteColumn")",
          .can = "canDeleteColumn",
          .columns = -1,
          .isOdd = hasWideCellInColumn,
          .takes = cellsOfColumn},
         // Spans
-        {.weight = 6,
-         .request = R"(["table.increaseColSpan"])",
-         .can = "canIncreaseColSpan",
-         .touches = 2},
-        {.weight = 6,
-         .request = R"(["table.increaseRowSpan"])",
-         .can = "canIncreaseRowSpan",
-         .touches = 2},
-        {.weight = 4, .request = R"(["table.decreaseColSpan"])", .can = "canDecreaseColSpan"},
+        {.weight = 6, .request = R"("increaseColSpan")", .can = "canIncreaseColSpan", .touches = 2},
+        {.weight = 6, .request = R"("increaseRowSpan")", .can = "canIncreaseRowSpan", .touches = 2},
+        {.weight = 4, .request = R"("decreaseColSpan")", .can = "canDecreaseColSpan"},
         {.weight = 4,
-         .request = R"(["table.decreaseRowSpan"])",
+         .request = R"("decreaseRowSpan")",
          .can = "canDecreaseRowSpan",
          .isOdd = splitsElsewhere},
         // Groups of rows
         {.weight = 3,
-         .request = R"(["table.insertGroupRow",true,"/d/g$","@k",false])",
+         .request = R"("insertGroupRow",true,"/d/g$","@k",false)",
          .can = "canInsertGroupAbove",
          .rows = added<2>},
         {.weight = 3,
-         .request = R"(["table.insertGroupRow",false,"/d/g$","@k",true])",
+         .request = R"("insertGroupRow",false,"/d/g$","@k",true)",
          .can = "canInsertGroupBelow",
          .rows = added<2>,
          .copies = 2,
          .isGiven = [](const Situation& at) { return !isHeading(*rowOf(at)); }},
         {.weight = 3,
-         .request = R"(["table.convertToGroup","/d/g$","@k",true,"r"])",
+         .request = R"("convertToGroup","/d/g$","@k",true,"r")",
          .rows = added<1>,
          .isOdd = isReached,
          .isGiven = tearsNoGroup},
         {.weight = 4,
-         .request = R"(["table.addCurrentRowToGroup","/d"])",
+         .request = R"("addCurrentRowToGroup","/d")",
          .can = "canGroupCurrentRow",
          .isGiven = isBehindNoNamelessHeading},
-        {.weight = 2,
-         .request = R"(["table.ungroupCurrentRow","/d/g","/d"])",
-         .isGiven = tearsNoGroup},
-        {.weight = 2, .request = R"(["table.editGroup","/e$","@k",false])"},
+        {.weight = 2, .request = R"("ungroupCurrentRow","/d/g","/d")", .isGiven = tearsNoGroup},
+        {.weight = 2, .request = R"("editGroup","/e$","@k",false)"},
         {.weight = 3,
-         .request = R"(["table.deleteGroup"])",
+         .request = R"("deleteGroup")",
          .rows = deletedHeading,
          .isOdd = headingIsReached,
          .takes = cellsOfHeading},
-        {.weight = 2, .request = R"(["table.convertCurrentRowToRepeatingRow","/r$"])"},
-        {.weight = 1, .request = R"(["table.setRepeatingRowPath","/r$"])"},
-        {.weight = 1, .request = R"(["table.convertToStaticRow"])"},
+        {.weight = 2, .request = R"("convertCurrentRowToRepeatingRow","/r$")"},
+        {.weight = 1, .request = R"("setRepeatingRowPath","/r$")"},
+        {.weight = 1, .request = R"("convertToStaticRow")"},
         // Widths
-        {.weight = 2, .request = R"(["table.changeTableColWidth","$%"])"},
-        {.weight = 1, .request = R"(["table.changeTableColWidth","$"])"},
-        {.weight = 1, .request = R"(["table.changeTableColWidth","$%",3.5])"},
-        {.weight = 1, .request = R"(["table.setCrtColumnWidth","$%"])"},
-        {.weight = 1, .request = R"(["table.removeCrtColumnWidth"])"},
-        {.weight = 1, .request = R"(["table.setWidthAtColNo",$,"$",true])"},
-        {.weight = 1, .request = R"(["table.updateColumnWidths"])"},
+        {.weight = 2, .request = R"("changeTableColWidth","$%")"},
+        {.weight = 1, .request = R"("changeTableColWidth","$")"},
+        {.weight = 1, .request = R"("changeTableColWidth","$%",3.5)"},
+        {.weight = 1, .request = R"("setCrtColumnWidth","$%")"},
+        {.weight = 1, .request = R"("removeCrtColumnWidth")"},
+        {.weight = 1, .request = R"("setWidthAtColNo",$,"$",true)"},
+        {.weight = 1, .request = R"("updateColumnWidths")"},
         // Borders
-        {.weight = 1, .request = R"(["table.setBorderToSelectedCells",0])"},
-        {.weight = 1, .request = R"(["table.setBorderToSelectedCells",1])"},
-        {.weight = 1, .request = R"(["table.setBorderToSelectedCells",2])"},
-        {.weight = 1, .request = R"(["table.setBorderToSelectedCells",3])"},
-        {.weight = 1, .request = R"(["table.setBorderToSelectedCells",4])"},
-        {.weight = 2, .request = R"(["table.setBorderToSelectedCells",5])"},
-        {.weight = 1, .request = R"(["table.removeBorderFromSelectedCells",0])"},
-        {.weight = 1, .request = R"(["table.removeBorderFromSelectedCells",1])"},
-        {.weight = 1, .request = R"(["table.removeBorderFromSelectedCells",2])"},
-        {.weight = 1, .request = R"(["table.removeBorderFromSelectedCells",3])"},
-        {.weight = 1, .request = R"(["table.removeBorderFromSelectedCells",4])"},
-        {.weight = 2, .request = R"(["table.removeBorderFromSelectedCells",5])"},
+        {.weight = 7, .request = R"("setBorderToSelectedCells",~)"},
+        {.weight = 7, .request = R"("removeBorderFromSelectedCells",~)"},
         // Heights of rows and formats
         {.weight = 2,
-         .request = R"(["table.setCrtRowHeight","3cm"])",
+         .request = R"("setCrtRowHeight","3cm")",
          .isGiven = standsInRow,
-         .question = R"(["table.getCrtRowHeight"])",
+         .question = R"("getCrtRowHeight")",
          .answer = "3cm"},
-        {.weight = 1,
-         .request = R"(["table.removeCrtRowHeight"])",
-         .question = R"(["table.getCrtRowHeight"])"},
-        {.weight = 1, .request = R"(["table.setOverFlowHidden",0,"hidden",1])"},
+        {.weight = 1, .request = R"("removeCrtRowHeight")", .question = R"("getCrtRowHeight")"},
+        {.weight = 1, .request = R"("setOverFlowHidden",0,"hidden",1)"},
         {.weight = 2,
-         .request = R"(["table.setPropertyToSelectedElements",[["fo:color","red"]],true,0])",
-         .question = R"(["table.getPropertyFromSelectedElements","fo:color",0])",
+         .request = R"("setPropertyToSelectedElements",[["fo:color","red"]],true,0)",
+         .question = R"("getPropertyFromSelectedElements","fo:color",0)",
          .answer = "red"},
         {.weight = 1,
-         .request = R"(["table.setPropertyToSelectedElements",[["fo:color","navy"]],true,1])",
-         .question = R"(["table.getPropertyFromSelectedElements","color",1])",
+         .request = R"("setPropertyToSelectedElements",[["fo:color","navy"]],true,1)",
+         .question = R"("getPropertyFromSelectedElements","color",1)",
          .answer = "navy"},
         {.weight = 1,
-         .request = R"(["table.setPropertyToSelectedElements",[["fo:text-align","end"]],true,2])"},
+         .request = R"("setPropertyToSelectedElements",[["fo:text-align","end"]],true,2)"},
         {.weight = 1,
-         .request = R"(["table.setPropertyToSelectedElements",[["text-align","end"]],true,3])",
-         .question = R"(["table.getPropertyFromSelectedElements","fo:text-align",3])",
+         .request = R"("setPropertyToSelectedElements",[["text-align","end"]],true,3)",
+         .question = R"("getPropertyFromSelectedElements","fo:text-align",3)",
          .answer = "end"},
         {.weight = 1,
-         .request = R"(["table.removePropertyFromSelectedElements",["fo:color"],true,0])",
-         .question = R"(["table.getPropertyFromSelectedElements","fo:color",0])"},
+         .request = R"("removePropertyFromSelectedElements",["fo:color"],true,0)",
+         .question = R"("getPropertyFromSelectedElements","fo:color",0)"},
         {.weight = 1,
-         .request = R"(["table.removePropertyFromSelectedElements",["height"],true,1])",
-         .question = R"(["table.getPropertyFromSelectedElements","height",1])"},
+         .request = R"("removePropertyFromSelectedElements",["height"],true,1)",
+         .question = R"("getPropertyFromSelectedElements","height",1)"},
         {.weight = 2,
          .request =
-             R"(["table.applyFormat","<r xmlns:fo='x'><fo:page-sequence><fo:flow><fo:block><fo:table color='teal' id='t'><fo:table-body><fo:table-row height='1in'><fo:table-cell/><fo:table-cell color='teal'/><fo:table-cell border='thin' id='c'/></fo:table-row></fo:table-body></fo:table></fo:block></fo:flow></fo:page-sequence></r>"])",
-         .question = R"(["table.getPropertyFromSelectedElements","color",3])",
+             R"("applyFormat","<r xmlns:fo='x'><fo:page-sequence><fo:flow><fo:block><fo:table color='teal' id='t'><fo:table-body><fo:table-row height='1in'><fo:table-cell/><fo:table-cell color='teal'/><fo:table-cell border='thin' id='c'/></fo:table-row></fo:table-body></fo:table></fo:block></fo:flow></fo:page-sequence></r>")",
+         .question = R"("getPropertyFromSelectedElements","color",3)",
          .answer = "teal"},
     };
     return commands;
@@ -401,32 +381,24 @@ std::string excerpt(const std::multiset<std::wstring>& words) {
     return text;
 }
 
-constexpr const char* questions[] = {
-    R"(["table.canDeleteRow"])",
-    R"(["table.canDeleteColumn"])",
-    R"(["table.canIncreaseColSpan"])",
-    R"(["table.canIncreaseRowSpan"])",
-    R"(["table.canDecreaseColSpan"])",
-    R"(["table.canDecreaseRowSpan"])",
-    R"(["table.canGroupCurrentRow"])",
-    R"(["table.canInsertGroupAbove"])",
-    R"(["table.canInsertGroupBelow"])",
-    R"(["table.getGroupProperties"])",
-    R"(["table.getRowGroupHeader"])",
-    R"(["table.getCellElementAt",0,99,1])",
-    R"(["table.getSelectedRows"])",
-    R"(["table.getSelectedColumns"])",
-    R"(["table.allRowsSelected"])",
-    R"(["table.getPropertyFromSelectedElements","border",0])",
-    R"(["table.getPropertyFromSelectedElements","fo:text-align",2])",
-    R"(["table.selectedCellsHasBorder",4])",
-    R"(["table.processSelectedCells",5,2])",
-    R"(["table.getCrtColumnWidth"])",
-    R"(["table.getPrevProportionalWithCol",1])",
-    R"(["table.getTableRowPositionsInTableBuffer",1])",
-    R"(["table.getSpanOverMatrixFromRowGroupMatrix",1,3,3])",
-    R"(["table.getNamespaces"])",
-};
+const char* const questionTable = R"json([
+    ["table.canDeleteRow"], ["table.canDeleteColumn"], ["table.canIncreaseColSpan"],
+    ["table.canIncreaseRowSpan"], ["table.canDecreaseColSpan"], ["table.canDecreaseRowSpan"],
+    ["table.canGroupCurrentRow"], ["table.canInsertGroupAbove"], ["table.canInsertGroupBelow"],
+    ["table.getGroupProperties"], ["table.getRowGroupHeader"],
+    ["table.getCellElementAt", 0, 99, 1], ["table.getSelectedRows"], ["table.getSelectedColumns"],
+    ["table.allRowsSelected"], ["table.getPropertyFromSelectedElements", "border", 0],
+    ["table.getPropertyFromSelectedElements", "fo:text-align", 2],
+    ["table.selectedCellsHasBorder", 4], ["table.processSelectedCells", 5, 2],
+    ["table.getCrtColumnWidth"], ["table.getPrevProportionalWithCol", 1],
+    ["table.getTableRowPositionsInTableBuffer", 1],
+    ["table.getSpanOverMatrixFromRowGroupMatrix", 1, 3, 3], ["table.getNamespaces"]
+])json";
+
+/// What is asked of the open table, of which a row gives the name and the arguments.
+std::string requestOf(const char* brief) {
+    return R"(["table.)" + std::string(brief + 1) + "]";
+}
 
 struct Edge {
     CellBorderType type;
@@ -558,8 +530,8 @@ private:
         std::string broken = promisesShape ? brokenShape(command, at, after) : "";
         for (const std::string& other :
              {brokenWords(command, at, after), brokenSurroundings(command, at, after, old),
-              brokenPlaces(table, after), brokenEdges(command, at), brokenTab(after),
-              brokenUndo(old)})
+              brokenPlaces(table, after), brokenEdges(*(step.requests.end() - 2), at),
+              brokenTab(after), brokenUndo(old)})
             broken = broken.empty() ? other : broken;
         return broken;
     }
@@ -568,18 +540,20 @@ private:
     std::string brokenAnswers(const TableCommand& command, const Situation& at) {
         const EditorState old = state();
         const Json tree = answerTo(R"(["table.getTableElement"])")["xml"];
-        if (*command.question && at.table.isBalanced() &&
-            answerTo(command.question) != command.answer)
-            return std::string(command.question) + " is answered " +
-                   answerTo(command.question).dump();
-        for (const char* question : questions)
-            answerTo(question);
+        if (*command.question && at.table.isBalanced())
+            if (const Json answer = answerTo(requestOf(command.question)); answer != command.answer)
+                return command.question + (" is answered " + answer.dump());
+        static const Json questions = Json::parse(questionTable);
+        for (const Json& question : questions)
+            session().serve(question).at("result");
         return state() == old && answerTo(R"(["table.getTableElement"])")["xml"] == tree
                    ? ""
                    : "a question changed something";
     }
 
-    Json answerTo(const char* question) { return session().serveLine(question).at("result"); }
+    Json answerTo(const std::string& question) {
+        return session().serveLine(question).at("result");
+    }
 
     static std::string brokenShape(const TableCommand& command, const Situation& at,
                                    const PlainTable& after) {
@@ -595,7 +569,7 @@ private:
                        std::to_string(after.rows(type)) + " rows";
         }
         const std::vector<double> shares = at.table.shares();
-        const bool resizes = std::string(command.request).starts_with("[\"table.change");
+        const bool resizes = std::string(command.request).starts_with("\"change");
         if (resizes && static_cast<int>(shares.size()) == at.table.columns() && shares.size() > 2 &&
             !after.shares().empty()) {
             const auto total = [](const std::vector<double>& of) {
@@ -670,8 +644,7 @@ private:
     }
 
     /// An edge of the caret's cell that was drawn or taken away is seen so from both of its cells.
-    std::string brokenEdges(const TableCommand& command, const Situation& at) {
-        const std::string request = command.request;
+    std::string brokenEdges(const std::string& request, const Situation& at) {
         const bool isSet = request.starts_with(R"(["table.setBorder)");
         if ((!isSet && !request.starts_with(R"(["table.removeBorder)")) || !at.table.isBalanced())
             return {};
@@ -803,8 +776,10 @@ private:
 
     Step stepOf(const TableCommand& command) {
         std::string request;
-        for (const char unit : std::string_view(command.request))
-            request += unit == '$' ? std::to_string(1 + random_.below(60)) : std::string(1, unit);
+        for (const char unit : requestOf(command.request))
+            request += unit == '$'   ? std::to_string(1 + random_.below(60))
+                       : unit == '~' ? std::to_string(random_.below(6))
+                                     : std::string(1, unit);
         return {{R"(["table.open",-1])", R"(["table.updateTableBuffer"])", request,
                  R"(["table.commit"])"},
                 &command};

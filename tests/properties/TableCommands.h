@@ -27,7 +27,8 @@ struct TableSituation {
 /// ids stay unique, members stay behind their headings, and undo takes it back.
 struct TableCommand {
     std::size_t weight;
-    const char* request; ///< "$" stands for a number
+    /// Its name and arguments. "$" stands for a number, "~" for an edge of a cell, all or none.
+    const char* request;
     /// The question that a host asks first; if it says yes the table changes.
     const char* can = "";
 

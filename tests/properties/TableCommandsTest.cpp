@@ -5,9 +5,6 @@
 #include "properties/TableCommands.h"
 
 #include "support/Documents.h"
-#include "support/MarkedDocument.h"
-#include "tables/EditableTableBuffer.h"
-#include "tables/TableGrid.h"
 
 #include <gtest/gtest.h>
 
@@ -47,13 +44,4 @@ TEST(TableCommands, KeepTheirPromisesOnRealTables) {
         const std::string failure = tableFailureOn(path, random, perTable);
         EXPECT_TRUE(failure.empty()) << failure;
     }
-}
-
-/// The row that Tab would have added is in no tree that a host keeps.
-TEST(TableCommands, TabThatAddsNoRowLeavesNothingToCommit) {
-    MarkedDocument buffer(markupOf(L"([|a]1x2)"));
-    const auto table = buffer->getEditableTableBuffer(-1);
-    buffer->moveCaretNextCell(false, true);
-    table->commitChangesToEditableBuffer();
-    EXPECT_FALSE(buffer->canUndo());
 }

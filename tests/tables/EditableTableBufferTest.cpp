@@ -32,25 +32,6 @@ TEST(EditableTableBuffer, SelectsItsCellsAgainAfterACommit) {
     EXPECT_EQ(MarkedDocument(L"<B>a|</B>")->getEditableTableBuffer(-1), nullptr);
 }
 
-TEST(TableSelection, TabFollowsTheReader) {
-    const std::wstring grid = L"head (a, b) foot {c} body (d, [e]1x2) / () / (f) body (g)";
-    MarkedDocument buffer(markupOf(grid));
-    const std::wstring order = L"abdefgc";
-    const auto go = [&](wchar_t word) {
-        buffer.document().setCaret(buffer.find(&std::wstring{word, L'<'}[0]));
-    };
-    for (std::size_t at = 0; at < order.size(); ++at) {
-        const bool isLast = at + 1 == order.size();
-        go(order[at]);
-        buffer->moveCaretNextCell(false, false);
-        EXPECT_EQ(wide(buffer->getContent())[buffer->getCaretPos()], order[isLast ? at : at + 1]);
-        go(order[at]);
-        buffer->moveCaretPrevCell(false);
-        EXPECT_EQ(wide(buffer->getContent())[buffer->getCaretPos()], order[at == 0 ? at : at - 1]);
-    }
-    EXPECT_FALSE(buffer->canUndo());
-}
-
 TEST(TableSelection, TellsWhereAPositionIs) {
     const std::wstring inner = markupOf(L"head (x) body (y, z)");
     std::wstring markup = markupOf(L"head {a, b} body ([c]2x2, d) / (|e) / (f, g, h)");

@@ -1,8 +1,7 @@
 #include "tables/TableGrid.h"
 
-#include "foundation/Encoder.h"
 #include "foundation/Wide.h"
-#include "foundation/xml/DomParser.h"
+#include "foundation/XmlTesting.h"
 #include "tables/TableTree.h"
 
 #include <algorithm>
@@ -207,10 +206,7 @@ std::wstring rowsOf(Element& group, GroupNumbers& numbers) {
 }
 
 SmartPtr<Xml::XmlDocument> parsed(const std::wstring& markup) {
-    const Core::ByteArray bytes = Core::Encoder::convertStringToUTF8(Core::String(markup));
-    Xml::DomParser parser;
-    parser.parseMemory(bytes.ptr(), bytes.size());
-    return parser.getDocument();
+    return parse(Core::Encoder::convertStringToUTF8(Core::String(markup)).view());
 }
 
 } // namespace

@@ -72,6 +72,7 @@ void expectAsInANewText(const XmlText& text, int at) {
     for (const int place : {at, text.previousTag(at), text.unitStart(at)}) {
         ASSERT_EQ(text.elementAround(place), XmlScan::currentElement(all, place)) << place;
         ASSERT_EQ(text.closingTag(place), XmlScan::closingTag(all, place)) << place;
+        ASSERT_EQ(text.selfClosingAt(place), XmlScan::selfClosingAt(all, place)) << place;
     }
 }
 
@@ -81,6 +82,9 @@ void edit(XmlText& text, Random& random, int at, bool keepsTags) {
         Core::String(L"x¦>¦'>¦<b><c>y</c></b>¦<!---->¦<c></c>¦<![CDATA[<b>]]>¦&lt;¦&¦;¦a text that "
                      L"is so long that what stands before it is remembered, with x and > in it")
             .split(L'¦');
+    static const Core::StringArray torn =
+        Core::String(L"<a>¦</a>¦<c x='¦\"¦<d/>¦/>¦<!--¦--></e>¦" + std::wstring(300, L'z'))
+            .split(L'¦');
     const int place = text.unitStart(at), end = text.closingTag(place);
     if (end > place && place > 0 && random.oneIn(3))
         text.erase(place, text.next(end));
@@ -89,7 +93,7 @@ void edit(XmlText& text, Random& random, int at, bool keepsTags) {
     else if (!keepsTags && random.oneIn(2))
         text.erase(at, std::min(at + static_cast<int>(random.below(9)), text.length()));
     else if (!keepsTags || text.elementAround(place) >= 0)
-        text.insert(place, random.oneOf(pieces));
+        text.insert(place, random.oneOf(!keepsTags && random.oneIn(2) ? torn : pieces));
 }
 
 } // namespace
