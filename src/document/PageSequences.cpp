@@ -32,6 +32,15 @@ int PageSequences::at(const Document& document, int index) {
     return -1;
 }
 
+std::vector<int> PageSequences::all(const Document& document) {
+    const XmlText& text = document.text();
+    std::vector<int> found;
+    for (int child = RootChildren::first(text); child >= 0; child = RootChildren::next(text, child))
+        if (isGenerator(text, child))
+            found.push_back(child);
+    return found;
+}
+
 int PageSequences::indexOf(const Document& document, int position) {
     const XmlText& text = document.text();
     int index = -1;

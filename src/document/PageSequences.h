@@ -2,6 +2,8 @@
 
 #include "foundation/String.h"
 
+#include <vector>
+
 class Document;
 
 /// The page sequences of a document: fo:page-sequence, qfd:page-sequence-repeat and
@@ -13,6 +15,8 @@ namespace PageSequences {
 int next(const Document& document, int position);
 /// The one with that index; -1 if there are fewer.
 int at(const Document& document, int index);
+/// All of them in their order.
+std::vector<int> all(const Document& document);
 /// The index of the last counted one that begins at or before the position; -1 if none does, or
 /// outside the root element.
 int indexOf(const Document& document, int position);

@@ -12,8 +12,8 @@
 #include "text/Markup.h"
 #include "trees/Fragment.h"
 
-#include <algorithm>
 #include <map>
+#include <set>
 #include <utility>
 
 using Core::String;
@@ -35,9 +35,8 @@ public:
     bool hasMaster() const { return master_ >= 0; }
 
     /// Answers whether all that had a place was put there.
-    bool run(const std::vector<int>& sequences) {
-        return applyMaster() && std::all_of(sequences.begin(), sequences.end(),
-                                            [&](int index) { return applyStaticContents(index); });
+    bool run(const std::vector<int>& indices) {
+        return applyMaster() && applyStaticContents(std::set<int>(indices.begin(), indices.end()));
     }
 
 private:
@@ -46,11 +45,24 @@ private:
         return old < 0 || MasterText::replace(target_, masterName_, take(master_, old));
     }
 
-    bool applyStaticContents(int index) {
-        const int sequence = SequenceForEditing::at(target_, index);
-        return sequence < 0 ||
-               SequenceForEditing::replaceStaticContents(target_, index, joinedFor(sequence));
+    /// From the last to the first, so that those to come stay where they are but for what the root
+    /// has to declare.
+    bool applyStaticContents(const std::set<int>& indices) {
+        const std::vector<int> sequences = SequenceForEditing::all(target_);
+        const int rootEnd = endOfRootTag();
+        for (auto index = indices.rbegin(); index != indices.rend(); ++index) {
+            if (*index < 0 || *index >= static_cast<int>(sequences.size()))
+                continue;
+            const int asFound = sequences[static_cast<std::size_t>(*index)];
+            const int sequence = asFound + endOfRootTag() - rootEnd;
+            if (asFound >= 0 &&
+                !SequenceForEditing::putStaticContents(target_, sequence, joinedFor(sequence)))
+                return false;
+        }
+        return true;
     }
+
+    int endOfRootTag() const { return target_.text().tagEnd(target_.text().prolog().root); }
 
     /// The static contents that the sequence is to have, in the order of their flow names; those of
     /// one name, which only the target can have, as they were.

@@ -4,6 +4,7 @@
 #include "pages/EdgedSplice.h"
 
 #include <algorithm>
+#include <map>
 
 using Core::String;
 
@@ -15,14 +16,6 @@ String markupOf(const DetachedText& text, int master) {
 
 } // namespace
 
-std::vector<String> ComplexMasterText::of(const DetachedText& text) {
-    std::vector<String> found;
-    for (const int master : text.complexMasters())
-        if (const String markup = markupOf(text, master); !markup.empty())
-            found.push_back(markup);
-    return found;
-}
-
 String ComplexMasterText::named(const DetachedText& text, const std::vector<String>& names,
                                 const String& name) {
     const std::vector<int> masters = text.complexMasters();
@@ -33,13 +26,23 @@ String ComplexMasterText::named(const DetachedText& text, const std::vector<Stri
                : markupOf(text, masters[index]);
 }
 
-void ComplexMasterText::cutOut(String& buffer, const String& markup) {
-    const DetachedText text(buffer);
-    for (const int master : text.complexMasters())
-        if (markupOf(text, master) == markup) {
-            const DetachedText::Range range = text.rangeOf(master);
-            EdgedSplice::apply(buffer, range.first, range.second, String(),
-                               EdgedSplice::Head::CanBeEmpty, EdgedSplice::Removal::OfRange);
-            return;
-        }
+String ComplexMasterText::cutOut(const DetachedText& text, String& buffer) {
+    const DetachedText from(buffer);
+    std::multimap<String, DetachedText::Range> there; // those of one text in their order
+    for (const int master : from.complexMasters())
+        there.emplace(markupOf(from, master), from.rangeOf(master));
+    String cut;
+    std::vector<DetachedText::Range> ranges;
+    for (const int master : text.complexMasters()) {
+        const String markup = markupOf(text, master);
+        const auto found = there.lower_bound(markup);
+        if (markup.empty() || found == there.end() || found->first != markup)
+            continue;
+        cut += markup;
+        ranges.push_back(found->second);
+        there.erase(found);
+    }
+    std::sort(ranges.begin(), ranges.end());
+    EdgedSplice::remove(buffer, ranges);
+    return cut;
 }

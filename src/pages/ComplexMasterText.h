@@ -9,12 +9,11 @@ class DetachedText;
 /// Complex page masters as they stand in a text. One that is self-closing has no text.
 namespace ComplexMasterText {
 
-/// The texts of all that have one.
-std::vector<Core::String> of(const DetachedText& text);
 /// The text of the first of that name; the names are those of all, in their order.
 Core::String named(const DetachedText& text, const std::vector<Core::String>& names,
                    const Core::String& name);
-/// Takes the first whose text that is out of the buffer.
-void cutOut(Core::String& buffer, const Core::String& markup);
+/// Takes those of the text out of the buffer, each of which has one that reads the same. Answers
+/// what went, in the order of the text.
+Core::String cutOut(const DetachedText& text, Core::String& buffer);
 
 } // namespace ComplexMasterText

@@ -37,3 +37,15 @@ void EdgedSplice::apply(String& text, int start, int end, const String& insertio
     const int from = removal == Removal::None ? before.length() : tailStart(text, end);
     text.replace(0, static_cast<unsigned>(std::max(from, 0)), before + insertion);
 }
+
+void EdgedSplice::remove(String& text, const std::vector<std::pair<int, int>>& ranges) {
+    String kept;
+    int from = 0;
+    for (const auto& [start, end] : ranges) {
+        const int last = headEnd(text, start);
+        if (last >= from && last > 0)
+            kept += text.subString(static_cast<unsigned>(from), static_cast<unsigned>(last));
+        from = tailStart(text, end);
+    }
+    text.replace(0, static_cast<unsigned>(from), kept);
+}

@@ -2,6 +2,9 @@
 
 #include "foundation/String.h"
 
+#include <utility>
+#include <vector>
+
 /// Puts markup into a detached text. The edges of the range give way to markup: a "<" before it
 /// goes with it, and a ">" that ends it stays out of what follows.
 namespace EdgedSplice {
@@ -17,5 +20,9 @@ enum class Removal { OfRange, None };
 /// before its start or before the text, leaves the text as it is.
 void apply(Core::String& text, int start, int end, const Core::String& insertion, Head head,
            Removal removal);
+
+/// Takes out ranges, as they stand in the text and apart from each other, each with nothing in its
+/// place and a head that can be empty.
+void remove(Core::String& text, const std::vector<std::pair<int, int>>& ranges);
 
 } // namespace EdgedSplice

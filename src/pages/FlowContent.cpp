@@ -1,13 +1,23 @@
 #include "pages/FlowContent.h"
 
+#include "pages/TextElements.h"
+
 namespace {
 
-/// The first tag at or behind the position that opens such an element.
-int firstNamed(const XmlText& text, int from, XmlText::View name) {
+/// The first tag from the position on and before the end that opens such an element.
+int firstNamed(const XmlText& text, int from, int end, XmlText::View name) {
     int tag = text.nextTag(from);
-    while (tag >= 0 && text.tagName(tag) != name)
+    while (tag >= 0 && tag < end && text.tagName(tag) != name)
         tag = text.nextTag(text.next(tag));
-    return tag;
+    return tag < end ? tag : -1;
+}
+
+/// The first child of the flow that is or holds a block; -1 without one.
+int firstWithBlock(const XmlText& text, int flow) {
+    for (const int child : TextElements::childrenOf(text, flow))
+        if (firstNamed(text, child, text.closingTag(child) + 1, L"fo:block") >= 0)
+            return child;
+    return -1;
 }
 
 } // namespace
@@ -15,9 +25,12 @@ int firstNamed(const XmlText& text, int from, XmlText::View name) {
 DetachedText::Range FlowContent::find(const Core::String& content) {
     XmlText text;
     text.assign(content);
-    const int flow = firstNamed(text, text.prolog().root, L"fo:flow");
-    const int block = firstNamed(text, flow, L"fo:block");
-    const int end = text.closingTag(flow);
-    return flow < 0 || block < 0 || end < block ? DetachedText::none
-                                                : DetachedText::Range(block, end);
+    const auto flowFrom = [&](int position) {
+        return firstNamed(text, position, text.length(), L"fo:flow");
+    };
+    for (int flow = flowFrom(text.prolog().root); flow >= 0;
+         flow = flowFrom(text.behindElement(flow)))
+        if (const int child = firstWithBlock(text, flow); child >= 0)
+            return {child, text.closingTag(flow)};
+    return DetachedText::none;
 }

@@ -18,10 +18,12 @@ bool isMasterNamed(const XmlText& text, int element, const String& name) {
            TextElements::attributeOf(text, element, L"master-name") == name;
 }
 
-bool isOneMasterNamed(const String& markup, const String& name) {
+/// The markup is read behind the document type, to whose entities it may refer.
+bool isOneMasterNamed(const String& documentType, const String& markup, const String& name) {
     XmlText text;
-    text.assign(markup);
-    return isMasterNamed(text, 0, name) && text.lastOffsetOf(0) == text.length() - 1;
+    text.assign(documentType + markup);
+    const int master = documentType.length();
+    return isMasterNamed(text, master, name) && text.lastOffsetOf(master) == text.length() - 1;
 }
 
 } // namespace
@@ -45,7 +47,8 @@ String MasterText::bodyNameOf(const XmlText& text, int master) {
 
 bool MasterText::replace(Document& document, const String& name, const String& markup) {
     const int master = find(document.text(), name);
-    return master >= 0 && isOneMasterNamed(markup, name) &&
+    const String documentType(document.text().prolog().documentType);
+    return master >= 0 && isOneMasterNamed(documentType, markup, name) &&
            DocumentText::replace(document, master, document.text().lastOffsetOf(master), markup);
 }
 

@@ -1,6 +1,7 @@
 #include "pages/NewSequence.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "pages/RegionType.h"
 #include "pages/Regions.h"
 #include "pages/RepeatData.h"
@@ -76,6 +77,7 @@ Element& NewSequence::append(Element& root, PageSequenceType type, const String&
 }
 
 void NewSequence::appendDocument(Element& root, const String& address) {
+    Xml::requireXmlText(address);
     Element& document = *root.add_child(L"qf:insert-document");
     document.set_attribute(L"xmlns:qf", L"urn:forme:qf/1.0");
     SequenceAttributes::setSource(document, address);

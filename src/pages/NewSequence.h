@@ -19,7 +19,8 @@ namespace NewSequence {
 /// Appended to the root, without content. The data are those of a repeat.
 Xml::Element& append(Xml::Element& root, PageSequenceType type, const Core::String& master,
                      const RepeatData& data);
-/// Appends an external document.
+/// Appends an external document. Throws Core::Exception, and changes nothing, where the address
+/// cannot be written in XML.
 void appendDocument(Xml::Element& root, const Core::String& address);
 
 /// Gives the sequence the flows that its master's regions call for, each with an empty block. A

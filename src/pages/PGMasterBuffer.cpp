@@ -6,6 +6,7 @@
 #include "pages/Masters.h"
 #include "pages/PaginationNodes.h"
 #include "pages/Regions.h"
+#include "pages/SequenceAttributes.h"
 #include "pages/StaticContents.h"
 #include "trees/Elements.h"
 #include "trees/Fragment.h"
@@ -200,9 +201,8 @@ Element* PGMasterBuffer::getStaticContentElement(const String& flowName) const {
 }
 
 void PGMasterBuffer::setNameForStaticContent(const String& newName, const String& oldName) {
-    Element* found = getStaticContentElement(oldName);
-    if (found && !newName.empty())
-        found->set_attribute(L"flow-name", newName);
+    if (const Element* found = getStaticContentElement(oldName))
+        SequenceAttributes::renameFlow(*found->get_parent(), oldName, newName);
 }
 
 void PGMasterBuffer::addNewStaticContent(const String& flowName, const String&, int sequenceIndex,

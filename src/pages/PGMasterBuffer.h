@@ -92,7 +92,8 @@ public:
     Core::String getPageSeqRefNameForStaticContent(int index) const;
     /// The first of that flow name in a page sequence; repeats are not searched.
     Xml::Element* getStaticContentElement(const Core::String& flowName) const;
-    /// Renames the flow of that one. The new name comes first.
+    /// Renames the flow of that one, unless one of the new name stands beside it. The new name
+    /// comes first.
     void setNameForStaticContent(const Core::String& newName, const Core::String& oldName);
     /// Adds one before the flow of the page sequence, or without a flow last. It holds a block with
     /// a no-break space or, if not `blank`, the resource text 19602. None is added where one of

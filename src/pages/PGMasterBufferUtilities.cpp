@@ -170,10 +170,7 @@ String PGMasterBufferUtilities::getComplexMasterBufferTextByName(const String& n
 String PGMasterBufferUtilities::stripComplexMastersFromBuffer(const String& buffer,
                                                               String& removed) const {
     String rest = buffer;
-    for (const String& markup : ComplexMasterText::of(pages_->text)) {
-        removed += markup;
-        ComplexMasterText::cutOut(rest, markup);
-    }
+    removed += ComplexMasterText::cutOut(pages_->text, rest);
     return rest;
 }
 

@@ -73,15 +73,15 @@ public:
 
     /// As it stands; empty for one that is self-closing.
     Core::String getComplexMasterBufferTextByName(const Core::String& name) const;
-    /// The buffer without the complex page masters of this object's text, which are appended to
-    /// `removed`.
+    /// The buffer without the complex page masters of this object's text; those that it had are
+    /// appended to `removed`.
     Core::String stripComplexMastersFromBuffer(const Core::String& buffer,
                                                Core::String& removed) const;
 
     // Flows of any text, be it a part of a document
 
-    /// What stands in its first fo:flow from the first fo:block on; empty without these, and then
-    /// the original flow stays as it was.
+    /// What stands in the first fo:flow that has a fo:block, from the child on that is or holds the
+    /// first one; empty without these, and then the original flow stays as it was.
     Core::String getFoFlowFromBuffer(const Core::String& text);
     /// The text with `flowContent` in the place of the same, if that is not empty; empty where the
     /// text has no flow with a block.

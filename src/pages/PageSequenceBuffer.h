@@ -26,7 +26,8 @@ class PageSequenceTree;
 ///
 /// An index that names no node, a node of another kind than is asked for and an empty name of a
 /// master or a flow change nothing and give nothing. Names are plain text. Nothing checks that a
-/// name is that of a page master.
+/// name is that of a page master. A value with a character that XML has no way to write raises a
+/// Core::Exception, and the tree stays as it was.
 class FORME_API PageSequenceBuffer : public DOMBasedBuffer {
 public:
     // Reading and writing back
@@ -45,8 +46,9 @@ public:
     /// Writes the page sequences back as one undo step, without space around them all, and declares
     /// on the root what prefixes they need. The caret goes to the first place of the flows. Raises
     /// a Core::Exception, and changes nothing, where what stands behind the page masters is no
-    /// longer what was read; nor does anything change where no parser would take the result.
-    /// Afterwards the buffer can be edited on and committed again.
+    /// longer what was read. Without a change only the caret moves, and nothing is recorded. What
+    /// no parser would take, or what touches a flow while page masters are edited, is dropped: the
+    /// document stays as it is. Afterwards the buffer can be edited on and committed again.
     void commitChangesToEditableBuffer() override;
 
     // What is there

@@ -6,6 +6,7 @@
 #include "pages/NewSequence.h"
 #include "pages/PaginationNodes.h"
 #include "pages/RunningTexts.h"
+#include "pages/SequenceAttributes.h"
 #include "trees/Fragment.h"
 
 #include <algorithm>
@@ -46,6 +47,7 @@ void PageSequenceTree::add(PageSequenceType type, const PageMasterData& master,
                            const RepeatData& data) {
     if (!document_ || master.getName().empty())
         return;
+    SequenceAttributes::requireWritable(master.getName(), data);
     const RunningTexts running(*document_);
     NewSequence::collectTexts(running, master, awaited_.texts);
     awaited_.sequence = &NewSequence::append(root(), type, master.getName(), data);

@@ -27,7 +27,8 @@ public:
     /// The one that holds the document's caret; null without one.
     Xml::Element* current() const;
 
-    /// Nothing without a document or without a name of the master.
+    /// Nothing without a document or without a name of the master. Throws Core::Exception, and
+    /// changes nothing, where a value cannot be written in XML.
     void add(PageSequenceType type, const PageMasterData& master, const RepeatData& data);
     void remove(int index);
     /// Behind the next one. The element itself goes, and a copy of it stands there.

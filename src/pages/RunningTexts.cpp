@@ -6,9 +6,9 @@
 #include "pages/ComplexMasters.h"
 #include "pages/Masters.h"
 #include "pages/Regions.h"
+#include "pages/TextElements.h"
 #include "text/Markup.h"
 #include "text/RootChildren.h"
-#include "trees/DOMBasedBuffer.h"
 
 #include <algorithm>
 #include <vector>
@@ -17,17 +17,6 @@ using Core::String;
 using Xml::Element;
 
 namespace {
-
-/// An attribute of the tag at the position, decoded; empty without it.
-String attributeOf(const XmlText& text, int element, const wchar_t* name) {
-    const bool isClosed = text.selfClosingAt(element);
-    String tag = text.slice(element, text.tagEnd(element) - (isClosed ? 1 : 0)) + L"/>";
-    if (tag.find(L'&', 0) >= 0)
-        tag = String(text.prolog().documentType) + tag;
-    Fragment alone(nullptr);
-    alone.readText(tag);
-    return DOMBasedBuffer::getAttributeValue(alone.root(), name, String());
-}
 
 bool isSequence(const XmlText& text, int element) {
     return text.tagName(element) == L"fo:page-sequence" ||
@@ -64,12 +53,13 @@ void RunningTexts::readMasters() {
 
 void RunningTexts::readSequence(int sequence) {
     const XmlText& text = document_.text();
-    std::map<String, int>& contents = contents_[attributeOf(text, sequence, L"master-reference")];
+    std::map<String, int>& contents =
+        contents_[TextElements::attributeOf(text, sequence, L"master-reference")];
     const int end = text.closingTag(sequence);
     for (int child = text.nextElement(sequence); child >= 0 && child < end;
          child = text.nextElement(text.closingTag(child)))
         if (text.tagName(child) == L"fo:static-content")
-            contents[attributeOf(text, child, L"flow-name")] = child;
+            contents[TextElements::attributeOf(text, child, L"flow-name")] = child;
 }
 
 std::map<String, String> RunningTexts::regionsOf(const String& simpleMaster) const {

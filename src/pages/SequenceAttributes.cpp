@@ -1,7 +1,9 @@
 #include "pages/SequenceAttributes.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "pages/PaginationNodes.h"
+#include "pages/RepeatData.h"
 #include "trees/Elements.h"
 
 using Core::String;
@@ -18,6 +20,11 @@ String valueOf(const Element& element, const String& name) {
 }
 
 } // namespace
+
+void SequenceAttributes::requireWritable(const String& master, const RepeatData& data) {
+    for (const String& value : {master, data.xpath, data.condition, data.sort, data.parentId})
+        Xml::requireXmlText(value);
+}
 
 String SequenceAttributes::referenceOf(const Element& element) {
     return valueOf(element, reference);

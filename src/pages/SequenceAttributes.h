@@ -2,6 +2,8 @@
 
 #include "foundation/String.h"
 
+struct RepeatData;
+
 namespace Xml {
 class Element;
 }
@@ -10,6 +12,10 @@ class Element;
 /// What does not fit the kind of the element changes nothing, nor does an empty name of a master or
 /// a flow.
 namespace SequenceAttributes {
+
+/// Throws Core::Exception where one of the values holds a character that XML has no way to write.
+/// Who changes more than one of them asks before the first.
+void requireWritable(const Core::String& master, const RepeatData& data);
 
 /// The page master that the element refers to, whatever it is; empty without one.
 Core::String referenceOf(const Xml::Element& element);

@@ -3,6 +3,7 @@
 #include "foundation/xml/Element.h"
 #include "pages/PaginationNodes.h"
 #include "pages/RepeatData.h"
+#include "pages/SequenceAttributes.h"
 
 #include <array>
 #include <vector>
@@ -52,6 +53,7 @@ void rename(Element& element, const wchar_t* prefix, const wchar_t* name) {
 
 /// Its attributes keep their meaning under the prefix "fo".
 void toRepeat(Element& sequence, const String& master, const RepeatData& data) {
+    SequenceAttributes::requireWritable(master, data);
     sequence.set_attribute(reference, master);
     givePrefixes(sequence, [](const String&) { return String(L"fo"); });
     rename(sequence, L"qfd", L"page-sequence-repeat");

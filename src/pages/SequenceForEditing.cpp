@@ -38,42 +38,71 @@ AroundFlows aroundFlows(const XmlText& text, int from, int sequence) {
     return around;
 }
 
-/// Where the element's line begins, the line feed before it included, if it is indented by tabs
-/// only.
-int withIndent(const XmlText& text, int element) {
-    int start = element;
-    while (start > 0 && text.unitAt(start - 1) == L'\t')
-        --start;
-    return start > 0 && text.unitAt(start - 1) == L'\n' ? start - 1 : start;
-}
+/// From `start` up to but excluding `end`.
+struct Stretch {
+    int start;
+    int end;
+};
 
-void removeOne(Document& document, int staticContent) {
-    const int start = withIndent(document.text(), staticContent);
-    const int last = document.text().lastOffsetOf(staticContent);
-    if (last < 0)
-        return;
-    document.recordCaret();
-    document.recordDeletion(start, document.removeUnrecorded(start, last));
+/// What goes with the sequence's static contents: each with the tabs before it and a line feed
+/// before these, as they stand when those before it are gone.
+std::vector<Stretch> staticContentLines(const XmlText& text, int sequence) {
+    std::vector<Stretch> gone; // apart from each other
+    for (const int element : TextElements::childrenOf(text, sequence, L"static-content")) {
+        const int last = text.lastOffsetOf(element);
+        if (last < 0)
+            break;
+        int start = element;
+        const auto passOverGone = [&] {
+            if (!gone.empty() && gone.back().end == start) {
+                start = gone.back().start;
+                gone.pop_back();
+            }
+        };
+        const auto standsBefore = [&](wchar_t unit) { return text.unitAt(start - 1) == unit; };
+        passOverGone();
+        while (standsBefore(L'\t')) {
+            --start;
+            passOverGone();
+        }
+        if (standsBefore(L'\n'))
+            --start;
+        passOverGone();
+        gone.push_back({start, last + 1});
+    }
+    return gone;
 }
 
 /// From the last to the first, so that those to come stay where they are.
 void removeAll(Document& document, int sequence) {
-    const std::vector<int> found =
-        TextElements::childrenOf(document.text(), sequence, L"static-content");
+    const std::vector<Stretch> stretches = staticContentLines(document.text(), sequence);
     document.recordCaret();
-    for (auto it = found.rbegin(); it != found.rend(); ++it)
-        removeOne(document, *it);
+    for (auto it = stretches.rbegin(); it != stretches.rend(); ++it) {
+        document.recordCaret();
+        document.recordDeletion(it->start, document.removeUnrecorded(it->start, it->end - 1));
+    }
     Moves::outOfMarkup(document);
     document.recordCaret();
+}
+
+bool holdsFlows(const XmlText& text, int element) {
+    return text.openingAt(element) && text.closingTag(element) >= 0 &&
+           text.tagName(element) != L"qf:insert-document";
 }
 
 } // namespace
 
 int SequenceForEditing::at(const Document& document, int index) {
-    const XmlText& text = document.text();
     const int sequence = PageSequences::at(document, index);
-    const bool isElement = text.openingAt(sequence) && text.closingTag(sequence) >= 0;
-    return isElement && text.tagName(sequence) != L"qf:insert-document" ? sequence : -1;
+    return holdsFlows(document.text(), sequence) ? sequence : -1;
+}
+
+std::vector<int> SequenceForEditing::all(const Document& document) {
+    std::vector<int> sequences = PageSequences::all(document);
+    for (int& sequence : sequences)
+        if (!holdsFlows(document.text(), sequence))
+            sequence = -1;
+    return sequences;
 }
 
 int SequenceForEditing::placeOfStaticContents(const XmlText& text, int sequence) {
@@ -115,19 +144,23 @@ bool SequenceForEditing::removeStaticContents(Document& document, int index) {
     return sequence >= 0 && carryOut(document, [&] { removeAll(document, sequence); });
 }
 
-bool SequenceForEditing::replaceStaticContents(Document& document, int index,
-                                               const String& markup) {
-    const int sequence = at(document, index);
-    if (sequence < 0)
-        return false;
-    RecordedCommand command(document);
+bool SequenceForEditing::putStaticContents(Document& document, int sequence, const String& markup) {
     removeAll(document, sequence);
     const int place = placeOfStaticContents(document.text(), sequence);
     document.insertUnrecorded(place, markup);
     document.recordInsertion(place, markup);
     const bool areBound = NamespaceBinding::bind(document, place, place + markup.length());
     document.recordCaret();
-    if (areBound && command.mayStand())
+    return areBound;
+}
+
+bool SequenceForEditing::replaceStaticContents(Document& document, int index,
+                                               const String& markup) {
+    const int sequence = at(document, index);
+    if (sequence < 0)
+        return false;
+    RecordedCommand command(document);
+    if (putStaticContents(document, sequence, markup) && command.mayStand())
         return true;
     command.takeBack();
     return false;

@@ -2,6 +2,8 @@
 
 #include "foundation/String.h"
 
+#include <vector>
+
 class Document;
 class XmlText;
 
@@ -12,6 +14,8 @@ namespace SequenceForEditing {
 
 /// The `<` of the one with that index; -1 where it can hold no flow.
 int at(const Document& document, int index);
+/// The same of all, in their order.
+std::vector<int> all(const Document& document);
 /// Where static contents belong: before the flow, or without one behind the start tag and the
 /// printing options.
 int placeOfStaticContents(const XmlText& text, int sequence);
@@ -29,5 +33,9 @@ Core::String contentWithFlow(const Document& document, int index, const Core::St
 bool removeStaticContents(Document& document, int index);
 /// Puts the markup in the place of all static contents, before the flow.
 bool replaceStaticContents(Document& document, int index, const Core::String& markup);
+
+/// The same as a part of another change, in the sequence at that position. What stands before it
+/// moves only where the root gets declarations. Answers whether all prefixes are declared now.
+bool putStaticContents(Document& document, int sequence, const Core::String& markup);
 
 } // namespace SequenceForEditing

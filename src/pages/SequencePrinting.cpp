@@ -3,6 +3,7 @@
 #include "foundation/Exception.h"
 #include "foundation/String.h"
 #include "foundation/xml/Element.h"
+#include "foundation/xml/XmlDocument.h"
 #include "pages/PaginationNodes.h"
 #include "pages/PrintingOptions.h"
 
@@ -21,6 +22,12 @@ std::size_t countNeeded(const std::list<Xml::Node*>& nodes) {
             needed = index;
     }
     return needed;
+}
+
+/// What cannot be written in XML raises here, where nothing is lost.
+void tryWriting(const PrintingAttributes& options) {
+    Xml::XmlDocument unused;
+    PrintingOptions::write(*unused.createRootNode(L"unused"), options);
 }
 
 } // namespace
@@ -42,11 +49,15 @@ void SequencePrinting::write(Element& root, const std::vector<PrintingAttributes
         throw Core::Exception(
             L"printing options are given for " + String::formatS(static_cast<int>(options.size())) +
             L" page sequences, and " + String::formatS(static_cast<int>(needed)) + L" are needed");
-    auto next = options.begin();
-    for (Xml::Node* node : nodes) {
-        if (PaginationNodes::hasFlows(*node))
-            PrintingOptions::write(static_cast<Element&>(*node), *next);
-        if (next != options.end())
-            ++next;
-    }
+    const auto forEachRow = [&](auto visit) {
+        auto next = options.begin();
+        for (Xml::Node* node : nodes) {
+            if (PaginationNodes::hasFlows(*node))
+                visit(static_cast<Element&>(*node), *next);
+            if (next != options.end())
+                ++next;
+        }
+    };
+    forEachRow([](const Element&, const PrintingAttributes& row) { tryWriting(row); });
+    forEachRow(PrintingOptions::write);
 }

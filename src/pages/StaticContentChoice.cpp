@@ -6,7 +6,6 @@
 #include "pages/Regions.h"
 #include "pages/StaticContents.h"
 
-#include <algorithm>
 #include <set>
 
 using Core::String;
@@ -28,10 +27,15 @@ std::set<String> regionNamesOf(const Element& root, const String& masterName) {
 std::map<String, int> StaticContentChoice::in(const DetachedText& text, const Element& root) const {
     const std::set<String> regions = regionNamesOf(root, master);
     const std::vector<Element*> complexMasters = Masters::complexIn(root);
+    std::map<String, bool> areOfMaster; // by their references, which many have in common
     const auto isOfMaster = [&](const Element& element) {
         const String reference = StaticContents::masterOf(element);
-        const Element* complex = Masters::named(complexMasters, reference);
-        return reference == master || (complex && ComplexMasters::refersTo(*complex, master));
+        const auto [answer, isNew] = areOfMaster.emplace(reference, reference == master);
+        if (isNew && !answer->second) {
+            const Element* complex = Masters::named(complexMasters, reference);
+            answer->second = complex && ComplexMasters::refersTo(*complex, master);
+        }
+        return answer->second;
     };
     const auto counts = [&](const Element& element) {
         return master.empty() ||
@@ -41,7 +45,9 @@ std::map<String, int> StaticContentChoice::in(const DetachedText& text, const El
     const std::vector<Element*> elements = StaticContents::of(root);
     const std::vector<DetachedText::StaticContent>& places = text.staticContents();
     std::map<String, int> chosen;
-    for (std::size_t i = 0; i < std::min(elements.size(), places.size()); ++i)
+    if (elements.size() != places.size())
+        return chosen; // it is not known which is which
+    for (std::size_t i = 0; i < elements.size(); ++i)
         if ((sequence < 0 || places[i].sequence == sequence) && counts(*elements[i]))
             chosen[StaticContents::flowNameOf(*elements[i])] = places[i].element;
     return chosen;

@@ -21,6 +21,6 @@ struct StaticContentChoice {
     int sequence = -1;
 
     /// Where they are in the text, by their flow names; of one name the last. `root` is that of the
-    /// text's tree, which tells the names.
+    /// text's tree, which tells the names. None where text and tree do not have as many.
     std::map<Core::String, int> in(const DetachedText& text, const Xml::Element& root) const;
 };

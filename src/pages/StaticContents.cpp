@@ -1,6 +1,7 @@
 #include "pages/StaticContents.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/QualifiedName.h"
 #include "pages/PaginationNodes.h"
 #include "trees/DOMBasedBuffer.h"
 #include "trees/Elements.h"
@@ -56,6 +57,8 @@ String StaticContents::masterOf(const Element& staticContent) {
 void StaticContents::add(Element& sequence, const String& flowName, const String& text) {
     if (find(Elements::childrenOf(sequence, elementName), flowName))
         return;
+    Xml::requireXmlText(flowName);
+    Xml::requireXmlText(text);
     Element* flow = DOMBasedBuffer::getElementByName(&sequence, L"flow");
     Element* added = flow ? sequence.add_node_as_prev_sibling(flow, elementName, L"fo")
                           : sequence.add_child(elementName, L"fo");

@@ -22,7 +22,8 @@ Core::String flowNameOf(const Xml::Element& staticContent);
 Core::String masterOf(const Xml::Element& staticContent);
 
 /// Adds one before the sequence's flow, or without a flow last, which holds a block with that text;
-/// none where one of that flow name stands already.
+/// none where one of that flow name stands already. Throws Core::Exception, and changes nothing,
+/// where one of the two cannot be written in XML.
 void add(Xml::Element& sequence, const Core::String& flowName, const Core::String& text);
 
 } // namespace StaticContents

@@ -1,6 +1,11 @@
 #include "pages/TextElements.h"
 
+#include "foundation/xml/ParseException.h"
 #include "text/Markup.h"
+#include "trees/DOMBasedBuffer.h"
+#include "trees/Fragment.h"
+
+#include <optional>
 
 using Core::String;
 
@@ -13,6 +18,36 @@ String plainValue(XmlText::View value) {
     for (const wchar_t* space : {L"\r", L"\n", L"\t"})
         blanks.replaceAll(space, L" ");
     return Markup::unescaped(blanks.view());
+}
+
+int attributeNamed(const XmlText& text, int element, XmlText::View name) {
+    int found = -1;
+    if (!text.onTagStart(element))
+        return found;
+    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
+        const XmlText::View own = text.attributeName(at);
+        if (own == name)
+            return at;
+        if (found < 0 && XmlScan::localName(own) == name && !own.starts_with(L"xmlns:"))
+            found = at;
+    }
+    return found;
+}
+
+/// As a parser reads it that knows the entities of the document type; none without such a type, or
+/// where the tag cannot be read.
+std::optional<String> parsedValue(const XmlText& text, int element, XmlText::View name) {
+    const String type(text.prolog().documentType);
+    const int end = text.tagEnd(element) - (text.selfClosingAt(element) ? 1 : 0);
+    if (type.empty() || end <= element)
+        return std::nullopt;
+    Fragment alone(nullptr);
+    try {
+        alone.readText(type + text.slice(element, end) + L"/>");
+    } catch (const Xml::ParseException&) {
+        return std::nullopt;
+    }
+    return DOMBasedBuffer::getAttributeValue(alone.root(), String(name), String());
 }
 
 } // namespace
@@ -33,15 +68,9 @@ int TextElements::childOf(const XmlText& text, int element, XmlText::View name) 
 }
 
 String TextElements::attributeOf(const XmlText& text, int element, XmlText::View name) {
-    int found = -1;
-    if (!text.onTagStart(element))
+    const int attribute = attributeNamed(text, element, name);
+    if (attribute < 0)
         return {};
-    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
-        const XmlText::View own = text.attributeName(at);
-        if (own == name)
-            return plainValue(text.attributeValue(at));
-        if (found < 0 && XmlScan::localName(own) == name && !own.starts_with(L"xmlns:"))
-            found = at;
-    }
-    return found < 0 ? String() : plainValue(text.attributeValue(found));
+    const String value = plainValue(text.attributeValue(attribute));
+    return value.find(L'&', 0) < 0 ? value : parsedValue(text, element, name).value_or(value);
 }

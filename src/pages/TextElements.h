@@ -14,7 +14,8 @@ std::vector<int> childrenOf(const XmlText& text, int element, XmlText::View name
 int childOf(const XmlText& text, int element, XmlText::View name);
 
 /// The value of the attribute that a tree finds by that name, as plain text: the one without a
-/// prefix, or else the first with any. Empty without one.
+/// prefix, or else the first with any. Empty without one. Entities are those of the text's document
+/// type.
 Core::String attributeOf(const XmlText& text, int element, XmlText::View name);
 
 } // namespace TextElements

@@ -132,6 +132,31 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
     EXPECT_GT(twice.all().find(L"xmlns:qf=", 0), 0);
 }
 
+/// An entity is what it stands for, and what the root has to declare moves no sequence away.
+TEST(AppliedChanges, FindNamesThatAreEntities) {
+    const auto document = [](const String& declared, const String& contents) {
+        return L"<!DOCTYPE fo:root [<!ENTITY n \"h\">]>\n<fo:root "
+               L"xmlns:fo=\"http://www.w3.org/1999/"
+               L"XSL/Format\"" +
+               declared +
+               L"><fo:layout-master-set><fo:simple-page-master "
+               L"master-name=\"&n;\"><fo:region-before"
+               L" region-name=\"h\"/></fo:simple-page-master></fo:layout-master-set>"
+               L"<fo:page-sequence master-reference=\"&n;\">" +
+               contents + L"</fo:page-sequence><fo:page-sequence>" + contents +
+               L"</fo:page-sequence></fo:root>";
+    };
+    const String declared = L" xmlns:qf=\"urn:forme:qf/1.0\"";
+    const String header = L"<fo:static-content flow-name=\"h\"><fo:block qf:a=\"\"/>"
+                          L"</fo:static-content>";
+    Edited target(document(L"", L"<fo:static-content flow-name=\"&n;\"/>"));
+    const EditorState before = stateOf(target.face());
+    const Edited source(document(declared, header));
+    PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"h", {1, 0, 1});
+    EXPECT_EQ(target.all(), document(declared, header));
+    expectReplays(target.face(), before);
+}
+
 TEST(AppliedChanges, PagesForEditingHaveALockedFlow) {
     const Edited document(text);
     const String page = document->getPageSequenceForEditing(1, L"'\"&", L"x & y");
@@ -208,6 +233,11 @@ TEST(AppliedChanges, MastersAndStaticContentsAreReplacedAsText) {
                                   0),
               0);
     expectReplays(document.face(), before);
+    Edited lines(L"<fo:root xmlns:fo='f'><fo:page-sequence>\n\n\t<fo:static-content/>"
+                 L"<fo:static-content/>\t<fo:static-content/>\n\n \n\t\t<fo:static-content/>\n"
+                 L"</fo:page-sequence></fo:root>");
+    lines->deleteStaticContentsFromPageSequence(0); // the second takes what the first left
+    EXPECT_GT(lines.all().find(L"<fo:page-sequence>\n\n \n</fo:page-sequence>", 0), 0);
     Edited options(L"<fo:root xmlns:fo='f' xmlns:qf='q'><fo:page-sequence> <qf:printing-options/> "
                    L"<fo:static-content/></fo:page-sequence></fo:root>");
     options->replaceStaticContentsFromPageSeq(0, L"<fo:static-content a='1'/>");

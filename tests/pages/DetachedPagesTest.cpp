@@ -147,6 +147,12 @@ TEST(DetachedPages, RegionsAreHiddenShownAndNamed) {
     EXPECT_TRUE(buffer.isRegionVisible(L"A & B", L"\"<&"));
     EXPECT_TRUE(buffer.simplePMUsedInComplexPageMaster(L"A & B", L"C"));
     EXPECT_FALSE(buffer.simplePMUsedInComplexPageMaster(L"A & B", L"E"));
+    EXPECT_THROW(buffer.addNewStaticContent(L"\x1", L"", 3, true), Core::Exception);
+    EXPECT_EQ(buffer.getStaticContentsNodes().size(), 4U);
+    buffer.setNameForStaticContent(L"xsl-region-before", L"foot"); // stands beside it
+    EXPECT_TRUE(buffer.getStaticContentElement(L"foot"));
+    buffer.setNameForStaticContent(L"new", L"foot");
+    EXPECT_TRUE(buffer.getStaticContentElement(L"new"));
     buffer.renameSimplePageMaster(L"B", L"D"); // not of a whole document
     EXPECT_EQ(buffer.getAllSimplePageMasters(), (Names{L"A & B", L"B"}));
     PGMasterBuffer set(L"<s><simple-page-master master-name='B'/><m master-name='C'/></s>");
@@ -210,6 +216,13 @@ TEST(DetachedPages, ComplexMastersAreStrippedAndFlowsEmptied) {
     EXPECT_EQ(removed, complexMaster);
     EXPECT_EQ(stripped.length(), text.length() - removed.length());
     EXPECT_EQ(xmlError(stripped), "");
+    EXPECT_EQ(buffer.stripComplexMastersFromBuffer(stripped, removed), stripped);
+    EXPECT_EQ(removed, complexMaster); // only what was there
+    String twice = text;
+    twice.replaceAll(complexMaster, complexMaster + complexMaster);
+    EXPECT_EQ(PGMasterBufferUtilities(twice).stripComplexMastersFromBuffer(twice, removed),
+              stripped);
+    EXPECT_EQ(removed, complexMaster + complexMaster + complexMaster);
 
     EXPECT_TRUE(buffer.getFoFlowFromBuffer(text).startsWith(L"<fo:block margin=\"2pt\">a"));
     const String original = buffer.getOriginalFoFlow();
@@ -219,6 +232,9 @@ TEST(DetachedPages, ComplexMastersAreStrippedAndFlowsEmptied) {
                   L"<fo:flow a='>'><fo:block/><fo:block>a</fo:block></fo:flow>", L"<b/>"),
               L"<fo:flow a='>'><b/></fo:flow>");
     EXPECT_EQ(buffer.emptyFoFlowFromBuffer(L"<fo:block/>", L"<b/>"), L"");
+    EXPECT_EQ(buffer.emptyFoFlowFromBuffer(
+                  L"<fo:flow/><fo:flow><c/><d><fo:block/></d></fo:flow><fo:block/>", L"<b/>"),
+              L"<fo:flow/><fo:flow><c/><b/></fo:flow><fo:block/>");
 
     struct Splice {
         int start, end;

@@ -145,6 +145,31 @@ TEST(PageSequences, TakePrintingOptionsByAllNodesAndGiveThemBySequences) {
     EXPECT_EQ(sequences.getPageSequencesPrintingOptions()[0].copyCount.getStaticValue(), L"2");
 }
 
+TEST(PageSequences, AreNotHalfChangedByWhatXmlCannotHold) {
+    MarkedDocument document;
+    load(document, documentWith(L"", L"<fo:page-sequence>" + body +
+                                         L"</fo:page-sequence>"
+                                         L"<fo:page-sequence>" +
+                                         body + L"</fo:page-sequence>"));
+    const String text = document->getContent();
+    S sequences(&document.face());
+    const PageMasterData master(L"m");
+    const String bad = L"\x1";
+    std::vector<PrintingAttributes> options = sequences.getPageSequencesPrintingOptions();
+    options[0].copyCount.setStaticValue(L"1");
+    options[1].psPrinterCode = bad;
+    for (const std::function<void()>& change : std::initializer_list<std::function<void()>>{
+             [&] { sequences.addNewPageSequence(PageMasterData(bad)); },
+             [&] { sequences.addNewPageSequenceRepeat(master, L"/", L"", L"", bad); },
+             [&] { sequences.addExternalDocument(bad); },
+             [&] { sequences.convertPageSequence(0, master, L"/", bad, L"", L""); },
+             [&] { sequences.setPageSequencesPrintingOptions(options); }}) {
+        EXPECT_THROW(change(), Core::Exception);
+        sequences.commitChangesToEditableBuffer();
+        EXPECT_EQ(document->getContent(), text);
+    }
+}
+
 TEST(PageSequences, TakeTheHeadersOfThoseWhosePagesHaveTheMasterToo) {
     const std::wstring masters =
         LR"(<fo:simple-page-master master-name="A &amp; B"><fo:region-start region-name="x"/>)"

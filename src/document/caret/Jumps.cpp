@@ -10,6 +10,7 @@
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
+#include "text/Markup.h"
 #include "text/Vocabulary.h"
 
 #include <map>
@@ -28,12 +29,16 @@ int nextTagNamed(const XmlText& text, Text name, int position, int end) {
     return tag < end ? tag : -1;
 }
 
+/// An attribute as plain text; empty without it.
+String plainValueOf(const Document& document, int element, const String& name) {
+    return Markup::unescaped(Attributes::of(document, element).getPropertyValue(name));
+}
+
 int pageMasterNamed(const Document& document, const String& name) {
     const XmlText& text = document.text();
     int master =
         text.nextNamed(text.layoutMasterSet(), Vocabulary::strings<Vocabulary::pageMasters>());
-    while (master >= 0 &&
-           Attributes::of(document, master).getPropertyValue(L"fo:master-name") != name)
+    while (master >= 0 && plainValueOf(document, master, L"fo:master-name") != name)
         master = text.nextNamed(master, Vocabulary::strings<Vocabulary::pageMasters>());
     return master;
 }
@@ -62,7 +67,7 @@ int Jumps::firstStopInStaticContent(const Document& document, const String& flow
     int content = nextTagNamed(text, L"fo:static-content", generator, end);
     while (content >= 0) {
         const int closing = document.text().closingTag(content);
-        if (Attributes::of(document, content).getPropertyValue(L"fo:flow-name") == flowName) {
+        if (plainValueOf(document, content, L"fo:flow-name") == flowName) {
             const int stop = Stops::next(document, content);
             if (stop >= 0 && stop <= closing)
                 return stop;
@@ -78,13 +83,13 @@ String Jumps::firstSideRegionOf(const Document& document, const String& masterNa
     if (text.tagName(master) == L"fo:page-sequence-master") {
         const int reference =
             text.nextNamed(master, Vocabulary::strings<Vocabulary::pageMasterReferences>());
-        master = pageMasterNamed(
-            document, Attributes::of(document, reference).getPropertyValue(L"fo:master-reference"));
+        master =
+            pageMasterNamed(document, plainValueOf(document, reference, L"fo:master-reference"));
     }
     const int region = text.nextNamed(master, Vocabulary::strings<Vocabulary::sideRegions>());
     if (region < 0 || region > text.closingTag(master))
         return {};
-    const String name = Attributes::of(document, region).getPropertyValue(L"fo:region-name");
+    const String name = plainValueOf(document, region, L"fo:region-name");
     return name.empty() ? L"xsl-" + text.localNameAt(region) : name;
 }
 
@@ -126,8 +131,7 @@ void EditableDocumentBuffer::moveCaretToFirstStaticRegion() {
     std::map<String, String> regions; // by the master, which many sequences can have in common
     for (int generator = PageSequences::next(document, 0); generator >= 0;
          generator = PageSequences::next(document, generator)) {
-        const String master =
-            Attributes::of(document, generator).getPropertyValue(L"fo:master-reference");
+        const String master = plainValueOf(document, generator, L"fo:master-reference");
         if (regions.find(master) == regions.end())
             regions[master] = Jumps::firstSideRegionOf(document, master);
         const int stop = Jumps::firstStopInStaticContent(document, regions[master], generator);

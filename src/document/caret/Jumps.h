@@ -5,7 +5,7 @@
 class Document;
 
 /// The far places that a host sends the caret to: page sequences, and the static contents that fill
-/// the regions around a page's body.
+/// the regions around a page's body. Names are plain text.
 namespace Jumps {
 
 /// The name of the first side region of a page master or, of one that refers to others, of the

@@ -6,6 +6,7 @@
 #include "document/PageSequences.h"
 #include "editing/formatting/Formatting.h"
 #include "editing/objects/Objects.h"
+#include "text/Markup.h"
 #include "text/XmlScan.h"
 
 using Core::String;
@@ -69,9 +70,8 @@ void appendElementsWithId(const Document& document, int generator,
 String EditableDocumentBuffer::getCurrentFlowName() const {
     const Document& document = *document_;
     const int flow = flowAroundCaret(document);
-    return Attributes::of(document,
-                          flow < 0 ? document.text().staticContentAround(document.caret()) : flow)
-        .getPropertyValue(flowNameAttribute);
+    const int region = flow < 0 ? document.text().staticContentAround(document.caret()) : flow;
+    return Markup::unescaped(Attributes::of(document, region).getPropertyValue(flowNameAttribute));
 }
 
 String EditableDocumentBuffer::getCurrentFlowContent() const {
