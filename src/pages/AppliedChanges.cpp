@@ -42,7 +42,9 @@ public:
 private:
     bool applyMaster() {
         const int old = MasterText::find(target_.text(), masterName_);
-        return old < 0 || MasterText::replace(target_, masterName_, take(master_, old));
+        return old < 0 ||
+               MasterText::replace(target_, masterName_,
+                                   take(master_, Namespaces::around(target_.text(), old)));
     }
 
     /// From the last to the first, so that those to come stay where they are but for what the root
@@ -74,19 +76,28 @@ private:
             if (!brought_.contains(flow))
                 joined.emplace(flow, text.markupOf(own));
         }
-        const int place = SequenceForEditing::placeOfStaticContents(text, sequence);
+        const std::set<String> inForce = inForceIn(sequence);
         for (const auto& [flow, element] : brought_)
-            joined.emplace(flow, take(element, place));
+            joined.emplace(flow, take(element, inForce));
         String all;
         for (const auto& [flow, markup] : joined)
             all += markup;
         return all;
     }
 
-    /// An element of the source for a place in the target.
-    String take(int element, int place) const {
-        return BroughtMarkup::take(source_.text(), element,
-                                   Namespaces::around(target_.text(), place));
+    /// What is declared in a sequence of the target, which is a child of the root.
+    std::set<String> inForceIn(int sequence) const {
+        const XmlText& text = target_.text();
+        std::set<String> declared = Namespaces::of(text, sequence);
+        for (const String& declaration : Namespaces::of(text, text.prolog().root))
+            if (!Namespaces::declares(declared, declaration))
+                declared.insert(declaration);
+        return declared;
+    }
+
+    /// An element of the source for a place in the target where these namespaces are declared.
+    String take(int element, const std::set<String>& inForce) const {
+        return BroughtMarkup::take(source_.text(), element, inForce);
     }
 
     Document& target_;
