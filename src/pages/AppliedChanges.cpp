@@ -76,23 +76,13 @@ private:
             if (!brought_.contains(flow))
                 joined.emplace(flow, text.markupOf(own));
         }
-        const std::set<String> inForce = inForceIn(sequence);
+        const std::set<String> inForce = SequenceForEditing::namespacesIn(text, sequence);
         for (const auto& [flow, element] : brought_)
             joined.emplace(flow, take(element, inForce));
         String all;
         for (const auto& [flow, markup] : joined)
             all += markup;
         return all;
-    }
-
-    /// What is declared in a sequence of the target, which is a child of the root.
-    std::set<String> inForceIn(int sequence) const {
-        const XmlText& text = target_.text();
-        std::set<String> declared = Namespaces::of(text, sequence);
-        for (const String& declaration : Namespaces::of(text, text.prolog().root))
-            if (!Namespaces::declares(declared, declaration))
-                declared.insert(declaration);
-        return declared;
     }
 
     /// An element of the source for a place in the target where these namespaces are declared.
