@@ -42,7 +42,9 @@ public:
 private:
     bool applyMaster() {
         const int old = MasterText::find(target_.text(), masterName_);
-        return old < 0 || MasterText::replace(target_, masterName_, take(master_, old));
+        return old < 0 ||
+               MasterText::replace(target_, masterName_,
+                                   take(master_, Namespaces::around(target_.text(), old)));
     }
 
     /// From the last to the first, so that those to come stay where they are but for what the root
@@ -74,19 +76,18 @@ private:
             if (!brought_.contains(flow))
                 joined.emplace(flow, text.markupOf(own));
         }
-        const int place = SequenceForEditing::placeOfStaticContents(text, sequence);
+        const std::set<String> inForce = SequenceForEditing::namespacesIn(text, sequence);
         for (const auto& [flow, element] : brought_)
-            joined.emplace(flow, take(element, place));
+            joined.emplace(flow, take(element, inForce));
         String all;
         for (const auto& [flow, markup] : joined)
             all += markup;
         return all;
     }
 
-    /// An element of the source for a place in the target.
-    String take(int element, int place) const {
-        return BroughtMarkup::take(source_.text(), element,
-                                   Namespaces::around(target_.text(), place));
+    /// An element of the source for a place in the target where these namespaces are declared.
+    String take(int element, const std::set<String>& inForce) const {
+        return BroughtMarkup::take(source_.text(), element, inForce);
     }
 
     Document& target_;

@@ -10,7 +10,9 @@
 #include "document/caret/Moves.h"
 #include "pages/PracticePages.h"
 #include "pages/TextElements.h"
+#include "text/Markup.h"
 
+#include <algorithm>
 #include <utility>
 
 using Core::String;
@@ -85,6 +87,19 @@ void removeAll(Document& document, int sequence) {
     document.recordCaret();
 }
 
+/// Whether the markup uses only prefixes that are declared. To ask this first spares a climb to the
+/// root over all sequences before this one.
+bool areDeclared(const String& markup, const std::set<String>& declared) {
+    XmlText alone;
+    alone.assign(markup);
+    const std::set<String> prefixes = NamespaceBinding::unbound(alone, 0, alone.length());
+    return std::all_of(prefixes.begin(), prefixes.end(), [&](const String& prefix) {
+        return std::any_of(declared.begin(), declared.end(), [&](const String& declaration) {
+            return declaration.startsWith(L"xmlns:" + prefix + L"=");
+        });
+    });
+}
+
 bool holdsFlows(const XmlText& text, int element) {
     return text.openingAt(element) && text.closingTag(element) >= 0 &&
            text.tagName(element) != L"qf:insert-document";
@@ -114,6 +129,14 @@ int SequenceForEditing::placeOfStaticContents(const XmlText& text, int sequence)
         !children.empty() &&
         XmlScan::localName(text.tagName(children.front())) == L"printing-options";
     return opensWithOptions ? text.behindElement(children.front()) : text.next(sequence);
+}
+
+std::set<String> SequenceForEditing::namespacesIn(const XmlText& text, int sequence) {
+    std::set<String> declared = Namespaces::of(text, sequence);
+    for (const String& declaration : Namespaces::of(text, text.prolog().root))
+        if (!Namespaces::declares(declared, declaration))
+            declared.insert(declaration);
+    return declared;
 }
 
 String SequenceForEditing::whole(const Document& document, int index, const String& master,
@@ -149,7 +172,8 @@ bool SequenceForEditing::putStaticContents(Document& document, int sequence, con
     const int place = placeOfStaticContents(document.text(), sequence);
     document.insertUnrecorded(place, markup);
     document.recordInsertion(place, markup);
-    const bool areBound = NamespaceBinding::bind(document, place, place + markup.length());
+    const bool areBound = areDeclared(markup, namespacesIn(document.text(), sequence)) ||
+                          NamespaceBinding::bind(document, place, place + markup.length());
     document.recordCaret();
     return areBound;
 }

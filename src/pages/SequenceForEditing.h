@@ -2,6 +2,7 @@
 
 #include "foundation/String.h"
 
+#include <set>
 #include <vector>
 
 class Document;
@@ -19,6 +20,8 @@ std::vector<int> all(const Document& document);
 /// Where static contents belong: before the flow, or without one behind the start tag and the
 /// printing options.
 int placeOfStaticContents(const XmlText& text, int sequence);
+/// The namespaces that the sequence and the root declare, as xmlns:x="uri".
+std::set<Core::String> namespacesIn(const XmlText& text, int sequence);
 
 /// The whole sequence with a locked flow in the place of its last, the others gone, as one of the
 /// master.
