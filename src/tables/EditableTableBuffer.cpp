@@ -406,7 +406,8 @@ void EditableTableBuffer::removePropertyFromSelectedElements(const std::vector<S
 
 String EditableTableBuffer::getNamespaces() const {
     Document& document = table_->document();
-    return DocumentSeam(&document).declarationsMissingAt(getDocumentBufferStart(), document.caret());
+    return DocumentSeam(&document).declarationsMissingAt(getDocumentBufferStart(),
+                                                         document.caret());
 }
 
 void EditableTableBuffer::rebuildEntireRowGroupMx() {

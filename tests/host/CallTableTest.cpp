@@ -29,19 +29,13 @@ std::set<std::string> publicOperations(const std::string& header) {
 }
 
 /// What deals in pointers and references of the host's own and has no meaning in a request.
-const std::set<std::string> notForRequests{"setMonitor",
-                                           "getMonitor",
-                                           "getEditActionStack",
-                                           "setSpellChecker",
-                                           "getListBuffer",
-                                           "getEditableTableBuffer",
-                                           "EditableTableBuffer",
-                                           "table",
-                                           "PageSequenceBuffer", // a constructor takes a document
-                                           "ListBuffer",
-                                           "PGMasterBuffer",
-                                           "PGMasterBufferUtilities",
-                                           "LayoutMasterSetBuffer"};
+const std::set<std::string> notForRequests{
+    "setMonitor",           "getMonitor",     "getEditActionStack",
+    "setSpellChecker",      "getListBuffer",  "getEditableTableBuffer",
+    "EditableTableBuffer",  "table",
+    "PageSequenceBuffer", // a constructor takes a document
+    "ListBuffer",           "PGMasterBuffer", "PGMasterBufferUtilities",
+    "LayoutMasterSetBuffer"};
 
 } // namespace
 
