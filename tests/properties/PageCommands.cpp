@@ -110,8 +110,9 @@ const std::vector<PageCommand> commands{
     {1, "", R"([["replaceSimplePageMaster","$master",
         "<fo:simple-page-master master-name=\"A\"><fo:region-body/></fo:simple-page-master>"]])",
      losesRegions | losesOptions},
-    {4, "", R"([["pages.applyChanges","$practice","$master",["$index"]]])", losesStatics | formats},
-    {3, "", R"([["pages.applyChanges","$same","$master",["$index"]]])"},
+    {4, "", R"([["pages.applyChanges","$practice","$here",["$sequence"]]])",
+     losesStatics | formats},
+    {3, "", R"([["pages.applyChanges","$same","$here",["$sequence"]]])"},
 };
 
 // Filling in
@@ -185,6 +186,8 @@ private:
             return random_.below(5);
         if (text == "$bool")
             return random_.oneIn(2);
+        if (text == "$sequence")
+            return sequence_;
         if (text == "$index")
             return static_cast<int>(random_.below(static_cast<std::size_t>(sequences_) + 2)) - 1;
         if (text == "$length")
@@ -246,9 +249,18 @@ private:
         return layout;
     }
 
-    /// A page to edit headers on: the whole document, something typed into its static contents.
+    /// A page to edit headers on, something typed into its static contents.
     std::string practice(bool isEdited) {
-        std::string text = narrow(document_.getContent());
+        sequence_ = static_cast<int>(random_.below(static_cast<std::size_t>(sequences_) + 1));
+        const String content = document_.getContent();
+        const String page =
+            document_.getPageSequenceForEditing(sequence_, wideOf(master_), L"locked");
+        if (page.empty())
+            return narrow(content);
+        const Document& document = Document::of(document_);
+        std::string text = narrow(
+            content.subString(0, static_cast<unsigned>(document_.getFirstPageGeneratorPos() - 1)) +
+            page + L"</" + document.text().nameAt(document.text().root()) + L">");
         const std::size_t place = text.find("</fo:static-content>");
         if (isEdited && place != std::string::npos)
             text.insert(place, "<fo:block>typed</fo:block>");
@@ -261,6 +273,7 @@ private:
     std::optional<LayoutMasterSetBuffer> buffer_;
     std::vector<std::string> masters_;
     int sequences_ = 0;
+    int sequence_ = 0;
     std::string master_;
     std::string region_;
 };
