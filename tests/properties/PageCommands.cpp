@@ -40,7 +40,7 @@ struct PageCommand {
 
 const std::vector<PageCommand> commands{
     {4, "masters", R"([["addSimplePageMaster","$new","$bool"]])", formats},
-    {1, "masters", R"([["addComplexPageMaster","$new"]])"},
+    {1, "masters", R"([["addComplexPageMaster","$complex name"]])"},
     {1, "masters", R"([["deleteSimplePageMaster","$master"]])",
      dangles | losesRegions | losesOptions},
     {1, "masters", R"([["deleteComplexPageMaster","$master"]])", dangles},
@@ -174,6 +174,8 @@ private:
         static constexpr std::array paths{"/a[b>3]/c", "d", ".", "/x[@y=\"]\"]"};
         if (text == "$new")
             return isStrange(3) ? anyName() : "n" + std::to_string(random_.below(1000));
+        if (text == "$complex name")
+            return "c" + std::to_string(random_.below(1000));
         if (text == "*")
             return "a name that nobody has";
         if (text == "$here")

@@ -29,13 +29,18 @@ std::string meant(const Element& element, bool isBelowRoot) {
     std::set<std::string> attributes;
     for (const Xml::Attribute* attribute : element.get_attributes()) {
         const String prefix = attribute->get_namespace_prefix();
-        attributes.insert((prefix == element.getNSPrefix() ? "" : narrow(prefix) + ":") +
-                          narrow(attribute->get_name()) + "=" + narrow(attribute->get_value()));
+        std::string said = " ";
+        if (prefix != element.getNSPrefix())
+            said.append(narrow(prefix)).append(":");
+        attributes.insert(said.append(narrow(attribute->get_name()))
+                              .append("=")
+                              .append(narrow(attribute->get_value())));
     }
-    std::string text = "<" + narrow(element.getNSPrefix()) + ":" + narrow(element.get_name());
+    std::string text = "<";
+    text.append(narrow(element.getNSPrefix())).append(":").append(narrow(element.get_name()));
     for (const std::string& attribute : attributes)
-        text += " " + attribute;
-    text += ">";
+        text.append(attribute);
+    text.append(">");
     for (const Node* child : element.get_children())
         if (child->is_element())
             text += meant(static_cast<const Element&>(*child), false);
