@@ -22,9 +22,9 @@ bool hasFormatter() {
     return std::system("command -v fop >/dev/null 2>&1") == 0;
 }
 
-/// What it calls an error, without the places.
+/// What it calls an error, without names and places.
 std::set<std::string> errorsIn(const std::filesystem::path& document) {
-    static const std::regex place("[0-9:]+");
+    static const std::regex place("edited-|[0-9:]+");
     const std::string command = "fop -q -fo '" + document.string() +
                                 "' -at application/X-fop-areatree '" + document.string() +
                                 ".at' 2>&1";
