@@ -123,13 +123,7 @@ Element* PGMasterBuffer::getRegionByNameFromSimplePageMaster(const Element* mast
                                                              const String& region) const {
     if (!master)
         return nullptr;
-    if (!region.empty())
-        return Regions::find(*master, region);
-    const std::vector<Element*> children = Elements::childrenOf(*master);
-    const auto found = std::find_if(children.begin(), children.end(), [](const Element* child) {
-        return isNamed(*child, L"region-name", L"");
-    });
-    return found == children.end() ? nullptr : *found;
+    return region.empty() ? Regions::firstUnnamed(*master) : Regions::find(*master, region);
 }
 
 bool PGMasterBuffer::isRegionVisible(const String& master, const String& region) const {

@@ -20,15 +20,21 @@ String valueOf(const Element& element, const wchar_t* name) {
     return attribute ? attribute->get_value() : String();
 }
 
-std::optional<PageSequenceInfo> sequenceRow(const Element& element) {
-    const Xml::Attribute* reference = element.get_attribute(L"master-reference");
-    if (!reference)
+/// None for an element that names no master.
+std::optional<PageSequenceInfo> rowOn(const Xml::Attribute* master, int kind,
+                                      const Element& element) {
+    if (!master)
         return std::nullopt;
     PageSequenceInfo row;
-    row.kind = PageSequenceInfo::pageSequence;
-    row.masterReference = reference->get_value();
+    row.kind = kind;
+    row.masterReference = master->get_value();
     row.id = valueOf(element, L"id");
     return row;
+}
+
+std::optional<PageSequenceInfo> sequenceRow(const Element& element) {
+    return rowOn(element.get_attribute(L"master-reference"), PageSequenceInfo::pageSequence,
+                 element);
 }
 
 std::optional<PageSequenceInfo> insertedDocumentRow(const Element& element) {
@@ -41,17 +47,14 @@ std::optional<PageSequenceInfo> insertedDocumentRow(const Element& element) {
 }
 
 std::optional<PageSequenceInfo> repeatRow(const Element& element) {
-    const Xml::Attribute* reference = element.get_attribute(L"master-reference", L"fo");
-    if (!reference)
-        return std::nullopt;
-    PageSequenceInfo row;
-    row.kind = PageSequenceInfo::pageSequenceRepeat;
-    row.masterReference = reference->get_value();
-    row.id = valueOf(element, L"id");
-    row.xpath = valueOf(element, L"xpath");
-    row.sort = valueOf(element, L"sort");
-    row.condition = valueOf(element, L"condition");
-    row.parentSequenceId = valueOf(element, L"parent-sequence-id");
+    std::optional<PageSequenceInfo> row = rowOn(element.get_attribute(L"master-reference", L"fo"),
+                                                PageSequenceInfo::pageSequenceRepeat, element);
+    if (row) {
+        row->xpath = valueOf(element, L"xpath");
+        row->sort = valueOf(element, L"sort");
+        row->condition = valueOf(element, L"condition");
+        row->parentSequenceId = valueOf(element, L"parent-sequence-id");
+    }
     return row;
 }
 

@@ -564,24 +564,16 @@ std::string pageFailureOn(const std::string& document, Random& random, std::size
         while (broken.empty() && steps.size() < count)
             broken = checker.carryOut(steps.emplace_back(source.next()));
     }
-    CommandStream numbers{document, {}};
-    for (std::size_t i = 0; i < steps.size(); ++i)
-        numbers.commands.push_back(std::to_string(i));
-    const auto chosen = [&](const CommandStream& stream) {
-        std::vector<Step> some;
-        for (const std::string& number : stream.commands)
-            some.push_back(steps[std::stoul(number)]);
-        return some;
+    const auto fails = [&](const std::vector<Step>& some) {
+        return !brokenPromise(document, some).empty();
     };
-    if (brokenPromise(document, steps).empty())
+    if (!fails(steps))
         return {};
-    CommandStream small = shrink(numbers, [&](const CommandStream& stream) {
-        return !brokenPromise(document, chosen(stream)).empty();
-    });
-    const std::string broken = brokenPromise(document, chosen(small));
-    for (std::string& command : small.commands)
-        command = steps[std::stoul(command)].requests;
-    return broken + "\n" + small.script();
+    const std::vector<Step> small = shrunk(steps, fails);
+    CommandStream stream{document, {}};
+    for (const Step& step : small)
+        stream.commands.push_back(step.requests);
+    return brokenPromise(document, small) + "\n" + stream.script();
 }
 
 std::string withPagesEdited(const std::string& document, Random& random, std::size_t count) {

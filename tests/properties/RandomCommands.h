@@ -117,6 +117,22 @@ std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery,
 /// The stream with all commands taken out that it does not take to fail.
 CommandStream shrink(CommandStream stream, const std::function<bool(const CommandStream&)>& fails);
 
+/// The same for steps that are more than lines of requests.
+template <typename Step, typename Fails>
+std::vector<Step> shrunk(const std::vector<Step>& steps, Fails fails) {
+    CommandStream numbers;
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        numbers.commands.push_back(std::to_string(i));
+    const auto chosen = [&](const CommandStream& stream) {
+        std::vector<Step> some;
+        for (const std::string& number : stream.commands)
+            some.push_back(steps[std::stoul(number)]);
+        return some;
+    };
+    return chosen(
+        shrink(numbers, [&](const CommandStream& stream) { return fails(chosen(stream)); }));
+}
+
 /// A number that the environment may set.
 std::size_t setting(const char* name, std::size_t usual);
 

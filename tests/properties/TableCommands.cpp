@@ -801,34 +801,23 @@ std::string brokenPromise(const std::string& document, const std::vector<Step>& 
 
 std::string tableFailureOn(const std::string& document, Random& random, std::size_t count) {
     std::vector<Step> steps;
-    CommandStream numbers{document, {}};
     Checker checker(document);
     Steps source(random, checker);
     std::string broken;
-    while (broken.empty() && steps.size() < count) {
-        numbers.commands.push_back(std::to_string(steps.size()));
-        steps.push_back(source.next());
-        broken = checker.carryOut(steps.back());
-    }
+    while (broken.empty() && steps.size() < count)
+        broken = checker.carryOut(steps.emplace_back(source.next()));
     if (broken.empty())
         broken = checker.brokenHistory();
     if (broken.empty())
         return {};
-    const auto chosen = [&](const CommandStream& stream) {
-        std::vector<Step> some;
-        for (const std::string& number : stream.commands)
-            some.push_back(steps[std::stoul(number)]);
-        return some;
+    const auto fails = [&](const std::vector<Step>& some) {
+        return !brokenPromise(document, some).empty();
     };
-    if (brokenPromise(document, steps).empty())
+    if (!fails(steps))
         return broken + ", but not when it is repeated";
-    const CommandStream small = shrink(numbers, [&](const CommandStream& stream) {
-        return !brokenPromise(document, chosen(stream)).empty();
-    });
-    std::string failure = brokenPromise(document, chosen(small)) + "\nforme run " + document +
-                          " SCRIPT, with these lines:\n";
-    for (const Step& step : chosen(small))
-        for (const std::string& request : step.requests)
-            failure += request + "\n";
-    return failure;
+    const std::vector<Step> small = shrunk(steps, fails);
+    CommandStream stream{document, {}};
+    for (const Step& step : small)
+        stream.commands.insert(stream.commands.end(), step.requests.begin(), step.requests.end());
+    return brokenPromise(document, small) + "\n" + stream.script();
 }
