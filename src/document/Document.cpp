@@ -2,6 +2,7 @@
 
 #include "document/CommandScope.h"
 #include "document/EditableDocumentBuffer.h"
+#include "document/Protection.h"
 #include "document/TableCache.h"
 #include "document/caret/Moves.h"
 #include "foundation/Exception.h"
@@ -151,6 +152,15 @@ void Document::replaceText(const String& content) {
 void Document::endTyping() {
     if (typingGroup)
         history.closeGroup(*std::exchange(typingGroup, std::nullopt));
+}
+
+// Protection
+
+bool Document::isProtected() const {
+    const unsigned version = text_.headVersion();
+    if (!knownProtection_ || knownProtection_->headVersion != version)
+        knownProtection_ = {version, Protection::refusesEditing(Protection::settingsOf(text_))};
+    return knownProtection_->isProtected;
 }
 
 // Records

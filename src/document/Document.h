@@ -126,6 +126,13 @@ public:
     };
     Modes modes;
 
+    // Protection from editing
+
+    /// Whether the root says that nothing is to be edited; see Protection.
+    bool isProtected() const;
+    /// Set by the scope of a command, which then leaves no trace; see CommandScope.
+    bool refusesChanges = false;
+
     // What commands keep from one call to the next
 
     /// Where the running search began, -1 while none runs, and how far it came with its last match.
@@ -146,7 +153,13 @@ public:
 private:
     void placeCaretAfterEdit(int caret, int pivot);
 
+    struct KnownProtection {
+        unsigned headVersion;
+        bool isProtected;
+    };
+
     XmlText text_;
     int caret_ = -1;
     int pivot_ = -1;
+    mutable std::optional<KnownProtection> knownProtection_;
 };

@@ -68,7 +68,7 @@ bool isPrefix(std::wstring_view name) {
 } // namespace
 
 void DocumentText::set(Document& document, const String& content, bool resetHistory) {
-    CommandScope scope(document);
+    CommandScope scope(document, CommandScope::Protection::PassedOver);
     document.endTyping();
     std::optional<EditActionGroup> step;
     if (!resetHistory) {
@@ -129,7 +129,7 @@ void EditableDocumentBuffer::setContent(const String& content, bool resetHistory
 
 void EditableDocumentBuffer::setContentFromFile(const String& path) {
     Document& document = *document_;
-    CommandScope scope(document);
+    CommandScope scope(document, CommandScope::Protection::PassedOver);
     const SmartPtr<Core::IO::Stream> file(new Core::IO::FileStream(path, false, false, false));
     DocumentText::set(document, Core::IO::XmlReader(file).readToEnd(), true);
 }

@@ -60,6 +60,10 @@ bool EditableDocumentBuffer::isFODocument() const {
     return getRootElementName() == L"fo:root";
 }
 
+bool EditableDocumentBuffer::isProtectedFromEditing() const {
+    return document_->isProtected();
+}
+
 // The monitor
 
 void EditableDocumentBuffer::setMonitor(IEditableBufferMonitor* monitor) {
@@ -97,11 +101,12 @@ int EditableDocumentBuffer::getFirstPageGeneratorPos() const {
 }
 
 void EditableDocumentBuffer::insertXmlTextAtPosition(int position, const String& xml) {
-    document_->insertUnrecorded(position, xml);
+    if (!document_->isProtected())
+        document_->insertUnrecorded(position, xml);
 }
 
 String EditableDocumentBuffer::deleteXmlText(int start, int end) {
-    return document_->removeUnrecorded(start, end);
+    return document_->isProtected() ? String() : document_->removeUnrecorded(start, end);
 }
 
 int EditableDocumentBuffer::getCaretPos() const {

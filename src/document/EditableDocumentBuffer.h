@@ -100,6 +100,11 @@ public:
     /// Whether the name is editable and not inline.
     bool isBlockEditableElementName(const Core::String& name) const;
 
+    /// Whether the document is protected from editing, as SecurityBuffer sets it. Then whatever
+    /// would change text or history does nothing, in silence, but for setContent(), loading, undo,
+    /// redo and the security buffer's own commit; a replacing search only searches.
+    bool isProtectedFromEditing() const;
+
     // The monitor, which is not owned and must outlive the buffer or be set to null
 
     void setMonitor(IEditableBufferMonitor* monitor);

@@ -32,6 +32,11 @@ EditableDocumentBufferState::EditableDocumentBufferState(Document& document)
 
 EditableDocumentBufferState::~EditableDocumentBufferState() = default;
 
+bool EditableDocumentBufferState::hasChanged() const {
+    return !document_.text().isAsAt(before_->text) ||
+           document_.history.recordedCount() != before_->history.recordedCount();
+}
+
 const TextMark& EditableDocumentBufferState::text() const {
     return before_->text;
 }

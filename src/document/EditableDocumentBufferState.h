@@ -27,6 +27,9 @@ public:
     /// was opened since the snapshot adds nothing to the history when its scope ends.
     void restorePreviousState() noexcept;
 
+    /// Whether text or history are no longer what they were.
+    bool hasChanged() const;
+
     /// The text as it was.
     const TextMark& text() const;
 

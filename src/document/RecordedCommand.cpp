@@ -24,6 +24,8 @@ RecordedCommand::~RecordedCommand() noexcept(false) {
 }
 
 bool RecordedCommand::mayStand() const {
+    if (document_.refusesChanges)
+        return false;
     const XmlText& text = document_.text();
     if (document_.modes.pageMasters && !text.keepsContentOf(L"fo:flow", before_.text()))
         return false;

@@ -20,8 +20,8 @@ public:
     RecordedCommand(const RecordedCommand&) = delete;
     RecordedCommand& operator=(const RecordedCommand&) = delete;
 
-    /// Whether the document is as well formed as it was before the command, and no flow was edited
-    /// while page masters are.
+    /// Whether the document may be edited and is as well formed as it was before the command, and
+    /// no flow was edited while page masters are.
     bool mayStand() const;
 
     /// Brings back text, caret, history and the run of typing; the monitor hears nothing of the

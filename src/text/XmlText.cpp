@@ -104,6 +104,14 @@ void XmlText::assign(String content) {
     forgetFrom(0);
 }
 
+unsigned XmlText::headVersion() const {
+    if (headEnd_ < 0) {
+        const int end = tagEnd(root());
+        headEnd_ = end < 0 ? length() : end;
+    }
+    return headVersion_;
+}
+
 void XmlText::forgetFrom(int position) noexcept {
     const bool isTypeChanged = precedingTags_.forgetBehind(position);
     elementMemo_.forgetBehind(isTypeChanged ? -1 : position);
@@ -114,6 +122,10 @@ void XmlText::forgetFrom(int position) noexcept {
     nameEnds_.forgetFrom(position);
     isKnownRegular_ = false;
     ++version_;
+    if (position <= headEnd_ || headEnd_ < 0) {
+        headEnd_ = -1;
+        ++headVersion_;
+    }
 }
 
 // Versions

@@ -258,6 +258,8 @@ public:
 
     int firstPositionInRoot() const { return XmlScan::firstPositionInRoot(all()); }
     int root() const { return prolog().root; }
+    /// Another number after each change of what stands up to the end of the root's start tag.
+    unsigned headVersion() const;
     /// The next start tag behind the position, never the one at it; -1 at the root's closing tag.
     int nextElement(int position) const;
     /// The last start tag before that of the element around the position.
@@ -351,4 +353,6 @@ private:
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
     mutable bool isKnownRegular_ = false;
     unsigned version_ = 0;
+    unsigned headVersion_ = 0;
+    mutable int headEnd_ = -1; // the `>` of the root's start tag; -1 while it is not known
 };

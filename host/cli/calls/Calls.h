@@ -46,5 +46,7 @@ std::vector<Operation> detachedPages();
 std::vector<Operation> tables();
 /// The page masters of the document.
 std::vector<Operation> masters();
+/// Who may edit the document.
+std::vector<Operation> security();
 
 } // namespace Calls

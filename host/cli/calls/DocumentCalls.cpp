@@ -27,6 +27,7 @@ std::vector<Operation> Calls::document() {
         document("getNamespaces", &D::getNamespaces),
         document("isQFDDocument", &D::isQFDDocument),
         document("isFODocument", &D::isFODocument),
+        document("isProtectedFromEditing", &D::isProtectedFromEditing),
         document("isInElementContext", &D::isInElementContext, {"name", "position"}),
         document("isInsideStartTag", &D::isInsideStartTag, {"text", "position"}),
         document("getLayoutMasterSetPosition", &D::getLayoutMasterSetPosition),

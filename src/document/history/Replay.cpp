@@ -91,7 +91,7 @@ void History::replay(Document& document, const EditAction& action) {
 
 String EditableDocumentBuffer::deleteContentAndAdjustCaret(int start, int end) {
     Document& document = *document_;
-    if (start < 0 || start > end || !document.text().isValid(end))
+    if (start < 0 || start > end || !document.text().isValid(end) || document.isProtected())
         return {};
     CommandScope scope(document);
     String removed = document.removeUnrecorded(start, end - 1);
@@ -107,7 +107,7 @@ void EditableDocumentBuffer::executeAction(const EditAction& action) {
 
 void EditableDocumentBuffer::undo() {
     Document& document = *document_;
-    CommandScope scope(document);
+    CommandScope scope(document, CommandScope::Protection::PassedOver);
     document.endTyping();
     if (!document.history.hasMoreUndoActions())
         return;
@@ -122,7 +122,7 @@ void EditableDocumentBuffer::undo() {
 
 void EditableDocumentBuffer::redo() {
     Document& document = *document_;
-    CommandScope scope(document);
+    CommandScope scope(document, CommandScope::Protection::PassedOver);
     document.endTyping();
     if (!document.history.hasMoreRedoActions())
         return;

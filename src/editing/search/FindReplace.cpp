@@ -291,8 +291,8 @@ int EditableDocumentBuffer::findReplace(const String& find, const String& replac
     Document& document = *document_;
     CommandScope scope(document);
     document.endTyping();
-    const SearchRequest request{find, wholeWord, direction, replace};
-    if (!replace)
+    const SearchRequest request{find, wholeWord, direction, replace && !document.refusesChanges};
+    if (!request.replaces)
         return selectNextMatch(document, request);
     RecordedCommand command(document);
     document.recordCaret();

@@ -386,7 +386,7 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
     const bool mayContinueRun = !isXml && !selectInserted;
     if (mayContinueRun && PlainRun::type(document, text))
         return Insertion::Done;
-    if (!Typing::canInsert(document, text))
+    if (!Typing::canInsert(document, text) || document.isProtected())
         return Insertion::None;
     std::optional<EditableDocumentBufferState> before(document);
     CommandScope scope(document);

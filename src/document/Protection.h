@@ -1,0 +1,26 @@
+#pragma once
+
+#include "foundation/values/PropertyCollection.h"
+
+class XmlText;
+
+/// What a document says of who may do what with it: attributes of its root element. Only one of
+/// them means something here; the others are carried for the host.
+namespace Protection {
+
+/// The attribute that refuses editing with "true", in capitals or not.
+inline constexpr const wchar_t* editing = L"qf:protect-editing";
+
+/// Whether an attribute of that name is a setting.
+bool isSetting(const Core::String& name);
+
+/// The root element whose attributes are the settings; -1 where it is neither "qfd:document" nor
+/// "fo:root".
+int bearer(const XmlText& text);
+
+/// The settings in their order, with values as they stand in the text.
+PropertyCollection settingsOf(const XmlText& text);
+
+bool refusesEditing(const PropertyCollection& settings);
+
+} // namespace Protection
