@@ -23,7 +23,6 @@ public:
 private:
     void read();
     Core::String startTag() const;
-    Core::String startTagWithSettings() const;
 
     Document& document_;
     PropertyCollection settings_;

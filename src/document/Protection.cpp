@@ -1,8 +1,99 @@
 #include "document/Protection.h"
 
-#include "text/XmlText.h"
+#include "document/Document.h"
+#include "document/Edit.h"
+#include "document/NamespaceBinding.h"
+#include "document/RecordedCommand.h"
+
+#include <vector>
 
 using Core::String;
+
+namespace {
+
+/// A setting as it stands in the root's start tag.
+struct Standing {
+    int start; ///< of the white space before it
+    int name;
+    int end; ///< behind the closing quote
+};
+
+Standing standingAt(const XmlText& text, int name) {
+    int start = name;
+    while (start > 0 && String::isSpace(text.unitAt(start - 1)))
+        --start;
+    const int value = text.findQuote(name) + 1;
+    return {start, name, value + static_cast<int>(text.attributeValue(name).size()) + 1};
+}
+
+/// Where attributes are added to a start tag: behind the last one.
+int endOfAttributes(const XmlText& text, int element) {
+    int end = element + 1 + static_cast<int>(text.tagName(element).size());
+    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at))
+        end = standingAt(text, at).end;
+    return end;
+}
+
+/// A rewriting of the settings. Each stays in its place, and what is new comes behind.
+class SettingsRewrite {
+public:
+    SettingsRewrite(Document& document, int root, const PropertyCollection& settings)
+        : document_(document), root_(root), settings_(settings) {
+        const XmlText& text = document.text();
+        for (int at = text.nextAttribute(root + 1); at >= 0; at = text.nextAttribute(at))
+            if (Protection::isSetting(String(text.attributeName(at))))
+                standing_.push_back(standingAt(text, at));
+        findNew();
+    }
+
+    bool changesNothing() const {
+        return new_.isEmpty() &&
+               std::all_of(standing_.begin(), standing_.end(), [&](const auto& one) {
+                   return value(one) == text().attributeValue(one.name) &&
+                          settings_.containsProperty(name(one));
+               });
+    }
+
+    /// From the back, so that what is still to be done stays where it is.
+    void run() {
+        document_.recordCaret();
+        if (!new_.isEmpty())
+            Edit(document_).insert(endOfAttributes(text(), root_),
+                                   L" " + new_.getPropertiesString());
+        for (auto one = standing_.rbegin(); one != standing_.rend(); ++one)
+            rewrite(*one);
+    }
+
+private:
+    const XmlText& text() const { return document_.text(); }
+    String name(const Standing& one) const { return String(text().attributeName(one.name)); }
+    String value(const Standing& one) const { return settings_.getPropertyValue(name(one)); }
+
+    void findNew() {
+        new_ = settings_;
+        for (const Standing& one : standing_)
+            new_.removePropertyByName(name(one));
+    }
+
+    void rewrite(const Standing& one) {
+        if (!settings_.containsProperty(name(one))) {
+            Edit(document_).remove(one.start, one.end);
+        } else if (value(one) != text().attributeValue(one.name)) {
+            PropertyCollection changed;
+            changed.addProperty({name(one), value(one)}, true);
+            Edit(document_).remove(one.name, one.end);
+            Edit(document_).insert(one.name, changed.getPropertiesString());
+        }
+    }
+
+    Document& document_;
+    int root_;
+    const PropertyCollection& settings_;
+    PropertyCollection new_;
+    std::vector<Standing> standing_;
+};
+
+} // namespace
 
 bool Protection::isSetting(const String& name) {
     return name.startsWith(L"qf:protect-");
@@ -29,4 +120,15 @@ PropertyCollection Protection::settingsOf(const XmlText& text) {
 
 bool Protection::refusesEditing(const PropertyCollection& settings) {
     return settings.getPropertyValue(editing).toLower() == L"true";
+}
+
+bool Protection::write(Document& document, const PropertyCollection& settings) {
+    const int root = bearer(document.text());
+    if (root < 0)
+        return true;
+    SettingsRewrite rewrite(document, root, settings);
+    return rewrite.changesNothing() || carryOut(document, [&] {
+               rewrite.run();
+               NamespaceBinding::bind(document, root, document.text().tagEnd(root) + 1);
+           });
 }

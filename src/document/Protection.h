@@ -2,6 +2,7 @@
 
 #include "foundation/values/PropertyCollection.h"
 
+class Document;
 class XmlText;
 
 /// What a document says of who may do what with it: attributes of its root element. Only one of
@@ -22,5 +23,9 @@ int bearer(const XmlText& text);
 PropertyCollection settingsOf(const XmlText& text);
 
 bool refusesEditing(const PropertyCollection& settings);
+
+/// Puts these in the place of all settings, as one undo step. What is as it was stays as it is
+/// spelt, and nothing happens where all is. False, and no trace, where the document refuses.
+bool write(Document& document, const PropertyCollection& settings);
 
 } // namespace Protection
