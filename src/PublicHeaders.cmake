@@ -94,6 +94,8 @@ set(FORME_PUBLIC_HEADERS
   tables/EditableTableBuffer.h
   tables/TableElements.h
   tables/TableRowGroupType.h
+  templates/PropertyValueHandler.h
+  templates/QFDTemplateFunctionalBuffer.h
   text/EditableXmlBuffer.h
   text/TextView.h
   text/XmlCharacters.h
