@@ -15,7 +15,8 @@ std::vector<Operation> everyTable() {
           Calls::search,        Calls::selection,  Calls::typing,        Calls::deletion,
           Calls::breaks,        Calls::formatting, Calls::objects,       Calls::lists,
           Calls::settings,      Calls::content,    Calls::pageSequences, Calls::pageSequenceTree,
-          Calls::detachedPages, Calls::tables,     Calls::masters,       Calls::security}) {
+          Calls::detachedPages, Calls::tables,     Calls::masters,       Calls::templateData,
+          Calls::values,        Calls::security}) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));
     }

@@ -1,6 +1,8 @@
 #include "pages/AppliedChanges.h"
 
 #include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
+#include "document/Protection.h"
 #include "document/RecordedCommand.h"
 #include "foundation/xml/Element.h"
 #include "pages/BroughtMarkup.h"
@@ -9,6 +11,7 @@
 #include "pages/SequenceForEditing.h"
 #include "pages/StaticContentChoice.h"
 #include "pages/TextElements.h"
+#include "templates/TemplateTransfer.h"
 #include "text/Markup.h"
 #include "trees/Fragment.h"
 
@@ -97,14 +100,22 @@ private:
     std::map<String, int> brought_; // from flow names to static contents of the source
 };
 
+/// A source without any settings leaves the target its own.
+bool takeProtection(Document& target, const Document& source) {
+    const PropertyCollection settings = Protection::settingsOf(source.text());
+    return settings.isEmpty() || Protection::write(target, settings);
+}
+
 } // namespace
 
-void AppliedChanges::apply(Document& target, const String& source, const String& master,
+void AppliedChanges::apply(Document& target, EditableDocumentBuffer& source, const String& master,
                            const std::vector<int>& sequences) {
-    Application application(target, source, master);
+    Application application(target, source.getContent(), master);
     if (!application.hasMaster())
         return;
     RecordedCommand command(target);
-    if (!application.run(sequences) || !command.mayStand())
+    if (!TemplateTransfer::takeOver(target, Document::of(source)) ||
+        !takeProtection(target, Document::of(source)) || !application.run(sequences) ||
+        !command.mayStand())
         command.takeBack();
 }

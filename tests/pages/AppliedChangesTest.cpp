@@ -82,7 +82,8 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
     const EditorState before = stateOf(target.face());
     String edited = text;
     edited.replaceAll(L"extent=\"2in\"", L"extent=\"3in\" v:a=\"1\"");
-    edited.replaceAll(L"xmlns:qf=\"", L"xmlns:w=\"unused\" xmlns:v=\"urn:v\" xmlns:qf=\"");
+    edited.replaceAll(L"xmlns:qf=\"",
+                      L"qf:protect-copy=\"yes\" xmlns:w=\"unused\" xmlns:v=\"urn:v\" xmlns:qf=\"");
     edited.replaceAll(L">two<", L">TWO<");
     edited.replaceAll(L">three<", L">THREE<"); // fills no region of the master
     Edited source(edited);
@@ -103,6 +104,7 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
     EXPECT_GT(
         changed.find(L"<!-- <fo:static-content flow-name=\"foot\">no</fo:static-content> -->", 0),
         0);
+    EXPECT_GT(changed.find(L" qf:protect-copy=\"yes\">", 0), 0);
     EXPECT_EQ(partsOf(changed).flows, partsOf(text).flows);
     EXPECT_EQ(xmlError(changed), "");
     const std::string heard = target.heard();

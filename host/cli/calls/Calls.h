@@ -46,6 +46,10 @@ std::vector<Operation> detachedPages();
 std::vector<Operation> tables();
 /// The page masters of the document.
 std::vector<Operation> masters();
+/// What a template says ahead of its page masters.
+std::vector<Operation> templateData();
+/// Values of attributes that may be computed.
+std::vector<Operation> values();
 /// Who may edit the document.
 std::vector<Operation> security();
 
