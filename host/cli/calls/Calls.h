@@ -50,5 +50,7 @@ std::vector<Operation> masters();
 std::vector<Operation> templateData();
 /// Values of attributes that may be computed.
 std::vector<Operation> values();
+/// The promo places of a page sequence.
+std::vector<Operation> promoPlaces();
 
 } // namespace Calls
