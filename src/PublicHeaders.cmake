@@ -1,6 +1,12 @@
 # The headers that are installed: what hosts may include, and what these include.
 set(FORME_PUBLIC_HEADERS
   channels/SecurityBuffer.h
+  channels/AlignmentConstraint.h
+  channels/PageConstraint.h
+  channels/PageRegionConstraint.h
+  channels/TPRule.h
+  channels/TranspromoBuffer.h
+  channels/TranspromoInfo.h
   document/BufferAlg.h
   document/EditableDocumentBuffer.h
   document/EditableDocumentBufferState.h

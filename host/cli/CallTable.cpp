@@ -16,7 +16,7 @@ std::vector<Operation> everyTable() {
           Calls::breaks,        Calls::formatting, Calls::objects,       Calls::lists,
           Calls::settings,      Calls::content,    Calls::pageSequences, Calls::pageSequenceTree,
           Calls::detachedPages, Calls::tables,     Calls::masters,       Calls::templateData,
-          Calls::values,        Calls::security}) {
+          Calls::values,        Calls::security,   Calls::promoPlaces}) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));
     }

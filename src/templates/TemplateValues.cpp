@@ -102,19 +102,19 @@ void TemplateValues::unwrapLink(PropertyValueEx& value) {
         value.setStaticValue(linkIn(value.getStaticValue()));
 }
 
-void TemplateValues::write(Document& document, std::span<const PropertyValueEx> values) {
-    if (!mayBeIn(document))
-        return;
+bool TemplateValues::write(Document& document, std::span<const PropertyValueEx> values) {
+    if (values.empty() || !mayBeIn(document))
+        return true;
     TemplateData data(document);
     if (!data.hasTree())
-        return;
+        return true;
     const QFDAttributeCollection before = AttributeEntries::of(data.root());
     QFDAttributeCollection entries = before;
     for (const PropertyValueEx& value : values)
         if (!value.getObjectID().empty())
             put(value, entries);
     if (entries == before)
-        return;
+        return true;
     AttributeEntries::override(data.root(), entries);
-    data.commit();
+    return data.commit();
 }

@@ -24,6 +24,7 @@ void unwrapLink(PropertyValueEx& value);
 
 /// Gives the document the entries that the values need, and takes those away that they do not. One
 /// undo step; nothing where the entries are so already. A value without an object id has none.
-void write(Document& document, std::span<const PropertyValueEx> values);
+/// False, and no trace, where no parser would take the document with them.
+bool write(Document& document, std::span<const PropertyValueEx> values);
 
 } // namespace TemplateValues

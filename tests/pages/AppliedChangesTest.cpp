@@ -134,6 +134,32 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
     EXPECT_GT(twice.all().find(L"xmlns:qf=", 0), 0);
 }
 
+/// From a style sheet comes along what it declares itself; languages are the target's own.
+TEST(AppliedChanges, TakeTheTemplatesDataOver) {
+    const auto document = [](const String& data, const wchar_t* size) {
+        return L"<qfd:document xmlns:qfd=\"urn:forme:qfd/1.0\" xmlns:fo=\"urn:fo\">" + data +
+               L"<fo:layout-master-set><fo:simple-page-master master-name=\"M\" page-width=\"" +
+               size + L"\"/></fo:layout-master-set></qfd:document>";
+    };
+    const String same = L"<qfd:variable  name='v' value=''/>\n";
+    const String own = L"<qfd:localization><qfd:locale language-id=\"de\"/></qfd:localization>";
+    Edited target(document(same + own + L"<qfd:script/>", L"1in"));
+    const EditorState before = stateOf(target.face());
+    const Edited source(document(
+        same + L"<qfd:xslt-global><qfd:xslt xmlns:x=\"u\"><x:y/></qfd:xslt></qfd:xslt-global>"
+               L"<qfd:attribute-value object=\"i\" attribute=\"a\" dynamic-value=\"d\"/>",
+        L"2in"));
+    PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"M", {});
+    EXPECT_EQ(target.all(),
+              document(same + own +
+                           L"<qfd:attribute-value object=\"i\" attribute=\"a\" "
+                           L"dynamic-value=\"d\"/><qfd:xslt-global><qfd:xslt xmlns:fo=\"urn:fo\" "
+                           L"xmlns:qfd=\"urn:forme:qfd/1.0\" xmlns:x=\"u\"><x:y/></qfd:xslt>"
+                           L"</qfd:xslt-global>",
+                       L"2in"));
+    expectReplays(target.face(), before);
+}
+
 /// An entity is what it stands for, and what the root has to declare moves no sequence away.
 TEST(AppliedChanges, FindNamesThatAreEntities) {
     const auto document = [](const String& declared, const String& contents) {

@@ -52,5 +52,7 @@ std::vector<Operation> templateData();
 std::vector<Operation> values();
 /// Who may edit the document.
 std::vector<Operation> security();
+/// The promo places of a page sequence.
+std::vector<Operation> promoPlaces();
 
 } // namespace Calls
