@@ -25,27 +25,18 @@ std::set<std::string> publicOperations(const std::string& header) {
         if (isPublic && std::regex_search(line, match, declaration))
             names.insert(match[1]);
     }
+    names.erase(std::filesystem::path(header).stem().string()); // which takes a document
     return names;
 }
 
-/// What deals in pointers and references of the host's own and has no meaning in a request, as
-/// constructors that take a document.
+/// What deals in pointers and references of the host's own and has no meaning in a request.
 const std::set<std::string> notForRequests{"setMonitor",
                                            "getMonitor",
                                            "getEditActionStack",
                                            "setSpellChecker",
                                            "getListBuffer",
                                            "getEditableTableBuffer",
-                                           "EditableTableBuffer",
-                                           "table",
-                                           "PageSequenceBuffer",
-                                           "ListBuffer",
-                                           "PGMasterBuffer",
-                                           "PGMasterBufferUtilities",
-                                           "LayoutMasterSetBuffer",
-                                           "TranspromoBuffer",
-                                           "SecurityBuffer",
-                                           "QFDTemplateFunctionalBuffer"};
+                                           "table"};
 
 } // namespace
 
