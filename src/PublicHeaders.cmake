@@ -43,9 +43,13 @@ set(FORME_PUBLIC_HEADERS
   foundation/values/ColorParse.h
   foundation/values/ColumnWidth.h
   foundation/values/ComplexPageMasterEntry.h
+  foundation/values/ConditionalValue.h
   foundation/values/EditableProperty.h
   foundation/values/Length.h
   foundation/values/LengthOrPercent.h
+  foundation/values/ManagedScript.h
+  foundation/values/MsxslAssembly.h
+  foundation/values/MsxslUsing.h
   foundation/values/PageLayoutData.h
   foundation/values/PageMargins.h
   foundation/values/PageMasterData.h
@@ -57,6 +61,10 @@ set(FORME_PUBLIC_HEADERS
   foundation/values/PropertiesHelper.h
   foundation/values/PropertyCollection.h
   foundation/values/PropertyValueEx.h
+  foundation/values/QFDAttribute.h
+  foundation/values/QFDAttributeCollection.h
+  foundation/values/QFDTemplateLocale.h
+  foundation/values/QFDVariable.h
   foundation/values/ReferenceInfo.h
   foundation/values/RegionData.h
   foundation/values/XPathHelpers.h
@@ -86,6 +94,8 @@ set(FORME_PUBLIC_HEADERS
   tables/EditableTableBuffer.h
   tables/TableElements.h
   tables/TableRowGroupType.h
+  templates/PropertyValueHandler.h
+  templates/QFDTemplateFunctionalBuffer.h
   text/EditableXmlBuffer.h
   text/TextView.h
   text/XmlCharacters.h

@@ -169,8 +169,8 @@ String EditableDocumentBuffer::getNamespaces() const {
 }
 
 int EditableDocumentBuffer::getQFDTemplateDefsPosition() const {
-    const Document& document = *document_;
-    return document.text().find(L"<qfd:document", 0);
+    const XmlText& text = document_->text();
+    return text.tagName(text.root()) == L"qfd:document" ? text.root() : -1;
 }
 
 String EditableDocumentBuffer::getQFDTemplateDefsString(int position) const {

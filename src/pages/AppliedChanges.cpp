@@ -1,6 +1,7 @@
 #include "pages/AppliedChanges.h"
 
 #include "document/Document.h"
+#include "document/EditableDocumentBuffer.h"
 #include "document/RecordedCommand.h"
 #include "foundation/xml/Element.h"
 #include "pages/BroughtMarkup.h"
@@ -9,6 +10,7 @@
 #include "pages/SequenceForEditing.h"
 #include "pages/StaticContentChoice.h"
 #include "pages/TextElements.h"
+#include "templates/TemplateTransfer.h"
 #include "text/Markup.h"
 #include "trees/Fragment.h"
 
@@ -99,12 +101,13 @@ private:
 
 } // namespace
 
-void AppliedChanges::apply(Document& target, const String& source, const String& master,
+void AppliedChanges::apply(Document& target, EditableDocumentBuffer& source, const String& master,
                            const std::vector<int>& sequences) {
-    Application application(target, source, master);
+    Application application(target, source.getContent(), master);
     if (!application.hasMaster())
         return;
     RecordedCommand command(target);
-    if (!application.run(sequences) || !command.mayStand())
+    if (!TemplateTransfer::takeOver(target, Document::of(source)) || !application.run(sequences) ||
+        !command.mayStand())
         command.takeBack();
 }

@@ -190,7 +190,7 @@ String PGMasterUtilities::addNewStaticRegion(const String& text, const String& m
 void PGMasterUtilities::applyChanges(EditableDocumentBuffer* target, EditableDocumentBuffer* source,
                                      const String& master, const std::vector<int>& sequences) {
     if (target && source)
-        AppliedChanges::apply(Document::of(*target), source->getContent(), master, sequences);
+        AppliedChanges::apply(Document::of(*target), *source, master, sequences);
 }
 
 void PGMasterUtilities::clearTextFormatting(const String& text, int sequenceIndex) {

@@ -89,8 +89,9 @@ public:
     /// Takes over what was edited in `source`: the simple page master of that name, and for each of
     /// the target's page sequences with these indices the source's static contents that fill the
     /// master's regions. Other static contents of the sequences stay, and so do the flows, unit for
-    /// unit. One undo step, which happens whole or not at all; nothing happens where the source has
-    /// no such master.
+    /// unit. From one template to another, scripts, variables, values that are computed and the
+    /// global style sheet come along. One undo step, which happens whole or not at all; nothing
+    /// happens where the source has no such master.
     static void applyChanges(EditableDocumentBuffer* target, EditableDocumentBuffer* source,
                              const Core::String& master, const std::vector<int>& sequences);
     /// Changes nothing and never raises.

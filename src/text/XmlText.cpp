@@ -3,6 +3,7 @@
 #include "foundation/Transcoding.h"
 #include "text/Markup.h"
 #include "text/NameList.h"
+#include "text/RootChildren.h"
 
 #include <algorithm>
 #include <array>
@@ -600,6 +601,9 @@ int XmlText::placeholderBehind(int position) const {
 
 int XmlText::layoutMasterSet() const {
     static constexpr Text name = L"fo:layout-master-set";
+    // One that stands deeper may be part of a style sheet.
+    if (const int child = RootChildren::named(*this, name); child >= 0)
+        return child;
     const int first = nextTag(0);
     return tagName(first) == name ? first : nextNamed(first, name);
 }

@@ -125,6 +125,15 @@ void Fragment::read(int element) {
     borrowed_ = borrowedDeclarations();
 }
 
+void Fragment::readHead(int element, int end) {
+    const String source = document_.text(element, end - 1);
+    tree_ = readTree(element, source + L"</" + String(XmlScan::tagName(source.view(), 0)) + L">");
+    setPlace(element, end - 1);
+    source_ = source;
+    asRead_ = textOf(*tree_);
+    borrowed_ = borrowedDeclarations();
+}
+
 void Fragment::readText(const String& text) {
     // The mark says that it is decoded, whatever encoding its declaration names.
     tree_ = parse(L"\xFEFF" + text);

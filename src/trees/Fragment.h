@@ -24,6 +24,9 @@ public:
     /// before. Throws Core::Exception where no element is, and ParseException, with line and column
     /// in the document, where it is not well formed; this fragment then stays as it was.
     void read(int element);
+    /// The same of an element without what stands in it from `end` on, where it is closed for the
+    /// parser alone: source() lacks the closing tag.
+    void readHead(int element, int end);
     /// Takes a whole text for the tree, and no place in the document. Throws ParseException as
     /// read() does.
     void readText(const Core::String& text);

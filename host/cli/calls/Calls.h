@@ -46,5 +46,9 @@ std::vector<Operation> detachedPages();
 std::vector<Operation> tables();
 /// The page masters of the document.
 std::vector<Operation> masters();
+/// What a template says ahead of its page masters.
+std::vector<Operation> templateData();
+/// Values of attributes that may be computed.
+std::vector<Operation> values();
 
 } // namespace Calls

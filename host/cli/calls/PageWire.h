@@ -23,9 +23,24 @@ struct Wire<RegionType> {
 };
 
 template <>
+inline const std::vector<RecordField<ConditionalValue>>& fieldsOf<ConditionalValue>() {
+    using C = ConditionalValue;
+    static const std::vector<RecordField<C>> fields{
+        field<&C::staticValue>("static"), field<&C::dynamicValue>("dynamic"),
+        field<&C::condition>("condition"), field<&C::isDynamic>("isDynamic")};
+    return fields;
+}
+template <>
+struct Wire<ConditionalValue> : RecordWire<ConditionalValue> {
+    static inline const std::string name = describe("row");
+};
+
+template <>
 struct Wire<PropertyValueEx> {
+    using Rows = Wire<Core::Vector<ConditionalValue>>;
     static constexpr const char* name =
-        "value {name, id, type (0 static, 1 dynamic, 2 conditional), static, dynamic}";
+        "value {name, id, type (0 static, 1 dynamic, 2 conditional), static, dynamic, rows "
+        "[{static, dynamic, condition, isDynamic}, ...]}";
     static bool matches(const Json& value) {
         if (!value.is_object())
             return false;
@@ -33,6 +48,8 @@ struct Wire<PropertyValueEx> {
         return std::all_of(items.begin(), items.end(), [](const auto& item) {
             if (item.key() == "type")
                 return Wire<int>::matches(item.value()) && item.value() >= 0 && item.value() <= 2;
+            if (item.key() == "rows")
+                return Rows::matches(item.value());
             return item.value().is_string() && (item.key() == "name" || item.key() == "id" ||
                                                 item.key() == "static" || item.key() == "dynamic");
         });
@@ -45,6 +62,8 @@ struct Wire<PropertyValueEx> {
         read.setType(static_cast<PropertyValueType>(value.value("type", 0)));
         read.setStaticValue(text("static"));
         read.setDynamicValue(text("dynamic"));
+        if (value.contains("rows"))
+            read.setConditionalValues(Rows::read(value["rows"]));
         return read;
     }
     static Json write(const PropertyValueEx& value) {
@@ -52,7 +71,8 @@ struct Wire<PropertyValueEx> {
                 {"id", Wire<Core::String>::write(value.getObjectID())},
                 {"type", static_cast<int>(value.getType())},
                 {"static", Wire<Core::String>::write(value.getStaticValue())},
-                {"dynamic", Wire<Core::String>::write(value.getDynamicValue())}};
+                {"dynamic", Wire<Core::String>::write(value.getDynamicValue())},
+                {"rows", Rows::write(value.getConditionalValues())}};
     }
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "foundation/String.h"
+#include "foundation/Vector.h"
+#include "foundation/values/ConditionalValue.h"
 
 #include <utility>
 
@@ -34,10 +36,15 @@ public:
     Core::String getDynamicValue() const { return dynamicValue_; }
     void setDynamicValue(const Core::String& value) { dynamicValue_ = value; }
 
+    /// The rows of a conditional value, in the order in which their conditions are asked.
+    Core::Vector<ConditionalValue> getConditionalValues() const { return rows_; }
+    void setConditionalValues(const Core::Vector<ConditionalValue>& rows) { rows_ = rows; }
+
 private:
     Core::String name_;
     Core::String objectId_;
     Core::String staticValue_;
     Core::String dynamicValue_;
     PropertyValueType type_ = PropertyValueType::Static;
+    Core::Vector<ConditionalValue> rows_;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "foundation/String.h"
+
+#include <map>
+
+namespace Xml {
+class Element;
+}
+
+/// The style sheet that a template adds to the one it is produced by.
+namespace GlobalXslt {
+
+/// The element around it; null without one.
+Xml::Element* holderIn(const Xml::Element& root);
+/// The first one, in whichever of the elements around; null without one.
+Xml::Element* in(const Xml::Element& root);
+/// What it holds, as markup; empty where there is none.
+Core::String textIn(const Xml::Element& root);
+/// Puts the markup in the place of all there is; nothing stays if it is blank. It can use the
+/// prefixes of the root and of the old style sheet, and the entities of the document type. Throws
+/// Core::Exception where it is not well formed or uses a prefix that nothing declares; then the old
+/// one is gone already.
+void override(Xml::Element& root, const Core::String& text, const Core::String& documentType);
+/// Puts the one of another template in the place of all there is.
+void takeOver(Xml::Element& root, const Xml::Element& from, const Core::String& documentType);
+
+/// The namespaces that the element declares, as attributes with a blank before each.
+Core::String declarationsOf(const Xml::Element& element);
+
+} // namespace GlobalXslt

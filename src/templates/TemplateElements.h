@@ -1,0 +1,23 @@
+#pragma once
+
+#include "foundation/String.h"
+
+#include <initializer_list>
+
+namespace Xml {
+class Element;
+}
+
+/// What the kinds of a template's data have in common as elements of its root.
+namespace TemplateElements {
+
+/// The attribute of that name, whatever its prefix; empty without one.
+Core::String valueOf(const Xml::Element& element, const wchar_t* name);
+/// Removes all children of that name, which is given without prefix.
+void removeAll(Xml::Element& parent, const Core::String& name);
+/// Appends an element of the template's own.
+Xml::Element& append(Xml::Element& parent, const wchar_t* name);
+/// Throws Core::Exception where XML has no way to write one of them.
+void requireText(std::initializer_list<Core::String> values);
+
+} // namespace TemplateElements

@@ -1,0 +1,264 @@
+#include "templates/QFDTemplateFunctionalBuffer.h"
+
+#include "foundation/Exception.h"
+#include "foundation/xml/ParseException.h"
+#include "support/Documents.h"
+#include "support/MarkedDocument.h"
+#include "support/WellFormed.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using Core::String;
+using T = QFDTemplateFunctionalBuffer;
+
+const std::wstring head = LR"(<?xml version="1.0"?>
+<!DOCTYPE qfd:document [<!ENTITY firm 'Forme &amp; Sons'>]>
+<!-- <qfd:document> <fo:layout-master-set> -->
+<qfd:document xmlns:qfd='urn:forme:qfd/1.0' xmlns:fo="http://www.w3.org/1999/XSL/Format"
+  xmlns:xsl="urn:x?a&amp;b">)";
+const std::wstring tail = LR"(<fo:layout-master-set/><fo:page-sequence><fo:flow>
+<fo:block>a</fo:block></fo:flow></fo:page-sequence></qfd:document>)";
+
+/// A template with these data, and what becomes of them.
+struct Template : MarkedDocument {
+    explicit Template(const std::wstring& data) {
+        face().setContent(String(head + data + tail), true);
+    }
+
+    std::wstring data() const {
+        const std::wstring text = content();
+        EXPECT_TRUE(text.starts_with(head) && text.ends_with(tail)) << narrow(text);
+        EXPECT_EQ(xmlError(text.c_str()), "");
+        return text.substr(head.size(), text.size() - head.size() - tail.size());
+    }
+    /// Edits and commits: one undo step.
+    template <typename Edit>
+    void edit(Edit edit) {
+        const EditorState before = stateOf(face());
+        T data(&face());
+        edit(data);
+        EXPECT_EQ(stateOf(face()), before);
+        data.commitChangesToDocumentBuffer();
+        if (stateOf(face()) == before)
+            return;
+        expectReplays(face(), before);
+        const EditorState after = stateOf(face());
+        data.commitChangesToDocumentBuffer();
+        T(&face()).commitChangesToDocumentBuffer();
+        EXPECT_EQ(stateOf(face()), after);
+    }
+    static std::string narrow(const std::wstring& text) { return {text.begin(), text.end()}; }
+};
+
+const std::wstring all = LR"(
+  <!-- <fo:layout-master-set/> &#13; -->
+  <qfd:localization><qfd:locale language-id='de' language-file="de.xml" language-name=""/>
+    <qfd:locale language-id="fr"/><qfd:locale language-file="x"/></qfd:localization>
+  <qfd:script namespace-prefix="s" language='JScript'><![CDATA[a < b && c]]></qfd:script>
+  <qfd:variable   name='v' value="&firm;"></qfd:variable>
+  <qfd:attribute-value object="i" attribute="fo:src" dynamic-value="x"/>
+  <qfd:xslt-global><qfd:xslt xmlns:q="u"><fo:layout-master-set/> <xsl:if test='a>b'/></qfd:xslt></qfd:xslt-global>
+)";
+
+TEST(TemplateData, AreReadAsTheyStand) {
+    Template document(all);
+    document.edit([](T& data) {
+        EXPECT_EQ(data.getScripts(),
+                  (Core::Vector<ManagedScript>{{L"s", L"JScript", L"a < b && c"}}));
+        EXPECT_TRUE(data.getScriptByNamespacePrefix(L"s"));
+        EXPECT_FALSE(data.getScriptByNamespacePrefix(L"t"));
+        EXPECT_EQ(data.getVariables(), (Core::Vector<QFDVariable>{{L"v", L"Forme & Sons"}}));
+        EXPECT_EQ(data.getQFDLocales(),
+                  (Core::Vector<QFDTemplateLocale>{{L"de", L"de.xml", L"de"}, {L"fr", L"", L""}}));
+        EXPECT_EQ(data.getDefaultQFDLocale().id, L"fr");
+        EXPECT_EQ(data.getGlobalXsltText(), L"<fo:layout-master-set/> <xsl:if test=\"a&gt;b\"/>");
+        EXPECT_EQ(data.getNamespaces().at(L"xsl"), L"urn:x?a&b");
+        EXPECT_EQ(data.getNamespacesAsString(),
+                  L" xmlns:fo=\"http://www.w3.org/1999/XSL/Format\" xmlns:qfd=\"urn:forme:qfd/1.0\""
+                  L" xmlns:xsl=\"urn:x?a&amp;b\"");
+    });
+    EXPECT_EQ(document.data(), all);
+    EXPECT_EQ(document.heard(), "bc");
+}
+
+TEST(TemplateData, KeepTheSpellingOfWhatWasNotEdited) {
+    Template document(all);
+    document.edit([](T& data) {
+        data.insertOrEditQFDLocale(L"de", L"", L"Deutsch");
+        data.insertOrEditQFDLocale(L"it", L"it.xml", L"");
+        data.insertOrEditQFDLocale(L"", L"x", L"x");
+        data.deleteQFDLocale(L"fr");
+        data.deleteQFDLocale(L"");
+    });
+    std::wstring expected = all.substr(0, all.size() - 1);
+    const auto replace = [&](const std::wstring& what, const std::wstring& with) {
+        expected.replace(expected.find(what), what.size(), with);
+    };
+    replace(L"language-name=\"\"", L"language-name=\"Deutsch\"");
+    replace(L"<qfd:locale language-id=\"fr\"/>", L"");
+    replace(L"</qfd:localization>", L"<qfd:locale language-id=\"it\" language-file=\"it.xml\" "
+                                    L"language-name=\"\"/></qfd:localization>");
+    EXPECT_EQ(document.data(), expected);
+}
+
+/// The element that is left empty stays, and one without content is a plain start tag.
+TEST(TemplateData, ComeAndGo) {
+    Template document(L"");
+    document.edit([](T& data) { data.insertOrEditQFDLocale(L"a", L"f", L"A"); });
+    document.edit([](T& data) {
+        EXPECT_EQ(data.getDefaultQFDLocale(), QFDTemplateLocale());
+        data.deleteQFDLocale(L"a");
+    });
+    EXPECT_EQ(document.data(), L"\n<qfd:localization></qfd:localization>");
+    document.edit([](T& data) {
+        data.getQFDDocumentElement()->remove_child(
+            data.getQFDDocumentElement()->get_children(L"localization").front());
+    });
+    EXPECT_EQ(document.data(), L"");
+}
+
+TEST(TemplateData, GiveBackWhatTheyWereGiven) {
+    std::vector<String> texts{L"", L" a\t", L"<&>\"'", L"]]>", L"\n\n", L"\xA0", L"&#13;&lt;"};
+    texts.push_back(L"</qfd:script><!--" + texts[3] + L"<msxsl:using/>");
+    Core::Vector<ManagedScript> scripts;
+    Core::Vector<QFDVariable> variables;
+    Core::Vector<QFDAttribute> entries;
+    for (const String& text : texts)
+        for (const String& other : texts) {
+            scripts.push_back({text, L"CSharp", other});
+            scripts.push_back({other, text, L"<msxsl:using namespace=\"a\"/>" + other});
+            variables.push_back({text, other});
+            entries.push_back({L"i" + text, other, L"x", text, other, text});
+        }
+    QFDAttributeCollection collection;
+    collection.setAttributes(entries);
+    Template document(all);
+    document.edit([&](T& data) {
+        data.overrideScripts(scripts);
+        data.overrideVariables(variables);
+        data.setQFDAttributes(collection);
+        for (const String& text : texts)
+            data.insertOrEditQFDLocale(text, text, L"n" + text);
+    });
+    const T data(&document.face());
+    EXPECT_EQ(data.getScripts(), scripts);
+    EXPECT_EQ(data.getVariables(), variables);
+    EXPECT_EQ(data.getQFDAttributes(), collection);
+    for (std::size_t i = 1; i < texts.size(); ++i)
+        EXPECT_EQ(data.getQFDLocales()[i + 1],
+                  (QFDTemplateLocale{texts[i], texts[i], L"n" + texts[i]}));
+}
+
+TEST(TemplateData, OfScriptsTellWhatTheyUseAsMarkup) {
+    ManagedScript script(L"s", L"CSharp",
+                         L"a<msxsl:assembly name='n\"' x='y' href=\"h\"/>\n<msxsl:using "
+                         L"namespace=\"&amp;&#10;\" ></msxsl:using >b<msxsl:using/><msxsl:assembly "
+                         L"href='h<msxsl:using namespace=\"a\"> </msxsl:using>");
+    Template document(L"");
+    document.edit([&](T& data) { data.overrideScripts({script}); });
+    EXPECT_EQ(document.content().find(L"xmlns:msxsl=\"urn:schemas-microsoft-com:xslt\">"),
+              document.content().find(L"urn:x?a&amp;b") + 15);
+    script.parseAndRemoveMsxslNodes();
+    EXPECT_EQ(script.assemblies, (Core::Vector<MsxslAssembly>{{L"n\"", L"h"}}));
+    EXPECT_EQ(script.usings, (Core::Vector<MsxslUsing>{{L"&\n"}}));
+    EXPECT_EQ(script.text, L"a\nb<msxsl:using/><msxsl:assembly href='h<msxsl:using "
+                           L"namespace=\"a\"> </msxsl:using>");
+    EXPECT_EQ(T(&document.face()).getScripts().front().text,
+              L"<msxsl:assembly name=\"n&quot;\" /><msxsl:using namespace=\"&amp;&#10;\"/>" +
+                  script.text);
+}
+
+TEST(TemplateData, OfTheStyleSheetAreMarkup) {
+    Template document(all);
+    document.edit([&](T& data) {
+        data.overrideGlobalXsltText(
+            L" <xsl:if test=\"]]&gt;\">&firm;&#xA0;</xsl:if>\n<a><b/></a> ");
+        EXPECT_TRUE(data.getXsltInGlobalXslt()->get_parent() == data.getGlobalXslt());
+    });
+    EXPECT_EQ(T(&document.face()).getGlobalXsltText(),
+              L"<xsl:if test=\"]]&gt;\">&firm;&#x00A0;</xsl:if>\n<a><b/></a>");
+    document.edit([](T& data) {
+        data.overrideGlobalXsltText(L"\n ");
+        EXPECT_FALSE(data.getGlobalXslt());
+        EXPECT_EQ(data.getGlobalXsltText(), L"");
+    });
+    EXPECT_EQ(document.data().find(L"xslt"), std::wstring::npos);
+    for (const wchar_t* refused : {L"<a>", L"</qfd:xslt><qfd:xslt>", L"<no:a/>", L"&no;"})
+        EXPECT_THROW(T(&document.face()).overrideGlobalXsltText(refused), Core::Exception);
+}
+
+TEST(TemplateData, ChangeTheIdOfAnObject) {
+    Template document(all);
+    document.edit([](T& data) {
+        EXPECT_FALSE(data.overrideQFDAttributesId(L"j", L"k"));
+        EXPECT_TRUE(data.overrideQFDAttributesId(L"i", L"j"));
+        data.addXmlNodeFromQFDAttributeToRootNode({}, data.getQFDDocumentElement());
+        data.addXmlNodeFromQFDAttributeToRootNode({L"j", L"", L"", L"c", L"", L""},
+                                                  data.getQFDDocumentElement());
+        const auto entries = data.getQFDAttributes().getAttributeList();
+        ASSERT_EQ(entries.size(), 2u);
+        EXPECT_EQ(entries[1], data.getQFDAttributeFromXmlNode(
+                                  data.getQFDDocumentElement()->get_children().back()));
+    });
+    EXPECT_TRUE(document.data().ends_with(
+        L"<qfd:attribute-value object=\"j\" attribute=\"fo:src\" dynamic-value=\"x\"/>"
+        L"<qfd:attribute-value object=\"j\" attribute=\"\" condition=\"c\"/>"));
+}
+
+/// References to them, that is: in a comment and a section nothing is one.
+TEST(TemplateData, LoseCarriageReturnsAtACommit) {
+    Template document(L"<!--&#13;--><qfd:script language='a&#xD;b'>c&#13;d<![CDATA[&#13;]]>"
+                      L"</qfd:script><qfd:variable name=''/>");
+    document.edit([](T&) {});
+    EXPECT_EQ(document.data(), L"<!--&#13;--><qfd:script language=\"ab\">cd<![CDATA[&#13;]]>"
+                               L"</qfd:script><qfd:variable name=''/>");
+}
+
+/// What cannot be done leaves no trace.
+TEST(TemplateData, AreRefusedWhole) {
+    Template document(all);
+    T stale(&document.face());
+    EXPECT_THROW(stale.overrideVariables({{L"a", L"b"}, {L"\x1", L""}}), Core::Exception);
+    EXPECT_EQ(stale.getVariables().size(), 1u);
+    document->setContent(String(head + L" " + all + tail), false);
+    const EditorState before = stateOf(document.face());
+    stale.overrideVariables({});
+    EXPECT_THROW(stale.commitChangesToDocumentBuffer(), Core::Exception);
+    EXPECT_EQ(stateOf(document.face()), before);
+
+    for (const wchar_t* text : {L"<fo:root><fo:layout-master-set/></fo:root>", L"",
+                                L"<qfd:document><a/></qfd:document>"}) {
+        document->setContent(text, true);
+        T without(&document.face());
+        EXPECT_THROW(without.getScripts(), Core::NullPointerException);
+        EXPECT_THROW(without.commitChangesToDocumentBuffer(), Core::NullPointerException);
+    }
+    document->setContent(L"<?a?>\n<qfd:document>\n<a></b><fo:layout-master-set/></qfd:document>",
+                         true);
+    try {
+        T refused(&document.face());
+        FAIL() << "parsed";
+    } catch (const Xml::ParseException& error) {
+        EXPECT_EQ(error.getLine(), 3);
+    }
+}
+
+/// Whatever a document is, cutting its data out and writing them back changes nothing.
+TEST(TemplateData, OfTheCorpusStayUntouched) {
+    for (const auto& path : corpusAndSamples()) {
+        MarkedDocument document;
+        document->setContent(textOf(path), true);
+        const EditorState before = stateOf(document.face());
+        if (document->getQFDTemplateDefsPosition() >= 0 &&
+            document->getLayoutMasterSetPosition() >= 0)
+            T(&document.face()).commitChangesToDocumentBuffer();
+        EXPECT_EQ(stateOf(document.face()), before) << path;
+        EXPECT_FALSE(document->canUndo());
+    }
+}
+
+} // namespace
