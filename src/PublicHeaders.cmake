@@ -14,6 +14,8 @@ set(FORME_PUBLIC_HEADERS
   editing/lists/ListBuffer.h
   editing/lists/ListType.h
   editing/objects/InlineRepeatAlg.h
+  forms/FormBuffer.h
+  forms/FormControlType.h
   foundation/Allocator.h
   foundation/Api.h
   foundation/ByteArray.h
