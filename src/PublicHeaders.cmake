@@ -1,5 +1,6 @@
 # The headers that are installed: what hosts may include, and what these include.
 set(FORME_PUBLIC_HEADERS
+  checks/SelfChecks.h
   document/BufferAlg.h
   document/EditableDocumentBuffer.h
   document/EditableDocumentBufferState.h
