@@ -7,6 +7,7 @@ set(FORME_PUBLIC_HEADERS
   channels/TPRule.h
   channels/TranspromoBuffer.h
   channels/TranspromoInfo.h
+  checks/SelfChecks.h
   document/BufferAlg.h
   document/EditableDocumentBuffer.h
   document/EditableDocumentBufferState.h
@@ -21,6 +22,8 @@ set(FORME_PUBLIC_HEADERS
   editing/lists/ListBuffer.h
   editing/lists/ListType.h
   editing/objects/InlineRepeatAlg.h
+  forms/FormBuffer.h
+  forms/FormControlType.h
   foundation/Allocator.h
   foundation/Api.h
   foundation/ByteArray.h

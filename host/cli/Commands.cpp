@@ -6,6 +6,7 @@
 #include "Spelling.h"
 #include "StopList.h"
 
+#include <forme/checks/SelfChecks.h>
 #include <forme/foundation/Encoder.h>
 
 #include <algorithm>
@@ -218,6 +219,14 @@ int printCalls() {
         }
         return 0;
     });
+}
+
+int runSelfChecks() {
+    bool havePassed = true;
+    for (const auto check :
+         {testBuffer, testFormBuffer, testListBuffer, testTableBuffer, testXmlValidator})
+        havePassed = check() && havePassed;
+    return havePassed ? 0 : 1;
 }
 
 int spellDocument(const SpellOptions& options) {

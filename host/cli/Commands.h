@@ -23,6 +23,10 @@ int printStops(const std::string& document);
 
 int printCalls();
 
+/// Has the library check itself, which tells its verdicts on standard error. Answers 1 if any check
+/// failed.
+int runSelfChecks();
+
 struct SpellOptions;
 
 /// Lists the words of a document that no dictionary knows. Answers 0 when there are none, 1 when

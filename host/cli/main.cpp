@@ -44,6 +44,8 @@ int main(int argc, char** argv) {
     spell->footer("Each word with its offset in 16-bit code units, suggestions and context.\n"
                   "The exit status is 0 without misspelt words, 1 with some, 2 after an error.");
 
+    CLI::App* selfcheck = app.add_subcommand(
+        "selfcheck", "Check whether the library works; the exit status is 1 if it does not");
     app.add_subcommand("calls", "List every operation with its arguments and result");
 
     try {
@@ -60,5 +62,7 @@ int main(int argc, char** argv) {
         return printStops(document);
     if (spell->parsed())
         return spellDocument(spelling);
+    if (selfcheck->parsed())
+        return runSelfChecks();
     return printCalls();
 }

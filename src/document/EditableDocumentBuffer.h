@@ -23,6 +23,7 @@
 
 class Document;
 class EditableTableBuffer;
+class FormBuffer;
 class ListBuffer;
 class TextRewrite;
 enum class TableRowGroupType;
@@ -496,6 +497,7 @@ public:
     // Views: the operations on one subject, which act on this document
 
     ListBuffer getListBuffer();
+    FormBuffer getFormBuffer();
 
     // The modes of editing. A caret that stands elsewhere already stays until it is next set.
 

@@ -32,6 +32,8 @@ std::vector<Operation> formatting();
 std::vector<Operation> objects();
 /// Lists.
 std::vector<Operation> lists();
+/// Forms and their controls.
+std::vector<Operation> forms();
 /// Modes of editing and what the document's head says.
 std::vector<Operation> settings();
 /// What is in the document: flows, components, identified elements.

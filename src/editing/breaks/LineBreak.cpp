@@ -90,12 +90,18 @@ bool LineBreak::breakBehindContainer() {
 }
 
 /// Whether a move has taken the caret out of the container, and neither into another cell nor into
-/// another flow or static content.
+/// another flow or static content, nor from a form into one beside it.
 bool LineBreak::hasLeftContainerFrom(int place) const {
     return caret() != place && !document_.text().elementContains(container_, caret()) &&
-           document_.text().areInSameRegion(place, caret()) &&
+           document_.text().areInSameRegion(place, caret()) && !isInFormBeside() &&
            (container_ == table_ || document_.text().ancestor(place, L"fo:table-cell") ==
                                         document_.text().ancestor(caret(), L"fo:table-cell"));
+}
+
+/// Whether the container is a form and the caret in one that does not hold it.
+bool LineBreak::isInFormBeside() const {
+    const int form = document_.text().ancestor(caret(), L"qf:form");
+    return container_ == form_ && form >= 0 && !document_.text().elementContains(form, form_);
 }
 
 /// The block that holds the form, if that is the container; -1 if none.

@@ -16,6 +16,7 @@ private:
     void enterLineBefore();
     bool breakBehindContainer();
     bool hasLeftContainerFrom(int place) const;
+    bool isInFormBeside() const;
     int blockAroundForm() const;
     int blockAround(int position) const;
 
