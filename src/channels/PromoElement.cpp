@@ -9,7 +9,6 @@
 #include <utility>
 
 using Core::String;
-using Core::Vector;
 using TemplateElements::valueOf;
 using Xml::Element;
 
@@ -27,8 +26,7 @@ String decoded(String source) {
     return source;
 }
 
-PropertyValueEx valueNamed(const wchar_t* name, const String& id,
-                           const Vector<QFDAttribute>& entries) {
+PropertyValueEx valueNamed(const wchar_t* name, const String& id, const TemplateEntries& entries) {
     PropertyValueEx value(name, id);
     if (!id.empty())
         TemplateValues::complete(value, entries);
@@ -73,7 +71,7 @@ String PromoElement::idOf(const Element& element) {
 }
 
 TranspromoInfo PromoElement::read(const Element& element, const Regions& regions,
-                                  const Vector<QFDAttribute>& entries) {
+                                  const TemplateEntries& entries) {
     const String id = idOf(element);
     TranspromoInfo place;
     place.source = valueNamed(L"fo:src", id, entries);

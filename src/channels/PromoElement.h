@@ -1,8 +1,7 @@
 #pragma once
 
 #include "channels/TranspromoInfo.h"
-#include "foundation/Vector.h"
-#include "foundation/values/QFDAttribute.h"
+#include "templates/TemplateEntries.h"
 
 #include <map>
 
@@ -18,7 +17,7 @@ using Regions = std::map<Core::String, Core::String>;
 
 /// What the element says, and of values that are computed what these entries do.
 TranspromoInfo read(const Xml::Element& element, const Regions& regions,
-                    const Core::Vector<QFDAttribute>& entries);
+                    const TemplateEntries& entries);
 /// Gives a new element what it has to say itself.
 void write(Xml::Element& element, const TranspromoInfo& place, const Regions& regions);
 /// Throws Core::Exception where XML has no way to write one of its texts.

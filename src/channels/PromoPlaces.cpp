@@ -120,8 +120,8 @@ Vector<TranspromoInfo> PromoPlaces::list(const Fragment& fragment) const {
     const bool hasComputed =
         std::any_of(elements.begin(), elements.end(),
                     [](const Element* element) { return !PromoElement::idOf(*element).empty(); });
-    const Vector<QFDAttribute> entries =
-        hasComputed ? TemplateValues::entriesOf(*document_) : Vector<QFDAttribute>();
+    const TemplateEntries entries =
+        hasComputed ? TemplateValues::entriesOf(*document_) : TemplateEntries();
     Vector<TranspromoInfo> places;
     for (const Element* element : elements)
         places.push_back(PromoElement::read(*element, regions_, entries));

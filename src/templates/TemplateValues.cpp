@@ -8,7 +8,6 @@
 #include <iterator>
 
 using Core::String;
-using Core::Vector;
 
 namespace {
 
@@ -43,18 +42,17 @@ QFDAttribute entryFor(const PropertyValueEx& value, const String& condition,
             dynamicValue};
 }
 
-void put(const PropertyValueEx& value, QFDAttributeCollection& entries) {
+void put(const PropertyValueEx& value, TemplateEntries& entries) {
     if (value.isDynamic()) {
-        entries.setAttribute(entryFor(value, {}, {}, value.getDynamicValue()));
+        entries.set(entryFor(value, {}, {}, value.getDynamicValue()));
         return;
     }
-    entries.removeAttribute(entryFor(value, {}, {}, {}));
+    entries.remove(value.getObjectID(), value.getPropertyName());
     if (value.isStatic())
         return;
     for (const ConditionalValue& row : value.getConditionalValues())
-        entries.addAttribute(entryFor(value, row.condition,
-                                      row.isDynamic ? String() : row.staticValue,
-                                      row.isDynamic ? row.dynamicValue : String()));
+        entries.add(entryFor(value, row.condition, row.isDynamic ? String() : row.staticValue,
+                             row.isDynamic ? row.dynamicValue : String()));
 }
 
 } // namespace
@@ -63,23 +61,19 @@ bool TemplateValues::mayBeIn(const Document& document) {
     return document.text().rootName() == L"qfd:document";
 }
 
-Vector<QFDAttribute> TemplateValues::entriesOf(Document& document) {
+TemplateEntries TemplateValues::entriesOf(Document& document) {
     if (!mayBeIn(document))
         return {};
     const TemplateData data(document);
-    return data.hasTree() ? AttributeEntries::of(data.root()).getAttributeList()
-                          : Vector<QFDAttribute>();
+    return data.hasTree() ? TemplateEntries(AttributeEntries::of(data.root())) : TemplateEntries();
 }
 
 // The first entry decides of what type the value is. Behind one with a condition every further one
 // is a row, so that one that says what holds otherwise does not hide those before it.
-void TemplateValues::complete(PropertyValueEx& value, const Vector<QFDAttribute>& entries) {
-    Vector<ConditionalValue> rows;
+void TemplateValues::complete(PropertyValueEx& value, const TemplateEntries& entries) {
+    Core::Vector<ConditionalValue> rows;
     value.setType(PropertyValueType::Static);
-    for (const QFDAttribute& entry : entries) {
-        if (entry.getObjectID() != value.getObjectID() ||
-            entry.getAttributeName() != value.getPropertyName())
-            continue;
+    for (const QFDAttribute& entry : entries.of(value.getObjectID(), value.getPropertyName())) {
         const bool mayDecideAlone = rows.empty() && entry.getCondition().empty();
         if (mayDecideAlone && !entry.getDynamicValue().empty()) {
             value.setType(PropertyValueType::Dynamic);
@@ -109,12 +103,13 @@ bool TemplateValues::write(Document& document, std::span<const PropertyValueEx> 
     if (!data.hasTree())
         return true;
     const QFDAttributeCollection before = AttributeEntries::of(data.root());
-    QFDAttributeCollection entries = before;
+    TemplateEntries entries(before);
     for (const PropertyValueEx& value : values)
         if (!value.getObjectID().empty())
             put(value, entries);
-    if (entries == before)
+    const QFDAttributeCollection after = entries.all();
+    if (after == before)
         return true;
-    AttributeEntries::override(data.root(), entries);
+    AttributeEntries::override(data.root(), after);
     return data.commit();
 }

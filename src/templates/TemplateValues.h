@@ -1,8 +1,7 @@
 #pragma once
 
-#include "foundation/Vector.h"
 #include "foundation/values/PropertyValueEx.h"
-#include "foundation/values/QFDAttributeCollection.h"
+#include "templates/TemplateEntries.h"
 
 #include <span>
 
@@ -15,10 +14,10 @@ namespace TemplateValues {
 bool mayBeIn(const Document& document);
 /// The document's; none where it has no template data. Throws ParseException where these are not
 /// well formed.
-Core::Vector<QFDAttribute> entriesOf(Document& document);
+TemplateEntries entriesOf(Document& document);
 
 /// Completes a value from the entries of its object and name.
-void complete(PropertyValueEx& value, const Core::Vector<QFDAttribute>& entries);
+void complete(PropertyValueEx& value, const TemplateEntries& entries);
 /// Takes the link out of a value that is one: "a.png" of "url('a.png')".
 void unwrapLink(PropertyValueEx& value);
 

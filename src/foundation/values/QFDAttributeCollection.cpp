@@ -14,8 +14,7 @@ auto sameAttributeAs(const QFDAttribute& entry) {
 } // namespace
 
 void QFDAttributeCollection::addAttributes(const Core::Vector<QFDAttribute>& entries) {
-    const Core::Vector<QFDAttribute> added = entries; // which may be our own
-    entries_.insert(entries_.end(), added.begin(), added.end());
+    entries_.insert(entries_.end(), entries.begin(), entries.end());
 }
 
 void QFDAttributeCollection::setAttribute(const QFDAttribute& entry) {
