@@ -1,5 +1,8 @@
 # The headers that are installed: what hosts may include, and what these include.
 set(FORME_PUBLIC_HEADERS
+  channels/AnnotationBuffer.h
+  channels/BookmarkBuffer.h
+  channels/ConditionalSectionBuffer.h
   document/BufferAlg.h
   document/EditableDocumentBuffer.h
   document/EditableDocumentBufferState.h
@@ -43,6 +46,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/values/ColorParse.h
   foundation/values/ColumnWidth.h
   foundation/values/ComplexPageMasterEntry.h
+  foundation/values/DocumentSignature.h
   foundation/values/EditableProperty.h
   foundation/values/Length.h
   foundation/values/LengthOrPercent.h

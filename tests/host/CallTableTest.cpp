@@ -29,13 +29,22 @@ std::set<std::string> publicOperations(const std::string& header) {
 }
 
 /// What deals in pointers and references of the host's own and has no meaning in a request.
-const std::set<std::string> notForRequests{
-    "setMonitor",           "getMonitor",     "getEditActionStack",
-    "setSpellChecker",      "getListBuffer",  "getEditableTableBuffer",
-    "EditableTableBuffer",  "table",
-    "PageSequenceBuffer", // a constructor takes a document
-    "ListBuffer",           "PGMasterBuffer", "PGMasterBufferUtilities",
-    "LayoutMasterSetBuffer"};
+const std::set<std::string> notForRequests{"setMonitor",
+                                           "getMonitor",
+                                           "getEditActionStack",
+                                           "setSpellChecker",
+                                           "getListBuffer",
+                                           "getEditableTableBuffer",
+                                           "EditableTableBuffer",
+                                           "table",
+                                           "PageSequenceBuffer", // a constructor takes a document
+                                           "ListBuffer",
+                                           "PGMasterBuffer",
+                                           "PGMasterBufferUtilities",
+                                           "LayoutMasterSetBuffer",
+                                           "BookmarkBuffer",
+                                           "AnnotationBuffer",
+                                           "ConditionalSectionBuffer"};
 
 } // namespace
 
@@ -55,7 +64,10 @@ TEST(CallTable, ReachesEveryPublicOperation) {
         {"pages/PGMasterBufferUtilities.h", "detachedText."},
         {"pages/PGMasterUtilities.h", "pages."},
         {"tables/EditableTableBuffer.h", "table."},
-        {"pages/PageSequenceBuffer.h", "sequences."}};
+        {"pages/PageSequenceBuffer.h", "sequences."},
+        {"channels/BookmarkBuffer.h", "bookmarks."},
+        {"channels/AnnotationBuffer.h", "annotations."},
+        {"channels/ConditionalSectionBuffer.h", "sections."}};
     for (const auto& [header, prefix] : prefixes) {
         const std::set<std::string> declared = publicOperations(header);
         EXPECT_FALSE(declared.empty()) << header;

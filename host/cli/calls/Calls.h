@@ -46,5 +46,7 @@ std::vector<Operation> detachedPages();
 std::vector<Operation> tables();
 /// The page masters of the document.
 std::vector<Operation> masters();
+/// Bookmarks, annotations with the signature, and sections with conditions.
+std::vector<Operation> channels();
 
 } // namespace Calls
