@@ -50,6 +50,7 @@ void makeFallback(EditableDocumentBuffer& document) {
                             L"</fo:inline></qfd:conditional-inline>"
                             L"</qfd:conditional-inline-sequence>",
                         true, false);
+    document.moveCaretLeft(false, false, true); // into it
 }
 
 /// Adds a condition to those around the caret, and writes what is shown where it holds.
@@ -61,6 +62,19 @@ void addCondition(EditableDocumentBuffer& document, const Core::String& test,
     // The caret stands in the new section.
     document.selectParent();
     document.insertText(text, false, false);
+}
+
+/// The conditions around the caret, as a panel lists them: the one that the caret is in is marked.
+void showConditions(EditableDocumentBuffer& document) {
+    const ConditionalSectionBuffer sections(&document, ConditionalSectionBuffer::Type::Inline);
+    const int current = document.getConditionIndex(
+        document.getCaretPos(), L"conditional-inline-sequence", L"conditional-inline");
+    for (int i = 0; const Xml::Element* section = sections.getConditionalBlockAtIndex(i); ++i) {
+        const Core::String test = section == sections.getFallbackSection()
+                                      ? Core::String(L"otherwise")
+                                      : sections.getAttributeValue(section, L"test", L"");
+        std::cout << (i == current ? "> " : "  ") << Core::Encoder::toDisplayText(test) << '\n';
+    }
 }
 
 } // namespace
@@ -82,8 +96,7 @@ int main(int argc, char** argv) try {
     select(*document, L"Ms Thackwray,");
     makeFallback(*document);
     addCondition(*document, L"guest/@friend = 'yes'", L"Elinor,");
-    document->selectCurrentElement();
-    std::cout << Core::Encoder::toDisplayText(document->getSelectionAs(TextFormat::Native)) << '\n';
+    showConditions(*document);
 
     document->saveToFile(Core::Encoder::convertUTF8ToString(argv[2]), DocumentEncoding::Utf8);
 } catch (const std::exception& failure) {

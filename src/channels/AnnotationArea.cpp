@@ -2,6 +2,7 @@
 
 #include "document/Document.h"
 #include "foundation/Exception.h"
+#include "text/RootChildren.h"
 #include "trees/Fragment.h"
 #include "trees/PiecedText.h"
 
@@ -12,8 +13,9 @@ namespace {
 CutPart cutOut(Document& document, Fragment& fragment) {
     const XmlText& text = document.text();
     const int root = text.root();
-    const int end = text.layoutMasterSet() - 1;
-    if (end < root || root < 0)
+    // One that stands deeper, as in a style sheet, holds no page masters of the document.
+    const int end = RootChildren::named(text, L"fo:layout-master-set") - 1;
+    if (end < 0)
         throw Core::Exception(L"the document has no fo:layout-master-set");
     const String closing = L"</" + text.nameAt(root) + L">";
     fragment.setTree(PiecedText(DocumentSeam(&document))

@@ -27,10 +27,10 @@ class EditableDocumentBuffer;
 /// The document stays as it is until commitChangesToEditableBuffer(). Copies edit the same tree.
 class FORME_API BookmarkBuffer : public DOMBasedBuffer {
 public:
-    /// Reads the first fo:bookmark-tree of the document, which must outlive this. Where there is
-    /// none the start and end are -1; else getDocumentBufferEnd() is the offset behind its closing
-    /// tag. Throws Xml::ParseException where it is not well formed, and NullPointerException for no
-    /// document.
+    /// Reads the fo:bookmark-tree in the root of the document, which must outlive this. Where there
+    /// is none the start and end are -1; else getDocumentBufferEnd() is the offset behind its
+    /// closing tag. Throws Xml::ParseException where it is not well formed, and
+    /// NullPointerException for no document.
     explicit BookmarkBuffer(EditableDocumentBuffer* document);
     BookmarkBuffer(const BookmarkBuffer& other);
     BookmarkBuffer& operator=(const BookmarkBuffer& other);

@@ -95,7 +95,7 @@ Element* takeForDocument(const Element& bookmark, Element& parent) {
 } // namespace
 
 SmartPtr<XmlDocument> BookmarkForms::forControl(const Element& root) {
-    const SmartPtr<XmlDocument> control(new XmlDocument(L"1.0"));
+    SmartPtr<XmlDocument> control(new XmlDocument(L"1.0"));
     Element* made = control->createRootNode(treeName);
     for (const Element* tree : Elements::childrenOf(root, treeName))
         takeOver(*tree, *made, &takeForControl);

@@ -2,6 +2,7 @@
 
 #include "document/Document.h"
 #include "foundation/Exception.h"
+#include "text/RootChildren.h"
 #include "trees/Elements.h"
 #include "trees/Fragment.h"
 #include "trees/PiecedText.h"
@@ -19,7 +20,7 @@ struct TreePlace {
 };
 
 TreePlace placeIn(const XmlText& text) {
-    const int start = text.nextNamed(text.root(), L"fo:bookmark-tree");
+    const int start = RootChildren::named(text, L"fo:bookmark-tree");
     if (start < 0)
         return {};
     // Of a tree without an end the rest is read, for the parser to tell what is wrong.

@@ -94,8 +94,8 @@ String CutPart::upToClosing(const Xml::XmlDocument& tree) {
 
 String CutPart::content(const Xml::XmlDocument& tree) {
     const String text = upToClosing(tree);
-    const int tagEnd = XmlScan::tagEnd(text.view(), 1);
     const Xml::Element& root = *tree.getRootNode();
     const int added = root.has_children() && !beginsWithLineBreak(root) ? 1 : 0;
-    return String(text.view().substr(static_cast<std::size_t>(tagEnd + 1 + added)));
+    const int start = XmlScan::tagEnd(text.view(), 1) + 1 + added;
+    return String(text.view().substr(static_cast<std::size_t>(start)));
 }
