@@ -1,9 +1,12 @@
 # The headers that are installed: what hosts may include, and what these include.
 set(FORME_PUBLIC_HEADERS
-  channels/SecurityBuffer.h
   channels/AlignmentConstraint.h
+  channels/AnnotationBuffer.h
+  channels/BookmarkBuffer.h
+  channels/ConditionalSectionBuffer.h
   channels/PageConstraint.h
   channels/PageRegionConstraint.h
+  channels/SecurityBuffer.h
   channels/TPRule.h
   channels/TranspromoBuffer.h
   channels/TranspromoInfo.h
@@ -54,6 +57,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/values/ColumnWidth.h
   foundation/values/ComplexPageMasterEntry.h
   foundation/values/ConditionalValue.h
+  foundation/values/DocumentSignature.h
   foundation/values/EditableProperty.h
   foundation/values/Length.h
   foundation/values/LengthOrPercent.h

@@ -478,6 +478,11 @@ public:
     void deleteCurrentConditionalInline();
     void deleteConditionalInlineSequence();
     void deleteRepeatingSection();
+    /// The index, from 0, of the section around the position among those of its sequence of
+    /// conditions. Names are given without prefix, as "conditional-block-sequence" and
+    /// "conditional-block". 0 between sections, and outside of such a sequence.
+    int getConditionIndex(int position, const Core::String& sequenceName,
+                          const Core::String& sectionName) const;
 
     /// Whether an element of that name is written once for each node of the data.
     static bool isRepeatingElement(const Core::String& name);

@@ -91,7 +91,8 @@ void DocumentSeam::exchange(int start, int end, const String& with) {
     const auto moved = [&, length = with.length()](int offset) {
         return mapped(offset, start, end, length);
     };
-    document_->recordDeletion(start, text(start, end));
+    if (start <= end)
+        document_->recordDeletion(start, text(start, end));
     document_->recordInsertion(start, with);
     document_->rewriteUnrecorded(start, end + 1, with, moved(document_->pivot()),
                                  moved(document_->caret()));

@@ -53,8 +53,9 @@ public:
     /// blank before it.
     Core::String declarationsMissingAt(int element, int position) const;
 
-    /// Puts `with` in the place of `start` through `end`: one undo step, one notice of a kind.
-    /// False, and no trace, where no parser would take the document with it.
+    /// Puts `with` in the place of `start` through `end`, or before `start` where `end` is one
+    /// less: one undo step, one notice of a kind. False, and no trace, where no parser would take
+    /// the document with it.
     bool replace(int start, int end, const Core::String& with, const CommitCaret& caret,
                  Prefixes prefixes = Prefixes::AsTheyAre);
     /// Only sends the caret where a commit would.

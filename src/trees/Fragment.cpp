@@ -1,11 +1,8 @@
 #include "trees/Fragment.h"
 
-#include "foundation/Encoder.h"
 #include "foundation/Exception.h"
-#include "foundation/MemoryStream.h"
-#include "foundation/xml/DomParser.h"
-#include "foundation/xml/ParseException.h"
 #include "text/Prolog.h"
+#include "trees/PiecedText.h"
 
 #include <algorithm>
 #include <vector>
@@ -17,42 +14,6 @@ namespace {
 
 const String templatePrefix = L"qfd";
 const String templateDeclaration = L"xmlns:qfd=\"urn:forme:qfd/1.0\"";
-
-SmartPtr<Xml::XmlDocument> parse(const String& text) {
-    Xml::DomParser parser;
-    parser.setSubstituteEntities(false);
-    parser.parseStream(SmartPtr<Core::IO::Stream>(
-        new Core::IO::MemoryStream(Core::Encoder::convertStringToUTF8(text))));
-    return parser.getDocument();
-}
-
-/// A place in a text as a reader counts, both from 1.
-struct Place {
-    int line = 1;
-    int column = 1;
-
-    /// The place behind the unit that stands here.
-    Place behind(Text text, std::size_t at) const {
-        const bool endsLine =
-            text[at] == L'\n' || (text[at] == L'\r' && !text.substr(at + 1).starts_with(L'\n'));
-        return endsLine ? Place{line + 1, 1} : Place{line, column + 1};
-    }
-    bool operator==(const Place&) const = default;
-};
-
-Place placeOf(Text text, int offset) {
-    Place place;
-    for (std::size_t at = 0; at < static_cast<std::size_t>(offset); ++at)
-        place = place.behind(text, at);
-    return place;
-}
-
-int offsetOf(Text text, const Place& sought) {
-    std::size_t at = 0;
-    for (Place place; place != sought && at < text.size(); ++at)
-        place = place.behind(text, at);
-    return static_cast<int>(at);
-}
 
 /// A declaration of a namespace in a start tag.
 struct Declaration {
@@ -136,27 +97,19 @@ void Fragment::readHead(int element, int end) {
 
 void Fragment::readText(const String& text) {
     // The mark says that it is decoded, whatever encoding its declaration names.
-    tree_ = parse(L"\xFEFF" + text);
+    tree_ = PiecedText::parse(L"\xFEFF" + text);
     source_ = text;
     setPlace(-1, -1);
 }
 
 SmartPtr<Xml::XmlDocument> Fragment::readTree(int element, const String& source) const {
-    const String type = document_.documentType();
-    const String declarations = document_.declarationsMissingAt(element, element);
-    const String text = type + withInStartTag(source, declarations);
-    try {
-        return parse(text);
-    } catch (const Xml::ParseException& error) {
-        // The reader knows the document and neither of what was added.
-        int offset = offsetOf(text.view(), {error.getLine(), error.getColumn()}) - type.length();
-        if (offset > attributesEnd(source.view()))
-            offset = std::max(offset - declarations.length(), attributesEnd(source.view()));
-        const String before = document_.text(0, element + std::max(offset, 0));
-        const Place place = placeOf(before.view(), before.length() - 1);
-        throw Xml::ParseException(L"", place.line, place.column,
-                                  error.getMessage().substringAfter(L": "));
-    }
+    const auto attributes = static_cast<std::size_t>(attributesEnd(source.view()));
+    return PiecedText(document_)
+        .made(document_.documentType())
+        .stretch(element, String(source.view().substr(0, attributes)))
+        .made(document_.declarationsMissingAt(element, element))
+        .stretch(element + static_cast<int>(attributes), String(source.view().substr(attributes)))
+        .parse();
 }
 
 /// Those that are written and whose prefixes the element itself does not declare.

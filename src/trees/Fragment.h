@@ -31,6 +31,9 @@ public:
     /// read() does.
     void readText(const Core::String& text);
 
+    /// Takes a tree that its owner has read or been given, which may be null.
+    void setTree(const SmartPtr<Xml::XmlDocument>& tree) { tree_ = tree; }
+
     /// Where the element stands, its last unit included; -1 before the first reading.
     int start() const { return start_; }
     int end() const { return end_; }

@@ -57,7 +57,10 @@ TEST(CallTable, ReachesEveryPublicOperation) {
         {"channels/TranspromoBuffer.h", "promo."},
         {"templates/PropertyValueHandler.h", "values."},
         {"templates/QFDTemplateFunctionalBuffer.h", "template."},
-        {"pages/PageSequenceBuffer.h", "sequences."}};
+        {"pages/PageSequenceBuffer.h", "sequences."},
+        {"channels/BookmarkBuffer.h", "bookmarks."},
+        {"channels/AnnotationBuffer.h", "annotations."},
+        {"channels/ConditionalSectionBuffer.h", "sections."}};
     for (const auto& [header, prefix] : prefixes) {
         const std::set<std::string> declared = publicOperations(header);
         EXPECT_FALSE(declared.empty()) << header;

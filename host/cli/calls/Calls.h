@@ -56,5 +56,7 @@ std::vector<Operation> values();
 std::vector<Operation> security();
 /// The promo places of a page sequence.
 std::vector<Operation> promoPlaces();
+/// Bookmarks, annotations with the signature, and sections with conditions.
+std::vector<Operation> channels();
 
 } // namespace Calls
