@@ -205,7 +205,9 @@ private:
             request.push_back(type);
         if (qualifier == "promo")
             request.push_back("");
-        return !ask(request).contains("error");
+        // Where the caret is in no such sections there is an object, but nothing in it.
+        return !ask(request).contains("error") &&
+               (qualifier != "sections" || resultOf({"sections.getDocumentBufferStart"}) != -1);
     }
 
     std::string brokenCaret() {
@@ -221,19 +223,19 @@ private:
         const Json request{qualifier + ".commit"};
         requests_ += request.dump() + "\n";
         const EditorState before = state();
-        const bool hadTyping = Document::of(document()).typingGroup.has_value();
+        const bool joinsTyping = qualifier == "promo" && Document::of(document()).typingGroup;
         const std::string error = carryOut(request.dump());
         if (error.starts_with("a "))
             return error; // of the notices
         if (!error.empty())
             return state() == before ? "" : "a commit that raises changes something: " + error;
-        if (before.text == text())
+        if (before.text == text() || joinsTyping)
             return {};
         const EditorState after = state();
         ask({"undo"});
         const EditorState undone = state();
         ask({"redo"});
-        if (undone.text != before.text || (before.caret >= 0 && undone != before && !hadTyping))
+        if (undone.text != before.text || (before.caret >= 0 && undone != before))
             return "undoing it brings something else back";
         return after.text == text() ? "" : "redoing it gives something else";
     }
@@ -272,7 +274,7 @@ private:
         const auto request = [&](const char* name) {
             return std::string(kind.qualifier) + "." + name;
         };
-        if (!open(kind.qualifier))
+        if (!open("template") || !open(kind.qualifier)) // which keeps what is not static of places
             return {};
         const Json list = kind.made(random);
         const String pages = textFrom(document().getLayoutMasterSetPosition());
@@ -280,7 +282,9 @@ private:
             return reply["error"];
         if (std::string broken = commit(kind.qualifier); !broken.empty() || !open(kind.qualifier))
             return broken;
-        const Json now = resultOf({request(kind.get)});
+        Json now = resultOf({request(kind.get)});
+        if (now.is_string()) // markup, in the spelling of what writes it
+            now = std::regex_replace(now.get<std::string>(), std::regex("&#x00A0;"), "\u00A0");
         if (withoutIds(now) != withoutIds(list))
             return "it reads back as " + now.dump();
         const bool isAhead = kind.qualifier == std::string("template");
@@ -324,7 +328,7 @@ private:
             ask({"bookmarks.getProcessedTreeForDocument", control});
             std::string broken = commit("bookmarks");
             const auto unsignedOf = [](int number) { return static_cast<unsigned>(number); };
-            if (broken.empty() && start > 0 &&
+            if (broken.empty() && start > 0 && before.find(L"xmlns:qfd=", 0) >= 0 &&
                 (!text().startsWith(before.subString(0, unsignedOf(start - 1))) ||
                  !text().view().ends_with(before.view().substr(unsignedOf(end)))))
                 broken = "what stands around the bookmarks has changed";
@@ -398,8 +402,6 @@ private:
         if (!open("sections", type))
             return {};
         const int start = resultOf({"sections.getDocumentBufferStart"});
-        if (start < 0)
-            return {};
         Json expected = tests();
         const String before = text();
         const String head = before.subString(0, static_cast<unsigned>(start - 1));
