@@ -283,25 +283,15 @@ private:
 
 // The promises
 
-/// Requests that are carried out as one, each on a line, and what they may do.
-std::vector<std::string> linesOf(const std::string& step) {
-    std::vector<std::string> lines;
-    for (std::size_t at = 0; at < step.size();) {
-        const std::size_t end = std::min(step.find('\n', at), step.size());
-        lines.push_back(step.substr(at, end - at));
-        at = end + 1;
-    }
-    return lines;
-}
-
 bool holdsAll(std::vector<std::string> some, std::vector<std::string> all) {
     std::sort(some.begin(), some.end());
     std::sort(all.begin(), all.end());
     return std::includes(all.begin(), all.end(), some.begin(), some.end());
 }
 
+/// Requests that are carried out as one, and what they may do.
 struct Step {
-    std::string requests;
+    std::vector<std::string> requests;
     unsigned may = 0;
     Json question = {}; ///< about a region of the open page masters, and what must be answered
     std::string answer = {};
@@ -315,15 +305,14 @@ public:
         const EditorState before = state();
         const bool wasKeptOut = isKeptOut();
         std::string broken;
-        const std::vector<std::string> lines = linesOf(step.requests);
-        for (const std::string& line : lines)
+        for (const std::string& request : step.requests)
             if (broken.empty())
-                broken = WatchedSession::carryOut(line);
+                broken = WatchedSession::carryOut(request);
         if (broken.empty() && wasKeptOut && document().getPageMasterEditingMode() && !isKeptOut())
             broken = "the caret came into a flow";
-        if (!broken.empty() || lines.size() == 1)
+        if (!broken.empty() || step.requests.size() == 1)
             return broken;
-        if (step.requests.find(".close\"") != std::string::npos)
+        if (step.requests.back().ends_with(".close\"]"))
             return state() == before ? "" : "what was dropped left a trace";
         if (!step.question.empty() && answerTo("masters.isRegionVisible", step.question) == true &&
             answerTo(step.question[0], step.question) != step.answer)
@@ -331,6 +320,12 @@ public:
         return brokenPages(before, step.may);
     }
 
+    std::string brokenHistory() {
+        const std::string broken = WatchedSession::brokenHistory();
+        return broken.empty() ? brokenStaleCommit() : broken;
+    }
+
+private:
     /// A buffer on sequences that were edited meanwhile writes nothing.
     std::string brokenStaleCommit() {
         session().serveLine(R"(["sequences.open"])");
@@ -345,7 +340,6 @@ public:
                    : "a stale buffer is committed";
     }
 
-private:
     Json answerTo(const std::string& name, Json question) {
         question[0] = name;
         return session().serve(question).value("result", Json());
@@ -483,9 +477,9 @@ public:
     Step modeOfEditing() {
         checker_.document().moveCaretToFirstStaticRegion();
         const int caret = checker_.document().getCaretPos();
-        return {checker_.document().isInFoStaticContent(caret, L"")
-                    ? "[\"moveCaretToFirstStaticRegion\"]\n[\"setPageMasterEditingMode\",true]"
-                    : "[\"moveCaretToFirstFoFlow\"]"};
+        if (!checker_.document().isInFoStaticContent(caret, L""))
+            return {{R"(["moveCaretToFirstFoFlow"])"}};
+        return {{R"(["moveCaretToFirstStaticRegion"])", R"(["setPageMasterEditingMode",true])"}};
     }
 
     /// One that a formatter has nothing against.
@@ -508,7 +502,7 @@ public:
                                                  R"(["moveCaretToFirstStaticRegion"])",
                                                  R"(["moveCaretLeft",true,false,false])",
                                                  R"(["moveCaretToFirstFoFlow"])"};
-        return random_.oneIn(3) ? Step{random_.oneOf(others)}
+        return random_.oneIn(3) ? Step{{random_.oneOf(others)}}
                                 : stepOf(random_.oneByWeight(commands), Reader::Parser);
     }
 
@@ -518,17 +512,18 @@ private:
         Filler filler(random_, checker_.document(), reader);
         const Json requests = filler.fill(Json::parse(command.requests));
         const bool isDropped = !qualifier.empty() && random_.oneIn(10);
-        std::string step = qualifier.empty() ? "" : "[\"" + qualifier + ".open\"]\n";
+        std::vector<std::string> step;
+        if (!qualifier.empty())
+            step.push_back("[\"" + qualifier + ".open\"]");
         for (Json request : requests) {
             const std::string name = request[0];
             if (!qualifier.empty())
                 request[0] = qualifier + "." + name;
-            step += request.dump() + "\n";
+            step.push_back(request.dump());
         }
-        if (!qualifier.empty())
-            step += "[\"" + qualifier + (isDropped ? ".close\"]\n" : ".commit\"]\n");
-        else
-            step += "[\"getCaretPos\"]\n";
+        step.push_back(qualifier.empty()
+                           ? R"(["getCaretPos"])"
+                           : "[\"" + qualifier + (isDropped ? ".close\"]" : ".commit\"]"));
         const Json last = requests.empty() ? Json() : requests.back();
         if (*command.question && !isDropped)
             return {step,
@@ -542,38 +537,16 @@ private:
     Checker& checker_;
 };
 
-std::string brokenPromise(const std::string& document, const std::vector<Step>& steps) {
-    Checker checker(document);
-    for (const Step& step : steps)
-        if (std::string broken = checker.carryOut(step); !broken.empty())
-            return step.requests + broken;
-    std::string broken = checker.brokenHistory();
-    return broken.empty() ? checker.brokenStaleCommit() : broken;
-}
-
 } // namespace
 
 std::string pageFailureOn(const std::string& document, Random& random, std::size_t count) {
-    std::vector<Step> steps;
-    {
-        Checker checker(document);
-        Steps source(random, checker);
-        std::string broken;
-        if (random.oneIn(4))
-            broken = checker.carryOut(steps.emplace_back(source.modeOfEditing()));
-        while (broken.empty() && steps.size() < count)
-            broken = checker.carryOut(steps.emplace_back(source.next()));
-    }
-    const auto fails = [&](const std::vector<Step>& some) {
-        return !brokenPromise(document, some).empty();
-    };
-    if (!fails(steps))
-        return {};
-    const std::vector<Step> small = shrunk(steps, fails);
-    CommandStream stream{document, {}};
-    for (const Step& step : small)
-        stream.commands.push_back(step.requests);
-    return brokenPromise(document, small) + "\n" + stream.script();
+    bool entersMode = random.oneIn(4);
+    return failureOfSteps(
+        document, count, [](const std::string& path) { return Checker(path); },
+        [&](Checker& checker) {
+            Steps steps(random, checker);
+            return std::exchange(entersMode, false) ? steps.modeOfEditing() : steps.next();
+        });
 }
 
 std::string withPagesEdited(const std::string& document, Random& random, std::size_t count) {
