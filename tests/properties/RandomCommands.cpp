@@ -151,42 +151,32 @@ Json parseTable(const std::string& table) {
     return Json::parse(table, nullptr, true, true);
 }
 
-/// Fills in what the table of commands leaves open.
-class Filler {
-public:
-    Filler(Random& random, const Document& document) : random_(random), document_(document) {}
+int numberIn(const std::string& hole) {
+    return std::stoi(hole.substr(hole.rfind(' ')));
+}
 
-    Json fill(Json request) {
-        for (Json& part : request)
-            if (part.is_string() && part.get_ref<const std::string&>().starts_with('$'))
-                part = valueOf(part.get<std::string>());
-        return request;
-    }
+const Json& choices() {
+    static const Json all = parseTable(writtenOut<char>(choiceTable));
+    return all;
+}
+
+/// Fills in what the table of commands leaves open.
+class CommandFiller : public Filler {
+public:
+    CommandFiller(Random& random, const Document& document)
+        : Filler(random, choices()), document_(document) {}
 
 private:
-    Json valueOf(const std::string& hole) {
-        const auto last = hole.rfind(' ');
-        const auto number = [&] { return std::stoul(hole.substr(last)); };
-        if (hole.starts_with("$1 in "))
-            return random_.oneIn(number());
-        if (hole.starts_with("$below "))
-            return random_.below(number());
+    Json valueOf(const std::string& hole) override {
         if (hole.starts_with("$behind "))
-            return position_ % 100000 + below(number());
+            return position_ % 100000 + below(static_cast<std::size_t>(numberIn(hole)));
         if (hole == "$position")
             return position_ = anyPosition();
         if (hole == "$path around")
             return anyPathAround();
         if (hole == "$component")
             return anyComponent();
-        return oneOf(hole);
-    }
-
-    int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }
-
-    Json oneOf(const std::string& choice) {
-        static const Json choices = parseTable(writtenOut<char>(choiceTable));
-        return random_.oneOf(choices.at(choice));
+        return Filler::valueOf(hole);
     }
 
     /// Mostly near the caret or at the edge of a tag, sometimes anywhere, seldom nowhere.
@@ -195,7 +185,7 @@ private:
         const int anywhere = below(content.view().size() + 1);
         const std::size_t kind = random_.below(16);
         if (kind == 0)
-            return oneOf("$strange position");
+            return Filler::valueOf("$strange position");
         if (kind < 4)
             return anywhere;
         if (kind < 7)
@@ -208,10 +198,8 @@ private:
     /// The path of an element around the caret, down from the page sequence.
     std::string anyPathAround() {
         if (random_.oneIn(8))
-            return oneOf("$path");
-        const auto anyStep = [&] {
-            return std::string("/").append(oneOf("$name").get<std::string>());
-        };
+            return Filler::valueOf("$path");
+        const auto anyStep = [&] { return "/" + Filler::valueOf("$name").get<std::string>(); };
         const std::string outer = "/qfd:document/fo:page-sequence/fo:flow" + anyStep();
         const bool isAround = !document_.getCrtObjectContent(String(outer.c_str())).empty();
         return isAround && random_.oneIn(2) ? outer : outer + anyStep();
@@ -222,7 +210,6 @@ private:
                                            static_cast<unsigned>(anyPosition()));
     }
 
-    Random& random_;
     const Document& document_;
     int position_ = 0; // the last that was filled in
 };
@@ -239,9 +226,27 @@ CommandMix mixOf(std::initializer_list<const char*> groups) {
 
 } // namespace
 
+Json Filler::fill(const Json& request) {
+    if (request.is_string() && request.get_ref<const std::string&>().starts_with('$'))
+        return valueOf(request.get<std::string>());
+    Json filled = request;
+    if (request.is_array())
+        for (Json& part : filled)
+            part = fill(part);
+    return filled;
+}
+
+Json Filler::valueOf(const std::string& hole) {
+    if (hole.starts_with("$1 in "))
+        return random_.oneIn(static_cast<std::size_t>(numberIn(hole)));
+    if (hole.starts_with("$below "))
+        return below(static_cast<std::size_t>(numberIn(hole)));
+    return random_.oneOf(choices_.at(hole));
+}
+
 std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
                           const CommandMix& mix) {
-    return Filler(random, document).fill(random.oneByWeight(mix.kinds).request).dump();
+    return CommandFiller(random, document).fill(random.oneByWeight(mix.kinds).request).dump();
 }
 
 CommandMix everyCommand() {

@@ -46,6 +46,27 @@ private:
 /// `listEvery` of the places where blocks stand holds a list.
 std::string randomDocument(Random& random, std::size_t listEvery = 6);
 
+/// Fills in what requests leave open: a text that begins with "$" stands for another each time.
+class Filler {
+public:
+    /// Of each hole, a list of what is put in by chance.
+    Filler(Random& random, const Json& choices) : random_(random), choices_(choices) {}
+    virtual ~Filler() = default;
+
+    Json fill(const Json& request);
+
+protected:
+    /// "$1 in 8" is true as often as that, "$below 8" a number from 0, any other one of the
+    /// choices.
+    virtual Json valueOf(const std::string& hole);
+    int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }
+
+    Random& random_;
+
+private:
+    const Json& choices_;
+};
+
 /// A kind of command and how often it comes.
 struct CommandKind {
     std::size_t weight;
