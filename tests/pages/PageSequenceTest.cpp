@@ -2,8 +2,6 @@
 
 #include "foundation/Exception.h"
 #include "foundation/xml/XmlDocument.h"
-#include "properties/RandomCommands.h"
-#include "support/Documents.h"
 #include "support/MarkedDocument.h"
 #include "support/WellFormed.h"
 
@@ -16,7 +14,6 @@ namespace {
 
 using Core::String;
 using S = PageSequenceBuffer;
-using I = PageSequenceInfo;
 
 /// A document with these page masters and sequences; B is a block.
 String documentWith(const std::wstring& masters, const std::wstring& sequences) {
@@ -60,76 +57,6 @@ std::string lastStep(const MarkedDocument& document) {
 }
 
 const std::wstring body = L"<fo:flow flow-name=\"f\"><B>a</B></fo:flow>";
-
-TEST(PageSequences, AreListedByWhatTheySay) {
-    S sequences(documentWith(L"", LR"-(<fo:page-sequence fo:master-reference="A &amp; B" id="i"/>
-<fo:page-sequence/><qf:insert-document src="url(a&amp;b)"/><qf:insert-document src="c"/>
-<qfd:page-sequence-repeat fo:master-reference="m" fo:id="r" xpath="x[a[b=']']]/y" sort="s" condition="c"/>
-<qfd:page-sequence-repeat fo:master-reference="m" id="p" xpath="/d" parent-sequence-id="q"/>
-<qfd:page-sequence-repeat fo:master-reference="m" id="q" xpath="z" parent-sequence-id="p"/>
-<qfd:page-sequence-repeat master-reference="m"/><x:page-sequence master-reference="m"/>)-"));
-    const auto rows = sequences.getPageSequenceInfo();
-    ASSERT_EQ(rows.size(), 6u);
-    EXPECT_EQ(sequences.getPaginationNodes().size(), 8u);
-    EXPECT_TRUE(rows[0].kind == I::pageSequence && rows[0].masterReference == L"A & B");
-    EXPECT_TRUE(rows[1].kind == I::insertDocument && rows[1].externalSource == L"a&b");
-    EXPECT_EQ(rows[2].externalSource, L"c");
-    EXPECT_TRUE(rows[3].kind == I::pageSequenceRepeat && rows[3].id == L"r" &&
-                rows[3].sort == L"s" && rows[3].condition == L"c");
-    EXPECT_TRUE(sequences.masterIsUsedByPageSequence(L"A & B"));
-    EXPECT_FALSE(sequences.masterIsUsedByPageSequence(L""));
-    EXPECT_TRUE(sequences.getReferenceForSequence(2).empty());
-    EXPECT_EQ(sequences.getXPathContextFromParentSet({}, L"r"), L"x/y");
-    EXPECT_EQ(sequences.getXPathContextFromParentSet({}, L"q"), L"/d/z");
-    EXPECT_EQ(sequences.getXPathContextFromParentSet({L"p"}, L"q"), L"/z");
-    for (const wchar_t* unknown : {L"", L"i", L"u"})
-        EXPECT_EQ(sequences.getXPathContextFromParentSet({}, unknown), L"/");
-}
-
-TEST(PageSequences, ChangeWhatTheySayAndNothingElse) {
-    S sequences(documentWith(
-        L"", L"<qfd:page-sequence-repeat fo:master-reference='m' id='i'><fo:static-content"
-             L" flow-name='a'/><fo:static-content flow-name='b'/></qfd:page-sequence-repeat>"
-             L"<qf:insert-document src=''/>"));
-    for (int index : {-1, 2, 3}) {
-        sequences.deletePageSequence(index);
-        sequences.convertPageSequence(index, PageMasterData(L"m"), L"", L"", L"", L"");
-        sequences.movePageSequenceDown(index);
-        sequences.setIdForSequence(index, L"x");
-    }
-    sequences.removeExternalDocument(0);
-    sequences.setReferenceForSequence(1, L"x");
-    sequences.setReferenceForSequence(0, L"");
-    sequences.changeReferenceName(L"", L"x");
-    sequences.changeSortForPageIndx(1, L"x");
-    sequences.changeFlowNameForStaticContent(0, L"a", L"b");
-    sequences.addNewPageSequence(PageMasterData(L"m"));
-    sequences.setDuplexPrinting();
-    sequences.commitChangesToEditableBuffer();
-    const auto markup = [&](int index) {
-        const SmartPtr<Xml::XmlDocument> alone(new Xml::XmlDocument);
-        alone->createRootNodeByImport(sequences.getPageSequenceByIdx(index), false);
-        return wide(alone->writeToString().trim());
-    };
-    EXPECT_EQ(markup(0), LR"(<qfd:page-sequence-repeat fo:master-reference="m" id="i"/>)");
-    EXPECT_EQ(markup(1), LR"(<qf:insert-document src=""/>)");
-    EXPECT_TRUE(!sequences.getPageSequenceByIdx(2) && sequences.getDocumentBufferStart() == -1);
-
-    sequences.changeReferenceName(L"m", L"n&");
-    sequences.setIdForSequence(0, L"j");
-    sequences.changeXPathReferenceForPageIndx(0, L"");
-    sequences.changeFlowNameForStaticContent(0, L"a", L"c");
-    sequences.setParentSetIdForSequence(0, L"p");
-    sequences.setSourceForExternalDocument(1, L"u");
-    sequences.addExternalDocument(L"v");
-    EXPECT_EQ(markup(0), L"<qfd:page-sequence-repeat fo:master-reference=\"n&amp;\" id=\"i\""
-                         L" fo:id=\"j\" xpath=\"\" parent-sequence-id=\"p\"/>");
-    EXPECT_EQ(markup(1), L"<qf:insert-document src=\"url(u)\"/>");
-    EXPECT_EQ(markup(2), L"<qf:insert-document xmlns:qf=\"urn:forme:qf/1.0\" src=\"url(v)\"/>");
-    EXPECT_TRUE(S::getStaticContent(sequences.getPageSequenceByIdx(0), L"c"));
-    sequences.removeExternalDocument(1);
-    EXPECT_EQ(sequences.getPaginationNodes().size(), 2u);
-}
 
 TEST(PageSequences, TakePrintingOptionsByAllNodesAndGiveThemBySequences) {
     S sequences(documentWith(L"", L"<qf:insert-document src=''/><fo:page-sequence/>"
@@ -234,72 +161,6 @@ TEST(PageSequences, AreNotWrittenOverWhatHasChanged) {
     EXPECT_EQ(stateOf(document.face()), typed);
     load(document, L"<fo:root><!--<fo:layout-master-set/>--><fo:page-sequence/></fo:root>");
     EXPECT_THROW(S(&document.face()), Core::Exception);
-}
-
-/// The names of the sequences that random commands leave, next to what the buffer says.
-TEST(PageSequences, KeepTheirOrderThroughAnyCommands) {
-    Random random(5);
-    MarkedDocument document;
-    for (int round = 0; round < 60; ++round) {
-        load(document, documentWith(L"<fo:simple-page-master master-name=\"m\"/>",
-                                    L"<fo:page-sequence master-reference=\"m\">" + body +
-                                        L"</fo:page-sequence>"));
-        S sequences(&document.face());
-        std::vector<std::wstring> ids{L""};
-        for (int step = 0; step < 30; ++step) {
-            const std::size_t at = random.below(ids.size() + 1);
-            const int index = static_cast<int>(at);
-            const bool isThere = at < ids.size();
-            switch (random.below(6)) {
-            case 0:
-                if (random.oneIn(2))
-                    sequences.addNewPageSequence(PageMasterData(L"m"));
-                else
-                    sequences.addNewPageSequenceRepeat(PageMasterData(L"m"), L"/a[b>1]", L"", L"",
-                                                       L"");
-                ids.push_back(L"i" + std::to_wstring(step));
-                sequences.setIdForSequence(static_cast<int>(ids.size()) - 1, String(ids.back()));
-                break;
-            case 1:
-                sequences.deletePageSequence(index);
-                if (isThere)
-                    ids.erase(ids.begin() + index);
-                break;
-            case 2:
-                sequences.movePageSequenceDown(index);
-                if (at + 1 < ids.size())
-                    std::swap(ids[at], ids[at + 1]);
-                break;
-            case 3:
-                sequences.movePageSequenceUp(index);
-                if (at > 0 && isThere)
-                    std::swap(ids[at], ids[at - 1]);
-                break;
-            case 4:
-                sequences.convertPageSequence(index, PageMasterData(L"m"), L"/b", L"", L"", L"");
-                break;
-            default: {
-                const EditorState before = stateOf(document.face());
-                sequences.commitChangesToEditableBuffer();
-                EXPECT_EQ(xmlError(document->getContent()), "");
-                if (stateOf(document.face()).text != before.text)
-                    expectReplays(document.face(), before);
-                const String once = document->getContent();
-                sequences.commitChangesToEditableBuffer();
-                EXPECT_EQ(document->getContent(), once);
-                for (std::size_t i = 0; i <= ids.size(); ++i) {
-                    const int place = document->getPageSequencePosition(static_cast<int>(i));
-                    EXPECT_EQ(document->getPageSequenceIdxFromPos(place),
-                              i < ids.size() ? static_cast<int>(i) : -1);
-                }
-            }
-            }
-            std::vector<std::wstring> said;
-            for (const I& row : sequences.getPageSequenceInfo())
-                said.push_back(wide(row.id));
-            ASSERT_EQ(said, ids);
-        }
-    }
 }
 
 } // namespace
