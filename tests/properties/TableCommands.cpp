@@ -619,7 +619,11 @@ private:
             const int within = now.text.find(L'>', static_cast<unsigned>(place)) + 1;
             Type group{};
             const int row = document().getTableRowNumberFrom(within, table, group);
+            const Cells own = at.rows().ownCells(cell.row);
+            const auto index = std::find(own.begin(), own.end(), &cell) - own.begin();
             if (place < 0 || row != cell.row || group != at.group ||
+                document().getTableRowGroupTypeFrom(within, table) != group ||
+                document().getCellNumberOnRow(within, table) != index ||
                 of.getTableColumnNumberFrom(within, row, group) != cell.column)
                 return "the cell at " + std::to_string(cell.row) + ", " +
                        std::to_string(cell.column) + " is found at " + std::to_string(place);

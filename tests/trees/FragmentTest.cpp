@@ -2,7 +2,6 @@
 
 #include "foundation/Messages.h"
 #include "foundation/xml/ParseException.h"
-#include "support/Documents.h"
 #include "support/EditorState.h"
 #include "support/MarkedDocument.h"
 #include "support/WellFormed.h"
@@ -182,39 +181,5 @@ TEST(Fragment, ToldOfNoElementStaysAsItWas) {
     EXPECT_EQ(fragment.root()->get_name(), L"table");
     EXPECT_THROW(Fragment(&buffer.document()).root(), Core::NullPointerException);
 }
-
-class TablesOf : public testing::TestWithParam<std::filesystem::path> {};
-
-/// Whatever people wrote: a change and its opposite leave a table that is read as it was, and all
-/// around it as it was to the last unit; undo leaves everything so.
-TEST_P(TablesOf, ComeBackFromATree) {
-    MarkedDocument buffer;
-    buffer->setContent(textOf(GetParam()), true);
-    const Core::String old = buffer->getContent();
-    for (int at = buffer.find(L"<fo:table "); at >= 0; at = buffer.find(L"<fo:table ", at + 1)) {
-        Fragment fragment(&buffer.document());
-        fragment.read(at);
-        const Core::String tree = fragment.tree()->writeToString();
-        const int behind = old.length() - fragment.end();
-        fragment.root()->set_attribute("a-new-one", "1");
-        fragment.commit(stays);
-        ASSERT_EQ(xmlError(buffer->getContent()), "") << at;
-        fragment.root()->remove_attribute("a-new-one");
-        fragment.commit(stays);
-        const Core::String text = buffer->getContent();
-        EXPECT_EQ(text.view().substr(0, at), old.view().substr(0, at));
-        EXPECT_EQ(text.view().substr(text.length() - behind),
-                  old.view().substr(old.length() - behind));
-        Fragment again(&buffer.document());
-        again.read(at);
-        EXPECT_EQ(again.tree()->writeToString(), tree) << at;
-        buffer->undo();
-        buffer->undo();
-        ASSERT_TRUE(buffer->getContent() == old && !buffer->canUndo()) << at;
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Documents, TablesOf, testing::ValuesIn(corpusAndSamples()),
-                         nameOfDocument);
 
 } // namespace
