@@ -1,28 +1,24 @@
 #include "pages/PageSequenceBuffer.h"
 
 #include "foundation/Exception.h"
-#include "foundation/xml/XmlDocument.h"
 #include "support/MarkedDocument.h"
-#include "support/WellFormed.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
 
 namespace {
 
 using Core::String;
 using S = PageSequenceBuffer;
 
-/// A document with these page masters and sequences; B is a block.
-String documentWith(const std::wstring& masters, const std::wstring& sequences) {
+/// A document with these page sequences; B is a block.
+String documentWith(const std::wstring& sequences) {
     return String(LR"(<?xml version="1.0" encoding="iso-8859-1"?>
 <!DOCTYPE qfd:document [<!ENTITY e "E">]>
 <qfd:document xmlns:fo="http://www.w3.org/1999/XSL/Format" xmlns:qfd="urn:forme:qfd/1.0">)"
-                  L"<fo:layout-master-set>" +
-                  masters + L"</fo:layout-master-set>" + writtenOut(sequences) +
-                  L"</qfd:document>");
+                  L"<fo:layout-master-set></fo:layout-master-set>" +
+                  writtenOut(sequences) + L"</qfd:document>");
 }
 
 void load(const MarkedDocument& document, const String& text) {
@@ -34,13 +30,6 @@ std::wstring sequencesOf(const MarkedDocument& document) {
     const std::wstring text = document.content();
     const std::size_t start = text.rfind(L"</fo:layout-master-set>") + 23;
     return inShort(text.substr(start, text.rfind(L"</") - start));
-}
-
-std::wstring firstStaticContent(const MarkedDocument& document) {
-    const std::wstring text = sequencesOf(document);
-    const std::size_t start = text.rfind(L"<fo:page-sequence");
-    const std::size_t end = text.find(L"<fo:flow", start);
-    return text.substr(text.find(L'>', start) + 1, end - text.find(L'>', start) - 1);
 }
 
 /// What undoing the last commit would do, the last first: "+" inserts, "-" deletes, "c" places the
@@ -59,8 +48,8 @@ std::string lastStep(const MarkedDocument& document) {
 const std::wstring body = L"<fo:flow flow-name=\"f\"><B>a</B></fo:flow>";
 
 TEST(PageSequences, TakePrintingOptionsByAllNodesAndGiveThemBySequences) {
-    S sequences(documentWith(L"", L"<qf:insert-document src=''/><fo:page-sequence/>"
-                                  L"<qf:insert-document src=''/>"));
+    S sequences(documentWith(L"<qf:insert-document src=''/><fo:page-sequence/>"
+                             L"<qf:insert-document src=''/>"));
     std::vector<PrintingAttributes> options = sequences.getPageSequencesPrintingOptions();
     ASSERT_EQ(options.size(), 1u);
     options[0].copyCount.setStaticValue(L"1");
@@ -74,10 +63,10 @@ TEST(PageSequences, TakePrintingOptionsByAllNodesAndGiveThemBySequences) {
 
 TEST(PageSequences, AreNotHalfChangedByWhatXmlCannotHold) {
     MarkedDocument document;
-    load(document, documentWith(L"", L"<fo:page-sequence>" + body +
-                                         L"</fo:page-sequence>"
-                                         L"<fo:page-sequence>" +
-                                         body + L"</fo:page-sequence>"));
+    load(document, documentWith(L"<fo:page-sequence>" + body +
+                                L"</fo:page-sequence>"
+                                L"<fo:page-sequence>" +
+                                body + L"</fo:page-sequence>"));
     const String text = document->getContent();
     S sequences(&document.face());
     const PageMasterData master(L"m");
@@ -97,53 +86,11 @@ TEST(PageSequences, AreNotHalfChangedByWhatXmlCannotHold) {
     }
 }
 
-TEST(PageSequences, TakeTheHeadersOfThoseWhosePagesHaveTheMasterToo) {
-    const std::wstring masters =
-        LR"(<fo:simple-page-master master-name="A &amp; B"><fo:region-start region-name="x"/>)"
-        LR"(<fo:region-end region-name="x"/></fo:simple-page-master><fo:simple-page-master)"
-        LR"( master-name="d"/><fo:page-sequence-master master-name="0"><fo:alternatives><fo:one)"
-        LR"( master-reference="A &amp; B"/></fo:alternatives></fo:page-sequence-master>)";
-    const std::wstring sequences =
-        L"<fo:page-sequence master-reference='A &amp; B'><!--<fo:static-content flow-name='k'/>-->"
-        L"<fo:static-content flow-name='&e;'><B>1</B></fo:static-content>" +
-        body +
-        L"</fo:page-sequence><qfd:page-sequence-repeat fo:master-reference='0' xmlns:z='urn:z'>"
-        L"<fo:static-content flow-name='E' ><B z:a=''>\x00E9</B></fo:static-content>" +
-        body +
-        L"</qfd:page-sequence-repeat><fo:page-sequence master-reference='d'><fo:static-content"
-        L" flow-name='xsl-region-end'/>" +
-        body + L"</fo:page-sequence>";
-    const std::wstring own =
-        L"<fo:static-content xmlns:z=\"urn:z\" flow-name='E' ><B z:a=''>\x00E9</B>"
-        L"</fo:static-content>";
-    const auto contentsOnA = [&](const PageMasterData& master) {
-        MarkedDocument document;
-        load(document, documentWith(masters, sequences));
-        S buffer(&document.face());
-        buffer.addNewPageSequence(master);
-        buffer.commitChangesToEditableBuffer();
-        EXPECT_EQ(xmlError(document->getContent()), "");
-        return firstStaticContent(document);
-    };
-    const auto empty = [](const std::wstring& name) {
-        return L"<fo:static-content flow-name=\"" + name +
-               L"\" font-size=\"12pt\" font-family=\"Times\"><B>_</B></fo:static-content>";
-    };
-    const std::wstring rest = empty(L"xsl-region-before") + empty(L"xsl-region-after");
-    EXPECT_EQ(contentsOnA(PageMasterData(L"A & B")), own + empty(L"x") + rest);
-    Core::Vector<ReferenceInfo> references;
-    for (const wchar_t* name : {L"A & B", L"d", L""})
-        references.emplace_back(ReferenceInfo::single, name);
-    EXPECT_EQ(contentsOnA(PageMasterData(L"0", references)),
-              own + L"<fo:static-content flow-name='xsl-region-end'/>" +
-                  empty(L"xsl-region-start") + rest);
-}
-
 TEST(PageSequences, AreNotWrittenOverWhatHasChanged) {
     const std::wstring sequence =
         L"<fo:page-sequence master-reference=\"m\">" + body + L"</fo:page-sequence>";
     MarkedDocument document;
-    load(document, documentWith(L"", sequence));
+    load(document, documentWith(sequence));
     S sequences(&document.face());
     S copy(sequences);
     document->replaceXmlText(document.find(L"</fo:layout"), document.find(L"</fo:layout") + 22,
