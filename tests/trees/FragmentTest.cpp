@@ -4,13 +4,10 @@
 #include "foundation/xml/ParseException.h"
 #include "support/EditorState.h"
 #include "support/MarkedDocument.h"
-#include "support/WellFormed.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-using Xml::Element;
 
 const CommitCaret stays{{-1, -1}, nullptr};
 
@@ -77,59 +74,6 @@ TEST(Fragment, PutsTheCaretWhereItIsToldAndRecordsThat) {
     EXPECT_EQ(stateOf(buffer.face()), old);
     buffer->redo();
     EXPECT_EQ(buffer.marked().substr(0, 9), L"<B>|home<") << "no pivot was placed";
-}
-
-TEST(Fragment, WritesNoDeclarationThatTheTextHadNot) {
-    const std::wstring fo = L" xmlns:fo=\"http://www.w3.org/1999/XSL/Format\"";
-    for (const auto& [around, own, after] :
-         {std::tuple(L"", std::wstring(), std::wstring()), std::tuple(L"", fo, std::wstring()),
-          std::tuple(L"", L" xmlns:p=\"urn:p\"" + fo + L" k=\"2\"",
-                     std::wstring(L" xmlns:p=\"urn:p\" k=\"2\"")),
-          std::tuple(L" xmlns:p=\"urn:p\"", std::wstring(L" p:k=\"2\""),
-                     std::wstring(L" p:k=\"2\"")),
-          std::tuple(L" xmlns:fo=\"urn:other\"", fo, fo)}) {
-        const std::wstring text = L"a xmlns:fo=\"http://www.w3.org/1999/XSL/Format\" b";
-        const std::wstring front = std::wstring(L"<B") + around + L">";
-        MarkedDocument buffer(front + table(own, text) + L"</B>");
-        Fragment fragment = tableOf(buffer);
-        fragment.root()->set_attribute("a", "1");
-        fragment.commit(stays);
-        EXPECT_EQ(buffer.marked().substr(0, front.size() + after.size() + 9),
-                  front + L"<T" + after + L" a=\"1\">");
-        EXPECT_NE(buffer.flow().find(text), std::wstring::npos);
-    }
-}
-
-TEST(Fragment, DeclaresTheTemplatePrefixWhereNothingElseDoes) {
-    for (const auto& [root, table, after] :
-         {std::tuple(L"", L"", L" xmlns:qfd=\"urn:forme:qfd/1.0\""),
-          std::tuple(L" xmlns:qfd=\"u\"", L"", L""),
-          std::tuple(L"", L" xmlns:qfd=\"u\"", L" xmlns:qfd=\"u\"")}) {
-        const auto text = [front = std::wstring(root)](const std::wstring& declaration,
-                                                       const std::wstring& child) {
-            return L"<r" + front + L"><fo:table" + declaration + L">\n" + child +
-                   L"</fo:table></r>";
-        };
-        MarkedDocument buffer;
-        buffer->setContent(Core::String(text(table, L"<a/>")), true);
-        Fragment fragment = tableOf(buffer);
-        fragment.root()->get_children("a").front()->set_namespace("qfd");
-        fragment.commit(stays);
-        EXPECT_EQ(buffer.content(), text(after, L"<qfd:a/>"));
-    }
-}
-
-TEST(Fragment, LeavesReferencesToTheDocumentsEntities) {
-    const std::wstring front =
-        L"<?xml version=\"1.0\"?><!-- <!DOCTYPE a> --><!DOCTYPE r [\n<!ENTITY "
-        L"x \"<b>]></b>\"><!-- '> -->\n]>\n<?p <?>";
-    const std::wstring behind = L">\n&x;<c d=\"\x00E9\"/>]]&gt;</fo:table></r>\n";
-    MarkedDocument buffer;
-    buffer->setContent(Core::String(front + L"<r><fo:table" + behind), true);
-    Fragment fragment = tableOf(buffer);
-    fragment.root()->set_attribute("a", "1");
-    fragment.commit(stays);
-    EXPECT_EQ(buffer.content(), front + L"<r><fo:table a=\"1\"" + behind);
 }
 
 TEST(Fragment, OverwritesNothingThatItHasNotRead) {
