@@ -4,7 +4,6 @@
 #include "document/caret/Moves.h"
 
 #include <algorithm>
-#include <random>
 
 namespace {
 
@@ -104,55 +103,6 @@ TEST(CaretMoves, FollowThePageThroughATable) {
         L"<T><H><R><C><B>^h|</B></C></R></H>" + rest + L"d</B></C></R></D></T>",
         [](Document& document) { Moves::right(document, true, false, false); },
         L"<T><H><R><C><B>h</B></C></R></H>" + rest + L"|d</B></C></R></D></T>");
-}
-
-namespace {
-
-/// A table with some of the groups that it can have, with empty cells, layout and further tables.
-std::wstring randomTable(std::mt19937& random, int depth) {
-    const auto oneIn = [&random](unsigned count) { return random() % count == 0; };
-    const auto group = [&](const std::wstring& name) {
-        std::wstring cells;
-        for (int cell = oneIn(2) ? 2 : 1; cell > 0; --cell) {
-            const std::wstring table = depth > 0 && oneIn(3) ? randomTable(random, depth - 1) : L"";
-            const std::wstring block = oneIn(4) ? L"" : oneIn(4) ? L"<B>_</B>" : L"<B>a</B>";
-            cells += L"<C>" + (oneIn(2) ? table + block : block + table) +
-                     (oneIn(2) ? L" </C>" : L"</C>");
-        }
-        return L"<" + name + L"><R>" + cells + L"</R></" + name + L">" + (oneIn(3) ? L" " : L"");
-    };
-    std::wstring groups = (oneIn(2) ? group(L"H") : L"") + (oneIn(2) ? group(L"F") : L"");
-    for (int bodies = 1 + static_cast<int>(random() % 3); bodies > 0; --bodies)
-        groups += group(L"D");
-    return L"<T>" + groups + L"</T>";
-}
-
-/// Where the caret comes to with each step until one leads nowhere, or has led in a circle.
-template <typename Step>
-std::vector<int> wayOf(MarkedDocument& buffer, std::size_t limit, Step step) {
-    std::vector<int> way;
-    for (int last = -1; buffer.caret() != last && way.size() <= limit; step(buffer)) {
-        last = buffer.caret();
-        way.push_back(last);
-    }
-    return way;
-}
-
-} // namespace
-
-TEST(CaretMoves, PassEveryStopOfATableOnceAndComeBackTheSameWay) {
-    std::mt19937 random(5);
-    for (int count = 0; count < 200 && !testing::Test::HasFailure(); ++count) {
-        const std::wstring flow = L"<B>|a</B>" + randomTable(random, 2) + L"<B>z</B>";
-        SCOPED_TRACE(flow);
-        MarkedDocument buffer(flow);
-        const std::vector<int> stops = stopsOf(buffer, true);
-        std::vector<int> way = wayOf(buffer, stops.size(), stepRight);
-        std::vector<int> back = wayOf(buffer, stops.size(), stepLeft);
-        EXPECT_EQ(std::vector<int>(way.rbegin(), way.rend()), back);
-        std::sort(way.begin(), way.end());
-        EXPECT_EQ(way, stops);
-    }
 }
 
 TEST(CaretMoves, HomeAndEndPassBlocksWithNothingToShow) {

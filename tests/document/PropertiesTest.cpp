@@ -20,18 +20,6 @@ TEST(Properties, OnlyStartTagsHaveThem) {
     EXPECT_EQ(buffer.heard(), "");
 }
 
-TEST(Properties, TheShiftCoversADeclarationOnTheRoot) {
-    MarkedDocument buffer(L"<B>a|b</B>");
-    const auto shiftIsExact = [&](const wchar_t* tag, const wchar_t* list) {
-        const int length = buffer.text().length();
-        return length + Attributes::merge(buffer, buffer.find(tag), properties(list)) ==
-               buffer.text().length();
-    };
-    EXPECT_TRUE(shiftIsExact(L"<B", L"qf:a=1"));
-    EXPECT_TRUE(shiftIsExact(L"<qfd:document", L"xsl:a=1"));
-    EXPECT_NE(buffer.find(L" xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\" xsl:a=\"1\">"), -1);
-}
-
 TEST(Properties, ADeclarationOnTheElementOrAroundItIsEnough) {
     const auto rootDeclares = [](const wchar_t* block, const wchar_t* inlined) {
         MarkedDocument buffer(std::wstring(block) + inlined + L"|</I></B>");

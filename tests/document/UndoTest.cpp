@@ -2,16 +2,12 @@
 #include "document/FreezeNotifications.h"
 #include "document/history/EditActionGroup.h"
 #include "document/history/Replay.h"
-#include "properties/RandomCommands.h"
 #include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <climits>
-#include <functional>
 #include <memory>
-#include <vector>
 
 namespace {
 
@@ -163,111 +159,6 @@ TEST(FreezeNotifications, NestAndTellOnceInOrder) {
     }
     EXPECT_EQ(buffer.heard() + second.take(), "");
     EXPECT_EQ(buffer->getMonitor(), first) << "the monitor of its beginning";
-}
-
-/// Random groups, roll-backs, undos and redos, against a list of texts with caret and pivot.
-class RandomHistory {
-public:
-    explicit RandomHistory(unsigned seed) : random_(seed) {}
-
-    void run(int commands) {
-        while (commands-- > 0 && !testing::Test::HasFailure()) {
-            doOne();
-            ASSERT_EQ(buffer_.marked(), states_[current_]);
-            ASSERT_EQ(buffer_->canUndo(), current_ > 0);
-            ASSERT_EQ(buffer_->canRedo(), current_ + 1 < states_.size());
-        }
-    }
-
-private:
-    void doOne() {
-        buffer_.heard();
-        switch (random_.below(5)) {
-        case 0:
-        case 1:
-            group(2);
-            states_.resize(++current_);
-            states_.push_back(buffer_.marked());
-            break;
-        case 2:
-            rollBack();
-            break;
-        case 3:
-            buffer_->undo();
-            expectNotices(current_ > 0);
-            current_ -= current_ > 0;
-            break;
-        default:
-            buffer_->redo();
-            expectNotices(current_ + 1 < states_.size());
-            current_ += current_ + 1 < states_.size();
-        }
-    }
-
-    /// At most one of each kind, in their order: text, caret, selection.
-    void expectNotices(bool any) {
-        const std::string heard = buffer_.heard();
-        ASSERT_EQ(heard.empty(), !any);
-        ASSERT_EQ(std::adjacent_find(heard.begin(), heard.end(), std::greater_equal<>()),
-                  heard.end())
-            << heard;
-    }
-
-    /// An offset in the block, or of its closing tag.
-    int anywhere() {
-        const int start = buffer_.find(L"<B>") + 10;
-        const auto length = static_cast<std::size_t>(buffer_.find(L"</B>") - start);
-        return start + static_cast<int>(random_.below(length + 1));
-    }
-
-    /// One recorded insertion or deletion.
-    void edit() {
-        buffer_.document().moveCaret(random_.oneIn(2), anywhere());
-        const int at = anywhere();
-        if (buffer_.find(L"</B>") - at > 3 && random_.oneIn(2))
-            buffer_.deleteRecorded(at, at + static_cast<int>(random_.below(3)));
-        else
-            buffer_.insertRecorded(at, Core::String(L'a', 1 + random_.below(4)));
-    }
-
-    void group(int depth) {
-        const EditActionGroup scope(buffer_);
-        buffer_.document().recordCaret();
-        for (std::size_t i = random_.below(4) + 1; i > 0; --i) {
-            if (random_.oneIn(6))
-                rollBack();
-            depth > 0 && random_.oneIn(3) ? group(depth - 1) : edit();
-        }
-        buffer_.document().recordCaret();
-    }
-
-    /// A command that is taken back leaves no trace, and the monitor does not hear of that.
-    void rollBack() {
-        buffer_.document().history.startTrackingPos(500);
-        EditableDocumentBufferState state(buffer_);
-        const EditActionGroup scope(buffer_);
-        edit();
-        const EditActionGroup inner(buffer_);
-        edit();
-        if (random_.oneIn(2))
-            buffer_->endKeyTypingSequence();
-        buffer_.heard();
-        state.restorePreviousState();
-        ASSERT_EQ(buffer_.heard(), "");
-        ASSERT_EQ(buffer_.document().history.retrieveTrackingPos(), 500);
-    }
-
-    Random random_;
-    MarkedDocument buffer_{L"<B>|start</B>"};
-    std::vector<std::wstring> states_{buffer_.marked()};
-    std::size_t current_ = 0;
-};
-
-TEST(Undo, RandomStreamsAgreeWithAListOfStates) {
-    for (unsigned seed = 1; seed <= 20; ++seed) {
-        SCOPED_TRACE(seed);
-        RandomHistory(seed).run(150);
-    }
 }
 
 } // namespace

@@ -232,46 +232,6 @@ TEST(AppliedChanges, PagesForEditingHaveALockedFlow) {
     String::setResourceText(19601, L"You can edit its headers, footers and side regions here.");
 }
 
-TEST(AppliedChanges, MastersAndStaticContentsAreReplacedAsText) {
-    Edited document(text);
-    const String master = document->getSimplePageMaster(L"A & B");
-    EXPECT_EQ(document->getSimplePageMasterPosition(L"A & B"), text.find(master, 0));
-    EXPECT_EQ(document->getRegionBodyNameForPageMaster(L"A & B"), L"xsl-region-body");
-    EXPECT_EQ(document->getRegionBodyNameForPageMaster(L"B"), L"main");
-    for (const wchar_t* unknown : {L"", L"C", L"no"}) {
-        EXPECT_EQ(document->getSimplePageMasterPosition(unknown), -1);
-        EXPECT_EQ(document->getSimplePageMaster(unknown), L"");
-        EXPECT_EQ(document->getRegionBodyNameForPageMaster(unknown), L"");
-    }
-    const String other = document->getSimplePageMaster(L"B");
-    for (const String& refused : {other, master + L" ", master + master, String(L"x"), String()})
-        document->replaceSimplePageMaster(L"A & B", refused);
-    document->replaceStaticContentsFromPageSeq(0, L"<fo:static-content/>");
-    document->replaceStaticContentsFromPageSeq(1, L"<fo:static-content>");
-    document->replaceStaticContentsFromPageSeq(1, L"<x:static-content/>");
-    EXPECT_EQ(document.all(), text);
-    EXPECT_FALSE(document->canUndo());
-    document->replaceSimplePageMaster(L"B", L"<fo:simple-page-master master-name='B'/>");
-    EXPECT_EQ(document->getRegionBodyNameForPageMaster(L"B"), L"");
-
-    const EditorState before = stateOf(document.face());
-    document->deleteStaticContentsFromPageSequence(1);
-    EXPECT_GT(document.all().find(L"master-reference='A &amp; B'>\n\t<!-- <fo:static-content "
-                                  L"flow-name=\"foot\">no</fo:static-content> -->\n\t<fo:flow",
-                                  0),
-              0);
-    expectReplays(document.face(), before);
-    Edited lines(L"<fo:root xmlns:fo='f'><fo:page-sequence>\n\n\t<fo:static-content/>"
-                 L"<fo:static-content/>\t<fo:static-content/>\n\n \n\t\t<fo:static-content/>\n"
-                 L"</fo:page-sequence></fo:root>");
-    lines->deleteStaticContentsFromPageSequence(0); // the second takes what the first left
-    EXPECT_GT(lines.all().find(L"<fo:page-sequence>\n\n \n</fo:page-sequence>", 0), 0);
-    Edited options(L"<fo:root xmlns:fo='f' xmlns:qf='q'><fo:page-sequence> <qf:printing-options/> "
-                   L"<fo:static-content/></fo:page-sequence></fo:root>");
-    options->replaceStaticContentsFromPageSeq(0, L"<fo:static-content a='1'/>");
-    EXPECT_GT(options.all().find(L"<qf:printing-options/><fo:static-content a='1'/> </fo:", 0), 0);
-}
-
 TEST(PageMasterEditing, WhatSetsTheCaretKeepsToTheModes) {
     const int flow = text.find(L">a<", 0) + 1;
     for (const Json& request :

@@ -3,7 +3,6 @@
 // text.
 
 #include "document/caret/CaretWalk.h"
-#include "document/Placeholders.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
 #include "support/Documents.h"
@@ -77,14 +76,6 @@ public:
     /// alone.
     bool leavesPlaceholder(int stop) const {
         return text().holdsOnlyPlaceholder(text().elementAround(stop));
-    }
-
-    bool isInVoidElement(int position) const {
-        return Placeholders::isVoid(*this, text().elementAround(position));
-    }
-    bool canGoHomeTo(int position) const {
-        return text().isInFlow(position) && document().isInEditable(position) &&
-               !isInVoidElement(position);
     }
 
 private:
@@ -182,21 +173,6 @@ TEST(CaretWalkProperties, TheWalksFindTheSameStops) {
         const int last = document.previous(document.length() - 1);
         EXPECT_EQ(document.next(last), -1);
         EXPECT_EQ(document.previous(document.next(0)), -1);
-    });
-}
-
-TEST(CaretWalkProperties, HomeAndEndAreTheFirstAndTheLastStopOfTheFlows) {
-    forEachDocument([](const WalkedDocument& document) {
-        const auto firstHome = [&](int stop, auto step) {
-            while (stop >= 0 && !document.canGoHomeTo(stop))
-                stop = (document.*step)(stop);
-            return stop;
-        };
-        Moves::home(document, false);
-        EXPECT_EQ(document.caret(), firstHome(document.next(0), &WalkedDocument::next));
-        Moves::end(document, false);
-        EXPECT_EQ(document.caret(),
-                  firstHome(document.previous(document.length() - 1), &WalkedDocument::previous));
     });
 }
 

@@ -1,4 +1,5 @@
-// Backspace and Delete, by unit and by word, from the stops of documents that people wrote.
+// Backspace and Delete, by unit and by word, and breaks with Backspace behind them, from the stops
+// of documents that people wrote.
 
 #include "properties/EveryStop.h"
 
@@ -30,7 +31,26 @@ bool lacksIgnoredMarkup(const Core::String& before, const Core::String& after) {
     return rest == after;
 }
 
-void tryAt(StopsDocument& document, int stop, bool forward, bool wholeWord) {
+/// What no break may add to or take from the text: all but its markup, white space and
+/// placeholders.
+std::wstring lettersOf(const XmlText& text) {
+    std::wstring letters;
+    for (int at = 0, next = 0; (next = text.next(at)) >= 0; at = next)
+        if (!text.onTagStart(at) && !Core::String::isSpace(text.unitAt(at)) &&
+            text.placeholderLength(at) <= 0)
+            letters += text.view(at, next);
+    return letters;
+}
+
+/// What a command leaves is whole, has a place for the caret and no new element without one.
+void expectWhole(StopsDocument& document, int emptied) {
+    const EditorState after = document.state();
+    EXPECT_EQ(xmlError(after.text), "");
+    EXPECT_TRUE(after.caret == -1 || Stops::canHoldCaret(document, after.caret)) << after.caret;
+    EXPECT_LE(countEmptied(document), emptied);
+}
+
+void tryErasing(StopsDocument& document, int stop, bool forward, bool wholeWord) {
     SCOPED_TRACE(std::string(forward ? "Delete" : "Backspace") + (wholeWord ? " by word" : ""));
     document->setCaretPos(false, stop);
     const EditorState before = document.state();
@@ -39,9 +59,7 @@ void tryAt(StopsDocument& document, int stop, bool forward, bool wholeWord) {
     const EditorState after = document.state();
     if (after.text == before.text)
         return;
-    EXPECT_EQ(xmlError(after.text), "");
-    EXPECT_TRUE(after.caret == -1 || Stops::canHoldCaret(document, after.caret)) << after.caret;
-    EXPECT_LE(countEmptied(document), emptied);
+    expectWhole(document, emptied);
     document->undo();
     if (lacksIgnoredMarkup(before.text, document.text().content())) {
         document->setContent(before.text, true);
@@ -53,6 +71,26 @@ void tryAt(StopsDocument& document, int stop, bool forward, bool wholeWord) {
     document->undo();
 }
 
+/// A break, and Backspace behind it.
+void tryBreaking(StopsDocument& document, int stop, BreakType type) {
+    SCOPED_TRACE(type == BreakType::Hard ? "hard break" : "soft break");
+    document->setCaretPos(false, stop);
+    const EditorState before = document.state();
+    const int emptied = countEmptied(document);
+    const std::wstring letters = lettersOf(document.text());
+    document->insertBreak(type, false);
+    if (document.state().text == before.text)
+        return;
+    expectWhole(document, emptied);
+    EXPECT_TRUE(lettersOf(document.text()) == letters);
+    expectReplays(document.face(), before);
+    document->erase(false, false);
+    expectWhole(document, emptied);
+    EXPECT_TRUE(lettersOf(document.text()) == letters);
+    while (document.state() != before && document->canUndo())
+        document->undo();
+}
+
 class EraseEverywhere : public EveryDocument {};
 
 TEST_P(EraseEverywhere, KeepsTheDocumentWholeAndUndoes) {
@@ -60,7 +98,9 @@ TEST_P(EraseEverywhere, KeepsTheDocumentWholeAndUndoes) {
     document.fromEachStop([&](int stop) {
         for (const bool forward : {false, true})
             for (const bool wholeWord : {false, true})
-                tryAt(document, stop, forward, wholeWord);
+                tryErasing(document, stop, forward, wholeWord);
+        for (const BreakType type : {BreakType::Hard, BreakType::Soft})
+            tryBreaking(document, stop, type);
     });
 }
 

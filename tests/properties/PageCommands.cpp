@@ -39,7 +39,7 @@ struct PageCommand {
 };
 
 const std::vector<PageCommand> commands{
-    {4, "masters", R"([["addSimplePageMaster","$new","$bool"]])", formats},
+    {4, "masters", R"([["addSimplePageMaster","$new","$1 in 2"]])", formats},
     {1, "masters", R"([["addComplexPageMaster","$complex name"]])"},
     {1, "masters", R"([["deleteSimplePageMaster","$master"]])",
      dangles | losesRegions | losesOptions},
@@ -47,14 +47,16 @@ const std::vector<PageCommand> commands{
     {2, "masters", R"([["renameSimplePageMaster","$master","$new"]])",
      dangles | losesRegions | doublesRegions},
     {2, "masters",
-     R"([["renameSimplePageMaster","$here","*"],["renameSimplePageMaster","*","$here"]])",
+     R"([["renameSimplePageMaster","$here","a name that nobody has"],
+        ["renameSimplePageMaster","a name that nobody has","$here"]])",
      isThereAndBack | formats},
     {2, "masters", R"([["setPageDimensions","$master","$length","$length"]])"},
     {2, "masters", R"([["setPageMargins","$master","$length","$length","$length","$length"]])",
      formats},
     {1, "masters", R"([["setContentOrientationForMaster","$master","90"]])"},
-    {4, "masters", R"([["setVisibleRegion","$master","$region","$type","$bool"]])", losesRegions},
-    {1, "masters", R"([["setVisibleRegion","$master","","$type",false]])", keepsBytes},
+    {4, "masters", R"([["setVisibleRegion","$master","$region","$below 5","$1 in 2"]])",
+     losesRegions},
+    {1, "masters", R"([["setVisibleRegion","$master","","$below 5",false]])", keepsBytes},
     {4, "masters", R"([["setExtentForRegion","$master","$region","$length"]])", formats,
      "getExtentForRegion"},
     {2, "masters",
@@ -68,7 +70,8 @@ const std::vector<PageCommand> commands{
     {1, "masters", R"([["setContentOrientationForRegion","$master","$region","2"]])", 0,
      "getContentOrientationForRegion"},
     {1, "masters", R"([["setColumnCountForBodyRegion","$master","2"]])", formats},
-    {1, "masters", R"([["editRegionLayout","$master","$data","$type","$region"]])", losesRegions},
+    {1, "masters", R"([["editRegionLayout","$master","$data","$below 5","$region"]])",
+     losesRegions},
     {3, "masters", R"([["editSimplePageMasterLayout","$here","$layout"]])", keepsBytes | formats},
     {2, "masters", R"([["editComplexPageMaster","$complex"]])", dangles},
     {1, "masters", R"([["addSingleReferenceToComplexMaster","$master","$master"],
@@ -121,26 +124,24 @@ const std::vector<PageCommand> commands{
 /// Whom what is filled in has to make sense to.
 enum class Reader { Parser, Formatter };
 
-class Filler {
+/// What is filled in by chance alone.
+const Json choices = Json::parse(R"json({
+"$name": ["A", "B & C", "<x>", "{0}", "it's", "\"said\"", "new", "left", ""],
+"$length": ["1in", "50%", "auto", "", "7.5mm"],
+"$text": ["a & b", "<", "\"", "it's {0}", "#abc", "\u00E9"],
+"$xpath": ["/a[b>3]/c", "d", ".", "/x[@y=\"]\"]"]
+})json");
+
+class PageFiller : public Filler {
 public:
-    Filler(Random& random, EditableDocumentBuffer& document, Reader reader)
-        : random_(random), document_(document), reader_(reader) {
+    PageFiller(Random& random, EditableDocumentBuffer& document, Reader reader)
+        : Filler(random, choices), document_(document), reader_(reader) {
         const PageFacts facts(document.getContent());
         masters_ = facts.masters;
         sequences_ = static_cast<int>(facts.sequences.size());
         if (document.getLayoutMasterSetPosition() >= 0)
             buffer_.emplace(&document);
         master_ = anyMaster();
-    }
-
-    Json fill(const Json& value) {
-        if (value.is_array()) {
-            Json filled = Json::array();
-            for (const Json& each : value)
-                filled.push_back(fill(each));
-            return filled;
-        }
-        return value.is_string() ? filled(value.get<std::string>()) : value;
     }
 
 private:
@@ -154,11 +155,7 @@ private:
         return masters_.empty() || isStrange(12) ? anyName() : random_.oneOf(masters_);
     }
 
-    std::string anyName() {
-        static constexpr std::array names{"A",        "B & C", "<x>",  "{0}", "it's",
-                                          "\"said\"", "new",   "left", ""};
-        return random_.oneOf(names);
-    }
+    std::string anyName() { return Filler::valueOf("$name"); }
 
     std::string anyRegion() {
         const std::vector<String> regions =
@@ -167,40 +164,25 @@ private:
                                                : narrow(random_.oneOf(regions));
     }
 
-    Json filled(const std::string& text) {
-        static constexpr std::array lengths{"1in", "50%", "auto", "", "7.5mm"};
-        static constexpr std::array texts{"a & b", "<", "\"", "it's {0}", "#abc", "\xC3\xA9"};
+    Json valueOf(const std::string& text) override {
         if (reader_ == Reader::Formatter && (text == "$length" || text == "$text"))
             return text == "$length" ? "7.5mm" : "#abc";
-        static constexpr std::array paths{"/a[b>3]/c", "d", ".", "/x[@y=\"]\"]"};
         if (text == "$new")
             return isStrange(3) ? anyName() : "n" + std::to_string(random_.below(1000));
         if (text == "$complex name")
             return "c" + std::to_string(random_.below(1000));
-        if (text == "*")
-            return "a name that nobody has";
         if (text == "$here")
             return master_;
         if (text == "$master")
             return random_.oneIn(3) ? anyMaster() : master_;
         if (text == "$region")
             return region_ = anyRegion();
-        if (text == "$type")
-            return random_.below(5);
-        if (text == "$bool")
-            return random_.oneIn(2);
         if (text == "$sequence")
             return sequence_;
         if (text == "$index")
             return static_cast<int>(random_.below(static_cast<std::size_t>(sequences_) + 2)) - 1;
-        if (text == "$length")
-            return random_.oneOf(lengths);
-        if (text == "$xpath")
-            return random_.oneOf(paths);
-        if (text == "$text")
-            return random_.oneOf(texts);
         if (text == "$url")
-            return "url(" + std::string(random_.oneOf(texts)) + ")";
+            return "url(" + Filler::valueOf("$text").get<std::string>() + ")";
         if (text == "$data master")
             return random_.oneIn(3)
                        ? Json{{"name", master_}, {"references", Json::array({reference(1)})}}
@@ -210,7 +192,7 @@ private:
                     {"references", Json::array({reference(3), reference(1), reference(2)})}};
         if (text == "$data")
             return {{"visible", !random_.oneIn(4)},
-                    {"extent", random_.oneOf(lengths)},
+                    {"extent", Filler::valueOf("$length")},
                     {"columnCount", 2},
                     {"shadowX", "1pt"},
                     {"borderStyleTop", 4}};
@@ -222,7 +204,7 @@ private:
             return layout();
         if (text == "$same" || text == "$practice")
             return practice(text == "$practice");
-        return text;
+        return Filler::valueOf(text);
     }
 
     Json reference(int kind) {
@@ -270,7 +252,6 @@ private:
         return text;
     }
 
-    Random& random_;
     EditableDocumentBuffer& document_;
     Reader reader_;
     std::optional<LayoutMasterSetBuffer> buffer_;
@@ -283,25 +264,15 @@ private:
 
 // The promises
 
-/// Requests that are carried out as one, each on a line, and what they may do.
-std::vector<std::string> linesOf(const std::string& step) {
-    std::vector<std::string> lines;
-    for (std::size_t at = 0; at < step.size();) {
-        const std::size_t end = std::min(step.find('\n', at), step.size());
-        lines.push_back(step.substr(at, end - at));
-        at = end + 1;
-    }
-    return lines;
-}
-
 bool holdsAll(std::vector<std::string> some, std::vector<std::string> all) {
     std::sort(some.begin(), some.end());
     std::sort(all.begin(), all.end());
     return std::includes(all.begin(), all.end(), some.begin(), some.end());
 }
 
+/// Requests that are carried out as one, and what they may do.
 struct Step {
-    std::string requests;
+    std::vector<std::string> requests;
     unsigned may = 0;
     Json question = {}; ///< about a region of the open page masters, and what must be answered
     std::string answer = {};
@@ -315,15 +286,14 @@ public:
         const EditorState before = state();
         const bool wasKeptOut = isKeptOut();
         std::string broken;
-        const std::vector<std::string> lines = linesOf(step.requests);
-        for (const std::string& line : lines)
+        for (const std::string& request : step.requests)
             if (broken.empty())
-                broken = WatchedSession::carryOut(line);
+                broken = WatchedSession::carryOut(request);
         if (broken.empty() && wasKeptOut && document().getPageMasterEditingMode() && !isKeptOut())
             broken = "the caret came into a flow";
-        if (!broken.empty() || lines.size() == 1)
+        if (!broken.empty() || step.requests.size() == 1)
             return broken;
-        if (step.requests.find(".close\"") != std::string::npos)
+        if (step.requests.back().ends_with(".close\"]"))
             return state() == before ? "" : "what was dropped left a trace";
         if (!step.question.empty() && answerTo("masters.isRegionVisible", step.question) == true &&
             answerTo(step.question[0], step.question) != step.answer)
@@ -331,6 +301,12 @@ public:
         return brokenPages(before, step.may);
     }
 
+    std::string brokenHistory() {
+        const std::string broken = WatchedSession::brokenHistory();
+        return broken.empty() ? brokenStaleCommit() : broken;
+    }
+
+private:
     /// A buffer on sequences that were edited meanwhile writes nothing.
     std::string brokenStaleCommit() {
         session().serveLine(R"(["sequences.open"])");
@@ -345,7 +321,6 @@ public:
                    : "a stale buffer is committed";
     }
 
-private:
     Json answerTo(const std::string& name, Json question) {
         question[0] = name;
         return session().serve(question).value("result", Json());
@@ -483,9 +458,9 @@ public:
     Step modeOfEditing() {
         checker_.document().moveCaretToFirstStaticRegion();
         const int caret = checker_.document().getCaretPos();
-        return {checker_.document().isInFoStaticContent(caret, L"")
-                    ? "[\"moveCaretToFirstStaticRegion\"]\n[\"setPageMasterEditingMode\",true]"
-                    : "[\"moveCaretToFirstFoFlow\"]"};
+        if (!checker_.document().isInFoStaticContent(caret, L""))
+            return {{R"(["moveCaretToFirstFoFlow"])"}};
+        return {{R"(["moveCaretToFirstStaticRegion"])", R"(["setPageMasterEditingMode",true])"}};
     }
 
     /// One that a formatter has nothing against.
@@ -508,27 +483,28 @@ public:
                                                  R"(["moveCaretToFirstStaticRegion"])",
                                                  R"(["moveCaretLeft",true,false,false])",
                                                  R"(["moveCaretToFirstFoFlow"])"};
-        return random_.oneIn(3) ? Step{random_.oneOf(others)}
+        return random_.oneIn(3) ? Step{{random_.oneOf(others)}}
                                 : stepOf(random_.oneByWeight(commands), Reader::Parser);
     }
 
 private:
     Step stepOf(const PageCommand& command, Reader reader) {
         const std::string qualifier = command.qualifier;
-        Filler filler(random_, checker_.document(), reader);
+        PageFiller filler(random_, checker_.document(), reader);
         const Json requests = filler.fill(Json::parse(command.requests));
         const bool isDropped = !qualifier.empty() && random_.oneIn(10);
-        std::string step = qualifier.empty() ? "" : "[\"" + qualifier + ".open\"]\n";
+        std::vector<std::string> step;
+        if (!qualifier.empty())
+            step.push_back("[\"" + qualifier + ".open\"]");
         for (Json request : requests) {
             const std::string name = request[0];
             if (!qualifier.empty())
                 request[0] = qualifier + "." + name;
-            step += request.dump() + "\n";
+            step.push_back(request.dump());
         }
-        if (!qualifier.empty())
-            step += "[\"" + qualifier + (isDropped ? ".close\"]\n" : ".commit\"]\n");
-        else
-            step += "[\"getCaretPos\"]\n";
+        step.push_back(qualifier.empty()
+                           ? R"(["getCaretPos"])"
+                           : "[\"" + qualifier + (isDropped ? ".close\"]" : ".commit\"]"));
         const Json last = requests.empty() ? Json() : requests.back();
         if (*command.question && !isDropped)
             return {step,
@@ -542,38 +518,16 @@ private:
     Checker& checker_;
 };
 
-std::string brokenPromise(const std::string& document, const std::vector<Step>& steps) {
-    Checker checker(document);
-    for (const Step& step : steps)
-        if (std::string broken = checker.carryOut(step); !broken.empty())
-            return step.requests + broken;
-    std::string broken = checker.brokenHistory();
-    return broken.empty() ? checker.brokenStaleCommit() : broken;
-}
-
 } // namespace
 
 std::string pageFailureOn(const std::string& document, Random& random, std::size_t count) {
-    std::vector<Step> steps;
-    {
-        Checker checker(document);
-        Steps source(random, checker);
-        std::string broken;
-        if (random.oneIn(4))
-            broken = checker.carryOut(steps.emplace_back(source.modeOfEditing()));
-        while (broken.empty() && steps.size() < count)
-            broken = checker.carryOut(steps.emplace_back(source.next()));
-    }
-    const auto fails = [&](const std::vector<Step>& some) {
-        return !brokenPromise(document, some).empty();
-    };
-    if (!fails(steps))
-        return {};
-    const std::vector<Step> small = shrunk(steps, fails);
-    CommandStream stream{document, {}};
-    for (const Step& step : small)
-        stream.commands.push_back(step.requests);
-    return brokenPromise(document, small) + "\n" + stream.script();
+    bool entersMode = random.oneIn(4);
+    return failureOfSteps(
+        document, count, [](const std::string& path) { return Checker(path); },
+        [&](Checker& checker) {
+            Steps steps(random, checker);
+            return std::exchange(entersMode, false) ? steps.modeOfEditing() : steps.next();
+        });
 }
 
 std::string withPagesEdited(const std::string& document, Random& random, std::size_t count) {

@@ -151,42 +151,32 @@ Json parseTable(const std::string& table) {
     return Json::parse(table, nullptr, true, true);
 }
 
-/// Fills in what the table of commands leaves open.
-class Filler {
-public:
-    Filler(Random& random, const Document& document) : random_(random), document_(document) {}
+int numberIn(const std::string& hole) {
+    return std::stoi(hole.substr(hole.rfind(' ')));
+}
 
-    Json fill(Json request) {
-        for (Json& part : request)
-            if (part.is_string() && part.get_ref<const std::string&>().starts_with('$'))
-                part = valueOf(part.get<std::string>());
-        return request;
-    }
+const Json& choices() {
+    static const Json all = parseTable(writtenOut<char>(choiceTable));
+    return all;
+}
+
+/// Fills in what the table of commands leaves open.
+class CommandFiller : public Filler {
+public:
+    CommandFiller(Random& random, const Document& document)
+        : Filler(random, choices()), document_(document) {}
 
 private:
-    Json valueOf(const std::string& hole) {
-        const auto last = hole.rfind(' ');
-        const auto number = [&] { return std::stoul(hole.substr(last)); };
-        if (hole.starts_with("$1 in "))
-            return random_.oneIn(number());
-        if (hole.starts_with("$below "))
-            return random_.below(number());
+    Json valueOf(const std::string& hole) override {
         if (hole.starts_with("$behind "))
-            return position_ % 100000 + below(number());
+            return position_ % 100000 + below(static_cast<std::size_t>(numberIn(hole)));
         if (hole == "$position")
             return position_ = anyPosition();
         if (hole == "$path around")
             return anyPathAround();
         if (hole == "$component")
             return anyComponent();
-        return oneOf(hole);
-    }
-
-    int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }
-
-    Json oneOf(const std::string& choice) {
-        static const Json choices = parseTable(writtenOut<char>(choiceTable));
-        return random_.oneOf(choices.at(choice));
+        return Filler::valueOf(hole);
     }
 
     /// Mostly near the caret or at the edge of a tag, sometimes anywhere, seldom nowhere.
@@ -195,7 +185,7 @@ private:
         const int anywhere = below(content.view().size() + 1);
         const std::size_t kind = random_.below(16);
         if (kind == 0)
-            return oneOf("$strange position");
+            return Filler::valueOf("$strange position");
         if (kind < 4)
             return anywhere;
         if (kind < 7)
@@ -208,10 +198,8 @@ private:
     /// The path of an element around the caret, down from the page sequence.
     std::string anyPathAround() {
         if (random_.oneIn(8))
-            return oneOf("$path");
-        const auto anyStep = [&] {
-            return std::string("/").append(oneOf("$name").get<std::string>());
-        };
+            return Filler::valueOf("$path");
+        const auto anyStep = [&] { return "/" + Filler::valueOf("$name").get<std::string>(); };
         const std::string outer = "/qfd:document/fo:page-sequence/fo:flow" + anyStep();
         const bool isAround = !document_.getCrtObjectContent(String(outer.c_str())).empty();
         return isAround && random_.oneIn(2) ? outer : outer + anyStep();
@@ -222,7 +210,6 @@ private:
                                            static_cast<unsigned>(anyPosition()));
     }
 
-    Random& random_;
     const Document& document_;
     int position_ = 0; // the last that was filled in
 };
@@ -239,9 +226,27 @@ CommandMix mixOf(std::initializer_list<const char*> groups) {
 
 } // namespace
 
+Json Filler::fill(const Json& request) {
+    if (request.is_string() && request.get_ref<const std::string&>().starts_with('$'))
+        return valueOf(request.get<std::string>());
+    Json filled = request;
+    if (request.is_array())
+        for (Json& part : filled)
+            part = fill(part);
+    return filled;
+}
+
+Json Filler::valueOf(const std::string& hole) {
+    if (hole.starts_with("$1 in "))
+        return random_.oneIn(static_cast<std::size_t>(numberIn(hole)));
+    if (hole.starts_with("$below "))
+        return below(static_cast<std::size_t>(numberIn(hole)));
+    return random_.oneOf(choices_.at(hole));
+}
+
 std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
                           const CommandMix& mix) {
-    return Filler(random, document).fill(random.oneByWeight(mix.kinds).request).dump();
+    return CommandFiller(random, document).fill(random.oneByWeight(mix.kinds).request).dump();
 }
 
 CommandMix everyCommand() {
@@ -346,17 +351,22 @@ void WatchedSession::replayAll(const std::string& command) {
 
 namespace {
 
+struct Step {
+    std::vector<std::string> requests; // one
+};
+
 /// Says which promise each command has broken.
 class Checker : public WatchedSession {
 public:
     Checker(const std::string& path, const CommandMix& mix) : WatchedSession(path), mix_(mix) {}
 
-    std::string carryOut(const std::string& command, bool parse) {
+    std::string carryOut(const Step& step) {
+        const std::string& command = step.requests.front();
         const EditorState before = state();
         std::string broken = WatchedSession::carryOut(command);
         if (broken.empty())
             broken = brokenCaret();
-        if (broken.empty() && parse)
+        if (broken.empty() && document().getContent() != before.text)
             broken = xmlError(document().getContent());
         // Around a section that Backspace removed for good, undo brings back less than there was.
         if (broken.empty() && mix_.broken && !hasLostSection())
@@ -402,58 +412,6 @@ private:
 
 } // namespace
 
-std::string CommandStream::script() const {
-    std::string lines = "forme run " + document + " SCRIPT, with these lines:\n";
-    for (const std::string& command : commands)
-        lines += command + "\n";
-    return lines;
-}
-
-CommandStream randomCommands(const std::string& document, Random& random, std::size_t count,
-                             const CommandMix& mix) {
-    CommandStream stream{document, {}};
-    Checker checker(document, mix);
-    while (stream.commands.size() < count) {
-        stream.commands.push_back(randomCommand(random, checker.document(), mix));
-        if (!checker.carryOut(stream.commands.back(), false).empty())
-            break;
-    }
-    return stream;
-}
-
-std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery,
-                          const CommandMix& mix) {
-    Checker checker(stream.document, mix);
-    std::size_t done = 0;
-    for (const std::string& command : stream.commands) {
-        const bool parse = ++done % parseEvery == 0 || done == stream.commands.size();
-        if (const std::string broken = checker.carryOut(command, parse); !broken.empty())
-            return "command " + std::to_string(done) + " " + command + ": " + broken;
-    }
-    return checker.brokenHistory();
-}
-
-CommandStream shrink(CommandStream stream, const std::function<bool(const CommandStream&)>& fails) {
-    for (std::size_t piece = (stream.commands.size() + 1) / 2; piece > 0;) {
-        bool shrunk = false;
-        for (std::size_t at = 0; at < stream.commands.size();) {
-            CommandStream smaller = stream;
-            const auto from = smaller.commands.begin() + static_cast<std::ptrdiff_t>(at);
-            const std::size_t rest = smaller.commands.size() - at;
-            smaller.commands.erase(from, from + static_cast<std::ptrdiff_t>(std::min(piece, rest)));
-            if (fails(smaller)) {
-                stream = smaller;
-                shrunk = true;
-            } else {
-                at += piece;
-            }
-        }
-        if (piece > 1 || !shrunk)
-            piece /= 2;
-    }
-    return stream;
-}
-
 std::size_t setting(const char* name, std::size_t usual) {
     const char* const value = std::getenv(name);
     return value ? std::strtoul(value, nullptr, 10) : usual;
@@ -461,25 +419,28 @@ std::size_t setting(const char* name, std::size_t usual) {
 
 std::string failureOn(const std::string& document, Random& random, std::size_t count,
                       const CommandMix& mix) {
-    const std::size_t parseEvery = 1 + std::filesystem::file_size(document) / 10000;
-    const CommandStream stream = randomCommands(document, random, count, mix);
-    if (brokenPromise(stream, parseEvery, mix).empty())
-        return {};
-    const CommandStream small = shrink(
-        stream, [&](const CommandStream& some) { return !brokenPromise(some, 1, mix).empty(); });
-    return brokenPromise(small, 1, mix) + "\n" + small.script();
+    return failureOfSteps(
+        document, count, [&](const std::string& path) { return Checker(path, mix); },
+        [&](Checker& checker) { return Step{{randomCommand(random, checker.document(), mix)}}; });
 }
 
-std::string failureOnNew(const std::string& text, const std::string& name,
-                         const std::function<std::string(const std::string&)>& failure) {
-    // Several runs of the tests may go on at once.
-    const std::string path = std::filesystem::temp_directory_path() /
-                             ("forme-" + name + "-" + std::to_string(getpid()) + ".xml");
-    std::ofstream(path) << text;
-    const std::string found = failure(path);
-    if (found.empty())
+std::string failureOnNew(const std::string& name, std::size_t usual, std::size_t perDocument,
+                         const std::function<std::string(Random&)>& make,
+                         const std::function<std::string(const std::string&, Random&)>& failure) {
+    const std::size_t total = setting("FORME_RANDOM_COMMANDS", usual);
+    const auto first = static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1));
+    for (std::uint32_t seed = first; seed < first + total / perDocument; ++seed) {
+        Random random(seed);
+        // Several runs of the tests may go on at once.
+        const std::string path =
+            std::filesystem::temp_directory_path() /
+            ("forme-" + name + std::to_string(seed) + "-" + std::to_string(getpid()) + ".xml");
+        std::ofstream(path) << make(random);
+        if (const std::string found = failure(path, random); !found.empty())
+            return "seed " + std::to_string(seed) + ": " + found;
         std::filesystem::remove(path);
-    return found;
+    }
+    return {};
 }
 
 // The documents

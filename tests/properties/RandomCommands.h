@@ -3,9 +3,11 @@
 #include "Session.h"
 #include "support/EditorState.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -43,6 +45,27 @@ private:
 /// A document that people could have written: blocks, inlines, tables, lists, side regions. One in
 /// `listEvery` of the places where blocks stand holds a list.
 std::string randomDocument(Random& random, std::size_t listEvery = 6);
+
+/// Fills in what requests leave open: a text that begins with "$" stands for another each time.
+class Filler {
+public:
+    /// Of each hole, a list of what is put in by chance.
+    Filler(Random& random, const Json& choices) : random_(random), choices_(choices) {}
+    virtual ~Filler() = default;
+
+    Json fill(const Json& request);
+
+protected:
+    /// "$1 in 8" is true as often as that, "$below 8" a number from 0, any other one of the
+    /// choices.
+    virtual Json valueOf(const std::string& hole);
+    int below(std::size_t limit) { return static_cast<int>(random_.below(limit)); }
+
+    Random& random_;
+
+private:
+    const Json& choices_;
+};
 
 /// A kind of command and how often it comes.
 struct CommandKind {
@@ -97,40 +120,58 @@ private:
     bool lostSection_ = false; // which Backspace removed for good
 };
 
-/// Requests on a document, each a line of the script that `forme run` replays.
-struct CommandStream {
-    std::string document; ///< the path of its file
-    std::vector<std::string> commands;
-
-    std::string script() const;
-};
-
-/// Carries out random commands and keeps them; stops at the first that breaks a promise.
-CommandStream randomCommands(const std::string& document, Random& random, std::size_t count,
-                             const CommandMix& mix);
-
-/// Carries out a stream; answers which promise was broken, by which command, or nothing. The text
-/// is parsed after every n-th command and at the end.
-std::string brokenPromise(const CommandStream& stream, std::size_t parseEvery,
-                          const CommandMix& mix);
-
-/// The stream with all commands taken out that it does not take to fail.
-CommandStream shrink(CommandStream stream, const std::function<bool(const CommandStream&)>& fails);
-
-/// The same for steps that are more than lines of requests.
+/// Steps without all that it does not take to fail.
 template <typename Step, typename Fails>
-std::vector<Step> shrunk(const std::vector<Step>& steps, Fails fails) {
-    CommandStream numbers;
-    for (std::size_t i = 0; i < steps.size(); ++i)
-        numbers.commands.push_back(std::to_string(i));
-    const auto chosen = [&](const CommandStream& stream) {
-        std::vector<Step> some;
-        for (const std::string& number : stream.commands)
-            some.push_back(steps[std::stoul(number)]);
-        return some;
+std::vector<Step> shrunk(std::vector<Step> steps, Fails fails) {
+    for (std::size_t piece = (steps.size() + 1) / 2; piece > 0;) {
+        bool isShrunk = false;
+        for (std::size_t at = 0; at < steps.size();) {
+            std::vector<Step> fewer = steps;
+            const auto from = std::next(fewer.begin(), static_cast<std::ptrdiff_t>(at));
+            const std::size_t count = std::min(piece, steps.size() - at);
+            fewer.erase(from, std::next(from, static_cast<std::ptrdiff_t>(count)));
+            if (fails(fewer)) {
+                steps = fewer;
+                isShrunk = true;
+            } else {
+                at += piece;
+            }
+        }
+        if (piece > 1 || !isShrunk)
+            piece /= 2;
+    }
+    return steps;
+}
+
+/// Has steps, each of some requests, carried out on a document until one breaks a promise that the
+/// checker knows. Answers which it was and the shrunk script that `forme run` replays, or nothing.
+template <typename NewChecker, typename NextStep>
+std::string failureOfSteps(const std::string& document, std::size_t count, NewChecker newChecker,
+                           NextStep nextStep) {
+    auto checker = newChecker(document);
+    std::vector<decltype(nextStep(checker))> steps;
+    std::string broken;
+    while (broken.empty() && steps.size() < count)
+        broken = checker.carryOut(steps.emplace_back(nextStep(checker)));
+    if (broken.empty())
+        broken = checker.brokenHistory();
+    if (broken.empty())
+        return {};
+    const auto brokenBy = [&](const auto& some) {
+        auto another = newChecker(document);
+        std::string found;
+        for (auto step = some.begin(); found.empty() && step != some.end(); ++step)
+            found = another.carryOut(*step);
+        return found.empty() ? another.brokenHistory() : found;
     };
-    return chosen(
-        shrink(numbers, [&](const CommandStream& stream) { return fails(chosen(stream)); }));
+    if (brokenBy(steps).empty())
+        return broken + ", but not when it is repeated";
+    steps = shrunk(steps, [&](const auto& some) { return !brokenBy(some).empty(); });
+    std::string script = "forme run " + document + " SCRIPT, with these lines:\n";
+    for (const auto& step : steps)
+        for (const std::string& request : step.requests)
+            script += request + "\n";
+    return brokenBy(steps) + "\n" + script;
 }
 
 /// A number that the environment may set.
@@ -141,7 +182,8 @@ std::size_t setting(const char* name, std::size_t usual);
 std::string failureOn(const std::string& document, Random& random, std::size_t count,
                       const CommandMix& mix);
 
-/// Has a failure looked for on a document that is made for it, which stays on the disk under that
-/// name after one, for its script to be replayed on it.
-std::string failureOnNew(const std::string& text, const std::string& name,
-                         const std::function<std::string(const std::string& path)>& failure);
+/// Has failures looked for on documents that are made for it, each from a seed of its own, until so
+/// many commands were tried. One that fails stays on the disk, for its script to be replayed on it.
+std::string failureOnNew(const std::string& name, std::size_t usual, std::size_t perDocument,
+                         const std::function<std::string(Random&)>& make,
+                         const std::function<std::string(const std::string&, Random&)>& failure);

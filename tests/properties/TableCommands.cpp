@@ -201,140 +201,124 @@ bool splitsElsewhere(const Situation& at) {
     return true;
 }
 
-} // namespace
-
-const std::vector<TableCommand>& tableCommands() {
-    static const std::vector<TableCommand> commands{
-        // Rows
-        {.weight = 6,
-         .request = R"("insertRow",true)",
-         .rows = added<1>,
-         .isOdd = raisesTooMuchAbove},
-        {.weight = 6,
-         .request = R"("insertRow",false)",
-         .rows = added<1>,
-         .isOdd = raisesTooMuchBelow},
-        {.weight = 2,
-         .request = R"("insertHeaderRow")",
-         .rows = added<1>,
-         .rowsIn = Type::Header,
-         .isOdd = raisesTooMuchAtEnd<Type::Header>},
-        {.weight = 2,
-         .request = R"("insertFooterRow")",
-         .rows = added<1>,
-         .rowsIn = Type::Footer,
-         .isOdd = raisesTooMuchAtEnd<Type::Footer>},
-        {.weight = 6,
-         .request = R"("deleteRows",true)",
-         .can = "canDeleteRow",
-         .rows = deletedRows,
-         .isOdd = crossesTakenRows,
-         .takes = cellsOfTakenRows,
-         .isGiven = selectsInOneGroup},
-        // Columns
-        {.weight = 5,
-         .request = R"("insertColumn",true)",
-         .columns = 1,
-         .isOdd = hasLargeCellInColumn},
-        {.weight = 5,
-         .request = R"("insertColumn",false)",
-         .columns = 1,
-         .isOdd = hasLargeCellInColumn},
-        {.weight = 5,
-         .request = R"("deleteColumn")",
-         .can = "canDeleteColumn",
-         .columns = -1,
-         .isOdd = hasWideCellInColumn,
-         .takes = cellsOfColumn},
-        // Spans
-        {.weight = 6, .request = R"("increaseColSpan")", .can = "canIncreaseColSpan", .touches = 2},
-        {.weight = 6, .request = R"("increaseRowSpan")", .can = "canIncreaseRowSpan", .touches = 2},
-        {.weight = 4, .request = R"("decreaseColSpan")", .can = "canDecreaseColSpan"},
-        {.weight = 4,
-         .request = R"("decreaseRowSpan")",
-         .can = "canDecreaseRowSpan",
-         .isOdd = splitsElsewhere},
-        // Groups of rows
-        {.weight = 3,
-         .request = R"("insertGroupRow",true,"/d/g$","@k",false)",
-         .can = "canInsertGroupAbove",
-         .rows = added<2>},
-        {.weight = 3,
-         .request = R"("insertGroupRow",false,"/d/g$","@k",true)",
-         .can = "canInsertGroupBelow",
-         .rows = added<2>,
-         .copies = 2,
-         .isGiven = [](const Situation& at) { return !isHeading(*rowOf(at)); }},
-        {.weight = 3,
-         .request = R"("convertToGroup","/d/g$","@k",true,"r")",
-         .rows = added<1>,
-         .isOdd = isReached,
-         .isGiven = tearsNoGroup},
-        {.weight = 4,
-         .request = R"("addCurrentRowToGroup","/d")",
-         .can = "canGroupCurrentRow",
-         .isGiven = isBehindNoNamelessHeading},
-        {.weight = 2, .request = R"("ungroupCurrentRow","/d/g","/d")", .isGiven = tearsNoGroup},
-        {.weight = 2, .request = R"("editGroup","/e$","@k",false)"},
-        {.weight = 3,
-         .request = R"("deleteGroup")",
-         .rows = deletedHeading,
-         .isOdd = headingIsReached,
-         .takes = cellsOfHeading},
-        {.weight = 2, .request = R"("convertCurrentRowToRepeatingRow","/r$")"},
-        {.weight = 1, .request = R"("setRepeatingRowPath","/r$")"},
-        {.weight = 1, .request = R"("convertToStaticRow")"},
-        // Widths
-        {.weight = 2, .request = R"("changeTableColWidth","$%")"},
-        {.weight = 1, .request = R"("changeTableColWidth","$")"},
-        {.weight = 1, .request = R"("changeTableColWidth","$%",3.5)"},
-        {.weight = 1, .request = R"("setCrtColumnWidth","$%")"},
-        {.weight = 1, .request = R"("removeCrtColumnWidth")"},
-        {.weight = 1, .request = R"("setWidthAtColNo",$,"$",true)"},
-        {.weight = 1, .request = R"("updateColumnWidths")"},
-        // Borders
-        {.weight = 7, .request = R"("setBorderToSelectedCells",~)"},
-        {.weight = 7, .request = R"("removeBorderFromSelectedCells",~)"},
-        // Heights of rows and formats
-        {.weight = 2,
-         .request = R"("setCrtRowHeight","3cm")",
-         .isGiven = standsInRow,
-         .question = R"("getCrtRowHeight")",
-         .answer = "3cm"},
-        {.weight = 1, .request = R"("removeCrtRowHeight")", .question = R"("getCrtRowHeight")"},
-        {.weight = 1, .request = R"("setOverFlowHidden",0,"hidden",1)"},
-        {.weight = 2,
-         .request = R"("setPropertyToSelectedElements",[["fo:color","red"]],true,0)",
-         .question = R"("getPropertyFromSelectedElements","fo:color",0)",
-         .answer = "red"},
-        {.weight = 1,
-         .request = R"("setPropertyToSelectedElements",[["fo:color","navy"]],true,1)",
-         .question = R"("getPropertyFromSelectedElements","color",1)",
-         .answer = "navy"},
-        {.weight = 1,
-         .request = R"("setPropertyToSelectedElements",[["fo:text-align","end"]],true,2)"},
-        {.weight = 1,
-         .request = R"("setPropertyToSelectedElements",[["text-align","end"]],true,3)",
-         .question = R"("getPropertyFromSelectedElements","fo:text-align",3)",
-         .answer = "end"},
-        {.weight = 1,
-         .request = R"("removePropertyFromSelectedElements",["fo:color"],true,0)",
-         .question = R"("getPropertyFromSelectedElements","fo:color",0)"},
-        {.weight = 1,
-         .request = R"("removePropertyFromSelectedElements",["height"],true,1)",
-         .question = R"("getPropertyFromSelectedElements","height",1)"},
-        {.weight = 2,
-         .request =
-             R"("applyFormat","<r xmlns:fo='x'><fo:page-sequence><fo:flow><fo:block><fo:table color='teal' id='t'><fo:table-body><fo:table-row height='1in'><fo:table-cell/><fo:table-cell color='teal'/><fo:table-cell border='thin' id='c'/></fo:table-row></fo:table-body></fo:table></fo:block></fo:flow></fo:page-sequence></r>")",
-         .question = R"("getPropertyFromSelectedElements","color",3)",
-         .answer = "teal"},
-    };
-    return commands;
-}
+/// All of them; a new command is a row.
+const std::vector<TableCommand> commands{
+    // Rows
+    {.weight = 6, .request = R"("insertRow",true)", .rows = added<1>, .isOdd = raisesTooMuchAbove},
+    {.weight = 6, .request = R"("insertRow",false)", .rows = added<1>, .isOdd = raisesTooMuchBelow},
+    {.weight = 2,
+     .request = R"("insertHeaderRow")",
+     .rows = added<1>,
+     .rowsIn = Type::Header,
+     .isOdd = raisesTooMuchAtEnd<Type::Header>},
+    {.weight = 2,
+     .request = R"("insertFooterRow")",
+     .rows = added<1>,
+     .rowsIn = Type::Footer,
+     .isOdd = raisesTooMuchAtEnd<Type::Footer>},
+    {.weight = 6,
+     .request = R"("deleteRows",true)",
+     .can = "canDeleteRow",
+     .rows = deletedRows,
+     .isOdd = crossesTakenRows,
+     .takes = cellsOfTakenRows,
+     .isGiven = selectsInOneGroup},
+    // Columns
+    {.weight = 5, .request = R"("insertColumn",true)", .columns = 1, .isOdd = hasLargeCellInColumn},
+    {.weight = 5,
+     .request = R"("insertColumn",false)",
+     .columns = 1,
+     .isOdd = hasLargeCellInColumn},
+    {.weight = 5,
+     .request = R"("deleteColumn")",
+     .can = "canDeleteColumn",
+     .columns = -1,
+     .isOdd = hasWideCellInColumn,
+     .takes = cellsOfColumn},
+    // Spans
+    {.weight = 6, .request = R"("increaseColSpan")", .can = "canIncreaseColSpan", .touches = 2},
+    {.weight = 6, .request = R"("increaseRowSpan")", .can = "canIncreaseRowSpan", .touches = 2},
+    {.weight = 4, .request = R"("decreaseColSpan")", .can = "canDecreaseColSpan"},
+    {.weight = 4,
+     .request = R"("decreaseRowSpan")",
+     .can = "canDecreaseRowSpan",
+     .isOdd = splitsElsewhere},
+    // Groups of rows
+    {.weight = 3,
+     .request = R"("insertGroupRow",true,"/d/g$","@k",false)",
+     .can = "canInsertGroupAbove",
+     .rows = added<2>},
+    {.weight = 3,
+     .request = R"("insertGroupRow",false,"/d/g$","@k",true)",
+     .can = "canInsertGroupBelow",
+     .rows = added<2>,
+     .copies = 2,
+     .isGiven = [](const Situation& at) { return !isHeading(*rowOf(at)); }},
+    {.weight = 3,
+     .request = R"("convertToGroup","/d/g$","@k",true,"r")",
+     .rows = added<1>,
+     .isOdd = isReached,
+     .isGiven = tearsNoGroup},
+    {.weight = 4,
+     .request = R"("addCurrentRowToGroup","/d")",
+     .can = "canGroupCurrentRow",
+     .isGiven = isBehindNoNamelessHeading},
+    {.weight = 2, .request = R"("ungroupCurrentRow","/d/g","/d")", .isGiven = tearsNoGroup},
+    {.weight = 2, .request = R"("editGroup","/e$","@k",false)"},
+    {.weight = 3,
+     .request = R"("deleteGroup")",
+     .rows = deletedHeading,
+     .isOdd = headingIsReached,
+     .takes = cellsOfHeading},
+    {.weight = 2, .request = R"("convertCurrentRowToRepeatingRow","/r$")"},
+    {.weight = 1, .request = R"("setRepeatingRowPath","/r$")"},
+    {.weight = 1, .request = R"("convertToStaticRow")"},
+    // Widths
+    {.weight = 2, .request = R"("changeTableColWidth","$%")"},
+    {.weight = 1, .request = R"("changeTableColWidth","$")"},
+    {.weight = 1, .request = R"("changeTableColWidth","$%",3.5)"},
+    {.weight = 1, .request = R"("setCrtColumnWidth","$%")"},
+    {.weight = 1, .request = R"("removeCrtColumnWidth")"},
+    {.weight = 1, .request = R"("setWidthAtColNo",$,"$",true)"},
+    {.weight = 1, .request = R"("updateColumnWidths")"},
+    // Borders
+    {.weight = 7, .request = R"("setBorderToSelectedCells",~)"},
+    {.weight = 7, .request = R"("removeBorderFromSelectedCells",~)"},
+    // Heights of rows and formats
+    {.weight = 2,
+     .request = R"("setCrtRowHeight","3cm")",
+     .isGiven = standsInRow,
+     .question = R"("getCrtRowHeight")",
+     .answer = "3cm"},
+    {.weight = 1, .request = R"("removeCrtRowHeight")", .question = R"("getCrtRowHeight")"},
+    {.weight = 1, .request = R"("setOverFlowHidden",0,"hidden",1)"},
+    {.weight = 2,
+     .request = R"("setPropertyToSelectedElements",[["fo:color","red"]],true,0)",
+     .question = R"("getPropertyFromSelectedElements","fo:color",0)",
+     .answer = "red"},
+    {.weight = 1,
+     .request = R"("setPropertyToSelectedElements",[["fo:color","navy"]],true,1)",
+     .question = R"("getPropertyFromSelectedElements","color",1)",
+     .answer = "navy"},
+    {.weight = 1, .request = R"("setPropertyToSelectedElements",[["fo:text-align","end"]],true,2)"},
+    {.weight = 1,
+     .request = R"("setPropertyToSelectedElements",[["text-align","end"]],true,3)",
+     .question = R"("getPropertyFromSelectedElements","fo:text-align",3)",
+     .answer = "end"},
+    {.weight = 1,
+     .request = R"("removePropertyFromSelectedElements",["fo:color"],true,0)",
+     .question = R"("getPropertyFromSelectedElements","fo:color",0)"},
+    {.weight = 1,
+     .request = R"("removePropertyFromSelectedElements",["height"],true,1)",
+     .question = R"("getPropertyFromSelectedElements","height",1)"},
+    {.weight = 2,
+     .request =
+         R"("applyFormat","<r xmlns:fo='x'><fo:page-sequence><fo:flow><fo:block><fo:table color='teal' id='t'><fo:table-body><fo:table-row height='1in'><fo:table-cell/><fo:table-cell color='teal'/><fo:table-cell border='thin' id='c'/></fo:table-row></fo:table-body></fo:table></fo:block></fo:flow></fo:page-sequence></r>")",
+     .question = R"("getPropertyFromSelectedElements","color",3)",
+     .answer = "teal"},
+};
 
 // The promises
-
-namespace {
 
 std::multiset<std::wstring> contentsOf(const Cells& cells) {
     std::multiset<std::wstring> contents;
@@ -635,7 +619,11 @@ private:
             const int within = now.text.find(L'>', static_cast<unsigned>(place)) + 1;
             Type group{};
             const int row = document().getTableRowNumberFrom(within, table, group);
+            const Cells own = at.rows().ownCells(cell.row);
+            const auto index = std::find(own.begin(), own.end(), &cell) - own.begin();
             if (place < 0 || row != cell.row || group != at.group ||
+                document().getTableRowGroupTypeFrom(within, table) != group ||
+                document().getCellNumberOnRow(within, table) != index ||
                 of.getTableColumnNumberFrom(within, row, group) != cell.column)
                 return "the cell at " + std::to_string(cell.row) + ", " +
                        std::to_string(cell.column) + " is found at " + std::to_string(place);
@@ -756,18 +744,17 @@ private:
     }
 
     Step tableCommand() {
-        const TableCommand& command = random_.oneByWeight(tableCommands());
+        const TableCommand& command = random_.oneByWeight(commands);
         return checker_.isGiven(command) ? stepOf(command) : next();
     }
 
     /// As a host does that asks first.
     Step offeredCommand() {
-        const auto& all = tableCommands();
-        const std::size_t first = random_.below(all.size());
+        const std::size_t first = random_.below(commands.size());
         checker_.carryOut({{R"(["table.open",-1])"}});
         checker_.carryOut({{R"(["table.updateTableBuffer"])"}});
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            const TableCommand& command = all[(first + i) % all.size()];
+        for (std::size_t i = 0; i < commands.size(); ++i) {
+            const TableCommand& command = commands[(first + i) % commands.size()];
             if (checker_.isOffered(command) && checker_.isGiven(command))
                 return stepOf(command);
         }
@@ -789,35 +776,10 @@ private:
     Checker& checker_;
 };
 
-std::string brokenPromise(const std::string& document, const std::vector<Step>& steps) {
-    Checker checker(document);
-    for (const Step& step : steps)
-        if (std::string broken = checker.carryOut(step); !broken.empty())
-            return step.requests[step.requests.size() > 2 ? 2 : 0] + ": " + broken;
-    return checker.brokenHistory();
-}
-
 } // namespace
 
 std::string tableFailureOn(const std::string& document, Random& random, std::size_t count) {
-    std::vector<Step> steps;
-    Checker checker(document);
-    Steps source(random, checker);
-    std::string broken;
-    while (broken.empty() && steps.size() < count)
-        broken = checker.carryOut(steps.emplace_back(source.next()));
-    if (broken.empty())
-        broken = checker.brokenHistory();
-    if (broken.empty())
-        return {};
-    const auto fails = [&](const std::vector<Step>& some) {
-        return !brokenPromise(document, some).empty();
-    };
-    if (!fails(steps))
-        return broken + ", but not when it is repeated";
-    const std::vector<Step> small = shrunk(steps, fails);
-    CommandStream stream{document, {}};
-    for (const Step& step : small)
-        stream.commands.insert(stream.commands.end(), step.requests.begin(), step.requests.end());
-    return brokenPromise(document, small) + "\n" + stream.script();
+    return failureOfSteps(
+        document, count, [](const std::string& path) { return Checker(path); },
+        [&](Checker& checker) { return Steps(random, checker).next(); });
 }

@@ -53,9 +53,6 @@ struct TableCommand {
     const char* answer = "";
 };
 
-/// All of them; a new command is a row.
-const std::vector<TableCommand>& tableCommands();
-
 /// Tries random commands on the tables of a document, each committed, with typing, Tab, undo and
 /// redo between them. Answers which promise was broken and the shrunk script, or nothing.
 std::string tableFailureOn(const std::string& document, Random& random, std::size_t count);

@@ -10,9 +10,6 @@
 
 namespace {
 
-using T = EditableTableBuffer;
-using Type = TableRowGroupType;
-
 /// The table that is all of a document's flow, with the marks.
 std::wstring shown(const MarkedDocument& buffer) {
     return gridOf(writtenOut(buffer.marked()));
@@ -30,35 +27,6 @@ TEST(EditableTableBuffer, SelectsItsCellsAgainAfterACommit) {
     buffer->insertText(L"x", false, false);
     EXPECT_THROW(table->commitChangesToEditableBuffer(), Core::Exception);
     EXPECT_EQ(MarkedDocument(L"<B>a|</B>")->getEditableTableBuffer(-1), nullptr);
-}
-
-TEST(TableSelection, TellsWhereAPositionIs) {
-    const std::wstring inner = markupOf(L"head (x) body (y, z)");
-    std::wstring markup = markupOf(L"head {a, b} body ([c]2x2, d) / (|e) / (f, g, h)");
-    markup.insert(markup.find(L"<fo:block>|e"), inner);
-    MarkedDocument buffer(markup);
-    const int table = buffer.find(L"<fo:table>");
-    const auto of = buffer->getEditableTableBuffer(-1);
-    for (const auto& [word, group, row, index, column] :
-         {std::tuple(L"b<", Type::Header, 0, 1, 1), std::tuple(L"d<", Type::Body, 0, 1, 2),
-          std::tuple(L"z<", Type::Body, 1, 0, 2), std::tuple(L"h<", Type::Body, 2, 2, 2)}) {
-        const int at = buffer.find(word);
-        Type found{};
-        EXPECT_EQ(buffer->getTableRowNumberFrom(at, table, found), row) << word;
-        EXPECT_EQ(found, group);
-        EXPECT_EQ(buffer->getCellNumberOnRow(at, table), index);
-        EXPECT_EQ(of->getTableColumnNumberFrom(at, row, group), column);
-        const int cell = buffer->getCellPositionInTable(table, row, column, group, 3, 3, of.get());
-        EXPECT_TRUE(group == Type::Header ||
-                    buffer->getTableRowGroupTypeFrom(cell + 20, table) == group);
-    }
-    EXPECT_EQ(buffer->getCellPositionInTable(table, 0, 1, Type::Body, 3, 3, of.get()), -1);
-    EXPECT_FALSE(buffer->hasSelectedTable());
-    buffer->selectTable(L"");
-    EXPECT_TRUE(buffer->hasSelectedTable() && !buffer->caretIsInsideTable());
-    EXPECT_EQ(buffer->getEditableTableBuffer(-1)->getDocumentBufferStart(), table);
-    buffer->setContent(L"<B>x</B>", true);
-    EXPECT_TRUE(buffer->tableBufferCacheNull());
 }
 
 } // namespace

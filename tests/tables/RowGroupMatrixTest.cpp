@@ -69,27 +69,4 @@ TEST(RowGroupMatrix, AgreesWithATableReadTheSimplestWay) {
     }
 }
 
-TEST(TableTree, KnowsRowsAndCells) {
-    for (const wchar_t* grid :
-         {L"head {a, b} foot (c) / (d, [e f]2x1) body *(g, _) / (h)", L"(a) body (b) / ()"})
-        EXPECT_EQ(gridOf(*treeOf(grid)->getRootNode()), grid);
-    const auto tree = treeOf(L"head {a, b} foot (c) body {d} body ([e]3x1, f) / (g)");
-    const Element& table = *tree->getRootNode();
-    const auto rows = [&](TableRowGroupType type) { return TableTree::rowsOf(table, type); };
-    EXPECT_EQ(rows(TableRowGroupType::Header),
-              TableTree::groupsOf(table, TableRowGroupType::Header))
-        << "cells stand in it directly";
-    EXPECT_EQ(rows(TableRowGroupType::Body).size(), 2u) << "not those that hold cells directly";
-    EXPECT_TRUE(rows(TableRowGroupType::None).empty());
-    EXPECT_EQ(TableTree::countTableColumns(table), 4);
-    const Element& row = *rows(TableRowGroupType::Body).front();
-    const TableTree::Elements cells = TableTree::cellsOf(row);
-    for (const auto& [column, cell] : {std::pair(0, cells[0]), std::pair(3, cells[1])})
-        EXPECT_EQ(TableTree::cellBeginningAt(row, column), cell);
-    for (const int column : {-1, 1, 4})
-        EXPECT_EQ(TableTree::cellBeginningAt(row, column), nullptr) << column;
-    EXPECT_EQ(TableTree::indexOf(*cells[1], row), 1);
-    EXPECT_EQ(TableTree::indexOf(*cells[1], *rows(TableRowGroupType::Body).back()), -1);
-}
-
 } // namespace

@@ -29,21 +29,6 @@ TEST(TableParts, OneGroupIsLookedAtAgainOrLosesItsColumn) {
     EXPECT_EQ(columns.front()->get_next_sibling(), columns.back());
 }
 
-TEST(TableParts, NamespacesAreThoseThatTheTableDoesNotDeclareItself) {
-    for (const auto& [own, missing] : {std::pair(L"", L" xmlns:fo=\"f\" xmlns:p=\"inner\""),
-                                       std::pair(L" xmlns:P=\"q\" xmlns:fo='g'", L"")}) {
-        MarkedDocument buffer;
-        buffer->setContent(
-            Core::String(
-                std::wstring(L"<r xmlns:fo=\"f\" xmlns:p=\"outer\"><fo:flow xmlns:p=\"inner\">"
-                             L"<fo:table") +
-                own + L"><fo:block>a</fo:block></fo:table></fo:flow></r>"),
-            true);
-        const auto table = buffer->getEditableTableBuffer(buffer.find(L"a<"));
-        EXPECT_EQ(table->getNamespaces(), missing);
-    }
-}
-
 /// At a place without a table it is the one that is selected.
 TEST(TableParts, ASelectedTableIsOpenedFromAnywhereOutside) {
     MarkedDocument buffer(L"<B>x</B>" + markupOf(L"(|a)"));

@@ -2,16 +2,12 @@
 
 #include "foundation/Messages.h"
 #include "foundation/xml/ParseException.h"
-#include "support/Documents.h"
 #include "support/EditorState.h"
 #include "support/MarkedDocument.h"
-#include "support/WellFormed.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-using Xml::Element;
 
 const CommitCaret stays{{-1, -1}, nullptr};
 
@@ -80,59 +76,6 @@ TEST(Fragment, PutsTheCaretWhereItIsToldAndRecordsThat) {
     EXPECT_EQ(buffer.marked().substr(0, 9), L"<B>|home<") << "no pivot was placed";
 }
 
-TEST(Fragment, WritesNoDeclarationThatTheTextHadNot) {
-    const std::wstring fo = L" xmlns:fo=\"http://www.w3.org/1999/XSL/Format\"";
-    for (const auto& [around, own, after] :
-         {std::tuple(L"", std::wstring(), std::wstring()), std::tuple(L"", fo, std::wstring()),
-          std::tuple(L"", L" xmlns:p=\"urn:p\"" + fo + L" k=\"2\"",
-                     std::wstring(L" xmlns:p=\"urn:p\" k=\"2\"")),
-          std::tuple(L" xmlns:p=\"urn:p\"", std::wstring(L" p:k=\"2\""),
-                     std::wstring(L" p:k=\"2\"")),
-          std::tuple(L" xmlns:fo=\"urn:other\"", fo, fo)}) {
-        const std::wstring text = L"a xmlns:fo=\"http://www.w3.org/1999/XSL/Format\" b";
-        const std::wstring front = std::wstring(L"<B") + around + L">";
-        MarkedDocument buffer(front + table(own, text) + L"</B>");
-        Fragment fragment = tableOf(buffer);
-        fragment.root()->set_attribute("a", "1");
-        fragment.commit(stays);
-        EXPECT_EQ(buffer.marked().substr(0, front.size() + after.size() + 9),
-                  front + L"<T" + after + L" a=\"1\">");
-        EXPECT_NE(buffer.flow().find(text), std::wstring::npos);
-    }
-}
-
-TEST(Fragment, DeclaresTheTemplatePrefixWhereNothingElseDoes) {
-    for (const auto& [root, table, after] :
-         {std::tuple(L"", L"", L" xmlns:qfd=\"urn:forme:qfd/1.0\""),
-          std::tuple(L" xmlns:qfd=\"u\"", L"", L""),
-          std::tuple(L"", L" xmlns:qfd=\"u\"", L" xmlns:qfd=\"u\"")}) {
-        const auto text = [front = std::wstring(root)](const std::wstring& declaration,
-                                                       const std::wstring& child) {
-            return L"<r" + front + L"><fo:table" + declaration + L">\n" + child +
-                   L"</fo:table></r>";
-        };
-        MarkedDocument buffer;
-        buffer->setContent(Core::String(text(table, L"<a/>")), true);
-        Fragment fragment = tableOf(buffer);
-        fragment.root()->get_children("a").front()->set_namespace("qfd");
-        fragment.commit(stays);
-        EXPECT_EQ(buffer.content(), text(after, L"<qfd:a/>"));
-    }
-}
-
-TEST(Fragment, LeavesReferencesToTheDocumentsEntities) {
-    const std::wstring front =
-        L"<?xml version=\"1.0\"?><!-- <!DOCTYPE a> --><!DOCTYPE r [\n<!ENTITY "
-        L"x \"<b>]></b>\"><!-- '> -->\n]>\n<?p <?>";
-    const std::wstring behind = L">\n&x;<c d=\"\x00E9\"/>]]&gt;</fo:table></r>\n";
-    MarkedDocument buffer;
-    buffer->setContent(Core::String(front + L"<r><fo:table" + behind), true);
-    Fragment fragment = tableOf(buffer);
-    fragment.root()->set_attribute("a", "1");
-    fragment.commit(stays);
-    EXPECT_EQ(buffer.content(), front + L"<r><fo:table a=\"1\"" + behind);
-}
-
 TEST(Fragment, OverwritesNothingThatItHasNotRead) {
     MarkedDocument buffer(L"<B>x</B>" + table(L"", L"a|b"));
     Fragment fragment = tableOf(buffer);
@@ -182,39 +125,5 @@ TEST(Fragment, ToldOfNoElementStaysAsItWas) {
     EXPECT_EQ(fragment.root()->get_name(), L"table");
     EXPECT_THROW(Fragment(&buffer.document()).root(), Core::NullPointerException);
 }
-
-class TablesOf : public testing::TestWithParam<std::filesystem::path> {};
-
-/// Whatever people wrote: a change and its opposite leave a table that is read as it was, and all
-/// around it as it was to the last unit; undo leaves everything so.
-TEST_P(TablesOf, ComeBackFromATree) {
-    MarkedDocument buffer;
-    buffer->setContent(textOf(GetParam()), true);
-    const Core::String old = buffer->getContent();
-    for (int at = buffer.find(L"<fo:table "); at >= 0; at = buffer.find(L"<fo:table ", at + 1)) {
-        Fragment fragment(&buffer.document());
-        fragment.read(at);
-        const Core::String tree = fragment.tree()->writeToString();
-        const int behind = old.length() - fragment.end();
-        fragment.root()->set_attribute("a-new-one", "1");
-        fragment.commit(stays);
-        ASSERT_EQ(xmlError(buffer->getContent()), "") << at;
-        fragment.root()->remove_attribute("a-new-one");
-        fragment.commit(stays);
-        const Core::String text = buffer->getContent();
-        EXPECT_EQ(text.view().substr(0, at), old.view().substr(0, at));
-        EXPECT_EQ(text.view().substr(text.length() - behind),
-                  old.view().substr(old.length() - behind));
-        Fragment again(&buffer.document());
-        again.read(at);
-        EXPECT_EQ(again.tree()->writeToString(), tree) << at;
-        buffer->undo();
-        buffer->undo();
-        ASSERT_TRUE(buffer->getContent() == old && !buffer->canUndo()) << at;
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Documents, TablesOf, testing::ValuesIn(corpusAndSamples()),
-                         nameOfDocument);
 
 } // namespace
