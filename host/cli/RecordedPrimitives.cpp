@@ -38,7 +38,8 @@ void RecordedPrimitives::insertXmlTextAtPosition(EditableDocumentBuffer& documen
                                                  const String& xml) {
     if (XmlCharacters::countForbidden(xml.view()) > 0)
         throw std::invalid_argument("the text holds a character that XML cannot hold");
-    if (position < 0 || position > document.getContent().length() || xml.empty())
+    if (position < 0 || position > document.getContent().length() || xml.empty() ||
+        document.isProtectedFromEditing())
         return;
     asOneStep(document, [&] {
         document.insertXmlTextAtPosition(position, xml);
@@ -48,7 +49,8 @@ void RecordedPrimitives::insertXmlTextAtPosition(EditableDocumentBuffer& documen
 }
 
 String RecordedPrimitives::deleteXmlText(EditableDocumentBuffer& document, int start, int end) {
-    if (start < 0 || end < start || end >= document.getContent().length())
+    if (start < 0 || end < start || end >= document.getContent().length() ||
+        document.isProtectedFromEditing())
         return {};
     return asOneStep(document, [&] {
         String removed = document.deleteXmlText(start, end);
@@ -59,7 +61,8 @@ String RecordedPrimitives::deleteXmlText(EditableDocumentBuffer& document, int s
 
 String RecordedPrimitives::deleteContentAndAdjustCaret(EditableDocumentBuffer& document, int start,
                                                        int end) {
-    if (start < 0 || end <= start || end >= document.getContent().length())
+    if (start < 0 || end <= start || end >= document.getContent().length() ||
+        document.isProtectedFromEditing())
         return document.deleteContentAndAdjustCaret(start, end); // which may only move the caret
     return asOneStep(document, [&] {
         String removed = document.deleteContentAndAdjustCaret(start, end);

@@ -4,6 +4,7 @@
 #include "document/Document.h"
 #include "document/Protection.h"
 #include "foundation/Exception.h"
+#include "foundation/xml/QualifiedName.h"
 
 using Core::String;
 
@@ -21,8 +22,8 @@ bool ProtectionSettings::refuseEditing() const {
 }
 
 void ProtectionSettings::setRefuseEditing(bool refuse) {
-    if (refuse == refuseEditing())
-        return;
+    if (refuse && refuseEditing())
+        return; // as it is spelt
     PropertyCollection settings = settings_;
     settings.removePropertyByName(Protection::editing);
     if (refuse)
@@ -33,10 +34,15 @@ void ProtectionSettings::setRefuseEditing(bool refuse) {
 void ProtectionSettings::replace(const PropertyCollection& settings) {
     if (source_.empty())
         return;
-    settings_ = {};
-    for (const EditableProperty& property : settings.getPropertyList())
-        if (Protection::isSetting(property.getName()))
-            settings_.addProperty(property, true);
+    PropertyCollection taken;
+    for (const EditableProperty& property : settings.getPropertyList()) {
+        if (!Protection::isSetting(property.getName()))
+            continue;
+        Xml::QualifiedName::checked(property.getName(), String());
+        Xml::requireXmlText(property.getValue());
+        taken.addProperty(property, true);
+    }
+    settings_ = taken;
 }
 
 String ProtectionSettings::startTag() const {

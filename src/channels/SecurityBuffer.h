@@ -27,12 +27,14 @@ public:
     SecurityBuffer& operator=(const SecurityBuffer&) = delete;
 
     bool isProtectedFromEditing() const;
-    /// With false the attribute goes, and nothing else.
+    /// With false the attribute goes, whatever it says, with the white space before it and nothing
+    /// else.
     void setProtectedFromEditing(bool isProtected);
 
     /// All settings in their order, with values as they stand in the text.
     PropertyCollection getSettings() const;
-    /// Takes these in the place of all. What has another name than a setting's is left out.
+    /// Takes these in the place of all. What has another name than a setting's is left out. Throws
+    /// Core::Exception, and takes none, where XML has no way to write a name or a value.
     void setSettings(const PropertyCollection& settings);
 
     /// Writes the settings back, as one undo step, into a protected document, too. Nothing happens

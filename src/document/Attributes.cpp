@@ -4,6 +4,7 @@
 
 #include "document/CommandScope.h"
 #include "document/Document.h"
+#include "document/Edit.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/TextRewrite.h"
 #include "document/history/EditActionGroup.h"
@@ -138,6 +139,21 @@ void Attributes::planReplacement(const Document& document, int element,
 
 bool Attributes::isStandardNamespace(const String& prefix) {
     return standardDeclaration(prefix) != nullptr;
+}
+
+int Attributes::endOf(const XmlText& text, int element) {
+    const auto attributes = attributeRange(text, element);
+    int end = attributes ? attributes->end : -1;
+    while (attributes && end > attributes->start && String::isSpace(text.unitAt(end - 1)))
+        --end;
+    return end;
+}
+
+bool Attributes::addDeclaration(Document& document, const String& prefix) {
+    const int end = endOf(document.text(), document.text().root());
+    if (end >= 0)
+        Edit(document).insert(end, L" " + String(standardDeclaration(prefix)));
+    return end >= 0;
 }
 
 int Attributes::declareStandard(Document& document, const String& prefix) {

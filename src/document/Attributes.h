@@ -5,6 +5,7 @@
 
 class Document;
 class TextRewrite;
+class XmlText;
 
 /// The attributes of one tag as properties, and what of namespaces must be declared for them. A tag
 /// is named by its offset. What is no start tag and no processing instruction bears none, and
@@ -15,6 +16,9 @@ namespace Attributes {
 PropertyCollection of(const Document& document, int element);
 /// The properties as attributes of an element with that prefix, a blank first.
 Core::String asText(PropertyCollection properties, const Core::String& elementPrefix);
+
+/// Behind the last attribute of the tag, or its name; -1 where it bears none.
+int endOf(const XmlText& text, int element);
 
 // Changes, each one undo step
 
@@ -42,6 +46,9 @@ void removeAll(Document& document, int element);
 
 /// Whether it is a prefix for which the root can be given its declaration.
 bool isStandardNamespace(const Core::String& prefix);
+/// Declares such a prefix, which the root does not declare, on the root, whose other attributes
+/// stay as they are spelt; answers whether there is one that can bear it.
+bool addDeclaration(Document& document, const Core::String& prefix);
 /// Declares such a prefix on the root; answers by how much the text behind that moved.
 int declareStandard(Document& document, const Core::String& prefix);
 /// Sets one declaration, xmlns:x="uri", on the root element; answers by how much the text behind it

@@ -103,7 +103,8 @@ public:
 
     /// Whether the document is protected from editing, as SecurityBuffer sets it. Then whatever
     /// would change text or history does nothing, in silence, but for setContent(), loading, undo,
-    /// redo and the security buffer's own commit; a replacing search only searches.
+    /// redo and the security buffer's own commit; a replacing search only searches. What a host
+    /// puts into the history itself is its own affair.
     bool isProtectedFromEditing() const;
 
     // The monitor, which is not owned and must outlive the buffer or be set to null
@@ -179,7 +180,8 @@ public:
     EditActionStack& getEditActionStack();
 
     // The primitives, which change the text and adjust the caret, and record nothing: whoever calls
-    // them pushes the matching EditAction. A position outside the text changes nothing.
+    // them pushes the matching EditAction. A position outside the text changes nothing, and in a
+    // protected document nothing does.
 
     /// Inserts before `position`, which may be the length of the text. A caret or pivot at or
     /// behind it moves along.

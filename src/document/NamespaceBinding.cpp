@@ -101,6 +101,6 @@ bool NamespaceBinding::bind(Document& document, int start, int end) {
     bool areBound = true;
     for (const String& prefix : unbound(document.text(), start, end))
         areBound = Attributes::isStandardNamespace(prefix) &&
-                   Attributes::declareStandard(document, prefix) > 0 && areBound;
+                   Attributes::addDeclaration(document, prefix) && areBound;
     return areBound;
 }

@@ -1,5 +1,6 @@
 #include "document/Protection.h"
 
+#include "document/Attributes.h"
 #include "document/Document.h"
 #include "document/Edit.h"
 #include "document/NamespaceBinding.h"
@@ -26,12 +27,10 @@ Standing standingAt(const XmlText& text, int name) {
     return {start, name, value + static_cast<int>(text.attributeValue(name).size()) + 1};
 }
 
-/// Where attributes are added to a start tag: behind the last one.
-int endOfAttributes(const XmlText& text, int element) {
-    int end = element + 1 + static_cast<int>(text.tagName(element).size());
-    for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at))
-        end = standingAt(text, at).end;
-    return end;
+String attribute(const String& name, const String& value) {
+    PropertyCollection alone;
+    alone.addProperty({name, value}, true);
+    return alone.getPropertiesString();
 }
 
 /// A rewriting of the settings. Each stays in its place, and what is new comes behind.
@@ -47,18 +46,15 @@ public:
     }
 
     bool changesNothing() const {
-        return new_.isEmpty() &&
-               std::all_of(standing_.begin(), standing_.end(), [&](const auto& one) {
-                   return value(one) == text().attributeValue(one.name) &&
-                          settings_.containsProperty(name(one));
-               });
+        return new_.isEmpty() && std::all_of(standing_.begin(), standing_.end(),
+                                             [&](const auto& one) { return stays(one); });
     }
 
     /// From the back, so that what is still to be done stays where it is.
     void run() {
         document_.recordCaret();
         if (!new_.isEmpty())
-            Edit(document_).insert(endOfAttributes(text(), root_),
+            Edit(document_).insert(Attributes::endOf(text(), root_),
                                    L" " + new_.getPropertiesString());
         for (auto one = standing_.rbegin(); one != standing_.rend(); ++one)
             rewrite(*one);
@@ -75,14 +71,20 @@ private:
             new_.removePropertyByName(name(one));
     }
 
+    /// Whether its attribute would be written with what stands there.
+    bool stays(const Standing& one) const {
+        return settings_.containsProperty(name(one)) &&
+               attribute(name(one), value(one)) ==
+                   attribute(name(one), String(text().attributeValue(one.name)));
+    }
+
     void rewrite(const Standing& one) {
         if (!settings_.containsProperty(name(one))) {
             Edit(document_).remove(one.start, one.end);
-        } else if (value(one) != text().attributeValue(one.name)) {
-            PropertyCollection changed;
-            changed.addProperty({name(one), value(one)}, true);
+        } else if (!stays(one)) {
+            const String changed = attribute(name(one), value(one));
             Edit(document_).remove(one.name, one.end);
-            Edit(document_).insert(one.name, changed.getPropertiesString());
+            Edit(document_).insert(one.name, changed);
         }
     }
 

@@ -60,6 +60,10 @@ TEST(SecurityBuffer, WritesTheSettingsAndNothingElse) {
     EXPECT_EQ(document.getContent(),
               documentWith(namespaces + L"\n  qf:protect-forms=\"&lt;1>\"  id='r'"
                                         L" qf:protect-copy=\"&lt;1>\""));
+    security.setSettings(settings);
+    security.commitChangesToEditableBuffer(); // which is as it stands, escaped
+    settings.addProperty({L"qf:protect-a b", L"1"}, true);
+    EXPECT_THROW(security.setSettings(settings), Core::Exception);
     document.undo();
     EXPECT_THROW(security.commitChangesToEditableBuffer(), Core::Exception);
     EXPECT_EQ(stateOf(document), before);
