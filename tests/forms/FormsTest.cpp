@@ -118,10 +118,18 @@ TEST(Forms, TakeTheValueBackWithAControlThatIsRefused) {
     EXPECT_FALSE(broken->canUndo());
 }
 
-TEST(Forms, LeaveAFormWithoutAnEndAlone) {
-    const MarkedDocument document(L"<B><qf:form><qf:form-control/>a|</B>");
+TEST(Forms, LeaveWhatIsTornAlone) {
     PropertyCollection skin;
     skin.addProperty({L"fo:color", L"red"}, true);
-    document->getFormBuffer().applySkinOnForm(skin);
-    EXPECT_FALSE(document->canUndo());
+    for (const wchar_t* torn :
+         {L"<qf:form><qf:form-control/>a|", L"<qf:form><qf:form-control type=text/></qf:form>a|",
+          L"<qf:form><qf:form-control type='a' type='b'/></qf:form>a|",
+          L"<qf:form><qf:form-control type='a' qf:type='b'/></qf:form>a|",
+          L"<qf:form><qf:form-control type='a' <B>b</B></qf:form>a|"}) {
+        const MarkedDocument document(L"<B>" + std::wstring(torn) + L"</B>");
+        const std::wstring content = document.content();
+        document->getFormBuffer().applySkinOnForm(skin);
+        EXPECT_EQ(document.content(), content);
+        EXPECT_FALSE(document->canUndo());
+    }
 }
