@@ -133,3 +133,19 @@ TEST(Forms, LeaveWhatIsTornAlone) {
         EXPECT_FALSE(document->canUndo());
     }
 }
+
+TEST(Forms, KeepWhatCameBeforeManyNewLooks) {
+    std::wstring controls;
+    for (int i = 0; i < 1700; ++i)
+        controls += L"<qf:form-control type=\"text\"/>";
+    const MarkedDocument document(L"<B><qf:form><B>" + controls + L"</B></qf:form>a|</B>");
+    const EditorState before = stateOf(document.face());
+    for (const wchar_t* color : {L"red", L"green", L"blue"}) {
+        PropertyCollection skin;
+        skin.addProperty({L"fo:color", color}, true);
+        document->getFormBuffer().applySkinOnForm(skin);
+    }
+    for (int step = 0; step < 3; ++step)
+        document->undo();
+    EXPECT_EQ(stateOf(document.face()), before);
+}
