@@ -129,6 +129,24 @@ bool serveNextLine(Session& session) {
     return true;
 }
 
+/// While it lives, what the library tells on its console, which is standard error, is this
+/// program's output, and fails with it.
+class ConsoleOnOutput {
+public:
+    ConsoleOnOutput() : console_(std::cerr.rdbuf(std::cout.rdbuf())) {}
+    ~ConsoleOnOutput() {
+        if (!std::cerr)
+            std::cout.setstate(std::ios::badbit);
+        std::cerr.rdbuf(console_);
+    }
+
+    ConsoleOnOutput(const ConsoleOnOutput&) = delete;
+    ConsoleOnOutput& operator=(const ConsoleOnOutput&) = delete;
+
+private:
+    std::streambuf* console_;
+};
+
 /// Prints misspelt words and, where standard error is a terminal, keeps a bar below them.
 class SpellingPrinter : public SpellingMonitor {
 public:
@@ -222,11 +240,14 @@ int printCalls() {
 }
 
 int runSelfChecks() {
-    bool havePassed = true;
-    for (const auto check :
-         {testBuffer, testFormBuffer, testListBuffer, testTableBuffer, testXmlValidator})
-        havePassed = check() && havePassed;
-    return havePassed ? 0 : 1;
+    return statusOf(1, [] {
+        const ConsoleOnOutput verdicts;
+        bool havePassed = true;
+        for (const auto check :
+             {testBuffer, testFormBuffer, testListBuffer, testTableBuffer, testXmlValidator})
+            havePassed = check() && havePassed;
+        return havePassed ? 0 : 1;
+    });
 }
 
 int spellDocument(const SpellOptions& options) {

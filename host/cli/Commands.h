@@ -23,8 +23,7 @@ int printStops(const std::string& document);
 
 int printCalls();
 
-/// Has the library check itself, which tells its verdicts on standard error. Answers 1 if any check
-/// failed.
+/// Has the library check itself and prints its verdicts. Answers 1 if any check failed.
 int runSelfChecks();
 
 struct SpellOptions;

@@ -77,7 +77,8 @@ private:
     void use(int position, Text name) {
         const bool isInRange = position < end_ && start_ < position + static_cast<int>(name.size());
         const Text prefix = prefixOf(name);
-        const bool isAlwaysBound = prefix.empty() || prefix == L"xml" || prefix == L"xmlns";
+        const bool hasPrefix = name.find(L':') != Text::npos; // which none is in ":x"
+        const bool isAlwaysBound = !hasPrefix || prefix == L"xml" || prefix == L"xmlns";
         const auto declared = bound_.find(prefix);
         if (isInRange && !isAlwaysBound && (declared == bound_.end() || declared->second == 0))
             unbound_.insert(String(prefix));

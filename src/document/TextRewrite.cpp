@@ -17,12 +17,8 @@ void TextRewrite::begin() {
     pivot_ = document_.pivot();
 }
 
-void TextRewrite::replace(int start, int end, const String& xml) {
-    document_.recordInsertion(note(start, end, xml), xml);
-}
-
 void TextRewrite::remove(int start, int end) {
-    note(start, end, {});
+    replace(start, end, {});
 }
 
 void TextRewrite::recordCaret() {
@@ -30,21 +26,21 @@ void TextRewrite::recordCaret() {
     document_.recordCaret(caret_, pivot_);
 }
 
-/// Records what goes; answers where, at that time, it went.
-int TextRewrite::note(int start, int end, const String& xml) {
+void TextRewrite::replace(int start, int end, const String& xml) {
     begin();
     const int position = start + change_;
-    const String removed = document_.text().slice(start, end);
     for (int* offset : {&caret_, &pivot_}) {
         if (start < end)
             *offset = Document::offsetAfterDeletion(*offset, position, end + change_ - 1);
         if (*offset >= position)
             *offset += xml.length();
     }
-    document_.recordDeletion(position, removed);
+    if (records_ == Records::OfEach) {
+        document_.recordDeletion(position, document_.text().slice(start, end));
+        document_.recordInsertion(position, xml);
+    }
     replacements_.push_back({start, end, xml});
     change_ += xml.length() - (end - start);
-    return position;
 }
 
 void TextRewrite::keepCaretOutside(int start, int end) {
@@ -70,6 +66,11 @@ int TextRewrite::apply() {
         copied = replacement.end;
     }
     replacements_.clear();
-    document_.rewriteUnrecorded(start, end, String(std::move(rewritten)), pivot_, caret_);
+    const String xml(std::move(rewritten));
+    if (records_ == Records::OfTheWhole) {
+        document_.recordDeletion(start, document_.text().slice(start, end));
+        document_.recordInsertion(start, xml);
+    }
+    document_.rewriteUnrecorded(start, end, xml, pivot_, caret_);
     return std::exchange(change_, 0);
 }

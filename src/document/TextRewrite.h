@@ -6,12 +6,17 @@
 
 class Document;
 
-/// Many replacements in a document as one change of its text. They are recorded, and caret and
-/// pivot move along, as if each had been carried out by itself; but the text behind them, which may
-/// be long, moves only once. Until apply() the text stands as it was.
+/// Many replacements in a document as one change of its text. Caret and pivot move along as if each
+/// had been carried out by itself; but the text behind them, which may be long, moves only once.
+/// Until apply() the text stands as it was.
 class TextRewrite {
 public:
-    explicit TextRewrite(Document& document) : document_(document) {}
+    /// What is recorded: each replacement as if it had been carried out by itself, or all from the
+    /// first through the last as one, so that many of them do not fill the history.
+    enum class Records { OfEach, OfTheWhole };
+
+    explicit TextRewrite(Document& document, Records records = Records::OfEach)
+        : document_(document), records_(records) {}
 
     /// Replaces `start` up to but excluding `end` by `xml`. The offsets are those of the text as it
     /// stands; each replacement stands behind the one before.
@@ -34,9 +39,9 @@ private:
     };
 
     void begin();
-    int note(int start, int end, const Core::String& xml);
 
     Document& document_;
+    Records records_;
     std::vector<Replacement> replacements_;
     int change_ = 0; // of the text's length
     bool begun_ = false;

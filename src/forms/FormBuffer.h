@@ -48,13 +48,15 @@ public:
     /// its own, in which the caret stands behind it. Any other control gets a name that is new.
     ///
     /// A `dynamicValue` that is not empty is the expression that gives the control's value; it is
-    /// kept in the template's data. Only a control in a form that is there already has one.
+    /// kept in the template's data; where these are not well formed Xml::ParseException is raised
+    /// and nothing has happened. Only a control in a form that is there already has one.
     void insertFormControl(Xml::FormControlType type, bool insideForm, bool sameGroup,
                            const Core::String& dynamicValue);
 
     /// A control as markup; with an empty name it is called after its type and a new id. A button
     /// says "Button" or "Submit". A `dynamicValue` that is not empty is written into the template's
-    /// data at once, which is an undo step.
+    /// data at once, which is an undo step; where these are not well formed Xml::ParseException is
+    /// raised and nothing has happened.
     Core::String getFormControlXml(Xml::FormControlType type, const Core::String& name,
                                    const Core::String& dynamicValue);
     /// The same for a literal, which would else be a flag.
@@ -77,11 +79,12 @@ public:
                                              const Core::String& attribute) const;
 
     // All the controls of the form that begins last before the caret, which may stand in the form
-    // or anywhere behind it
+    // or anywhere behind it. One whose tag is torn, or has an attribute twice, stays as it is.
 
-    /// Unchecks the radio buttons of that name.
+    /// Unchecks the radio buttons of that name, which is given as it stands in the text or decoded.
     void uncheckRadioButtonGroup(const Core::String& name);
-    /// Gives each control the properties, in the place of what it has under their names.
+    /// Gives each control the properties, in the place of what it has under their names. Nothing
+    /// happens if one has a prefix that is neither declared nor one of the standard ones.
     void applySkinOnForm(const PropertyCollection& skin);
     /// Takes "fo:color" and "fo:background-color" off each control.
     void removeFormSkin();

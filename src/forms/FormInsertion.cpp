@@ -84,13 +84,14 @@ String Forms::inForm(const String& content) {
 String Forms::controlMarkup(Document& document, FormControlType type, const String& name,
                             const String& dynamicValue) {
     const Kind& kind = kindOf(type);
+    const String valueId = dynamicValue.empty() ? String() : storedValue(document, dynamicValue);
     PropertyCollection attributes;
     attributes.addProperty({L"type", kind.name}, true);
     attributes.addProperty({L"name", name.empty() ? kind.name + ObjectId::generate() : name}, true);
     if (*kind.value != 0)
         attributes.addProperty({L"value", kind.value}, true);
-    if (!dynamicValue.empty())
-        attributes.addProperty({L"fo:id", storedValue(document, dynamicValue)}, true);
+    if (!valueId.empty())
+        attributes.addProperty({L"fo:id", valueId}, true);
     return L"<qf:form-control " + attributes.getPropertiesString() + L"/>";
 }
 

@@ -15,7 +15,7 @@ expect() {
 }
 
 if [ -c /dev/full ]; then
-    for command in calls "stops $samples/letter.xml" --help \
+    for command in calls selfcheck "stops $samples/letter.xml" --help \
         "run $samples/letter.xml $samples/letter-demo.jsonl"; do
         "$forme" $command >/dev/full 2>/dev/null
         [ $? -ne 0 ]
@@ -29,4 +29,5 @@ echo '["save","'"$folder"'/letter.xml",1]' >"$folder/save.jsonl"
 (ulimit -f 1; "$forme" run "$samples/letter.xml" "$folder/save.jsonl" >/dev/null 2>&1)
 expect "status with a limit of the size of files" $? 1
 expect "files left behind" "$(ls -A "$folder")" save.jsonl
+expect "subjects of self checks in the output" "$("$forme" selfcheck | grep -c ' 0 failed$')" 5
 exit $failures
