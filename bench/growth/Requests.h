@@ -32,7 +32,19 @@ inline const char* const argumentTable = R"json({
 "groupBy": "c", "table.parseBorder.border": "1pt solid red",
 "rows": 1, "table.getSpanOverMatrixFromRowGroupMatrix.columns": 1, "tableStart": "$table",
 "getCellPositionInTable.columns": 1, "getCellPositionInTable.table": "table",
-"buildSpanMatrix.columns": 1, "buildSpanMatrix.table": "table"
+"buildSpanMatrix.columns": 1, "buildSpanMatrix.table": "table",
+"pages.text": "$content", "detached.text": "$content", "detachedText.text": "$content",
+"sequences.text": "$content", "buffer": "$content", "range": [0, 1], "region": "xsl-region-before",
+"masters.position": "left"
+})json";
+
+/// For any other parameter, the first that fits.
+inline const char* const usualValues = R"json(["page", 0, [], {}, {"name": "page"}])json";
+
+/// What is asked of an object that requests open is asked of one that the first request opened.
+inline const char* const openingRequests = R"json({
+    "table": ["table.open", -1], "masters": ["masters.open"], "sequences": ["sequences.open"],
+    "detached": ["detached.open", "$content"], "detachedText": ["detachedText.open", "$content"]
 })json";
 
 /// Further requests; where a row holds several, those before the last come before the clock is
@@ -75,17 +87,20 @@ inline const char* const placeTable = R"json({
 "middle": [["setCaretPos", false, "$middle"]],
 "end": [["moveCaretToEnd", false]],
 "rest": [["setCaretPos", false, "$middle"], ["moveCaretToEnd", true]],
+"first": [["moveCaretHome", false], ["setCaretPos", true, "$middle"]],
 "all": [["moveCaretHome", false], ["moveCaretToEnd", true]]
 })json";
 
 /// Documents of one flow: a beginning, a piece that comes again and again, an end. What closes the
-/// pieces, if they are nested, comes as often.
+/// pieces, if they are nested, comes as often, and so does what stands side by side in the
+/// innermost one. For "@" in a piece its number stands in the text.
 struct Shape {
     const char* name;
     const wchar_t* start;
     const wchar_t* piece;
     const wchar_t* end;
     const wchar_t* closing = L"";
+    const wchar_t* inner = L"";
 };
 
 inline constexpr Shape shapes[]{
@@ -140,6 +155,37 @@ inline constexpr Shape shapes[]{
      L"<fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)</fo:block>"
      L"</fo:list-item-label><fo:list-item-body><fo:block>item</fo:block>",
      L"<fo:block>z</fo:block>", L"</fo:list-item-body></fo:list-item></fo:list-block>"},
+    {"nested tables", L"",
+     L"<fo:table><fo:table-body><fo:table-row><fo:table-cell><fo:block>a</fo:block>",
+     L"<fo:block>z</fo:block>", L"</fo:table-cell></fo:table-row></fo:table-body></fo:table>"},
+    {"bare inlines", L"<fo:block>a ", L"<fo:inline>", L"z</fo:block>", L"</fo:inline>"},
+    {"bare links", L"<fo:block>a ", L"<fo:basic-link>", L"z</fo:block>", L"</fo:basic-link>"},
+    {"bare blocks", L"", L"<fo:block>", L"<fo:block>z</fo:block>", L"</fo:block>"},
+    // Nested, with more behind what is nested
+    {"followed blocks", L"", L"<fo:block>a", L"", L"<fo:block>b</fo:block></fo:block>"},
+    {"followed inlines", L"<fo:block>", L"<fo:inline>a", L"</fo:block>",
+     L"<fo:inline>b</fo:inline></fo:inline>"},
+    {"followed lists", L"",
+     L"<fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)</fo:block>"
+     L"</fo:list-item-label><fo:list-item-body><fo:block>item</fo:block>",
+     L"<fo:block>z</fo:block>",
+     L"<fo:block>more</fo:block></fo:list-item-body></fo:list-item></fo:list-block>"},
+    // As many side by side as there are around them
+    {"deep blocks", L"", L"<fo:block>a", L"", L"</fo:block>", L"<fo:block>b</fo:block>"},
+    {"deep inlines", L"<fo:block>", L"<fo:inline>a", L"</fo:block>", L"</fo:inline>",
+     L"<fo:inline>b</fo:inline>"},
+    {"deep words", L"<fo:block>", L"<fo:inline>a", L"</fo:block>", L"</fo:inline>", L"b "},
+    {"deep lists", L"",
+     L"<fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)</fo:block>"
+     L"</fo:list-item-label><fo:list-item-body><fo:block>item</fo:block>",
+     L"<fo:block>z</fo:block>", L"</fo:list-item-body></fo:list-item></fo:list-block>",
+     L"<fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)</fo:block>"
+     L"</fo:list-item-label><fo:list-item-body><fo:block>inner</fo:block>"
+     L"</fo:list-item-body></fo:list-item></fo:list-block>"},
+    {"attributes", L"<fo:block>a</fo:block><fo:block", L" n@=\"v\"", L">z</fo:block>"},
+    {"table attributes", L"<fo:table", L" n@=\"v\"",
+     L"><fo:table-body><fo:table-row><fo:table-cell><fo:block>a</fo:block></fo:table-cell>"
+     L"</fo:table-row></fo:table-body></fo:table>"},
     // Texts whose tags do not match
     {"names in quotes", L"<fo:block>a</fo:block>", L"<x'>'", L"<fo:block>z</fo:block>"},
     {"closing inlines", L"<fo:block>a", L"</fo:inline>", L"z</fo:block>"},

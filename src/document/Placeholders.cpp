@@ -65,6 +65,28 @@ bool isRemovableInline(const Document& document, int element) {
            !Placeholders::isFootnoteMark(document, element);
 }
 
+/// An inline with those around it, the end excluded.
+struct EmptyInlines {
+    int start;
+    int end;
+};
+
+/// An empty inline takes those along that hold nothing else, however many they are.
+EmptyInlines emptyInlinesAround(const Document& document, int element) {
+    const XmlText& text = document.text();
+    EmptyInlines inlines{element, text.behindElement(element)};
+    for (;;) {
+        const int outer = text.elementAround(inlines.start);
+        const int closing = text.skipSpaces(inlines.end);
+        const int behind = text.next(closing);
+        if (!isRemovableInline(document, outer) ||
+            text.skipSpaces(text.next(outer)) != inlines.start || !text.closingAt(closing) ||
+            text.tagName(closing).substr(1) != text.tagName(outer) || behind < 0)
+            return inlines;
+        inlines = {outer, behind};
+    }
+}
+
 } // namespace
 
 // What was done
@@ -96,11 +118,11 @@ PlaceholderRepair Placeholders::repair(Document& document, int position, bool re
     int element = text.elementAround(position);
     while (removeEmptyInlines && isRemovableInline(document, element) &&
            Placeholders::isVoid(document, element)) {
-        const int behind = text.behindElement(element);
-        document.recordDeletion(element, document.removeUnrecorded(element, behind - 1));
+        const auto [start, end] = emptyInlinesAround(document, element);
+        document.recordDeletion(start, document.removeUnrecorded(start, end - 1));
         document.recordCaret();
-        repair.addRemoval(element, behind);
-        element = text.elementAround(element);
+        repair.addRemoval(start, end);
+        element = text.elementAround(start);
     }
     if (Placeholders::isVoid(document, element))
         insertPlaceholderInto(document, element, repair);

@@ -106,6 +106,30 @@ const Ancestors::Level* Ancestors::nearest(const Level* level, Marks marks) {
     return level;
 }
 
+const Ancestors::Level* Ancestors::outermost(const Level* level, int first, Marks marks) {
+    const Level* found = nullptr; // the furthest stretch out in which there is one begins with it
+    bool isStretch = false;
+    while (level && level->element >= first) {
+        const bool jumps = level->jump && level->jump->element >= first;
+        if (((jumps ? level->passed : level->own) & marks) != 0) {
+            found = level;
+            isStretch = jumps;
+        }
+        level = jumps ? level->jump : level->parent;
+    }
+    // A stretch is a level and two stretches behind each other, or that level alone.
+    while (isStretch && found->jump != found->parent) {
+        const Level* const inner = found->parent;
+        if ((inner->jump->passed & marks) != 0)
+            found = inner->jump;
+        else if ((inner->passed & marks) != 0)
+            found = inner;
+        else
+            break;
+    }
+    return found;
+}
+
 bool Ancestors::isAround(int element, const Level* level) {
     while (level && level->element > element)
         level = level->jump && level->jump->element >= element ? level->jump : level->parent;

@@ -42,6 +42,9 @@ public:
 
     /// The nearest level, the given one included, that has one of the marks; null if none.
     static const Level* nearest(const Level* level, Marks marks);
+    /// The furthest level out that has one of the marks, of the given one and those around it whose
+    /// elements begin at `first` or behind; null if none.
+    static const Level* outermost(const Level* level, int first, Marks marks);
     /// Whether the element is the level's or one around it.
     static bool isAround(int element, const Level* level);
 

@@ -344,12 +344,21 @@ String XmlText::startTagAround(int position) const {
 int XmlText::searchAncestor(int position, const StringArray& names, const Climb& climb) const {
     const View limit = climb.limit.empty() ? rootName_.view() : climb.limit;
     const Level* level = levelAround(position);
-    Ancestors::Marks marks = climb.withPrefix ? ancestors_.markOf(limit) : Ancestors::all;
+    Ancestors::Marks marks = climb.withPrefix ? 0 : Ancestors::all;
     if (climb.withPrefix)
         for (const String& name : names)
             marks |= ancestors_.markOf(name);
+    if (climb.wantOutermost && climb.withPrefix) {
+        const int end = nearestNamed(position, std::array{limit});
+        const Level* const found =
+            Ancestors::outermost(level, std::max(end, climb.behind + 1), marks);
+        if (!found || isAmong(names, tagName(found->element)))
+            return found ? found->element : -1;
+    }
+    if (climb.withPrefix)
+        marks |= ancestors_.markOf(limit);
     int outermost = -1;
-    while ((level = Ancestors::nearest(level, marks))) {
+    while ((level = Ancestors::nearest(level, marks)) && level->element > climb.behind) {
         const View fullName = tagName(level->element);
         const View name = climb.withPrefix ? fullName : XmlScan::localName(fullName);
         if (isAmong(names, name)) {
@@ -412,19 +421,19 @@ SpaceProperties::Values XmlText::spacePropertiesAround(int position) const {
 }
 
 int XmlText::ancestor(int position, const StringArray& names) const {
-    return searchAncestor(position, names, {false, true, {}});
+    return searchAncestor(position, names, {});
 }
 
 int XmlText::outermostAncestor(int position, const StringArray& names) const {
-    return searchAncestor(position, names, {true, true, {}});
+    return searchAncestor(position, names, {.wantOutermost = true});
 }
 
-int XmlText::outermostAncestor(int position, View name) const {
-    return outermostAncestor(position, StringArray{String(name)});
+int XmlText::outermostAncestor(int position, View name, int behind) const {
+    return searchAncestor(position, {String(name)}, {.wantOutermost = true, .behind = behind});
 }
 
 int XmlText::localAncestor(int position, const String& localName) const {
-    return searchAncestor(position, {localName}, {false, false, {}});
+    return searchAncestor(position, {localName}, {.withPrefix = false});
 }
 
 bool XmlText::areInSameElement(View name, int a, int b) const {

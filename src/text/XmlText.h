@@ -210,7 +210,8 @@ public:
     /// The climb ends at the root element, itself tested first.
     int ancestor(int position, View name) const;
     int ancestor(int position, const Core::StringArray& names) const;
-    int outermostAncestor(int position, View name) const;
+    /// The outermost of those, and of those that begin behind an offset.
+    int outermostAncestor(int position, View name, int behind = -1) const;
     int outermostAncestor(int position, const Core::StringArray& names) const;
     /// The same with a climb that ends at the nearest element named `limit`.
     int ancestorWithin(int position, View name, View limit) const;
@@ -218,9 +219,10 @@ public:
     int localAncestor(int position, const Core::String& localName) const;
 
     struct Climb {
-        bool wantOutermost;
-        bool withPrefix;
-        View limit; ///< empty for the root
+        bool wantOutermost = false;
+        bool withPrefix = true;
+        View limit = {}; ///< empty for the root
+        int behind = -1; ///< what begins there or before is not asked
     };
     int searchAncestor(int position, const Core::StringArray& names, const Climb& climb) const;
 

@@ -1,11 +1,10 @@
 #include "trees/DOMBasedBuffer.h"
 
 #include "foundation/values/PropertiesHelper.h"
+#include "foundation/xml/TreeParts.h"
 #include "trees/Fragment.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 using Core::String;
 using Xml::Attribute;
@@ -17,17 +16,6 @@ namespace {
 String prefixOf(const Attribute& attribute, const Element& element) {
     const String own = attribute.get_namespace_prefix();
     return own.empty() ? element.getNSPrefix() : own;
-}
-
-void removeAttributes(Element& element) {
-    // By their names: of two attributes that differ by the element's own prefix only, the one that
-    // goes first need not be the one that was asked for.
-    std::vector<std::pair<String, String>> names;
-    for (const Attribute* attribute : element.get_attributes())
-        names.emplace_back(attribute->get_name(), prefixOf(*attribute, element));
-    for (const auto& [name, prefix] : names)
-        if (!element.remove_attribute(name, prefix))
-            return;
 }
 
 } // namespace
@@ -88,7 +76,7 @@ PropertyCollection DOMBasedBuffer::getElementProperties(const Element* element) 
 void DOMBasedBuffer::setElementProperties(Element* element, const PropertyCollection& properties) {
     if (!element)
         return;
-    removeAttributes(*element);
+    Element::Parts::removeAttributes(*element);
     for (EditableProperty property : properties.getPropertyList()) {
         const String prefix = property.getNamespace();
         property.removeNamespaceFromName();

@@ -114,11 +114,12 @@ SmartPtr<Xml::XmlDocument> Fragment::readTree(int element, const String& source)
 
 /// Those that are written and whose prefixes the element itself does not declare.
 std::set<String> Fragment::borrowedDeclarations() const {
-    const std::vector<Declaration> own = declarationsIn(source_.view());
+    std::set<Text> own;
+    for (const Declaration& declaration : declarationsIn(source_.view()))
+        own.insert(declaration.name);
     std::set<String> borrowed;
     for (const Declaration& written : declarationsIn(asRead_.view()))
-        if (std::none_of(own.begin(), own.end(),
-                         [&](const Declaration& other) { return other.name == written.name; }))
+        if (!own.contains(written.name))
             borrowed.insert(written.text);
     return borrowed;
 }

@@ -100,43 +100,61 @@ Text familyOf(Text name) {
                : name;
 }
 
-using Attributes = std::vector<Attribute>;
+/// The attributes of a tag, in their order.
+class Attributes {
+public:
+    explicit Attributes(Text tag) : all_(attributesOf(tag)) {
+        for (const Attribute& attribute : all_) {
+            byName_.emplace(attribute.name, &attribute);
+            byPlainName_.emplace(attribute.plainName, &attribute);
+        }
+    }
+    Attributes(const Attributes&) = delete;
+    Attributes& operator=(const Attributes&) = delete;
 
-/// One of a tag is one of another under the same name, or else under the one that a tree may write
-/// in its place.
-const Attribute* find(const Attributes& attributes, const Attribute& sought) {
-    const auto same = std::find_if(attributes.begin(), attributes.end(),
-                                   [&](const Attribute& one) { return one.name == sought.name; });
-    if (same != attributes.end())
-        return &*same;
-    const auto meant =
-        std::find_if(attributes.begin(), attributes.end(),
-                     [&](const Attribute& one) { return one.plainName == sought.plainName; });
-    return meant == attributes.end() ? nullptr : &*meant;
-}
+    /// One of a tag is one of another under the same name, or else under the one that a tree may
+    /// write in its place.
+    const Attribute* find(const Attribute& sought) const {
+        if (const auto same = byName_.find(sought.name); same != byName_.end())
+            return same->second;
+        const auto meant = byPlainName_.find(sought.plainName);
+        return meant == byPlainName_.end() ? nullptr : meant->second;
+    }
+
+    auto begin() const { return all_.begin(); }
+    auto end() const { return all_.end(); }
+
+private:
+    std::vector<Attribute> all_;
+    std::map<Text, const Attribute*> byName_; // the first of each name
+    std::map<Text, const Attribute*> byPlainName_;
+};
 
 /// Gives a start tag the attributes that have changed from one tree to another.
 class ChangedTag {
 public:
     ChangedTag(Text source, Text asRead, Text edited)
-        : source_(source), own_(attributesOf(source)), before_(attributesOf(asRead)),
-          after_(attributesOf(edited)) {
+        : source_(source), own_(source), before_(asRead), after_(edited) {
         findChanges(before_, after_);
         findChanges(after_, before_);
-        for (std::size_t i = 0; i < own_.size(); ++i)
-            lastOf_[familyOf(own_[i].plainName)] = i;
+        for (const Attribute& attribute : own_)
+            lastOf_[familyOf(attribute.plainName)] = &attribute;
+        for (const Attribute& attribute : after_)
+            if (const Text family = familyOf(attribute.plainName);
+                changed_.contains(family) && !own_.find(attribute))
+                (lastOf_.contains(family) ? gained_[family] : new_).push_back(&attribute);
     }
 
     String text() {
         copyUpTo(1 + static_cast<int>(XmlScan::tagName(source_, 0).size()));
-        for (std::size_t i = 0; i < own_.size(); ++i) {
-            const Text family = familyOf(own_[i].plainName);
-            copyUpTo(own_[i].start);
-            write(own_[i]);
-            if (lastOf_[family] == i)
-                writeNew([&](Text other) { return other == family; });
+        for (const Attribute& attribute : own_) {
+            const Text family = familyOf(attribute.plainName);
+            copyUpTo(attribute.start);
+            write(attribute);
+            if (lastOf_[family] == &attribute)
+                writeAll(gained_[family]);
         }
-        writeNew([&](Text family) { return !lastOf_.contains(family); });
+        writeAll(new_);
         copyUpTo(static_cast<int>(source_.size()));
         return text_;
     }
@@ -144,7 +162,7 @@ public:
 private:
     void findChanges(const Attributes& some, const Attributes& others) {
         for (const Attribute& attribute : some) {
-            const Attribute* other = find(others, attribute);
+            const Attribute* other = others.find(attribute);
             if (!other || other->value != attribute.value)
                 changed_.insert(familyOf(attribute.plainName));
         }
@@ -152,8 +170,8 @@ private:
 
     /// One of the tag's own, with what has become of it.
     void write(const Attribute& attribute) {
-        const Attribute* before = find(before_, attribute);
-        const Attribute* after = find(after_, attribute);
+        const Attribute* before = before_.find(attribute);
+        const Attribute* after = after_.find(attribute);
         if (!changed_.contains(familyOf(attribute.plainName)) ||
             (before && after && before->value == after->value)) {
             copyUpTo(attribute.end);
@@ -164,14 +182,9 @@ private:
         copied_ = attribute.end;
     }
 
-    /// What the families have gained.
-    template <typename IsMeant>
-    void writeNew(IsMeant isMeant) {
-        for (const Attribute& attribute : after_) {
-            const Text family = familyOf(attribute.plainName);
-            if (isMeant(family) && changed_.contains(family) && !find(own_, attribute))
-                text_ += L" " + String(attribute.name) + L"=\"" + String(attribute.value) + L"\"";
-        }
+    void writeAll(const std::vector<const Attribute*>& gained) {
+        for (const Attribute* attribute : gained)
+            text_ += L" " + String(attribute->name) + L"=\"" + String(attribute->value) + L"\"";
     }
 
     void copyUpTo(int end) {
@@ -183,9 +196,11 @@ private:
     Attributes own_;
     Attributes before_;
     Attributes after_;
-    std::set<Text> changed_;             // families
-    std::map<Text, std::size_t> lastOf_; // of a family, its last attribute in the source
-    int copied_ = 0;                     // how far the source has been written
+    std::set<Text> changed_;                  // families
+    std::map<Text, const Attribute*> lastOf_; // of a family, its last attribute in the source
+    std::map<Text, std::vector<const Attribute*>> gained_; // what these families have gained
+    std::vector<const Attribute*> new_;                    // what belongs to none of them
+    int copied_ = 0;                                       // how far the source has been written
     String text_;
 };
 

@@ -1,6 +1,7 @@
 #include "foundation/values/PropertyCollection.h"
 
 #include "foundation/PropertyTesting.h"
+#include "properties/RandomCommands.h"
 
 #include <gtest/gtest.h>
 
@@ -91,6 +92,33 @@ f:a=1; fop:b=2 -> same
     list = properties(L"id=1; fo:color=red; qf:font=x; font=y");
     list.removeNonFormattingProperties();
     EXPECT_EQ(shown(list), L"fo:color=red; font=y");
+}
+
+// Among many, which are looked up, each is what it is by itself.
+TEST(PropertyCollection, AnswersInTheSameWayWhenThereAreMany) {
+    Random random(1);
+    PropertyCollection few, many;
+    for (int step = 0; step < 2000; ++step) {
+        const Core::String name = L"n" + Core::String::formatS(static_cast<int>(random.below(20)));
+        if (step % 10 == 0)
+            many.addProperty({L"fo:color" + Core::String::formatS(step), L""}, true);
+        const std::size_t change = random.below(30);
+        for (PropertyCollection* list : {&few, &many})
+            if (change == 0)
+                list->setNamespaceForProperties(L"p");
+            else if (change == 1)
+                list->removeNamespaceForPropertiesWith(L"p");
+            else if (change < 15)
+                list->addProperty({name, Core::String::formatS(step)}, change < 10);
+            else
+                list->removePropertyByName(name);
+        ASSERT_EQ(many.containsProperty(name), few.containsProperty(name));
+        PropertyCollection rest;
+        for (const EditableProperty& property : many.getPropertyList())
+            if (property.getName().find(L"color", 0) < 0)
+                rest.addProperty(property, false);
+        ASSERT_EQ(shown(rest), shown(few)) << step;
+    }
 }
 
 } // namespace

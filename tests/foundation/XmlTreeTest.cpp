@@ -1,8 +1,11 @@
 #include "XmlTesting.h"
+#include "properties/RandomCommands.h"
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -127,6 +130,39 @@ TEST(XmlTree, AttributesAreFoundInOneWayByEveryCall) {
     EXPECT_FALSE(element->remove_attribute("a", ""));
     EXPECT_EQ(element->get_attributes().size(), 4u);
     EXPECT_NE(messageOf([&] { element->set_attribute("a b", "v"); }), "");
+}
+
+// Among many, which are looked up, each is what it is by itself.
+TEST(XmlTree, AttributesAreFoundInTheSameWayWhenThereAreMany) {
+    Random random(1);
+    const Tree few("<fo:r/>"), many("<fo:r/>");
+    const std::vector<const char*> names{"a", "b", "fo:a", "q:a", "xmlns:a", "q:b"};
+    for (int step = 0; step < 2000; ++step) {
+        const Core::String name = random.oneOf(names), prefix = random.oneIn(2) ? "fo" : "";
+        const Core::String value = Core::String::formatS(step), other = random.oneIn(2) ? "a" : "b";
+        if (step % 20 == 0)
+            many.root->set_attribute(L"filler" + value, "-");
+        const auto change = random.below(20);
+        std::set<std::string> answers;
+        for (Element* element : {few.root, many.root}) {
+            Attribute* const found = element->get_attribute(name, prefix);
+            std::string answer = found ? narrow(found->get_value()) : "none";
+            if (found && change == 0)
+                found->set_name(other);
+            else if (found && change == 1)
+                found->set_namespace(prefix);
+            else if (change < 10)
+                element->set_attribute(name, value, prefix);
+            else
+                element->remove_attribute(name, prefix);
+            for (const Attribute* attribute : element->get_attributes())
+                if (attribute->get_value() != L"-")
+                    answer += " " + narrow(attribute->get_namespace_prefix() + L":" +
+                                           attribute->get_name() + L"=" + attribute->get_value());
+            answers.insert(answer);
+        }
+        ASSERT_EQ(answers.size(), 1u) << testing::PrintToString(answers);
+    }
 }
 
 TEST(XmlTree, NamespaceDeclarationsAreNoAttributes) {

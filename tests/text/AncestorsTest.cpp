@@ -33,7 +33,8 @@ std::wstring anyTags(Random& random, std::size_t names, std::size_t count) {
 
 void expectAsByClimbing(const XmlText& text, int at, Text name, Text limit) {
     const Text all = text.view(0, text.length());
-    int named = -1, within = -1, declaring = -1;
+    int named = -1, within = -1, outermost = -1, declaring = -1;
+    const int behind = at / 4;
     bool isWithin = true;
     SpaceProperties::Values values;
     for (int element = XmlScan::currentElement(all, at); element >= 0;
@@ -41,6 +42,7 @@ void expectAsByClimbing(const XmlText& text, int at, Text name, Text limit) {
         const Text found = XmlScan::tagName(all, element);
         named = named < 0 && (found == name || found == limit) ? element : named;
         within = isWithin && within < 0 && found == name ? element : within;
+        outermost = isWithin && found == name && element > behind ? element : outermost;
         isWithin = isWithin && found != limit;
         if (declaring < 0 && Namespaces::declares(Namespaces::of(text, element), L"xmlns:p="))
             declaring = element;
@@ -52,6 +54,9 @@ void expectAsByClimbing(const XmlText& text, int at, Text name, Text limit) {
     }
     ASSERT_EQ(text.nearestNamed(at, std::array{name, limit}), named);
     ASSERT_EQ(text.ancestorWithin(at, name, limit), within);
+    ASSERT_EQ(text.searchAncestor(at, {Core::String(name)},
+                                  {.wantOutermost = true, .limit = limit, .behind = behind}),
+              outermost);
     ASSERT_EQ(text.declaringAround(at, L"p"), declaring);
     ASSERT_TRUE(text.spacePropertiesAround(at) == values);
     for (const wchar_t* const prefix : {L"p", L"P"}) {
@@ -97,5 +102,6 @@ TEST(Ancestors, AreFoundHoweverDeepTheyAreNested) {
         ASSERT_EQ(text.ancestor(at, L"s"), 3);
         ASSERT_EQ(text.ancestor(text.length() - 1, L"b"), -1);
         ASSERT_TRUE(text.isAround(3, at));
+        ASSERT_EQ(text.outermostAncestor(text.length() - 1, L"a", at - 4), at - 2);
     }
 }

@@ -263,10 +263,13 @@ bool stepToNextWord(Document& document, bool extend) {
 /// Whether nothing but the edge of an inline lies between two stops.
 bool isInlineEdgeBetween(const Document& document, int stop, int nextStop) {
     const XmlText& text = document.text();
-    const int block = text.nextNamed(stop, L"fo:block");
-    return (document.names.isInline(text.nameAround(stop)) ||
-            document.names.isInline(text.nameAround(nextStop))) &&
-           Lines::areInOneBlock(document, stop, nextStop) && (block < 0 || block >= nextStop);
+    if (!document.names.isInline(text.nameAround(stop)) &&
+        !document.names.isInline(text.nameAround(nextStop)))
+        return false;
+    int element = text.nextElement(stop);
+    while (0 <= element && element < nextStop && text.tagName(element) != L"fo:block")
+        element = text.nextElement(element);
+    return (element < 0 || nextStop <= element) && Lines::areInOneBlock(document, stop, nextStop);
 }
 
 /// The mirror of stepToNextWord().

@@ -32,8 +32,9 @@ DeletionSweep::State DeletionSweep::run() {
 }
 
 bool DeletionSweep::step() {
-    if (const int list = outermostList(); list >= 0)
-        return removeList(list);
+    const int around = document_.text().outermostAncestor(state_.position, list, handledList_);
+    if (around >= 0)
+        return removeList(around);
     if (document_.text().isBeforeTable(state_.position))
         return removeTable(state_.position);
     return emptyBlock();
@@ -223,14 +224,6 @@ bool DeletionSweep::isAllOfParent(int element, int behind) const {
     const XmlText& text = document_.text();
     const int parent = text.elementAround(element);
     return text.next(parent) == element && text.closingTag(parent) == behind;
-}
-
-int DeletionSweep::outermostList() const {
-    int outermost = -1;
-    for (int around = document_.text().ancestor(state_.position, list); around > handledList_;
-         around = document_.text().ancestor(around, list))
-        outermost = around;
-    return outermost;
 }
 
 // What they have in common

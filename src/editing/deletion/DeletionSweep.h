@@ -43,7 +43,6 @@ private:
     bool showsWithout(int structure, int behind);
     bool showsInFront(int element, int child);
     bool isAllOfParent(int element, int behind) const;
-    int outermostList() const;
 
     bool isBlock(int element) const;
     int behindComments(int position) const;

@@ -35,6 +35,9 @@ bool opensEntity(std::wstring_view text) {
     return end != std::wstring_view::npos && isReference(text.substr(1, end - 1));
 }
 
+/// So many are sooner looked through than looked up.
+constexpr std::size_t few = 32;
+
 void appendAttributeValue(std::wstring& text, std::wstring_view value) {
     for (std::size_t i = 0; i < value.size(); ++i) {
         if (value[i] == L'"')
@@ -51,20 +54,33 @@ void appendAttributeValue(std::wstring& text, std::wstring_view value) {
 } // namespace
 
 const EditableProperty* PropertyCollection::find(const Core::String& name) const {
+    if (!places_.empty()) {
+        const auto place = places_.find(name);
+        return place == places_.end() ? nullptr : &properties_[place->second];
+    }
     for (const EditableProperty& property : properties_)
         if (property.getName() == name)
             return &property;
     return nullptr;
 }
 
+/// Of those that were appended since the last time.
+void PropertyCollection::findPlaces() {
+    if (properties_.size() > few)
+        while (places_.size() < properties_.size())
+            places_.emplace(properties_[places_.size()].getName(), places_.size());
+}
+
 void PropertyCollection::addProperty(const EditableProperty& property, bool replace) {
     if (!property.isValid())
         return;
     EditableProperty* const present = getProperty(property.getName());
-    if (!present)
-        properties_.push_back(property);
-    else if (replace)
+    if (present && replace)
         *present = property;
+    if (present)
+        return;
+    properties_.push_back(property);
+    findPlaces();
 }
 
 void PropertyCollection::setProperty(const EditableProperty& property, bool) {
@@ -92,8 +108,12 @@ bool PropertyCollection::containsProperty(const Core::String& name) const {
 }
 
 void PropertyCollection::removePropertyByName(const Core::String& name) {
+    if (!find(name))
+        return;
     std::erase_if(properties_,
                   [&name](const EditableProperty& property) { return property.getName() == name; });
+    places_.clear();
+    findPlaces();
 }
 
 Core::String PropertyCollection::getPropertiesString() const {
@@ -142,4 +162,6 @@ void PropertyCollection::removeNonFormattingProperties() {
     std::erase_if(properties_, [](const EditableProperty& property) {
         return !EditableProperty::isFormatting(property.getName());
     });
+    places_.clear();
+    findPlaces();
 }

@@ -5,6 +5,9 @@
 #include "foundation/Vector.h"
 #include "foundation/values/EditableProperty.h"
 
+#include <cstddef>
+#include <map>
+
 /// The attributes of one element: an ordered set of properties with unique names. A name is
 /// compared as it stands, prefix included. A property with an empty name is never taken in.
 ///
@@ -58,6 +61,8 @@ public:
 
 private:
     const EditableProperty* find(const Core::String& name) const;
+    void findPlaces();
 
     Core::Vector<EditableProperty> properties_;
+    std::map<Core::String, std::size_t> places_; // of each name, once there are many
 };

@@ -3,7 +3,16 @@
 #include "foundation/xml/QualifiedName.h"
 #include "foundation/xml/TreeParts.h"
 
+#include <algorithm>
+
 namespace Xml {
+
+namespace {
+
+/// So many are sooner looked through than looked up.
+constexpr std::size_t few = 32;
+
+} // namespace
 
 Element::~Element() = default;
 
@@ -42,8 +51,18 @@ bool Element::remove_attribute(const Core::String& name, const Core::String& pre
     Attribute* found = get_attribute(name, prefix);
     if (!found)
         return false;
+    if (byName_)
+        std::erase_if(*byName_, [found](const auto& entry) { return entry.second == found; });
     std::erase_if(attributes_, [found](const auto& attribute) { return attribute.get() == found; });
     return true;
+}
+
+void Element::removeAttributes() {
+    std::erase_if(attributes_, [](const auto& attribute) {
+        const QualifiedName& name = *Node::Parts::name(*attribute);
+        return !name.declaresNamespace() && QualifiedName::split(name.local).prefix.empty();
+    });
+    indexByName();
 }
 
 std::list<Attribute*> Element::get_attributes() const {
@@ -87,8 +106,22 @@ TextNode* Element::add_child_text(const Core::String& text) {
 
 Attribute* Element::addAttribute(Name name, const Core::String& value) {
     attributes_.push_back(std::make_unique<Attribute>(std::move(name), value));
-    Node::Parts::setParent(*attributes_.back(), this);
-    return attributes_.back().get();
+    Attribute* const added = attributes_.back().get();
+    Node::Parts::setParent(*added, this);
+    if (byName_)
+        byName_->emplace(added->get_name(), added);
+    else
+        indexByName();
+    return added;
+}
+
+void Element::indexByName() {
+    byName_.reset();
+    if (attributes_.size() <= few)
+        return;
+    byName_ = std::make_unique<ByName>();
+    for (const auto& attribute : attributes_)
+        byName_->emplace(attribute->get_name(), attribute.get());
 }
 
 Attribute* Element::findAttribute(const QualifiedName& wanted) const {
@@ -109,18 +142,27 @@ Attribute* Element::findToSet(const QualifiedName& wanted) const {
 }
 
 Attribute* Element::findExactly(const QualifiedName& wanted) const {
-    for (const auto& attribute : attributes_) {
-        const QualifiedName& name = *Node::Parts::name(*attribute);
-        if (name.local == wanted.local && name.prefix == wanted.prefix)
-            return attribute.get();
-    }
-    return nullptr;
+    return findLocal(wanted.local,
+                     [&](const QualifiedName& name) { return name.prefix == wanted.prefix; });
 }
 
 Attribute* Element::findWithAnyPrefix(const Core::String& local) const {
+    return findLocal(local, [](const QualifiedName& name) { return !name.declaresNamespace(); });
+}
+
+/// The first in the order written.
+template <typename IsMeant>
+Attribute* Element::findLocal(const Core::String& local, IsMeant isMeant) const {
+    if (byName_) {
+        const auto [first, last] = byName_->equal_range(local);
+        const auto found = std::find_if(first, last, [&](const auto& entry) {
+            return isMeant(*Node::Parts::name(*entry.second));
+        });
+        return found == last ? nullptr : found->second;
+    }
     for (const auto& attribute : attributes_) {
         const QualifiedName& name = *Node::Parts::name(*attribute);
-        if (name.local == local && !name.declaresNamespace())
+        if (name.local == local && isMeant(name))
             return attribute.get();
     }
     return nullptr;

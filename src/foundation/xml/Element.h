@@ -4,6 +4,7 @@
 #include "foundation/xml/TextNode.h"
 
 #include <list>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -58,8 +59,16 @@ private:
     Attribute* findToSet(const QualifiedName& wanted) const;
     Attribute* findExactly(const QualifiedName& wanted) const;
     Attribute* findWithAnyPrefix(const Core::String& local) const;
+    template <typename IsMeant>
+    Attribute* findLocal(const Core::String& local, IsMeant isMeant) const;
+    void removeAttributes();
+    void indexByName();
+
+    /// By local names; of those that share one, in the order written.
+    using ByName = std::multimap<Core::String, Attribute*>;
 
     std::vector<std::unique_ptr<Attribute>> attributes_; // declarations too, in the order written
+    std::unique_ptr<ByName> byName_;                     // once there are many
 };
 
 } // namespace Xml

@@ -37,8 +37,11 @@ Core::String Node::get_name() const {
 }
 
 void Node::set_name(const Core::String& name) {
-    if (isRenamable())
-        name_ = std::make_shared<QualifiedName>(QualifiedName::checked(name, name_->prefix));
+    if (!isRenamable())
+        return;
+    name_ = std::make_shared<QualifiedName>(QualifiedName::checked(name, name_->prefix));
+    if (isAttribute(this) && parent_)
+        Element::Parts::noteRenamed(static_cast<Element&>(*parent_));
 }
 
 Core::String Node::get_namespace_prefix() const {

@@ -54,6 +54,10 @@ struct Element::Parts {
     static Attribute* addAttribute(Element& element, Name name, const Core::String& value) {
         return element.addAttribute(std::move(name), value);
     }
+    /// All but the declarations, and those that no call could set again, for they have two colons.
+    static void removeAttributes(Element& element) { element.removeAttributes(); }
+    /// One of the attributes has another name now.
+    static void noteRenamed(Element& element) { element.indexByName(); }
     /// Raises when the name could not be written.
     static std::unique_ptr<Element> make(const Core::String& name, const Core::String& prefix) {
         return Element::make(name, prefix);
