@@ -187,7 +187,16 @@ TEST(TemplateData, OfTheStyleSheetAreMarkup) {
         EXPECT_EQ(data.getGlobalXsltText(), L"");
     });
     EXPECT_EQ(document.data().find(L"xslt"), std::wstring::npos);
-    for (const wchar_t* refused : {L"<a>", L"</qfd:xslt><qfd:xslt>", L"<no:a/>", L"&no;"})
+    const wchar_t* const nested = L"<fo:root><fo:layout-master-set/></fo:root><fo:root/>";
+    document.edit([&](T& data) { data.overrideGlobalXsltText(nested); });
+    document.edit([&](T& data) {
+        EXPECT_EQ(data.getGlobalXsltText(), nested);
+        data.overrideVariables({{L"w", L"1"}});
+    });
+    EXPECT_TRUE(document.data().ends_with(
+        L"</qfd:xslt-global><qfd:variable   name=\"w\" value=\"1\"></qfd:variable>"));
+    for (const wchar_t* refused :
+         {L"<a>", L"</qfd:xslt><qfd:xslt>", L"<no:a/>", L"<fo:root></fo:root><no:a/>", L"&no;"})
         EXPECT_THROW(T(&document.face()).overrideGlobalXsltText(refused), Core::Exception);
 }
 
@@ -213,6 +222,10 @@ TEST(TemplateData, ChangeTheIdOfAnObject) {
 TEST(TemplateData, LoseCarriageReturnsAtACommit) {
     Template document(L"<!--&#13;--><qfd:script language='a&#xD;b'>c&#13;d<![CDATA[&#13;]]>"
                       L"</qfd:script><qfd:variable name=''/>");
+    T data(&document.face());
+    data.commitChangesToDocumentBuffer();
+    EXPECT_EQ(data.getScripts().front().text, L"cd&#13;");
+    document->undo();
     document.edit([](T&) {});
     EXPECT_EQ(document.data(), L"<!--&#13;--><qfd:script language=\"ab\">cd<![CDATA[&#13;]]>"
                                L"</qfd:script><qfd:variable name=''/>");
@@ -231,6 +244,7 @@ TEST(TemplateData, AreRefusedWhole) {
     EXPECT_EQ(stateOf(document.face()), before);
 
     for (const wchar_t* text : {L"<fo:root><fo:layout-master-set/></fo:root>", L"",
+                                L"<qfd:document><a><fo:layout-master-set/></a></qfd:document>",
                                 L"<qfd:document><a/></qfd:document>"}) {
         document->setContent(text, true);
         T without(&document.face());
