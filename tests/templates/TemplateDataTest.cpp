@@ -58,7 +58,7 @@ const std::wstring all = LR"(
   <!-- <fo:layout-master-set/> &#13; -->
   <qfd:localization><qfd:locale language-id='de' language-file="de.xml" language-name=""/>
     <qfd:locale language-id="fr"/><qfd:locale language-file="x"/></qfd:localization>
-  <qfd:script namespace-prefix="s" language='JScript'><![CDATA[a < b && c]]></qfd:script>
+  <qfd:script namespace-prefix="s" language='JScript'><![CDATA[a < b && c]]>&firm;</qfd:script>
   <qfd:variable   name='v' value="&firm;"></qfd:variable>
   <qfd:attribute-value object="i" attribute="fo:src" dynamic-value="x"/>
   <qfd:xslt-global><qfd:xslt xmlns:q="u"><fo:layout-master-set/> <xsl:if test='a>b'/></qfd:xslt></qfd:xslt-global>
@@ -68,7 +68,7 @@ TEST(TemplateData, AreReadAsTheyStand) {
     Template document(all);
     document.edit([](T& data) {
         EXPECT_EQ(data.getScripts(),
-                  (Core::Vector<ManagedScript>{{L"s", L"JScript", L"a < b && c"}}));
+                  (Core::Vector<ManagedScript>{{L"s", L"JScript", L"a < b && cForme & Sons"}}));
         EXPECT_TRUE(data.getScriptByNamespacePrefix(L"s"));
         EXPECT_FALSE(data.getScriptByNamespacePrefix(L"t"));
         EXPECT_EQ(data.getVariables(), (Core::Vector<QFDVariable>{{L"v", L"Forme & Sons"}}));
@@ -201,7 +201,7 @@ TEST(TemplateData, OfTheStyleSheetAreMarkup) {
 }
 
 TEST(TemplateData, ChangeTheIdOfAnObject) {
-    Template document(all);
+    Template document(all + L"<qfd:attribute-value note=\"n\" object=\"k\" attribute=\"\"/>");
     document.edit([](T& data) {
         EXPECT_FALSE(data.overrideQFDAttributesId(L"j", L"k"));
         EXPECT_TRUE(data.overrideQFDAttributesId(L"i", L"j"));
@@ -209,13 +209,15 @@ TEST(TemplateData, ChangeTheIdOfAnObject) {
         data.addXmlNodeFromQFDAttributeToRootNode({L"j", L"", L"", L"c", L"", L""},
                                                   data.getQFDDocumentElement());
         const auto entries = data.getQFDAttributes().getAttributeList();
-        ASSERT_EQ(entries.size(), 2u);
-        EXPECT_EQ(entries[1], data.getQFDAttributeFromXmlNode(
+        ASSERT_EQ(entries.size(), 3u);
+        EXPECT_EQ(entries[2], data.getQFDAttributeFromXmlNode(
                                   data.getQFDDocumentElement()->get_children().back()));
     });
     EXPECT_TRUE(document.data().ends_with(
         L"<qfd:attribute-value object=\"j\" attribute=\"fo:src\" dynamic-value=\"x\"/>"
-        L"<qfd:attribute-value object=\"j\" attribute=\"\" condition=\"c\"/>"));
+        L"<qfd:attribute-value note=\"n\" object=\"k\" attribute=\"\"/>"
+        L"<qfd:attribute-value object=\"j\" attribute=\"\" condition=\"c\"/>"))
+        << Template::narrow(document.data());
 }
 
 /// References to them, that is: in a comment and a section nothing is one.
