@@ -182,6 +182,11 @@ TEST(TemplateData, OfTheStyleSheetAreMarkup) {
     EXPECT_EQ(T(&document.face()).getGlobalXsltText(),
               L"<xsl:if test=\"]]&gt;\">&firm;&#x00A0;</xsl:if>\n<a><b/></a>");
     document.edit([](T& data) {
+        data.getXsltInGlobalXslt()->set_attribute(L"xmlns:xsl", L"own");
+        data.overrideGlobalXsltText(L"<xsl:if/>");
+        EXPECT_EQ(data.getXsltInGlobalXslt()->get_namespace_defs().at(L"xsl"), L"own");
+    });
+    document.edit([](T& data) {
         data.overrideGlobalXsltText(L"\n ");
         EXPECT_FALSE(data.getGlobalXslt());
         EXPECT_EQ(data.getGlobalXsltText(), L"");
@@ -216,8 +221,7 @@ TEST(TemplateData, ChangeTheIdOfAnObject) {
     EXPECT_TRUE(document.data().ends_with(
         L"<qfd:attribute-value object=\"j\" attribute=\"fo:src\" dynamic-value=\"x\"/>"
         L"<qfd:attribute-value note=\"n\" object=\"k\" attribute=\"\"/>"
-        L"<qfd:attribute-value object=\"j\" attribute=\"\" condition=\"c\"/>"))
-        << Template::narrow(document.data());
+        L"<qfd:attribute-value object=\"j\" attribute=\"\" condition=\"c\"/>"));
 }
 
 /// References to them, that is: in a comment and a section nothing is one.
