@@ -14,6 +14,7 @@
 #include "templates/TemplateValues.h"
 #include "trees/Elements.h"
 #include "trees/Fragment.h"
+#include "trees/PiecedText.h"
 
 #include <algorithm>
 #include <set>
@@ -49,9 +50,9 @@ String placesIn(const String& written) {
     return end < start ? String() : String(XmlScan::slice(written.view(), start, end)).trim();
 }
 
-/// Gives the places whose values are not all static an id each, and both their values that id.
-void giveIds(Vector<TranspromoInfo>& places) {
-    std::set<String> taken;
+/// Gives the places whose values are not all static an id each that is not taken, and both their
+/// values that id.
+void giveIds(Vector<TranspromoInfo>& places, std::set<String> taken) {
     for (TranspromoInfo& place : places) {
         if (PromoElement::isStatic(place))
             continue;
@@ -64,9 +65,9 @@ void giveIds(Vector<TranspromoInfo>& places) {
 }
 
 /// The values to be written: of a static place only that there is nothing any more under its ids,
-/// unless another place has them.
-std::vector<PropertyValueEx> valuesOf(const Vector<TranspromoInfo>& places) {
-    std::set<String> taken;
+/// unless something else has them.
+std::vector<PropertyValueEx> valuesOf(const Vector<TranspromoInfo>& places,
+                                      std::set<String> taken) {
     for (const TranspromoInfo& place : places)
         if (!PromoElement::isStatic(place))
             taken.insert(place.source.getObjectID());
@@ -110,8 +111,11 @@ void PromoPlaces::read(const String& master, int sequence, Fragment& fragment) {
     const int root = text.root();
     regions_ = regionsOf(*document_, master);
     source_ = PromoText::markupIn(text, sequence);
-    fragment.readText(String(text.prolog().documentType) + text.slice(root, text.next(root)) +
-                      source_ + L"</" + text.nameAt(root) + L">");
+    PiecedText pieces{DocumentSeam(document_)};
+    pieces.made(String(text.prolog().documentType)).stretch(root, text.next(root) - 1);
+    for (const int element : PromoText::in(text, sequence))
+        pieces.stretch(element, text.lastOffsetOf(element));
+    fragment.setTree(pieces.made(L"</" + text.nameAt(root) + L">").parse());
     asRead_ = Fragment::textOf(*fragment.tree());
 }
 
@@ -132,12 +136,15 @@ void PromoPlaces::override(Fragment& fragment, Vector<TranspromoInfo> places) {
     Element& root = *fragment.root();
     for (const TranspromoInfo& place : places)
         PromoElement::requireText(place);
-    giveIds(places);
+    const std::set<String> borne =
+        places.empty() ? std::set<String>()
+                       : PromoText::idsBeside(document_->text(), sequenceIn(*document_));
+    giveIds(places, borne);
     for (Xml::Node* child : root.get_children())
         root.remove_child(child);
     for (const TranspromoInfo& place : places)
         PromoElement::write(*root.add_child(L"trans-promo", L"qf"), place, regions_);
-    values_ = valuesOf(places);
+    values_ = valuesOf(places, borne);
 }
 
 void PromoPlaces::commit(const Fragment& fragment) {
@@ -159,7 +166,9 @@ void PromoPlaces::commit(const Fragment& fragment) {
 }
 
 void PromoPlaces::deleteIn(int sequence) {
-    PromoText::removeAll(*document_, sequence);
+    const XmlText::View name = document_->text().tagName(sequence);
+    if (name == L"fo:page-sequence" || name == L"qfd:page-sequence-repeat")
+        PromoText::removeAll(*document_, sequence);
 }
 
 bool PromoPlaces::write(const String& written) {

@@ -17,7 +17,7 @@ public:
     Core::Vector<TranspromoInfo> list(const Fragment& fragment) const;
     void override(Fragment& fragment, Core::Vector<TranspromoInfo> places);
     void commit(const Fragment& fragment);
-    /// Takes those of the sequence at the position out of the text.
+    /// Takes those of the sequence at the position out of the text; nothing where none begins.
     void deleteIn(int sequence);
 
 private:
@@ -26,8 +26,6 @@ private:
 
     Document* document_;
     PromoElement::Regions regions_;
-    Core::String rootTag_; // the start tag of the tree's root, and its closing tag
-    Core::String closingTag_;
     Core::String source_;                 // the places as they stand in the text
     Core::String asRead_;                 // what the tree was written as
     std::vector<PropertyValueEx> values_; // that the commit has to write

@@ -2,17 +2,40 @@
 
 #include "document/Document.h"
 #include "document/RecordedCommand.h"
+#include "document/TextRewrite.h"
+#include "text/Markup.h"
+
+#include <algorithm>
 
 using Core::String;
 
 namespace {
 
-/// The first offset of the tabs before the element, and of a line break before these.
-int withSpacesBefore(const XmlText& text, int element) {
-    int start = element;
-    while (start > 0 && text.unitAt(start - 1) == L'\t')
-        --start;
-    return start > 0 && text.unitAt(start - 1) == L'\n' ? start - 1 : start;
+/// From `start` up to but excluding `end`.
+struct Stretch {
+    int start;
+    int end;
+};
+
+/// The elements, each with the tabs before it and a line break before these, as they stand when
+/// those before it have gone. With only tabs between, neighbours are one stretch.
+std::vector<Stretch> withSpacesBefore(const XmlText& text, const std::vector<int>& elements) {
+    std::vector<Stretch> stretches;
+    for (const int element : elements) {
+        int start = element;
+        for (;;) {
+            while (start > 0 && text.unitAt(start - 1) == L'\t')
+                --start;
+            if (stretches.empty() || stretches.back().end != start)
+                break;
+            start = stretches.back().start;
+            stretches.pop_back();
+        }
+        if (start > 0 && text.unitAt(start - 1) == L'\n')
+            --start;
+        stretches.push_back({start, text.lastOffsetOf(element) + 1});
+    }
+    return stretches;
 }
 
 } // namespace
@@ -38,20 +61,33 @@ String PromoText::markupIn(const XmlText& text, int sequence) {
     return markup;
 }
 
+std::set<String> PromoText::idsBeside(const XmlText& text, int sequence) {
+    const std::vector<int> places = in(text, sequence);
+    std::set<String> ids;
+    for (int tag = text.root(), end = -1; tag >= 0; tag = text.nextTag(end + 1)) {
+        const bool isPlace = std::binary_search(places.begin(), places.end(), tag);
+        end = isPlace ? text.lastOffsetOf(tag) : text.tagEnd(tag + 1);
+        if (end < 0)
+            break;
+        if (isPlace || text.closingAt(tag))
+            continue;
+        for (int at = text.nextAttribute(tag); at >= 0; at = text.nextAttribute(at))
+            if (XmlScan::localName(text.attributeName(at)) == L"id")
+                ids.insert(Markup::unescaped(text.attributeValue(at)));
+    }
+    return ids;
+}
+
 void PromoText::removeAll(Document& document, int sequence) {
     const std::vector<int> elements = in(document.text(), sequence);
     if (elements.empty())
         return;
     carryOut(document, [&] {
-        int removed = 0;
-        for (const int asFound : elements) {
-            const int element = asFound - removed;
-            const int start = withSpacesBefore(document.text(), element);
-            document.recordCaret();
-            const String markup =
-                document.removeUnrecorded(start, document.text().lastOffsetOf(element));
-            document.recordDeletion(start, markup);
-            removed += markup.length();
+        TextRewrite rewrite(document);
+        for (const Stretch& stretch : withSpacesBefore(document.text(), elements)) {
+            rewrite.recordCaret();
+            rewrite.remove(stretch.start, stretch.end);
         }
+        rewrite.apply();
     });
 }

@@ -25,7 +25,8 @@ class PromoPlaces;
 /// Core::NullPointerException.
 class FORME_API TranspromoBuffer : public DOMBasedBuffer {
 public:
-    /// The document must not be null.
+    /// The document must not be null. Raises an Xml::ParseException, with line and column in the
+    /// document, where a place is not well formed.
     TranspromoBuffer(EditableDocumentBuffer* document, const Core::String& master);
     /// A copy edits the same tree. When one of the two has committed, the other cannot any more.
     TranspromoBuffer(const TranspromoBuffer& other);
@@ -38,17 +39,20 @@ public:
     /// Puts these in the place of all. A static source is written, one of another type only as a
     /// value that is computed; a region that the master does not have is left out. Values that are
     /// not all static are kept under the source's object id; without one, or where another place
-    /// has it, under a new one. A text with a character that XML has no way to write raises a
-    /// Core::Exception, and the tree stays as it was.
+    /// or an element elsewhere in the document has it, under a new one. A text with a character
+    /// that XML has no way to write raises a Core::Exception, and the tree stays as it was.
     void overrideTranspromoList(const Core::Vector<TranspromoInfo>& places);
 
     /// Writes the places to the front of the sequence that holds the caret now, in the place of
     /// those that it has, and their computed values to the template's data. One undo step, which
     /// belongs to a run of typing if one is under way. Without a change nothing happens, nor where
-    /// the caret is in no sequence. Raises a Core::Exception, and changes nothing, where the places
-    /// of the sequence are not those that were read.
+    /// the caret is in no sequence, nor, in silence, where the document may not be edited or no
+    /// parser would take the result. Raises a Core::Exception, and changes nothing, where the
+    /// places of the sequence are not those that were read, and an Xml::ParseException where the
+    /// template's data do not parse.
     void commitChangesToEditableBuffer() override;
-    /// Removes the promo places of the sequence that begins there. One undo step.
+    /// Removes the promo places of the sequence or repeat that begins there; nothing where none
+    /// does. One undo step.
     void deleteExistingTranspromo(int sequencePosition);
 
     /// "region-body" and so on; empty for None.

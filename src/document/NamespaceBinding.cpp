@@ -33,12 +33,18 @@ public:
         for (const int element : text_.elementsAround(first))
             enter(element);
         for (int tag = text_.nextTag(first); tag >= 0 && tag < end;
-             tag = text_.nextTag(text_.next(tag)))
+             tag = text_.nextTag(behind(tag)))
             pass(tag);
         return std::move(unbound_);
     }
 
 private:
+    /// A step would end at the end of a fo:root, which a style sheet can hold.
+    int behind(int tag) const {
+        const int end = text_.closingAt(tag) ? text_.tagEnd(tag) : text_.next(tag) - 1;
+        return end < 0 ? -1 : end + 1;
+    }
+
     void pass(int tag) {
         if (text_.closingAt(tag)) {
             leave();

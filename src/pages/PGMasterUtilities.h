@@ -90,8 +90,13 @@ public:
     /// the target's page sequences with these indices the source's static contents that fill the
     /// master's regions. Other static contents of the sequences stay, and so do the flows, unit for
     /// unit. From one template to another, scripts, variables, values that are computed and the
-    /// global style sheet come along, and settings of protection if the source has any. One undo step, which happens whole or not at all; nothing
-    /// happens where the source has no such master.
+    /// global style sheet come along, the sheet with what its prefixes and entities mean in the
+    /// source. Between roots of either kind, "qfd:document" and "fo:root", so do settings of
+    /// protection if the source has any. One undo step, which happens whole or not at all; nothing
+    /// happens where the source has no such master. Raises an Xml::ParseException where one of the
+    /// two does not parse, and a Core::Exception where its style sheet uses a prefix that nothing
+    /// declares; the target then stays as it was. In silence it also does where no parser would
+    /// take the result.
     static void applyChanges(EditableDocumentBuffer* target, EditableDocumentBuffer* source,
                              const Core::String& master, const std::vector<int>& sequences);
     /// Changes nothing and never raises.

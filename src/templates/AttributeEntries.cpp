@@ -2,7 +2,11 @@
 
 #include "foundation/xml/Element.h"
 #include "templates/TemplateElements.h"
-#include "trees/Elements.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <map>
 
 using Core::String;
 using Core::Vector;
@@ -27,6 +31,15 @@ constexpr Field fields[] = {
     {L"value", &QFDAttribute::getValue, &QFDAttribute::setValue, false},
     {L"dynamic-value", &QFDAttribute::getDynamicValue, &QFDAttribute::setDynamicValue, false}};
 
+using Texts = std::array<String, std::size(fields)>;
+
+Texts textsOf(const QFDAttribute& entry) {
+    Texts texts;
+    std::transform(std::begin(fields), std::end(fields), texts.begin(),
+                   [&](const Field& field) { return (entry.*field.get)(); });
+    return texts;
+}
+
 void requireText(const QFDAttribute& entry) {
     for (const Field& field : fields)
         TemplateElements::requireText({(entry.*field.get)()});
@@ -41,32 +54,53 @@ QFDAttribute AttributeEntries::read(const Element& element) {
     return entry;
 }
 
+std::vector<Element*> AttributeEntries::elementsOf(const Element& root) {
+    return TemplateElements::childrenOf(root, entryName);
+}
+
 QFDAttributeCollection AttributeEntries::of(const Element& root) {
-    Vector<QFDAttribute> entries;
-    for (const Element* element : Elements::childrenOf(root, entryName))
-        entries.push_back(read(*element));
     QFDAttributeCollection collection;
-    collection.addAttributes(entries);
+    for (const Element* element : elementsOf(root))
+        collection.addAttribute(read(*element));
     return collection;
 }
 
-void AttributeEntries::append(Element& root, const QFDAttribute& entry) {
-    if (entry.getObjectID().empty())
-        return;
+void AttributeEntries::write(Element& element, const QFDAttribute& entry) {
     requireText(entry);
-    Element& element = TemplateElements::append(root, entryName);
     for (const Field& field : fields)
         if (const String value = (entry.*field.get)(); field.isAlwaysWritten || !value.empty())
             element.set_attribute(field.attribute, value);
+        else
+            element.remove_attribute(field.attribute);
 }
 
+Element& AttributeEntries::append(Element& root, const QFDAttribute& entry) {
+    requireText(entry);
+    Element& element = TemplateElements::append(root, entryName);
+    write(element, entry);
+    return element;
+}
+
+// An entry that stays takes all that its element says besides along.
 void AttributeEntries::override(Element& root, const QFDAttributeCollection& entries) {
     const Vector<QFDAttribute> list = entries.getAttributeList();
     for (const QFDAttribute& entry : list)
         requireText(entry);
-    TemplateElements::removeAll(root, entryName);
-    for (const QFDAttribute& entry : list)
-        append(root, entry);
+    std::multimap<Texts, Element*> old;
+    for (Element* element : elementsOf(root))
+        old.emplace(textsOf(read(*element)), element);
+    for (const QFDAttribute& entry : list) {
+        if (entry.getObjectID().empty())
+            continue;
+        if (const auto kept = old.extract(textsOf(entry))) {
+            root.import_node(kept.mapped(), true);
+            root.remove_child(kept.mapped());
+        } else {
+            append(root, entry);
+        }
+    }
+    for (const auto& [texts, element] : old)
+        root.remove_child(element);
 }
 
 bool AttributeEntries::changeId(Element& root, const String& from, const String& to) {

@@ -4,11 +4,15 @@
 #include "document/NamespaceBinding.h"
 #include "foundation/Exception.h"
 #include "foundation/xml/Element.h"
+#include "templates/EntityTexts.h"
 #include "templates/TemplateElements.h"
 #include "text/Markup.h"
 #include "text/XmlText.h"
-#include "trees/Elements.h"
 #include "trees/Fragment.h"
+
+#include <algorithm>
+#include <cwctype>
+#include <string_view>
 
 using Core::String;
 using Xml::Element;
@@ -28,16 +32,42 @@ String contentOf(const Element& element) {
     return end < start ? String() : text.subString(start, end).trim();
 }
 
-/// From prefixes to addresses: what the root declares, and what else the style sheet of a template
-/// does.
-std::map<String, String> inForceIn(const Element& root, const Element& ofSheet) {
-    std::map<String, String> declared = root.get_namespace_defs();
-    if (const Element* sheet = GlobalXslt::in(ofSheet))
-        declared.merge(sheet->get_namespace_defs());
+using Declared = std::map<String, String>; // from prefixes to addresses
+
+/// What the style sheet of a template declares, and what else the root does.
+Declared inForceIn(const Element& root) {
+    const Element* sheet = GlobalXslt::in(root);
+    Declared declared = sheet ? sheet->get_namespace_defs() : Declared();
+    declared.merge(root.get_namespace_defs());
     return declared;
 }
 
-String asAttributes(const std::map<String, String>& declared) {
+bool isPartOfName(wchar_t unit) {
+    return std::wstring_view(L"-._").find(unit) != std::wstring_view::npos ||
+           std::iswalnum(static_cast<std::wint_t>(unit));
+}
+
+/// Whether the prefix is a word of the markup, be it in a value only; the empty one always is.
+bool uses(std::wstring_view markup, std::wstring_view prefix) {
+    const auto isPart = [&](std::size_t at) {
+        return at < markup.size() && isPartOfName(markup[at]);
+    };
+    std::size_t at = 0;
+    while ((at = markup.find(prefix, at)) != markup.npos) {
+        if (prefix.empty() || !((at > 0 && isPart(at - 1)) || isPart(at + prefix.size())))
+            return true;
+        ++at;
+    }
+    return false;
+}
+
+/// What the text of a style sheet uses of what is in force for it.
+Declared usedIn(const String& text, Declared inForce) {
+    std::erase_if(inForce, [&](const auto& one) { return !uses(text.view(), one.first.view()); });
+    return inForce;
+}
+
+String asAttributes(const Declared& declared) {
     String attributes;
     for (const auto& [prefix, address] : declared) {
         String escaped = address;
@@ -57,8 +87,7 @@ void requireDeclaredPrefixes(const String& sheet) {
                                   L"\", which is not declared");
 }
 
-void put(Element& root, String text, const String& documentType,
-         const std::map<String, String>& declared) {
+void put(Element& root, String text, const String& documentType, const Declared& declared) {
     TemplateElements::removeAll(root, holderName);
     if (text.trim().empty())
         return;
@@ -70,16 +99,26 @@ void put(Element& root, String text, const String& documentType,
     holder.import_node(sheet.root(), true);
 }
 
+/// What the style sheet holds, with the texts of its entities.
+String textIn(const GlobalXslt::Place& place) {
+    const String text = GlobalXslt::textIn(place.root);
+    return place.documentType.empty()
+               ? text
+               : contentOf(*EntityTexts::replacedIn(L"<qfd:xslt>" + text + L"</qfd:xslt>",
+                                                    place.documentType)
+                                ->getRootNode());
+}
+
 } // namespace
 
 Element* GlobalXslt::holderIn(const Element& root) {
-    const std::vector<Element*> holders = Elements::childrenOf(root, holderName);
+    const std::vector<Element*> holders = TemplateElements::childrenOf(root, holderName);
     return holders.empty() ? nullptr : holders.front();
 }
 
 Element* GlobalXslt::in(const Element& root) {
-    for (const Element* holder : Elements::childrenOf(root, holderName))
-        for (Element* sheet : Elements::childrenOf(*holder, sheetName))
+    for (const Element* holder : TemplateElements::childrenOf(root, holderName))
+        for (Element* sheet : TemplateElements::childrenOf(*holder, sheetName))
             return sheet;
     return nullptr;
 }
@@ -90,11 +129,19 @@ String GlobalXslt::textIn(const Element& root) {
 }
 
 void GlobalXslt::override(Element& root, const String& text, const String& documentType) {
-    put(root, text, documentType, inForceIn(root, root));
+    put(root, text, documentType, inForceIn(root));
 }
 
-void GlobalXslt::takeOver(Element& root, const Element& from, const String& documentType) {
-    put(root, textIn(from), documentType, inForceIn(root, from));
+void GlobalXslt::takeOver(const Place& to, const Place& from) {
+    const String text = ::textIn(from);
+    const Declared used = usedIn(text, inForceIn(from.root));
+    const Declared present = inForceIn(to.root);
+    if (text == ::textIn(to) &&
+        std::includes(present.begin(), present.end(), used.begin(), used.end()))
+        return;
+    Declared declared = used;
+    declared.merge(to.root.get_namespace_defs());
+    put(to.root, text, to.documentType, declared);
 }
 
 String GlobalXslt::declarationsOf(const Element& element) {

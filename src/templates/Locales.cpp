@@ -2,7 +2,6 @@
 
 #include "foundation/xml/Element.h"
 #include "templates/TemplateElements.h"
-#include "trees/Elements.h"
 
 #include <algorithm>
 
@@ -21,13 +20,13 @@ constexpr const wchar_t* nameName = L"language-name";
 
 /// Where the locales are; null without them.
 Element* listIn(const Element& root) {
-    const std::vector<Element*> lists = Elements::childrenOf(root, listName);
+    const std::vector<Element*> lists = TemplateElements::childrenOf(root, listName);
     return lists.empty() ? nullptr : lists.front();
 }
 
 /// The first locale of that id; null without one.
 Element* find(const Element& list, const String& id) {
-    for (Element* locale : Elements::childrenOf(list, localeName))
+    for (Element* locale : TemplateElements::childrenOf(list, localeName))
         if (locale->get_attribute(idName) && valueOf(*locale, idName) == id)
             return locale;
     return nullptr;
@@ -46,7 +45,7 @@ QFDTemplateLocale localeIn(const Element& element) {
 Vector<QFDTemplateLocale> Locales::of(const Element& root) {
     Vector<QFDTemplateLocale> locales;
     if (const Element* list = listIn(root))
-        for (const Element* locale : Elements::childrenOf(*list, localeName))
+        for (const Element* locale : TemplateElements::childrenOf(*list, localeName))
             if (locale->get_attribute(idName))
                 locales.push_back(localeIn(*locale));
     return locales;

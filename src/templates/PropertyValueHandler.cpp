@@ -3,6 +3,7 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "templates/TemplateValues.h"
+#include "text/Markup.h"
 
 using Core::String;
 
@@ -20,8 +21,11 @@ void PropertyValueHandler::read(const SmartPtr<EditableDocumentBuffer>& document
                                 const PropertyCollection& properties, PropertyValueEx& value) {
     const String id = properties.getPropertyValue(L"fo:id");
     if (!id.empty())
-        value.setObjectID(id);
-    value.setStaticValue(properties.getPropertyValue(value.getPropertyName()));
+        value.setObjectID(Markup::unescaped(id.view()));
+    const String asWritten = properties.getPropertyValue(value.getPropertyName());
+    const bool isLink =
+        !value.getObjectID().empty() && TemplateValues::isLink(value.getPropertyName());
+    value.setStaticValue(isLink ? Markup::unescaped(asWritten.view()) : asWritten);
     read(document, value);
 }
 

@@ -28,7 +28,7 @@ Element* QFDTemplateFunctionalBuffer::getQFDDocumentElement() const {
 // Scripts
 
 Vector<ManagedScript> QFDTemplateFunctionalBuffer::getScripts() const {
-    return Scripts::of(data_->root());
+    return Scripts::of(data_->root(), data_->documentType());
 }
 
 void QFDTemplateFunctionalBuffer::overrideScripts(const Vector<ManagedScript>& scripts) {
@@ -71,7 +71,7 @@ QFDAttribute QFDTemplateFunctionalBuffer::getQFDAttributeFromXmlNode(const Xml::
 
 void QFDTemplateFunctionalBuffer::addXmlNodeFromQFDAttributeToRootNode(const QFDAttribute& entry,
                                                                        Xml::Node* root) {
-    if (root && root->is_element())
+    if (root && root->is_element() && !entry.getObjectID().empty())
         AttributeEntries::append(static_cast<Element&>(*root), entry);
 }
 

@@ -28,7 +28,8 @@ class TemplateData;
 /// What takes the place of a list stands behind whatever else there is. Texts are plain, but the
 /// style sheet's, which is markup. A text with a character that XML has no way to write raises a
 /// Core::Exception, and the tree stays as it was. Elements are given as plain pointers, valid until
-/// they are removed.
+/// they are removed. Children of the root that are in another namespace than the template's are
+/// none of its data.
 ///
 /// Only a document whose root is "qfd:document" and which has page masters has such data. On any
 /// other the object has no tree, and every operation raises Core::NullPointerException.
@@ -47,8 +48,10 @@ public:
     /// Writes the data back as one undo step and declares on the root what prefixes they need.
     /// Carriage returns go, and so does white space before the page masters; what was not edited
     /// is spelt as before. Without a change nothing happens. Raises a Core::Exception, and changes
-    /// nothing, where the data in the document are no longer those that were read. Afterwards this
-    /// can be edited on and committed again.
+    /// nothing, where the data in the document are no longer those that were read. Where the
+    /// document may not be edited, or no parser would take it with the data, nothing happens and
+    /// nothing is told. Afterwards this can be edited on and committed again; if carriage returns
+    /// went, its elements are new ones.
     void commitChangesToDocumentBuffer();
 
     /// The root, which holds the data and nothing of what follows.
@@ -56,7 +59,8 @@ public:
 
     // Scripts
 
-    /// What a script uses stands as markup in its text.
+    /// What a script uses stands as markup in its text, and the texts of entities in the place of
+    /// references to them; a reference to one outside the document stays as it is spelt.
     Core::Vector<ManagedScript> getScripts() const;
     /// Of a script in "CSharp" that markup becomes elements ahead of its text; an assembly's name
     /// wins over its address. In other languages it is text like any other.
@@ -72,7 +76,8 @@ public:
     // Values that are computed; PropertyValueHandler reads and writes those of one attribute
 
     QFDAttributeCollection getQFDAttributes() const;
-    /// Entries without an object id are left out.
+    /// Entries without an object id are left out. An element whose entry stays keeps what else it
+    /// holds.
     void setQFDAttributes(const QFDAttributeCollection& entries);
     /// Gives the entries of an object another id; answers whether there are any.
     bool overrideQFDAttributesId(const Core::String& oldId, const Core::String& newId);
@@ -101,9 +106,10 @@ public:
     Xml::Element* getXsltInGlobalXslt() const;
     /// Its content as markup; empty without one.
     Core::String getGlobalXsltText() const;
-    /// Takes markup for its content; a blank text removes it. The markup may use the root's
-    /// prefixes. Where it is not well formed, or uses a prefix that nothing declares, raises a
-    /// Core::Exception; the old one is then gone from the tree.
+    /// Takes markup for its content; a blank text removes it. The markup may use the prefixes
+    /// of the old one and of the root, and the document's entities. Where it is not well formed
+    /// raises an Xml::ParseException, where it uses a prefix that nothing declares a
+    /// Core::Exception; the old one is then gone from the tree, with an empty element in its place.
     void overrideGlobalXsltText(const Core::String& text);
 
     // Namespaces that the root declares

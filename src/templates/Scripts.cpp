@@ -1,9 +1,11 @@
 #include "templates/Scripts.h"
 
 #include "foundation/xml/Element.h"
+#include "foundation/xml/EntityReferenceNode.h"
+#include "foundation/xml/ParseException.h"
+#include "templates/EntityTexts.h"
 #include "templates/MsxslMarkup.h"
 #include "templates/TemplateElements.h"
-#include "trees/Elements.h"
 
 using Core::String;
 using Core::Vector;
@@ -16,24 +18,53 @@ constexpr const wchar_t* scriptName = L"script";
 constexpr const wchar_t* msxsl = L"msxsl";
 constexpr const wchar_t* msxslAddress = L"urn:schemas-microsoft-com:xslt";
 
-String textOf(const Xml::Node& child) {
-    if (child.is_text())
-        return static_cast<const Xml::TextNode&>(child).get_content();
-    if (!child.is_element())
-        return {};
-    const auto& element = static_cast<const Element&>(child);
-    if (element.get_name() == L"assembly")
-        return MsxslMarkup::of(MsxslAssembly{valueOf(element, L"name"), valueOf(element, L"href")});
-    if (element.get_name() == L"using")
-        return MsxslMarkup::of(MsxslUsing{valueOf(element, L"namespace")});
-    return {};
-}
+/// What stands in an element as the text of a script. Entities have the texts that the document
+/// type declares; one whose text is not at hand stays as it is referred to.
+class ScriptText {
+public:
+    explicit ScriptText(const String& documentType) : documentType_(documentType) {}
 
-ManagedScript scriptIn(const Element& element) {
-    String text;
-    for (const Xml::Node* child : element.get_children())
-        text += textOf(*child);
-    return {valueOf(element, L"namespace-prefix"), valueOf(element, L"language"), text};
+    String in(const Element& element) const {
+        String text;
+        for (const Xml::Node* child : element.get_children())
+            text += of(*child);
+        return text;
+    }
+
+private:
+    String of(const Xml::Node& child) const {
+        if (child.is_text())
+            return static_cast<const Xml::TextNode&>(child).get_content();
+        if (child.is_element())
+            return of(static_cast<const Element&>(child));
+        const bool isEntity = dynamic_cast<const Xml::EntityReferenceNode*>(&child);
+        return isEntity ? ofEntity(L"&" + child.get_name() + L";") : String();
+    }
+
+    static String of(const Element& element) {
+        if (element.get_name() == L"assembly")
+            return MsxslMarkup::of(
+                MsxslAssembly{valueOf(element, L"name"), valueOf(element, L"href")});
+        if (element.get_name() == L"using")
+            return MsxslMarkup::of(MsxslUsing{valueOf(element, L"namespace")});
+        return {};
+    }
+
+    String ofEntity(const String& reference) const {
+        try {
+            return in(*EntityTexts::replacedIn(L"<text>" + reference + L"</text>", documentType_)
+                           ->getRootNode());
+        } catch (const Xml::ParseException&) {
+            return reference;
+        }
+    }
+
+    const String& documentType_;
+};
+
+ManagedScript scriptIn(const Element& element, const String& documentType) {
+    return {valueOf(element, L"namespace-prefix"), valueOf(element, L"language"),
+            ScriptText(documentType).in(element)};
 }
 
 /// With what it uses apart from its text, where that is told by elements.
@@ -73,15 +104,15 @@ void append(Element& root, const ManagedScript& script) {
 
 } // namespace
 
-Vector<ManagedScript> Scripts::of(const Element& root) {
+Vector<ManagedScript> Scripts::of(const Element& root, const String& documentType) {
     Vector<ManagedScript> scripts;
-    for (const Element* element : Elements::childrenOf(root, scriptName))
-        scripts.push_back(scriptIn(*element));
+    for (const Element* element : TemplateElements::childrenOf(root, scriptName))
+        scripts.push_back(scriptIn(*element, documentType));
     return scripts;
 }
 
 Element* Scripts::withPrefix(const Element& root, const String& prefix) {
-    for (Element* element : Elements::childrenOf(root, scriptName))
+    for (Element* element : TemplateElements::childrenOf(root, scriptName))
         if (valueOf(*element, L"namespace-prefix") == prefix)
             return element;
     return nullptr;

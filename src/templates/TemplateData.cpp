@@ -2,6 +2,7 @@
 
 #include "document/Document.h"
 #include "foundation/Exception.h"
+#include "text/RootChildren.h"
 #include "trees/KeptSpelling.h"
 
 #include <optional>
@@ -18,9 +19,19 @@ struct Range {
     int end; ///< excluded
 };
 
+/// The root's own page masters; -1 for none. Where something ahead of them has no end, it is for
+/// the parser to tell what is wrong.
+int mastersIn(const XmlText& text) {
+    if (const int own = RootChildren::named(text, L"fo:layout-master-set"); own >= 0)
+        return own;
+    const int found = text.layoutMasterSet();
+    const int around = text.elementAround(found);
+    return around != text.root() && text.closingTag(around) >= 0 ? -1 : found;
+}
+
 std::optional<Range> rangeIn(const XmlText& text) {
     const int root = text.root();
-    const int masters = text.layoutMasterSet();
+    const int masters = mastersIn(text);
     if (text.tagName(root) != L"qfd:document" || masters < 0)
         return std::nullopt;
     return Range{root, masters};
@@ -51,7 +62,11 @@ String withoutClosingTag(const String& element) {
 } // namespace
 
 TemplateData::TemplateData(Document& document) : document_(&document), fragment_(&document) {
-    const std::optional<Range> range = rangeIn(document.text());
+    read();
+}
+
+void TemplateData::read() {
+    const std::optional<Range> range = rangeIn(document_->text());
     if (!range)
         return;
     fragment_.readHead(range->start, range->end);
@@ -64,22 +79,28 @@ String TemplateData::documentType() const {
 }
 
 bool TemplateData::commit() {
-    Document& document = *document_;
-    const String written = withoutReturns(Fragment::textOf(*fragment_.tree()).view());
-    const std::optional<Range> range = rangeIn(document.text());
-    if (!range || document.text().view(range->start, range->end) != Text(source_))
+    const String edited = Fragment::textOf(*fragment_.tree());
+    const String written = withoutReturns(edited.view());
+    const std::optional<Range> range = rangeIn(document_->text());
+    if (!range || document_->text().view(range->start, range->end) != Text(source_))
         throw Core::Exception(L"what stands ahead of the page masters has changed since it was "
                               L"read, so it is not overwritten");
-    if (written == asRead_)
-        return true;
+    if (written != asRead_ && !write(range->start, written))
+        return false;
+    if (written != edited)
+        read();
+    return true;
+}
+
+bool TemplateData::write(int start, const String& written) {
     const String text = withoutClosingTag(keepSpelling(source_ + closingTag, asRead_, written));
-    const CommitCaret caret{{document.caret(), document.pivot()}, {}};
-    if (text != source_ && !DocumentSeam(&document).replace(range->start, range->end - 1, text,
-                                                            caret, Prefixes::Declared))
+    const CommitCaret caret{{document_->caret(), document_->pivot()}, {}};
+    if (text != source_ && !DocumentSeam(document_).replace(start, start + source_.length() - 1,
+                                                            text, caret, Prefixes::Declared))
         return false;
     // The root may have gained declarations.
-    const Range now = *rangeIn(document.text());
-    source_ = document.text().slice(now.start, now.end);
+    if (const std::optional<Range> now = rangeIn(document_->text()))
+        source_ = document_->text().slice(now->start, now->end);
     asRead_ = written;
     return true;
 }

@@ -20,12 +20,15 @@ public:
     Core::String documentType() const;
 
     /// Writes the tree back, without white space at its end and without carriage returns. What
-    /// would be written as it was read is left alone. Throws Core::Exception, and changes nothing,
-    /// where the text is no longer the one that was read. False, and no trace, where no parser
-    /// would take the document with it.
+    /// would be written as it was read is left alone; a tree with carriage returns is read anew.
+    /// Throws Core::Exception, and changes nothing, where the text is no longer the one that was
+    /// read. False, and no trace, where no parser would take the document with it.
     bool commit();
 
 private:
+    void read();
+    bool write(int start, const Core::String& written);
+
     Document* document_;
     Fragment fragment_;
     Core::String source_; // what stands in the text

@@ -3,6 +3,7 @@
 #include "foundation/String.h"
 
 #include <initializer_list>
+#include <vector>
 
 namespace Xml {
 class Element;
@@ -13,7 +14,10 @@ namespace TemplateElements {
 
 /// The attribute of that name, whatever its prefix; empty without one.
 Core::String valueOf(const Xml::Element& element, const wchar_t* name);
-/// Removes all children of that name, which is given without prefix.
+/// The children of that local name in their order, without those of a namespace that is not the
+/// template's.
+std::vector<Xml::Element*> childrenOf(const Xml::Element& parent, const Core::String& name);
+/// Removes all these.
 void removeAll(Xml::Element& parent, const Core::String& name);
 /// Appends an element of the template's own.
 Xml::Element& append(Xml::Element& parent, const wchar_t* name);

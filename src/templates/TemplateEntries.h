@@ -1,36 +1,26 @@
 #pragma once
 
-#include "foundation/values/QFDAttributeCollection.h"
+#include "foundation/values/QFDAttribute.h"
 
-#include <list>
 #include <map>
 #include <utility>
 #include <vector>
 
-/// The entries of a template's data, with those of one attribute of an object at hand.
+namespace Xml {
+class Element;
+}
+
+/// The entries of a template's data by the attributes of objects that they are for.
 class TemplateEntries {
 public:
+    using Entries = std::vector<QFDAttribute>;
+
     TemplateEntries() = default;
-    explicit TemplateEntries(const QFDAttributeCollection& entries);
-    // The index knows places in the list, which move along but are not copied.
-    TemplateEntries(TemplateEntries&&) = default;
-    TemplateEntries(const TemplateEntries&) = delete;
-    TemplateEntries& operator=(const TemplateEntries&) = delete;
+    explicit TemplateEntries(const Xml::Element& root);
 
-    QFDAttributeCollection all() const;
     /// Those of an attribute, in their order.
-    std::vector<QFDAttribute> of(const Core::String& object, const Core::String& attribute) const;
-
-    // As QFDAttributeCollection does it
-
-    void add(const QFDAttribute& entry);
-    void set(const QFDAttribute& entry);
-    void remove(const Core::String& object, const Core::String& attribute);
+    Entries of(const Core::String& object, const Core::String& attribute) const;
 
 private:
-    using Key = std::pair<Core::String, Core::String>;
-    using Place = std::list<QFDAttribute>::iterator;
-
-    std::list<QFDAttribute> entries_;
-    std::map<Key, std::vector<Place>> places_;
+    std::map<std::pair<Core::String, Core::String>, Entries> entries_;
 };

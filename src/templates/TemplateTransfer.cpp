@@ -12,8 +12,17 @@ namespace {
 /// One kind of data.
 template <typename Of, typename Override>
 void takeOver(const TemplateData& target, const TemplateData& source, Of of, Override override) {
-    if (const auto taken = of(source.root()); taken != of(target.root()))
+    if (const auto taken = of(source); taken != of(target))
         override(target.root(), taken);
+}
+
+/// Those that belong to an object.
+QFDAttributeCollection entriesOf(const TemplateData& data) {
+    QFDAttributeCollection entries;
+    for (const QFDAttribute& entry : AttributeEntries::of(data.root()).getAttributeList())
+        if (!entry.getObjectID().empty())
+            entries.addAttribute(entry);
+    return entries;
 }
 
 } // namespace
@@ -25,10 +34,14 @@ bool TemplateTransfer::takeOver(Document& target, Document& source) {
     const TemplateData from(source);
     if (!to.hasTree() || !from.hasTree())
         return true;
-    ::takeOver(to, from, AttributeEntries::of, AttributeEntries::override);
-    ::takeOver(to, from, Variables::of, Variables::override);
-    ::takeOver(to, from, Scripts::of, Scripts::override);
-    if (GlobalXslt::textIn(from.root()) != GlobalXslt::textIn(to.root()))
-        GlobalXslt::takeOver(to.root(), from.root(), to.documentType());
+    ::takeOver(to, from, entriesOf, AttributeEntries::override);
+    ::takeOver(
+        to, from, [](const TemplateData& data) { return Variables::of(data.root()); },
+        Variables::override);
+    ::takeOver(
+        to, from,
+        [](const TemplateData& data) { return Scripts::of(data.root(), data.documentType()); },
+        Scripts::override);
+    GlobalXslt::takeOver({to.root(), to.documentType()}, {from.root(), from.documentType()});
     return to.commit();
 }

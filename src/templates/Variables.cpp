@@ -2,7 +2,6 @@
 
 #include "foundation/xml/Element.h"
 #include "templates/TemplateElements.h"
-#include "trees/Elements.h"
 
 using Core::Vector;
 using TemplateElements::valueOf;
@@ -16,7 +15,7 @@ constexpr const wchar_t* variableName = L"variable";
 
 Vector<QFDVariable> Variables::of(const Element& root) {
     Vector<QFDVariable> variables;
-    for (const Element* element : Elements::childrenOf(root, variableName))
+    for (const Element* element : TemplateElements::childrenOf(root, variableName))
         variables.push_back({valueOf(*element, L"name"), valueOf(*element, L"value")});
     return variables;
 }

@@ -1,6 +1,6 @@
 #include "trees/KeptSpelling.h"
 
-#include "text/XmlScan.h"
+#include "text/WholeElement.h"
 
 #include <algorithm>
 #include <array>
@@ -41,9 +41,9 @@ struct Piece {
 
 /// The offset behind the element that begins there; that behind the text where it does not end.
 int elementEnd(Text text, int element) {
-    const int closing = XmlScan::closingTag(text, element);
-    const int end = closing < 0 ? -1 : XmlScan::tagEnd(text, closing + 1);
-    return end < 0 ? static_cast<int>(text.size()) : end + 1;
+    const int size = static_cast<int>(text.size());
+    const int length = XmlScan::elementLength(XmlScan::slice(text, element, size));
+    return length < 0 ? size : element + length;
 }
 
 Piece pieceOf(Text text) {

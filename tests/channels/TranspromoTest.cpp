@@ -1,6 +1,7 @@
 #include "channels/TranspromoBuffer.h"
 
 #include "foundation/Exception.h"
+#include "foundation/xml/ParseException.h"
 #include "support/MarkedDocument.h"
 #include "support/WellFormed.h"
 
@@ -188,11 +189,46 @@ TEST(Transpromo, IsLeftAlone) {
     EXPECT_THROW(without.commitChangesToEditableBuffer(), Core::NullPointerException);
     EXPECT_EQ(stateOf(document.face()), before);
 
+    document.open().deleteExistingTranspromo(document.find(L"<qfd:document"));
+    EXPECT_EQ(stateOf(document.face()), before);
     document.open().deleteExistingTranspromo(document.find(L"<fo:page-sequence"));
     EXPECT_EQ(document.text(), L"<!-- kept -->");
     document->undo();
     EXPECT_EQ(stateOf(document.face()), before);
     EXPECT_FALSE(document->canUndo());
+}
+
+TEST(Transpromo, LeavesIdsToTheElementsThatBearThem) {
+    Sequences document(first + L"<b id='p'/>");
+    Places places = document.places();
+    document.commit(places);
+    EXPECT_EQ(saidBy(document.places()), saidBy(places));
+    EXPECT_NE(document.places()[1].source.getObjectID(), L"p");
+    places[1].source.setType(PropertyValueType::Static);
+    document.commit(places);
+    EXPECT_NE(document.find(L"object=\"p\""), -1);
+}
+
+/// Each takes tabs and a line break along, be it those that the one before has left.
+TEST(Transpromo, GoesWithTheSpacesBeforeIt) {
+    const std::wstring place = L"<qf:trans-promo/>";
+    Sequences document(L"\n\t\n\t" + place + L"\t" + place + L" \n" + place + place + L"\n" +
+                       place);
+    const EditorState before = stateOf(document.face());
+    document.open().deleteExistingTranspromo(document.find(L"<fo:page-sequence"));
+    EXPECT_EQ(document.text(), L" ");
+    expectReplays(document.face(), before);
+
+    document->setContent(L"<qfd:document>\n<fo:page-sequence>\n<qf:trans-promo><a></b>"
+                         L"</qf:trans-promo><fo:flow>a</fo:flow></fo:page-sequence></qfd:document>",
+                         true);
+    document.document().setCaret(document.find(L"a</fo"));
+    try {
+        document.open();
+        FAIL() << "parsed";
+    } catch (const Xml::ParseException& error) {
+        EXPECT_EQ(error.getLine(), 3);
+    }
 }
 
 TEST(Transpromo, BelongsToARunOfTyping) {

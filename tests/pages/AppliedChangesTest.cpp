@@ -134,30 +134,42 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
     EXPECT_GT(twice.all().find(L"xmlns:qf=", 0), 0);
 }
 
-/// From a style sheet comes along what it declares itself; languages are the target's own.
+/// With a style sheet comes what its prefixes and entities mean; languages are the target's own.
 TEST(AppliedChanges, TakeTheTemplatesDataOver) {
-    const auto document = [](const String& data, const wchar_t* size) {
-        return L"<qfd:document xmlns:qfd=\"urn:forme:qfd/1.0\" xmlns:fo=\"urn:fo\">" + data +
+    const auto document = [](const String& data, const wchar_t* size, const String& declared) {
+        return L"<qfd:document xmlns:qfd=\"urn:forme:qfd/1.0\" xmlns:fo=\"urn:fo\"" + declared +
+               L">" + data +
                L"<fo:layout-master-set><fo:simple-page-master master-name=\"M\" page-width=\"" +
                size + L"\"/></fo:layout-master-set></qfd:document>";
     };
-    const String same = L"<qfd:variable  name='v' value=''/>\n";
+    const String same = L"<qfd:variable  name='v' value=''/><qfd:attribute-value note='n'/>\n";
     const String own = L"<qfd:localization><qfd:locale language-id=\"de\"/></qfd:localization>";
-    Edited target(document(same + own + L"<qfd:script/>", L"1in"));
+    const String declared = L" xmlns:x=\"other\"";
+    Edited target(document(same + own + L"<qfd:script/>", L"1in", declared));
     const EditorState before = stateOf(target.face());
-    const Edited source(document(
-        same + L"<qfd:xslt-global><qfd:xslt xmlns:x=\"u\"><x:y/></qfd:xslt></qfd:xslt-global>"
-               L"<qfd:attribute-value object=\"i\" attribute=\"a\" dynamic-value=\"d\"/>",
-        L"2in"));
-    PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"M", {});
-    EXPECT_EQ(target.all(),
-              document(same + own +
-                           L"<qfd:attribute-value object=\"i\" attribute=\"a\" "
-                           L"dynamic-value=\"d\"/><qfd:xslt-global><qfd:xslt xmlns:fo=\"urn:fo\" "
-                           L"xmlns:qfd=\"urn:forme:qfd/1.0\" xmlns:x=\"u\"><x:y/></qfd:xslt>"
-                           L"</qfd:xslt-global>",
-                       L"2in"));
-    expectReplays(target.face(), before);
+    const String sheet = L"<qfd:xslt-global><qfd:xslt xmlns:x=\"u\"><x:y select=\"z:a\">&co;</x:y>"
+                         L"</qfd:xslt></qfd:xslt-global>";
+    const auto source = [&](const wchar_t* address) {
+        return L"<!DOCTYPE qfd:document [<!ENTITY co 'ACME'>]>" +
+               document(L"<qfd:variable name='v'/><qfd:script>&co;</qfd:script>" + sheet, L"2in",
+                        L" xmlns:z=\"" + String(address) + L"\"");
+    };
+    const auto expected = [&](const wchar_t* address) {
+        return document(
+            same + own +
+                L"<qfd:script namespace-prefix=\"\" language=\"\">ACME</qfd:script>"
+                L"<qfd:xslt-global><qfd:xslt xmlns:fo=\"urn:fo\" xmlns:qfd=\"urn:forme:qfd/1.0\" "
+                L"xmlns:x=\"u\" xmlns:z=\"" +
+                String(address) + L"\"><x:y select=\"z:a\">ACME</x:y></qfd:xslt></qfd:xslt-global>",
+            L"2in", declared);
+    };
+    for (const wchar_t* address : {L"z", L"y", L"y"}) {
+        PGMasterUtilities::applyChanges(&target.face(), &Edited(source(address)).face(), L"M", {});
+        EXPECT_EQ(target.all(), expected(address));
+    }
+    while (target->canUndo())
+        target->undo();
+    EXPECT_EQ(stateOf(target.face()), before);
 }
 
 /// An entity is what it stands for, and what the root has to declare moves no sequence away.

@@ -89,12 +89,27 @@ TEST(PropertyValues, OfLinksAreUnwrapped) {
     H::read(document, L"/qfd:document/fo:page-sequence/fo:flow/fo:block", source);
     EXPECT_EQ(source.getObjectID(), L"i");
     EXPECT_EQ(source.getStaticValue(), L"a.png");
+
+    const auto escaped = documentWith(L"<qfd:attribute-value object='a&amp;b' attribute='fo:src' "
+                                      L"dynamic-value='d'/>");
+    PropertyCollection asWritten;
+    asWritten.addProperty({L"fo:id", L"a&amp;b"}, true);
+    asWritten.addProperty({L"fo:src", L"url(&quot;x&amp;y&quot;)"}, true);
+    H::read(escaped, asWritten, source);
+    EXPECT_EQ(source.getDynamicValue(), L"d");
+    EXPECT_EQ(source.getStaticValue(), L"x&y");
 }
 
 TEST(PropertyValues, AreReadAsWritten) {
-    const std::wstring others = entry(L"dynamic-value='z'", L"fo:color") +
-                                L"<qfd:attribute-value object='j' attribute='fo:src' value='w'/>";
-    const auto document = documentWith(entry(L"condition='x'") + others);
+    const std::wstring others =
+        entry(L"dynamic-value='z'", L"fo:color") +
+        L"<qfd:attribute-value object='j' attribute='fo:src' note='n'><!-- kept --></qfd:attribute-"
+        L"value><qfd:attribute-value value='w'/><x:attribute-value xmlns:x='u' object='i' "
+        L"attribute='fo:src' value='w'/>";
+    const auto document =
+        documentWith(entry(L"condition='x' value='v' dynamic-value='d'") + others);
+    H::write(read(document), document); // the rows as they are
+    EXPECT_FALSE(document->canUndo());
     PropertyValueEx value(L"fo:src", L"i");
     value.setType(PropertyValueType::Conditional);
     value.setConditionalValues({{L"a", L"", L"c<d", false}, {L"", L"e", L"f", true}, {}});

@@ -58,7 +58,7 @@ const std::wstring all = LR"(
   <!-- <fo:layout-master-set/> &#13; -->
   <qfd:localization><qfd:locale language-id='de' language-file="de.xml" language-name=""/>
     <qfd:locale language-id="fr"/><qfd:locale language-file="x"/></qfd:localization>
-  <qfd:script namespace-prefix="s" language='JScript'><![CDATA[a < b && c]]></qfd:script>
+  <qfd:script namespace-prefix="s" language='JScript'><![CDATA[a < b && c]]>&firm;</qfd:script>
   <qfd:variable   name='v' value="&firm;"></qfd:variable>
   <qfd:attribute-value object="i" attribute="fo:src" dynamic-value="x"/>
   <qfd:xslt-global><qfd:xslt xmlns:q="u"><fo:layout-master-set/> <xsl:if test='a>b'/></qfd:xslt></qfd:xslt-global>
@@ -68,7 +68,7 @@ TEST(TemplateData, AreReadAsTheyStand) {
     Template document(all);
     document.edit([](T& data) {
         EXPECT_EQ(data.getScripts(),
-                  (Core::Vector<ManagedScript>{{L"s", L"JScript", L"a < b && c"}}));
+                  (Core::Vector<ManagedScript>{{L"s", L"JScript", L"a < b && cForme & Sons"}}));
         EXPECT_TRUE(data.getScriptByNamespacePrefix(L"s"));
         EXPECT_FALSE(data.getScriptByNamespacePrefix(L"t"));
         EXPECT_EQ(data.getVariables(), (Core::Vector<QFDVariable>{{L"v", L"Forme & Sons"}}));
@@ -182,17 +182,31 @@ TEST(TemplateData, OfTheStyleSheetAreMarkup) {
     EXPECT_EQ(T(&document.face()).getGlobalXsltText(),
               L"<xsl:if test=\"]]&gt;\">&firm;&#x00A0;</xsl:if>\n<a><b/></a>");
     document.edit([](T& data) {
+        data.getXsltInGlobalXslt()->set_attribute(L"xmlns:xsl", L"own");
+        data.overrideGlobalXsltText(L"<xsl:if/>");
+        EXPECT_EQ(data.getXsltInGlobalXslt()->get_namespace_defs().at(L"xsl"), L"own");
+    });
+    document.edit([](T& data) {
         data.overrideGlobalXsltText(L"\n ");
         EXPECT_FALSE(data.getGlobalXslt());
         EXPECT_EQ(data.getGlobalXsltText(), L"");
     });
     EXPECT_EQ(document.data().find(L"xslt"), std::wstring::npos);
-    for (const wchar_t* refused : {L"<a>", L"</qfd:xslt><qfd:xslt>", L"<no:a/>", L"&no;"})
+    const wchar_t* const nested = L"<fo:root><fo:layout-master-set/></fo:root><fo:root/>";
+    document.edit([&](T& data) { data.overrideGlobalXsltText(nested); });
+    document.edit([&](T& data) {
+        EXPECT_EQ(data.getGlobalXsltText(), nested);
+        data.overrideVariables({{L"w", L"1"}});
+    });
+    EXPECT_TRUE(document.data().ends_with(
+        L"</qfd:xslt-global><qfd:variable   name=\"w\" value=\"1\"></qfd:variable>"));
+    for (const wchar_t* refused :
+         {L"<a>", L"</qfd:xslt><qfd:xslt>", L"<no:a/>", L"<fo:root></fo:root><no:a/>", L"&no;"})
         EXPECT_THROW(T(&document.face()).overrideGlobalXsltText(refused), Core::Exception);
 }
 
 TEST(TemplateData, ChangeTheIdOfAnObject) {
-    Template document(all);
+    Template document(all + L"<qfd:attribute-value note=\"n\" object=\"k\" attribute=\"\"/>");
     document.edit([](T& data) {
         EXPECT_FALSE(data.overrideQFDAttributesId(L"j", L"k"));
         EXPECT_TRUE(data.overrideQFDAttributesId(L"i", L"j"));
@@ -200,12 +214,13 @@ TEST(TemplateData, ChangeTheIdOfAnObject) {
         data.addXmlNodeFromQFDAttributeToRootNode({L"j", L"", L"", L"c", L"", L""},
                                                   data.getQFDDocumentElement());
         const auto entries = data.getQFDAttributes().getAttributeList();
-        ASSERT_EQ(entries.size(), 2u);
-        EXPECT_EQ(entries[1], data.getQFDAttributeFromXmlNode(
+        ASSERT_EQ(entries.size(), 3u);
+        EXPECT_EQ(entries[2], data.getQFDAttributeFromXmlNode(
                                   data.getQFDDocumentElement()->get_children().back()));
     });
     EXPECT_TRUE(document.data().ends_with(
         L"<qfd:attribute-value object=\"j\" attribute=\"fo:src\" dynamic-value=\"x\"/>"
+        L"<qfd:attribute-value note=\"n\" object=\"k\" attribute=\"\"/>"
         L"<qfd:attribute-value object=\"j\" attribute=\"\" condition=\"c\"/>"));
 }
 
@@ -213,6 +228,10 @@ TEST(TemplateData, ChangeTheIdOfAnObject) {
 TEST(TemplateData, LoseCarriageReturnsAtACommit) {
     Template document(L"<!--&#13;--><qfd:script language='a&#xD;b'>c&#13;d<![CDATA[&#13;]]>"
                       L"</qfd:script><qfd:variable name=''/>");
+    T data(&document.face());
+    data.commitChangesToDocumentBuffer();
+    EXPECT_EQ(data.getScripts().front().text, L"cd&#13;");
+    document->undo();
     document.edit([](T&) {});
     EXPECT_EQ(document.data(), L"<!--&#13;--><qfd:script language=\"ab\">cd<![CDATA[&#13;]]>"
                                L"</qfd:script><qfd:variable name=''/>");
@@ -231,6 +250,7 @@ TEST(TemplateData, AreRefusedWhole) {
     EXPECT_EQ(stateOf(document.face()), before);
 
     for (const wchar_t* text : {L"<fo:root><fo:layout-master-set/></fo:root>", L"",
+                                L"<qfd:document><a><fo:layout-master-set/></a></qfd:document>",
                                 L"<qfd:document><a/></qfd:document>"}) {
         document->setContent(text, true);
         T without(&document.face());
