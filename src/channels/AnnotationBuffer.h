@@ -21,7 +21,8 @@ class EditableDocumentBuffer;
 /// - the document's signature
 /// - writing them back
 ///
-/// An annotation is known by its `id`, be that `id`, `qf:id` or `fo:id`. A signature is a record
+/// An annotation is known by its `id`, be that `id`, `qf:id` or `fo:id`; one without is known by
+/// the empty id. A signature is a record
 /// for whoever renders the document; nothing is signed or checked here. The root refers to the
 /// annotation that holds it by qf:annotation-reference.
 ///
@@ -78,8 +79,8 @@ public:
     DocumentSignature getDocumentSignatureFromElement(const Xml::Element* signature) const;
 
     /// Writes what was read back, as one undo step. Nothing happens where nothing has changed, nor
-    /// where no parser would take the result. Throws Core::Exception where the text has changed
-    /// there since; nothing is changed then.
+    /// where no parser would take the result; a run of typing goes on then. Throws Core::Exception
+    /// where the text has changed there since; nothing is changed then.
     void commitChangesToEditableBuffer() override;
 
 private:

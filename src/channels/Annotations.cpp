@@ -22,7 +22,7 @@ std::list<Node*> Annotations::in(const Element& root) {
 Element* Annotations::find(const Element& root, const String& id) {
     for (Element* annotation : Elements::childrenOf(root, L"annotation")) {
         const Xml::Attribute* own = annotation->get_attribute(L"id");
-        if (own && own->get_value() == id)
+        if ((own ? own->get_value() : String()) == id)
             return annotation;
     }
     return nullptr;

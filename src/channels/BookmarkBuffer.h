@@ -52,8 +52,9 @@ public:
     /// Writes the bookmarks in the place of those that were read, as one undo step. The first ones
     /// of a document go directly behind the start tag of its root. Nothing happens where nothing
     /// has changed, where a document without bookmarks would get an empty tree, nor where no parser
-    /// would take the result. Throws Core::Exception where the text has changed there since, or has
-    /// got bookmarks, and NullPointerException where the tree is null; nothing is changed then.
+    /// would take the result; a run of typing goes on then. Throws Core::Exception where the text
+    /// has changed there since, or has got bookmarks, or the root of what is to get bookmarks
+    /// closes itself, and NullPointerException where the tree is null; nothing is changed then.
     void commitChangesToEditableBuffer() override;
 
 private:

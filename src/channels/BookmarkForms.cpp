@@ -64,19 +64,34 @@ void takeOver(const Element& from, Element& to, Take take) {
     }
 }
 
+/// The first text or CDATA section with anything in it.
+String textOf(const Element& title) {
+    for (const Xml::Node* child : title.get_children())
+        if (child->is_text())
+            if (String text = static_cast<const Xml::TextNode*>(child)->get_content();
+                !text.empty())
+                return text;
+    return {};
+}
+
 Element* takeForControl(const Element& bookmark, Element& parent) {
     const String name = bookmark.get_name().toLower();
     if (name != fixedName && name != dynamicName)
         return nullptr;
     Element* made = parent.add_child(name);
     for (const Element* title : Elements::childrenOf(bookmark, titleName))
-        if (const Xml::TextNode* text = title->get_child_text();
-            text && !text->get_content().empty())
-            made->set_attribute(titleInControl, text->get_content());
+        if (const String text = textOf(*title); !text.empty())
+            made->set_attribute(titleInControl, text);
     for (const Attribute* attribute : bookmark.get_attributes())
         if (const auto* names = find(&AttributeNames::document, *attribute, name == dynamicName))
             made->set_attribute(String(names->control), attribute->get_value());
     return made;
+}
+
+/// An empty one is none: it would not come back from the document.
+void addTitle(Element& bookmark, const String& title) {
+    if (!title.empty())
+        bookmark.add_child(titleName, L"fo")->set_child_text(title);
 }
 
 Element* takeForDocument(const Element& bookmark, Element& parent) {
@@ -85,7 +100,7 @@ Element* takeForDocument(const Element& bookmark, Element& parent) {
         isDynamic ? parent.add_child(dynamicName, L"qfd") : parent.add_child(fixedName, L"fo");
     for (const Attribute* attribute : bookmark.get_attributes())
         if (!isDynamic && attribute->get_name() == titleInControl)
-            made->add_child(titleName, L"fo")->set_child_text(attribute->get_value());
+            addTitle(*made, attribute->get_value());
         else if (const auto* names = find(&AttributeNames::control, *attribute, isDynamic))
             made->set_attribute(String(names->document), attribute->get_value(),
                                 String(names->prefix));

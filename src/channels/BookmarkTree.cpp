@@ -25,7 +25,7 @@ TreePlace placeIn(const XmlText& text) {
         return {};
     // Of a tree without an end the rest is read, for the parser to tell what is wrong.
     const int closing = text.closingTag(start);
-    const int behind = closing < 0 ? text.length() : text.next(closing);
+    const int behind = closing < 0 ? text.length() : text.tagEnd(closing + 1) + 1;
     const bool isBeforeSpace = text.isValid(behind) && String::isSpace(text.unitAt(behind));
     return {start, behind, isBeforeSpace ? behind : behind - 1};
 }
@@ -80,20 +80,24 @@ void BookmarkTree::note(Fragment& fragment) {
 
 void BookmarkTree::commit(Fragment& fragment) {
     const String now = written(fragment);
-    if (isNew_)
+    if (isNew_) {
+        requireNone();
+        if (!hasBookmarks(*fragment.root()))
+            return;
         findPlaceForNew();
-    part_->requireUnchanged();
-    if (isNew_ && !hasBookmarks(*fragment.root()))
-        return;
+    }
     if (part_->replace(now))
         note(fragment);
 }
 
-void BookmarkTree::findPlaceForNew() {
-    const XmlText& text = document_->text();
-    if (placeIn(text).start >= 0)
+void BookmarkTree::requireNone() const {
+    if (placeIn(document_->text()).start >= 0)
         throw Core::Exception(L"the document has got bookmarks since it was read, so they are not "
                               L"overwritten");
+}
+
+void BookmarkTree::findPlaceForNew() {
+    const XmlText& text = document_->text();
     if (!text.openingAt(text.root()))
         throw Core::Exception(L"the document's root element has no content that bookmarks could "
                               L"stand in");

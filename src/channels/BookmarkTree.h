@@ -23,6 +23,7 @@ public:
 
 private:
     void note(Fragment& fragment);
+    void requireNone() const;
     void findPlaceForNew();
     Core::String written(const Fragment& fragment) const;
 

@@ -51,9 +51,9 @@ public:
     void deleteFallbackSection();
 
     /// Writes the sections back, as one undo step, and puts the caret to the first place in them.
-    /// Where nothing has changed the caret is all that does. Nothing happens where no section is
-    /// left, nor where no parser would take the result. Throws Core::Exception where the text has
-    /// changed there since; nothing is changed then.
+    /// Where nothing has changed the caret is all that does, which ends a run of typing all the
+    /// same. Nothing happens where no section is left, nor where no parser would take the result.
+    /// Throws Core::Exception where the text has changed there since; nothing is changed then.
     void commitChangesToEditableBuffer() override;
 
 private:

@@ -66,7 +66,10 @@ ConditionalSections::ConditionalSections(Document& document, Type type, Fragment
 }
 
 std::vector<Element*> ConditionalSections::in(const Element& sequence) const {
-    return Elements::childrenOf(sequence, namesOf(type_).section);
+    std::vector<Element*> found = Elements::childrenOf(sequence, namesOf(type_).section);
+    std::erase_if(found,
+                  [](const Element* child) { return child->getNSPrefix() != templatePrefix; });
+    return found;
 }
 
 Element* ConditionalSections::at(const Element& sequence, int index) const {

@@ -6,12 +6,15 @@
 #include "foundation/xml/QualifiedName.h"
 #include "trees/Elements.h"
 
+#include <map>
+
 using Core::String;
 using Xml::Element;
 
 namespace {
 
 const String qf = L"qf";
+const String qfAddress = L"urn:forme:qf/1.0";
 const String referenceName = L"annotation-reference";
 
 struct Field {
@@ -31,6 +34,18 @@ String valueOf(const Element& element, const String& name, const String& prefix)
     return attribute ? attribute->get_value() : String();
 }
 
+/// The prefix of the root's reference: another one may stand for the same namespace.
+String prefixOfReference(const Element& root) {
+    std::map<String, String> addresses = root.get_namespace_defs();
+    const String address = addresses.try_emplace(qf, qfAddress).first->second;
+    for (const Xml::Attribute* attribute : root.get_attributes())
+        if (const String prefix = attribute->get_namespace_prefix();
+            !prefix.empty() && attribute->get_name() == referenceName &&
+            addresses[prefix] == address)
+            return prefix;
+    return qf;
+}
+
 /// The element that takes the record; the root refers to `reference` until now.
 Element& receiver(Element& root, const String& reference, const String& id) {
     Element* const own = Annotations::find(root, id);
@@ -48,7 +63,7 @@ Element& receiver(Element& root, const String& reference, const String& id) {
 } // namespace
 
 String Signatures::reference(const Element& root) {
-    return valueOf(root, referenceName, qf);
+    return valueOf(root, referenceName, prefixOfReference(root));
 }
 
 Element* Signatures::lastIn(const Element* annotation) {
@@ -76,7 +91,7 @@ void Signatures::set(Element& root, const DocumentSignature& signature, const St
     for (const Field& field : fields)
         Xml::requireXmlText(signature.*field.value);
     Element& taken = receiver(root, reference(root), id);
-    root.set_attribute(referenceName, id, qf);
+    root.set_attribute(referenceName, id, prefixOfReference(root));
     for (const Field& field : fields)
         taken.set_attribute(field.attribute, signature.*field.value, qf);
 }
@@ -86,5 +101,5 @@ void Signatures::remove(Element& root, const String& id) {
     if (!annotation)
         throw Core::NullPointerException();
     annotation->get_parent()->remove_child(annotation);
-    root.remove_attribute(referenceName, qf);
+    root.remove_attribute(referenceName, prefixOfReference(root));
 }

@@ -108,7 +108,11 @@ void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivo
     if (start < end)
         text_.erase(start, end);
     text_.insert(start, xml);
-    placeCaretAfterEdit(caret, pivot);
+    const bool isNowhere = caret_ == -1 && pivot_ == -1;
+    if (isNowhere && caret == -1 && pivot == -1)
+        notifyBufferChanged();
+    else
+        placeCaretAfterEdit(caret, pivot);
 }
 
 void Document::typeUnrecorded(const String& xml) {

@@ -1,12 +1,17 @@
 #include "trees/KeptSpelling.h"
 
-#include "text/WholeElement.h"
+#include "text/XmlScan.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <deque>
 #include <map>
 #include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <variant>
 #include <vector>
 
 using Core::String;
@@ -24,48 +29,162 @@ struct Attribute {
     Text value;
 };
 
-/// An element of a text, and what stands directly in it.
-struct Piece {
-    Text text; ///< from the start tag through the closing tag
-    int tagEnd;
-    int contentEnd; ///< of a self-closing element, like `tagEnd`, the end of the tag
-    std::vector<Text> children;
-    std::vector<Text> gaps; ///< what stands before each child, and behind the last
+/// Tells stretches of a text apart without reading them again: equal stretches have equal hashes.
+class RunningHash {
+public:
+    using Value = std::uint64_t;
 
-    bool isSelfClosing() const { return tagEnd == static_cast<int>(text.size()); }
+    explicit RunningHash(Text text) : text_(text) {}
 
-    Text name() const { return XmlScan::tagName(text, 0); }
-    Text tag() const { return XmlScan::slice(text, 0, tagEnd); }
-    Text closing() const { return XmlScan::slice(text, contentEnd, static_cast<int>(text.size())); }
+    /// Of what stands before the offset, which is not before one asked earlier.
+    Value upTo(int end) {
+        for (; read_ < end; ++read_)
+            value_ = value_ * base + static_cast<Value>(XmlScan::unitAt(text_, read_));
+        return value_;
+    }
+
+    /// Of a stretch, from the hashes up to its start and end.
+    static Value between(Value start, Value end, int length) {
+        for (Value power = base; length > 0; length /= 2, power *= power)
+            if (length % 2 != 0)
+                start *= power;
+        return end - start;
+    }
+
+private:
+    static constexpr Value base = 0x9E3779B97F4A7C15;
+
+    Text text_;
+    int read_ = 0;
+    Value value_ = 0;
 };
 
-/// The offset behind the element that begins there; that behind the text where it does not end.
-int elementEnd(Text text, int element) {
-    const int size = static_cast<int>(text.size());
-    const int length = XmlScan::elementLength(XmlScan::slice(text, element, size));
-    return length < 0 ? size : element + length;
+/// Where an element of a text stands.
+struct Span {
+    int start;
+    int tagEnd;
+    int contentEnd; ///< of a self-closing element, like `tagEnd`, the end of the tag
+    int end;
+    std::size_t behind; ///< the number of the first element that begins behind it
+    RunningHash::Value hash;
+    RunningHash::Value contentHash;
+};
+
+/// The elements of a text, which is one element, numbered as they begin. It is read only once.
+class ElementIndex {
+public:
+    explicit ElementIndex(Text text) : text_(text), hash_(text) {
+        int tag = XmlScan::nextTag(text, 0);
+        do {
+            read(tag);
+            tag = XmlScan::nextTag(text, read_);
+        } while (tag >= 0 && !open_.empty());
+        while (!open_.empty()) // what has no end
+            close(size(), size());
+    }
+
+    Text text() const { return text_; }
+    const Span& operator[](std::size_t number) const { return spans_[number]; }
+
+private:
+    int size() const { return static_cast<int>(text_.size()); }
+
+    void read(int tag) {
+        const int last = XmlScan::tagEnd(text_, tag + 1);
+        const int end = last < 0 ? size() : last + 1;
+        if (XmlScan::closingAt(text_, tag)) {
+            close(tag, end);
+            return;
+        }
+        open(tag, end);
+        if (XmlScan::unitAt(text_, end - 2) == L'/')
+            close(end, end);
+    }
+
+    RunningHash::Value hashUpTo(int offset) {
+        read_ = offset;
+        return hash_.upTo(offset);
+    }
+
+    void open(int start, int tagEnd) {
+        const RunningHash::Value hash = hashUpTo(start);
+        open_.push_back(spans_.size());
+        spans_.push_back({start, tagEnd, tagEnd, tagEnd, 0, hash, hashUpTo(tagEnd)});
+    }
+
+    void close(int closing, int end) {
+        Span& span = spans_[open_.back()];
+        open_.pop_back();
+        span.contentEnd = closing;
+        span.end = end;
+        span.behind = spans_.size();
+        span.contentHash =
+            RunningHash::between(span.contentHash, hashUpTo(closing), closing - span.tagEnd);
+        span.hash = RunningHash::between(span.hash, hashUpTo(end), end - span.start);
+    }
+
+    Text text_;
+    RunningHash hash_;
+    int read_ = 0;
+    std::vector<Span> spans_;
+    std::vector<std::size_t> open_; // the elements that have not ended yet
+};
+
+/// An element of a text that has been read.
+class Piece {
+public:
+    Piece(const ElementIndex& index, std::size_t number) : index_(&index), number_(number) {}
+
+    bool isSelfClosing() const { return span().tagEnd == span().end; }
+
+    Text text() const { return slice(span().start, span().end); }
+    Text tag() const { return slice(span().start, span().tagEnd); }
+    Text content() const { return slice(span().tagEnd, span().contentEnd); }
+    Text closing() const { return slice(span().contentEnd, span().end); }
+    Text name() const { return XmlScan::tagName(tag(), 0); }
+    RunningHash::Value hash() const { return span().hash; }
+    RunningHash::Value contentHash() const { return span().contentHash; }
+
+    std::vector<Piece> children() const {
+        std::vector<Piece> found;
+        for (std::size_t child = number_ + 1; child < span().behind;
+             child = (*index_)[child].behind)
+            found.emplace_back(*index_, child);
+        return found;
+    }
+
+    /// What stands before each of its children, and behind the last.
+    std::vector<Text> gaps(const std::vector<Piece>& children) const {
+        std::vector<Text> found;
+        int at = span().tagEnd;
+        for (const Piece& child : children) {
+            found.push_back(slice(at, child.span().start));
+            at = child.span().end;
+        }
+        found.push_back(slice(at, span().contentEnd));
+        return found;
+    }
+
+private:
+    const Span& span() const { return (*index_)[number_]; }
+    Text slice(int start, int end) const { return XmlScan::slice(index_->text(), start, end); }
+
+    const ElementIndex* index_;
+    std::size_t number_;
+};
+
+bool operator==(const Piece& one, const Piece& other) {
+    return one.hash() == other.hash() && one.text() == other.text();
 }
 
-Piece pieceOf(Text text) {
-    const int tagEnd = XmlScan::tagEnd(text, 1) + 1;
-    const int size = static_cast<int>(text.size());
-    Piece piece{text, tagEnd, tagEnd, {}, {}};
-    if (piece.isSelfClosing()) {
-        piece.gaps.emplace_back();
-        return piece;
-    }
-    int at = tagEnd;
-    for (int tag = XmlScan::nextTag(text, at); tag >= 0 && !XmlScan::closingAt(text, tag);
-         tag = XmlScan::nextTag(text, at)) {
-        piece.gaps.push_back(XmlScan::slice(text, at, tag));
-        at = elementEnd(text, tag);
-        piece.children.push_back(XmlScan::slice(text, tag, at));
-    }
-    const int closing = XmlScan::nextTag(text, at);
-    piece.contentEnd = closing < 0 ? size : closing;
-    piece.gaps.push_back(XmlScan::slice(text, at, piece.contentEnd));
-    return piece;
-}
+/// What stands directly in an element.
+struct Content {
+    explicit Content(const Piece& element)
+        : children(element.children()), gaps(element.gaps(children)) {}
+
+    std::vector<Piece> children;
+    std::vector<Text> gaps; ///< before each child, and behind the last
+};
 
 // Start tags
 
@@ -206,18 +325,11 @@ private:
 
 // Content
 
-/// What stands between the tags of an element.
-Text contentOf(Text element) {
-    const int start = XmlScan::tagEnd(element, 1) + 1;
-    const int closing = XmlScan::closingTag(element, 0);
-    return closing < start ? Text() : XmlScan::slice(element, start, closing);
-}
-
 /// The name by which others refer to an element; empty where it has none.
-Text callingNameOf(Text element) {
+Text callingNameOf(const Piece& element) {
     static constexpr std::array<std::wstring_view, 4> names{L"master-name", L"region-name",
                                                             L"flow-name", L"id"};
-    for (const Attribute& attribute : attributesOf(element))
+    for (const Attribute& attribute : attributesOf(element.tag()))
         if (std::any_of(names.begin(), names.end(), [&](std::wstring_view name) {
                 return XmlScan::localName(attribute.name) == name;
             }))
@@ -225,39 +337,62 @@ Text callingNameOf(Text element) {
     return {};
 }
 
+/// What two elements may have in common; nothing where the text is empty.
+struct Trait {
+    RunningHash::Value hash; ///< equal for equal traits
+    Text text;
+    Text name;
+
+    explicit Trait(Text stretch, RunningHash::Value stretchHash = 0, Text calledName = {})
+        : hash(stretchHash), text(stretch), name(calledName) {}
+
+    bool operator<(const Trait& other) const {
+        return std::tie(hash, text, name) < std::tie(other.hash, other.text, other.name);
+    }
+};
+
+Trait wholeOf(const Piece& element) {
+    return Trait(element.text(), element.hash());
+}
+
+Trait calledNameOf(const Piece& element) {
+    const Text name = callingNameOf(element);
+    return name.empty() ? Trait({}) : Trait(element.name(), 0, name);
+}
+
+Trait contentOf(const Piece& element) {
+    return Trait(element.content(), element.contentHash());
+}
+
+Trait nameOfUncalled(const Piece& element) {
+    return Trait(callingNameOf(element).empty() ? element.name() : Text());
+}
+
 /// Finds which child of what was read each child of what was edited is.
 class Pairs {
 public:
-    Pairs(const Piece& asRead, const Piece& edited)
+    Pairs(const Content& asRead, const Content& edited)
         : asRead_(asRead.children), edited_(edited.children), pairs_(edited_.size(), -1),
           isTaken_(asRead_.size()) {}
 
     /// The same one, or else the one that is called the same, or has the same content, or the next
     /// that is left of its element's name and that nothing calls; -1 for a new one.
     std::vector<int> found() {
-        pairBy([](Text child) { return std::pair(child, Text()); });
-        pairBy([](Text child) {
-            const Text name = callingNameOf(child);
-            return std::pair(name.empty() ? Text() : XmlScan::tagName(child, 0), name);
-        });
-        pairBy([](Text child) { return std::pair(contentOf(child), Text()); });
-        pairBy([](Text child) {
-            return std::pair(callingNameOf(child).empty() ? XmlScan::tagName(child, 0) : Text(),
-                             Text());
-        });
+        for (const auto trait : {wholeOf, calledNameOf, contentOf, nameOfUncalled})
+            pairBy(trait);
         return std::move(pairs_);
     }
 
 private:
-    template <typename Trait>
-    void pairBy(Trait traitOf) {
-        std::map<std::pair<Text, Text>, std::deque<int>> left;
+    void pairBy(Trait (*traitOf)(const Piece&)) {
+        std::map<Trait, std::deque<int>> left;
         for (std::size_t i = 0; i < asRead_.size(); ++i)
             if (!isTaken_[i])
                 left[traitOf(asRead_[i])].push_back(static_cast<int>(i));
         for (std::size_t i = 0; i < pairs_.size() && !left.empty(); ++i)
-            if (const auto trait = traitOf(edited_[i]); pairs_[i] < 0 && !trait.first.empty())
-                pairs_[i] = take(left[trait]);
+            if (pairs_[i] < 0)
+                if (const Trait trait = traitOf(edited_[i]); !trait.text.empty())
+                    pairs_[i] = take(left[trait]);
     }
 
     int take(std::deque<int>& left) {
@@ -269,97 +404,122 @@ private:
         return pair;
     }
 
-    const std::vector<Text>& asRead_;
-    const std::vector<Text>& edited_;
+    const std::vector<Piece>& asRead_;
+    const std::vector<Piece>& edited_;
     std::vector<int> pairs_;
     std::vector<bool> isTaken_;
 };
 
 /// Whether the tree has the elements that the text has. It may lack some whose entities were
 /// written out.
-bool agree(const Piece& source, const Piece& asRead) {
+bool agree(const Content& source, const Content& asRead) {
     return std::equal(source.children.begin(), source.children.end(), asRead.children.begin(),
-                      asRead.children.end(), [](Text one, Text other) {
-                          return XmlScan::tagName(one, 0) == XmlScan::tagName(other, 0);
+                      asRead.children.end(), [](const Piece& one, const Piece& other) {
+                          return one.name() == other.name();
                       });
 }
 
+/// Writes the three texts' elements level by level, without a call within a call, for elements may
+/// be nested deeply.
 class Spelling {
 public:
-    String text(Text source, Text asRead, Text edited) {
-        write(source, asRead, edited);
-        return std::move(text_);
+    String text(const Piece& source, const Piece& asRead, const Piece& edited) {
+        next(Element{source, asRead, edited});
+        while (!steps_.empty()) {
+            const Step step = steps_.back();
+            steps_.pop_back();
+            if (const auto* const text = std::get_if<Text>(&step))
+                text_ += *text;
+            else
+                write(std::get<Element>(step));
+        }
+        return String(text_);
     }
 
 private:
-    void write(Text source, Text asRead, Text edited) {
-        if (edited == asRead) {
-            text_ += String(source);
-            return;
-        }
-        const Piece own = pieceOf(source);
-        const Piece before = pieceOf(asRead);
-        const Piece after = pieceOf(edited);
-        if (!agree(own, before)) {
-            text_ += String(edited);
-            return;
-        }
-        if (own.name() == after.name())
-            writeKept(own, before, after);
-        else
-            writeRenamed(own, before, after);
-    }
+    /// An element as it was in the source, when it was read and as it is now.
+    struct Element {
+        Piece own;
+        Piece before;
+        Piece after;
+    };
+    /// What is to be written as it is, or to be looked at.
+    using Step = std::variant<Text, Element>;
 
-    void writeKept(const Piece& own, const Piece& before, const Piece& after) {
-        text_ += ChangedTag(own.tag(), before.tag(), after.tag()).text();
+    void write(const Element& element) {
+        const auto& [own, before, after] = element;
+        if (after == before) {
+            text_ += own.text();
+            return;
+        }
+        const Content source(own);
+        const Content asRead(before);
+        if (!agree(source, asRead)) {
+            text_ += after.text();
+            return;
+        }
+        const bool isKept = own.name() == after.name();
         const bool gainsContent = own.isSelfClosing() && !after.isSelfClosing();
+        writeTag(element, isKept, gainsContent);
+        const std::size_t first = steps_.size();
+        addContent(source, asRead, Content(after));
+        next(isKept && !gainsContent ? own.closing() : after.closing());
+        std::reverse(steps_.begin() + static_cast<std::ptrdiff_t>(first), steps_.end());
+    }
+
+    void writeTag(const Element& element, bool isKept, bool gainsContent) {
+        const auto& [own, before, after] = element;
+        if (!isKept) {
+            text_ += after.tag();
+            return;
+        }
+        text_ += ChangedTag(own.tag(), before.tag(), after.tag()).text();
         if (gainsContent)
-            text_.erase(static_cast<unsigned>(text_.length() - 2), 1); // the "/"
-        writeContent(own, before, after);
-        text_ += String(gainsContent ? after.closing() : own.closing());
+            text_.erase(text_.size() - 2, 1); // the "/"
     }
 
-    void writeRenamed(const Piece& own, const Piece& before, const Piece& after) {
-        text_ += String(after.tag());
-        writeContent(own, before, after);
-        text_ += String(after.closing());
-    }
-
-    void writeContent(const Piece& own, const Piece& before, const Piece& after) {
+    void addContent(const Content& own, const Content& before, const Content& after) {
         const std::vector<int> pairs = Pairs(before, after).found();
         for (std::size_t i = 0; i < after.gaps.size(); ++i) {
             const int previous = i == 0 ? -1 : pairs[i - 1];
-            const int next = i < pairs.size() ? pairs[i] : static_cast<int>(before.children.size());
-            writeGap(own, before, after.gaps[i], i > 0 && previous < 0 ? next : previous + 1, next);
+            const int ahead =
+                i < pairs.size() ? pairs[i] : static_cast<int>(before.children.size());
+            addGap(own, before, after.gaps[i], i > 0 && previous < 0 ? ahead : previous + 1, ahead);
             if (i < pairs.size())
-                writeChild(own, before, after.children[i], pairs[i]);
+                addChild(own, before, after.children[i], pairs[i]);
         }
     }
 
     /// What stands between two elements stood behind the one or before the other.
-    void writeGap(const Piece& own, const Piece& before, Text gap, int behind, int ahead) {
+    void addGap(const Content& own, const Content& before, Text gap, int behind, int ahead) {
         for (const int place : {behind, ahead})
             if (const auto index = static_cast<std::size_t>(place);
                 place >= 0 && index < own.gaps.size() && before.gaps[index] == gap) {
-                text_ += String(own.gaps[index]);
+                next(own.gaps[index]);
                 return;
             }
-        text_ += String(gap);
+        next(gap);
     }
 
-    void writeChild(const Piece& own, const Piece& before, Text child, int pair) {
+    void addChild(const Content& own, const Content& before, const Piece& child, int pair) {
         const auto index = static_cast<std::size_t>(pair);
         if (pair < 0)
-            text_ += String(child);
+            next(child.text());
         else
-            write(own.children[index], before.children[index], child);
+            next(Element{own.children[index], before.children[index], child});
     }
 
-    String text_;
+    void next(Step step) { steps_.push_back(step); }
+
+    std::vector<Step> steps_; // the last comes first
+    std::wstring text_;
 };
 
 } // namespace
 
 String keepSpelling(const String& source, const String& asRead, const String& edited) {
-    return Spelling().text(source.view(), asRead.view(), edited.view());
+    const ElementIndex own(source.view());
+    const ElementIndex before(asRead.view());
+    const ElementIndex after(edited.view());
+    return Spelling().text({own, 0}, {before, 0}, {after, 0});
 }

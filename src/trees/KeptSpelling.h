@@ -8,7 +8,7 @@
 /// `source` is the element that was read, `asRead` what the tree gave right then, `edited` what it
 /// gives now; each is one element. An element of `edited` that `asRead` has, too, is taken from
 /// `source`. Of one that has changed, attributes that say the same stay as they are, and its
-/// content is looked at in the same way. Nothing is moved across elements, so the time is that of
-/// reading the texts once for each level down to the deepest change.
+/// content is looked at in the same way. Nothing is moved across elements. Each text is read once,
+/// however deep the change.
 Core::String keepSpelling(const Core::String& source, const Core::String& asRead,
                           const Core::String& edited);

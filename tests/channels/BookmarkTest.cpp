@@ -49,16 +49,19 @@ void addRandom(std::mt19937& random, Xml::Element& parent, int depth) {
         for (std::size_t i = 0; i < (isDynamic ? 6 : 3); ++i)
             if (random() % 2)
                 made.set_attribute(attributeNames[i],
-                                   String(L"a<&\"' \xA0" + std::to_wstring(random() % 9)));
+                                   random() % 5 == 0
+                                       ? String()
+                                       : String(L"a<&\"' \xA0" + std::to_wstring(random() % 9)));
         addRandom(random, made, depth - 1);
     }
 }
 
-/// What a control's tree says, whatever the order of attributes.
+/// What a control's tree says, whatever the order of attributes. An empty title is none.
 std::wstring factsOf(const Xml::Element& bookmark) {
     std::wstring facts = wide(bookmark.get_name());
     for (const char* name : attributeNames)
-        if (const Xml::Attribute* attribute = bookmark.get_attribute(name))
+        if (const Xml::Attribute* attribute = bookmark.get_attribute(name);
+            attribute && (attribute->get_name() != "title" || !attribute->get_value().empty()))
             facts += L" " + wide(String(name)) + L"=" + wide(attribute->get_value());
     facts += L"{";
     for (const Xml::Node* child : bookmark.get_children())
@@ -72,7 +75,7 @@ TEST(Bookmarks, HaveAFormForTheControl) {
     Head document(
         tagEnd +
         L"<fo:bookmark-tree><!-- c --><fo:bookmark starting-state='hide' xpath='p' id='y' "
-        L"internal-destination='x'><fo:bookmark-title><!-- t --><![CDATA[A & B]]>C"
+        L"internal-destination='x'><fo:bookmark-title><!-- t --><![CDATA[]]><![CDATA[A & B]]>C"
         L"</fo:bookmark-title><qfd:dynamic-bookmark bookmark-title='D' xpath='p' fo:id='z' "
         L"condition='c' sort='s'/><fo:other><fo:bookmark/></fo:other></fo:bookmark>"
         L"<fo:Bookmark><fo:bookmark-title/></fo:Bookmark></fo:bookmark-tree>");
@@ -146,11 +149,14 @@ TEST(Bookmarks, OfADocumentWithoutAnyBecomeTheFirstInItsRoot) {
     buffer.commitChangesToEditableBuffer();
     EXPECT_EQ(document.text(), tagEnd + L"<fo:bookmark-tree></fo:bookmark-tree>\n<qf:info/>");
     const B copy = buffer;
+    document.face()->setCaretPos(false, -1);
+    document->heard();
     copy.getXmlDocument()->getRootNode()->remove_child(
         B::getElementByName(copy.getXmlDocument()->getRootNode(), "bookmark-tree"));
     buffer.commitChangesToEditableBuffer();
     EXPECT_EQ(document.text(), tagEnd + L"\n<qf:info/>");
     EXPECT_EQ(buffer.getDocumentBufferStart(), -1);
+    EXPECT_EQ(document->heard(), "b");
 }
 
 TEST(Bookmarks, LoseNothingWhereTheyCannotBeWritten) {
@@ -181,6 +187,19 @@ TEST(Bookmarks, LoseNothingWhereTheyCannotBeWritten) {
     fresh.getProcessedTreeForDocument(buffer.getProcessedDocumentForControl());
     none.insertUnheard(L"<fo:bookmark-tree/>");
     EXPECT_THROW(fresh.commitChangesToEditableBuffer(), Core::Exception);
+
+    MarkedDocument odd;
+    odd->setContent("<fo:root xmlns:fo='x'/>", true);
+    B closed(&odd.face());
+    EXPECT_NO_THROW(closed.commitChangesToEditableBuffer());
+    closed.getProcessedTreeForDocument(buffer.getProcessedDocumentForControl());
+    EXPECT_THROW(closed.commitChangesToEditableBuffer(), Core::Exception);
+    odd->setContent("<fo:root xmlns:fo='x'><fo:bookmark-tree/>", true);
+    B torn(&odd.face());
+    torn.getProcessedTreeForDocument(buffer.getProcessedDocumentForControl());
+    torn.commitChangesToEditableBuffer();
+    EXPECT_EQ(odd.content().find(L"<fo:bookmark-tree"), odd.content().rfind(L"<fo:bookmark-tree"));
+    EXPECT_TRUE(odd.content().ends_with(L"</qfd:dynamic-bookmark></fo:bookmark-tree>"));
 
     const Head broken(tagEnd + L"\n\n<fo:bookmark-tree>\n<fo:bookmark>\n</fo:bookmark-tree>");
     EXPECT_EQ(messageOf([&] { B reads(broken.face()); }), "5:3: mismatched tag");

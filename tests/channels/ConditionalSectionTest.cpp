@@ -82,9 +82,11 @@ TEST(ConditionalSections, AreWhatAPlainListPredicts) {
 }
 
 TEST(ConditionalSections, HaveAnIndexAtEveryPlaceAndNoneBetweenThem) {
-    const MarkedDocument document(
+    MarkedDocument document(
         L"<B>x</B>" +
-        sequence({section(L"", L"0"), L" <fo:float/> ",
+        sequence({L"<x:conditional-block xmlns:x='x'/> <fo:float>" +
+                      sequence({section(L"", L"c"), section(L"", L"d")}) + L"</fo:float> ",
+                  section(L"", L"0"),
                   section(L"", L"1</B>" + sequence({L" ", section(L"", L"a"), section(L"", L"b")}) +
                                    L"<B>"),
                   section(L"", L"2")}));
@@ -96,6 +98,14 @@ TEST(ConditionalSections, HaveAnIndexAtEveryPlaceAndNoneBetweenThem) {
                                               "conditional-block"),
                   index);
     EXPECT_EQ(document->getConditionIndex(-1, "", ""), 0);
+
+    const std::wstring text = inShort(document.flow());
+    document->setCaretPos(false, document.find(L"2<"));
+    C buffer(&document.face(), C::Type::Block);
+    buffer.deleteCurrentConditionalSection();
+    buffer.commitChangesToEditableBuffer();
+    EXPECT_EQ(inShort(document.flow()).size(), text.size() - section(L"", L"2").size());
+    EXPECT_EQ(document.content().find(L"2<"), std::wstring::npos);
 }
 
 TEST(ConditionalSections, LoseNothingWhereTheyCannotBeWritten) {

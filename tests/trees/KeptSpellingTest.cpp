@@ -49,3 +49,17 @@ TEST(KeptSpelling, LeavesWhatNobodyTouched) {
          })
         EXPECT_EQ(keepSpelling(each.source, each.asRead, each.edited), Core::String(each.kept));
 }
+
+TEST(KeptSpelling, ReadsNestedElementsOnce) {
+    const auto nested = [](const wchar_t* start, const wchar_t* end) {
+        Core::String text;
+        for (int level = 0; level < 5000; ++level)
+            text += start;
+        for (int level = 0; level < 5000; ++level)
+            text += end;
+        return text;
+    };
+    EXPECT_EQ(keepSpelling(nested(L"<a  ><t ></t >&#65;", L"</a >"), nested(L"<a><t/>A", L"</a>"),
+                           nested(L"<a><t>B</t>A", L"</a>")),
+              nested(L"<a  ><t >B</t >&#65;", L"</a >"));
+}
