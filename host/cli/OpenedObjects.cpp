@@ -1,6 +1,5 @@
 #include "OpenedObjects.h"
 
-#include <algorithm>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -37,12 +36,10 @@ void* OpenedObjects::at(const std::string& qualifier) const {
 }
 
 int OpenedObjects::numberOf(Xml::Node& node) {
-    const auto known = std::find_if(nodes_.begin(), nodes_.end(),
-                                    [&](const auto& entry) { return entry.second == &node; });
-    if (known != nodes_.end())
-        return known->first;
-    nodes_[++lastNumber_] = &node;
-    return lastNumber_;
+    const auto [known, isNew] = numbers_.try_emplace(&node, lastNumber_ + 1);
+    if (isNew)
+        nodes_[++lastNumber_] = &node;
+    return known->second;
 }
 
 Xml::Node& OpenedObjects::node(int number) const {
@@ -61,4 +58,5 @@ void OpenedObjects::forgetLostNodes() {
         if (const Xml::Node* root = opened.tree ? opened.tree() : nullptr)
             addAll(root, present);
     std::erase_if(nodes_, [&](const auto& entry) { return !present.contains(entry.second); });
+    std::erase_if(numbers_, [&](const auto& entry) { return !present.contains(entry.first); });
 }

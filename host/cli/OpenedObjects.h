@@ -38,5 +38,6 @@ private:
 
     std::map<std::string, Opened> objects_;
     std::map<int, Xml::Node*> nodes_;
+    std::map<const Xml::Node*, int> numbers_; // of those nodes
     int lastNumber_ = 0;
 };

@@ -39,7 +39,7 @@ String prefixOfReference(const Element& root) {
     std::map<String, String> addresses = root.get_namespace_defs();
     const String address = addresses.try_emplace(qf, qfAddress).first->second;
     for (const Xml::Attribute* attribute : root.get_attributes())
-        if (const String prefix = attribute->get_namespace_prefix();
+        if (String prefix = attribute->get_namespace_prefix();
             !prefix.empty() && attribute->get_name() == referenceName &&
             addresses[prefix] == address)
             return prefix;

@@ -139,7 +139,7 @@ public:
 
     Text text() const { return slice(span().start, span().end); }
     Text tag() const { return slice(span().start, span().tagEnd); }
-    Text content() const { return slice(span().tagEnd, span().contentEnd); }
+    Text inside() const { return slice(span().tagEnd, span().contentEnd); }
     Text closing() const { return slice(span().contentEnd, span().end); }
     Text name() const { return XmlScan::tagName(tag(), 0); }
     RunningHash::Value hash() const { return span().hash; }
@@ -361,7 +361,7 @@ Trait calledNameOf(const Piece& element) {
 }
 
 Trait contentOf(const Piece& element) {
-    return Trait(element.content(), element.contentHash());
+    return Trait(element.inside(), element.contentHash());
 }
 
 Trait nameOfUncalled(const Piece& element) {
