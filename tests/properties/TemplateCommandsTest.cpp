@@ -197,6 +197,10 @@ private:
         requests_ += request.dump() + "\n";
         return session().serve(request);
     }
+    std::string carryOutLogged(const Json& request) {
+        requests_ += request.dump() + "\n";
+        return carryOut(request.dump());
+    }
     Json resultOf(const Json& request) { return ask(request).value("result", Json()); }
 
     bool open(const std::string& qualifier, std::size_t type = 0) {
@@ -205,9 +209,13 @@ private:
             request.push_back(type);
         if (qualifier == "promo")
             request.push_back("");
-        // Where the caret is in no such sections there is an object, but nothing in it.
-        return !ask(request).contains("error") &&
-               (qualifier != "sections" || resultOf({"sections.getDocumentBufferStart"}) != -1);
+        if (ask(request).contains("error"))
+            return false;
+        // Where the caret is in no such sections, or in no page sequence, there is an object, but
+        // nothing in it.
+        if (qualifier == "sections")
+            return resultOf({"sections.getDocumentBufferStart"}) != -1;
+        return qualifier != "promo" || !ask({"promo.getTranspromoList"}).contains("error");
     }
 
     std::string brokenCaret() {
@@ -220,11 +228,9 @@ private:
 
     /// A commit that raises has left no trace; any other is one step.
     std::string commit(const std::string& qualifier) {
-        const Json request{qualifier + ".commit"};
-        requests_ += request.dump() + "\n";
         const EditorState before = state();
         const bool joinsTyping = qualifier == "promo" && Document::of(document()).typingGroup;
-        const std::string error = carryOut(request.dump());
+        const std::string error = carryOutLogged({qualifier + ".commit"});
         if (error.starts_with("a "))
             return error; // of the notices
         if (!error.empty())
@@ -441,11 +447,10 @@ private:
         const std::size_t type = random.below(5);
         switch (random.below(4)) {
         case 0:
-            return carryOut(Json{"insertFormControl", type, random.oneIn(2), random.oneIn(2),
-                                 random.oneIn(3) ? trickyText(random) : ""}
-                                .dump());
+            return carryOutLogged({"insertFormControl", type, random.oneIn(2), random.oneIn(2),
+                                   random.oneIn(3) ? trickyText(random) : ""});
         case 1:
-            return carryOut(Json{"insertEmptyForm", false}.dump());
+            return carryOutLogged({"insertEmptyForm", false});
         case 2: {
             const auto before = controlsIn(Wire<String>::write(text()));
             ask({"applySkinOnForm", Json{{"fo:color", "red"}, {"fo:background-color", "blue"}}});
