@@ -1,6 +1,7 @@
 #pragma once
 
 class Document;
+class NearStops;
 
 /// What was done to an element that a deletion had emptied, and where offsets of the text before
 /// are now: empty inlines were removed, and then the element that remained got its placeholder.
@@ -31,6 +32,7 @@ namespace Placeholders {
 bool isVoid(const Document& document, int element);
 /// Whether the element has but one stop before its end.
 bool holdsOneUnit(const Document& document, int element);
+bool holdsOneUnit(const Document& document, int element, NearStops& stops);
 /// Whether it is the inline of a footnote, its mark, which stays when it shows nothing: without it
 /// a footnote would have no place in the text, and what is typed in the place of the mark would go
 /// into the note.

@@ -185,6 +185,24 @@ TEST(CaretWalkProperties, TheWalksFindTheSameStops) {
     });
 }
 
+TEST(CaretWalkProperties, StopsNearManyPlacesAreThoseNearEach) {
+    std::mt19937 random(3);
+    forEachDocument([&random](const WalkedDocument& document) {
+        NearStops stops(document);
+        const XmlText& text = document.text();
+        for (const int start : document.startingPoints(allStops ? 20 : 3)) {
+            int at = start;
+            for (int steps = 0; steps < 60 && text.isValid(at); ++steps) {
+                ASSERT_EQ(stops.next(at), document.next(at)) << at;
+                ASSERT_EQ(stops.previous(at), document.previous(at)) << at;
+                at = random() % 4 == 0 ? text.previous(at) : text.next(at);
+            }
+            for (; at > start; at = text.previous(at))
+                ASSERT_EQ(stops.previous(at), document.previous(at)) << at;
+        }
+    });
+}
+
 TEST(CaretWalkProperties, HomeAndEndAreTheFirstAndTheLastStopOfTheFlows) {
     forEachDocument([](const WalkedDocument& document) {
         const auto firstHome = [&](int stop, auto step) {

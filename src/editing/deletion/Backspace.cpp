@@ -219,7 +219,7 @@ bool Backspace::takeInlineBehind() {
 /// The inline ends before the caret: the deletion goes on inside it.
 bool Backspace::takeInlineBefore() {
     const int inlineElement = document_.text().elementAround(tag_);
-    if (!Placeholders::holdsOneUnit(document_, inlineElement)) {
+    if (!Placeholders::holdsOneUnit(document_, inlineElement, stops_)) {
         caret_ = tag_;
         return true;
     }
