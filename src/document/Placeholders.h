@@ -53,3 +53,18 @@ bool repairEmptied(Document& document, int position, bool removeEmptyInlines);
 int repairLine(Document& document, int position);
 
 } // namespace Placeholders
+
+/// Whether one element after another is void, asked from the inside out: what is around one that is
+/// not is not either, as long as the text is the same.
+class VoidElements {
+public:
+    explicit VoidElements(const Document& document) : document_(document) {}
+
+    /// As Placeholders::isVoid.
+    bool contains(int element);
+
+private:
+    const Document& document_;
+    unsigned version_ = 0; // of the text that the rest is known of
+    int full_ = -1;        // the element asked about last, if it is not void
+};

@@ -203,6 +203,16 @@ TEST(CaretWalkProperties, StopsNearManyPlacesAreThoseNearEach) {
     });
 }
 
+TEST(CaretWalkProperties, VoidElementsAreThoseThatHoldNothing) {
+    forEachDocument([](const WalkedDocument& document) {
+        const XmlText& text = document.text();
+        VoidElements voids(document);
+        for (const int start : document.startingPoints(allStops ? 200 : 20))
+            for (int tag = text.nextTag(start); tag >= 0; tag = text.elementAround(tag))
+                ASSERT_EQ(voids.contains(tag), Placeholders::isVoid(document, tag)) << tag;
+    });
+}
+
 TEST(CaretWalkProperties, HomeAndEndAreTheFirstAndTheLastStopOfTheFlows) {
     forEachDocument([](const WalkedDocument& document) {
         const auto firstHome = [&](int stop, auto step) {

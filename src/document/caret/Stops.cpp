@@ -230,6 +230,16 @@ bool Placeholders::isVoid(const Document& document, int element) {
     return false;
 }
 
+bool VoidElements::contains(int element) {
+    const XmlText& text = document_.text();
+    const bool isAroundFull =
+        full_ >= 0 && version_ == text.version() && text.elementAround(full_) == element;
+    const bool isVoid = !isAroundFull && Placeholders::isVoid(document_, element);
+    version_ = text.version();
+    full_ = isVoid || !text.openingAt(element) ? -1 : element;
+    return isVoid;
+}
+
 bool Stops::isCaretAtEdge(const Document& document, bool forward) {
     const XmlText& text = document.text();
     const int element = text.elementAround(document.caret());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/Placeholders.h"
 #include "document/caret/Stops.h"
 #include "foundation/String.h"
 #include "text/EditableXmlBuffer.h"
@@ -11,7 +12,7 @@
 class Backspace {
 public:
     Backspace(Document& document, int caret)
-        : document_(document), stops_(document), caret_(caret) {}
+        : document_(document), stops_(document), voids_(document), caret_(caret) {}
 
     /// Deletes; answers where the caret belongs.
     int run();
@@ -71,6 +72,7 @@ private:
 
     Document& document_;
     NearStops stops_;
+    VoidElements voids_;
     int caret_; // where the round begins and, in the end, the caret belongs
 
     int origin_ = -1;  // where this round began

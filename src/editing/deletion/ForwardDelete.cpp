@@ -136,7 +136,7 @@ bool ForwardDelete::enterInline() {
 bool ForwardDelete::leaveInline() {
     if (Placeholders::isFootnoteMark(document_, element_))
         return false;
-    if (!Placeholders::isVoid(document_, element_) || document_.text().closingTag(element_) < 0)
+    if (!voids_.contains(element_) || document_.text().closingTag(element_) < 0)
         return goOnInside(document_.text().next(position_));
     removeWhole(element_);
     return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/Placeholders.h"
 #include "document/caret/Stops.h"
 #include "foundation/String.h"
 
@@ -8,7 +9,7 @@
 class ForwardDelete {
 public:
     ForwardDelete(Document& document, int caret)
-        : document_(document), stops_(document), caret_(caret), place_(caret) {}
+        : document_(document), stops_(document), voids_(document), caret_(caret), place_(caret) {}
 
     /// Deletes; answers where the caret belongs.
     int run();
@@ -72,6 +73,7 @@ private:
 
     Document& document_;
     NearStops stops_;
+    VoidElements voids_;
     int caret_;           // where the caret belongs in the end
     int place_;           // where the round begins
     bool inside_ = false; // the deletion went on at another place and leaves the caret alone
