@@ -174,6 +174,7 @@ inline constexpr Shape shapes[]{
     {"deep blocks", L"", L"<fo:block>a", L"", L"</fo:block>", L"<fo:block>b</fo:block>"},
     {"deep inlines", L"<fo:block>", L"<fo:inline>a", L"</fo:block>", L"</fo:inline>",
      L"<fo:inline>b</fo:inline>"},
+    {"core inlines", L"<fo:block>a ", L"<fo:inline>", L" z</fo:block>", L"</fo:inline>", L"b"},
     {"deep words", L"<fo:block>", L"<fo:inline>a", L"</fo:block>", L"</fo:inline>", L"b "},
     {"deep lists", L"",
      L"<fo:list-block><fo:list-item><fo:list-item-label><fo:block>1)</fo:block>"

@@ -144,10 +144,14 @@ bool Placeholders::isFootnoteMark(const Document& document, int element) {
 }
 
 bool Placeholders::holdsOneUnit(const Document& document, int element) {
-    const int first = Stops::next(document, element);
+    NearStops stops(document);
+    return holdsOneUnit(document, element, stops);
+}
+
+bool Placeholders::holdsOneUnit(const Document& document, int element, NearStops& stops) {
+    const int first = stops.next(element);
     const int closing = document.text().closingTag(element);
-    return first >= 0 && closing >= 0 &&
-           (first == closing || first == Stops::previous(document, closing));
+    return first >= 0 && closing >= 0 && (first == closing || first == stops.previous(closing));
 }
 
 bool Placeholders::isBetweenBreaks(const Document& document, int position, bool& isCharacter,

@@ -1,6 +1,7 @@
 #pragma once
 
 class Document;
+class NearStops;
 
 /// What was done to an element that a deletion had emptied, and where offsets of the text before
 /// are now: empty inlines were removed, and then the element that remained got its placeholder.
@@ -31,6 +32,7 @@ namespace Placeholders {
 bool isVoid(const Document& document, int element);
 /// Whether the element has but one stop before its end.
 bool holdsOneUnit(const Document& document, int element);
+bool holdsOneUnit(const Document& document, int element, NearStops& stops);
 /// Whether it is the inline of a footnote, its mark, which stays when it shows nothing: without it
 /// a footnote would have no place in the text, and what is typed in the place of the mark would go
 /// into the note.
@@ -51,3 +53,18 @@ bool repairEmptied(Document& document, int position, bool removeEmptyInlines);
 int repairLine(Document& document, int position);
 
 } // namespace Placeholders
+
+/// Whether one element after another is void, asked from the inside out: what is around one that is
+/// not is not either, as long as the text is the same.
+class VoidElements {
+public:
+    explicit VoidElements(const Document& document) : document_(document) {}
+
+    /// As Placeholders::isVoid.
+    bool contains(int element);
+
+private:
+    const Document& document_;
+    unsigned version_ = 0; // of the text that the rest is known of
+    int full_ = -1;        // the element asked about last, if it is not void
+};

@@ -454,13 +454,17 @@ bool XmlText::elementContains(int element, int position) const {
 // Elements in the order of the text
 
 int XmlText::nextElement(int position) const {
+    return nextElementBefore(length(), position);
+}
+
+int XmlText::nextElementBefore(int end, int position) const {
     int tag = nextTag(onTagStart(position) ? next(position) : position);
-    while (closingAt(tag)) {
+    while (tag < end && closingAt(tag)) {
         if (!rootName_.empty() && tagName(tag).substr(1) == rootName_.view())
             return -1;
         tag = nextTag(next(tag));
     }
-    return tag;
+    return tag < end ? tag : -1;
 }
 
 int XmlText::previousElement(int position) const {
@@ -471,9 +475,13 @@ int XmlText::previousElement(int position) const {
 }
 
 int XmlText::nextNamed(int position, View name) const {
-    int element = nextElement(position);
+    return nextNamedBefore(length(), position, name);
+}
+
+int XmlText::nextNamedBefore(int end, int position, View name) const {
+    int element = nextElementBefore(end, position);
     while (element >= 0 && tagName(element) != name)
-        element = nextElement(element);
+        element = nextElementBefore(end, element);
     return element;
 }
 

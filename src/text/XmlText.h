@@ -267,6 +267,8 @@ public:
     /// The last start tag before that of the element around the position.
     int previousElement(int position) const;
     int nextNamed(int position, View name) const;
+    /// The same, if it begins before `end`; what follows there is not read.
+    int nextNamedBefore(int end, int position, View name) const;
     int nextNamed(int position, const Core::StringArray& names) const;
     /// The last tag of that name before the position; "/fo:block" finds closing tags.
     int previousNamed(int position, View name) const;
@@ -339,6 +341,7 @@ private:
     int endOfStretch(int start) const;
     void replace(int start, int count, const Core::String& removed, const Core::String& with);
     void forgetFrom(int position) noexcept;
+    int nextElementBefore(int end, int position) const;
     int behindNeighbor(int position, bool useCurrent) const;
     Core::String pathUpTo(int position, int root) const;
 

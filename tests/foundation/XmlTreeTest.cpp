@@ -157,8 +157,8 @@ TEST(XmlTree, AttributesAreFoundInTheSameWayWhenThereAreMany) {
                 element->remove_attribute(name, prefix);
             for (const Attribute* attribute : element->get_attributes())
                 if (attribute->get_value() != L"-")
-                    answer += " " + narrow(attribute->get_namespace_prefix() + L":" +
-                                           attribute->get_name() + L"=" + attribute->get_value());
+                    answer += narrow(L" " + attribute->get_namespace_prefix() + L":" +
+                                     attribute->get_name() + L"=" + attribute->get_value());
             answers.insert(answer);
         }
         ASSERT_EQ(answers.size(), 1u) << testing::PrintToString(answers);

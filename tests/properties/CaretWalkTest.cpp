@@ -2,6 +2,7 @@
 // FORME_ALL_STOPS set they go over every stop, and otherwise over stretches from all parts of a
 // text.
 
+#include "document/Placeholders.h"
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
@@ -173,6 +174,34 @@ TEST(CaretWalkProperties, TheWalksFindTheSameStops) {
         const int last = document.previous(document.length() - 1);
         EXPECT_EQ(document.next(last), -1);
         EXPECT_EQ(document.previous(document.next(0)), -1);
+    });
+}
+
+TEST(CaretWalkProperties, StopsNearManyPlacesAreThoseNearEach) {
+    std::mt19937 random(3);
+    forEachDocument([&random](const WalkedDocument& document) {
+        NearStops stops(document);
+        const XmlText& text = document.text();
+        for (const int start : document.startingPoints(allStops ? 20 : 3)) {
+            int at = start;
+            for (int steps = 0; steps < 60 && text.isValid(at); ++steps) {
+                ASSERT_EQ(stops.next(at), document.next(at)) << at;
+                ASSERT_EQ(stops.previous(at), document.previous(at)) << at;
+                at = random() % 4 == 0 ? text.previous(at) : text.next(at);
+            }
+            for (; at > start; at = text.previous(at))
+                ASSERT_EQ(stops.previous(at), document.previous(at)) << at;
+        }
+    });
+}
+
+TEST(CaretWalkProperties, VoidElementsAreThoseThatHoldNothing) {
+    forEachDocument([](const WalkedDocument& document) {
+        const XmlText& text = document.text();
+        VoidElements voids(document);
+        for (const int start : document.startingPoints(allStops ? 200 : 20))
+            for (int tag = text.nextTag(start); tag >= 0; tag = text.elementAround(tag))
+                ASSERT_EQ(voids.contains(tag), Placeholders::isVoid(document, tag)) << tag;
     });
 }
 

@@ -140,6 +140,40 @@ int Stops::previousInFlow(const Document& document, int position, bool mergeBoun
     return position;
 }
 
+void NearStops::forgetOldText() {
+    if (version_ != document_.text().version())
+        nextOf_ = previousOf_ = -1;
+    version_ = document_.text().version();
+}
+
+/// From a placeholder on the next stop is the end of what it fills.
+int NearStops::next(int position) {
+    forgetOldText();
+    const XmlText& text = document_.text();
+    const bool isKnown = nextOf_ >= 0 && nextOf_ <= position && (next_ < 0 || position < next_) &&
+                         !text.holdsOnlyPlaceholder(text.elementAround(position));
+    if (!isKnown) {
+        next_ = Stops::next(document_, position);
+        nextOf_ = position;
+    }
+    return next_;
+}
+
+/// A step back from behind a comment passes text, but no tag, and one from behind a script all of
+/// it.
+int NearStops::previous(int position) {
+    forgetOldText();
+    const XmlText& text = document_.text();
+    const bool isKnown = previous_ < position && position <= previousOf_ &&
+                         text.onTagStart(position) &&
+                         text.nearestNamed(position, Vocabulary::scripts) < 0;
+    if (!isKnown) {
+        previous_ = Stops::previous(document_, position);
+        previousOf_ = position;
+    }
+    return previous_;
+}
+
 bool Stops::skipBackward(const Document& document, int& position, bool crossElements) {
     bool metAnother = false;
     CaretWalk walk(document, position);
@@ -194,6 +228,16 @@ bool Placeholders::isVoid(const Document& document, int element) {
         }
     }
     return false;
+}
+
+bool VoidElements::contains(int element) {
+    const XmlText& text = document_.text();
+    const bool isAroundFull =
+        full_ >= 0 && version_ == text.version() && text.elementAround(full_) == element;
+    const bool isVoid = !isAroundFull && Placeholders::isVoid(document_, element);
+    version_ = text.version();
+    full_ = isVoid || !text.openingAt(element) ? -1 : element;
+    return isVoid;
 }
 
 bool Stops::isCaretAtEdge(const Document& document, bool forward) {

@@ -40,3 +40,24 @@ bool skipBackward(const Document& document, int& position, bool crossElements);
 bool skipForward(const Document& document, int& position, bool crossElements);
 
 } // namespace Stops
+
+/// The stops before and behind one place after another, of which many lie between the same two: up
+/// to the stop that was found the answer is the same, as long as the text is.
+class NearStops {
+public:
+    explicit NearStops(const Document& document) : document_(document) {}
+
+    /// As Stops::next and previous.
+    int next(int position);
+    int previous(int position);
+
+private:
+    void forgetOldText();
+
+    const Document& document_;
+    unsigned version_ = 0; // of the text that the rest is known of
+    int nextOf_ = -1;      // of the place that was asked about, if any was
+    int next_ = -1;
+    int previousOf_ = -1;
+    int previous_ = -1;
+};

@@ -209,29 +209,6 @@ bool WordWalk::isPlaceholderAtEnd(int position) const {
     return document_.text().isPlaceholderBeforeClosingTag(position);
 }
 
-/// The stop behind one place after another: up to that stop it is the same for all, but for a
-/// placeholder, from where the next stop is the end of what it fills.
-class StopAhead {
-public:
-    explicit StopAhead(const Document& document) : document_(document) {}
-
-    int of(int position) {
-        const XmlText& text = document_.text();
-        const bool isKnown = asked_ >= 0 && asked_ <= position && (stop_ < 0 || position < stop_) &&
-                             !text.holdsOnlyPlaceholder(text.elementAround(position));
-        if (!isKnown) {
-            stop_ = Stops::next(document_, position);
-            asked_ = position;
-        }
-        return stop_;
-    }
-
-private:
-    const Document& document_;
-    int asked_ = -1;
-    int stop_ = -1;
-};
-
 bool stepOverTag(Document& document, bool extend) {
     const XmlText& text = document.text();
     document.moveCaret(extend, document.caret());
@@ -266,10 +243,8 @@ bool isInlineEdgeBetween(const Document& document, int stop, int nextStop) {
     if (!document.names.isInline(text.nameAround(stop)) &&
         !document.names.isInline(text.nameAround(nextStop)))
         return false;
-    int element = text.nextElement(stop);
-    while (0 <= element && element < nextStop && text.tagName(element) != L"fo:block")
-        element = text.nextElement(element);
-    return (element < 0 || nextStop <= element) && Lines::areInOneBlock(document, stop, nextStop);
+    return text.nextNamedBefore(nextStop, stop, L"fo:block") < 0 &&
+           Lines::areInOneBlock(document, stop, nextStop);
 }
 
 /// The mirror of stepToNextWord().
@@ -304,10 +279,10 @@ void Words::stepRight(Document& document, bool extend) {
     document.endTyping();
     const int start = document.caret();
     int behindEdge = -1;
-    StopAhead ahead(document);
+    NearStops stops(document);
     while (stepToNextWord(document, extend)) {
         behindEdge = document.caret();
-        if (Moves::rightThroughTable(document, ahead.of(behindEdge)))
+        if (Moves::rightThroughTable(document, stops.next(behindEdge)))
             break;
     }
     // Nothing to go to behind the edge: the caret does not stay where there is no stop.

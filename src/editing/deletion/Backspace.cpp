@@ -211,7 +211,7 @@ bool Backspace::mustStayApart(int position) const {
 /// The inline begins before the caret: the deletion goes on before it.
 bool Backspace::takeInlineBehind() {
     caret_ = tag_;
-    if (Placeholders::isVoid(document_, tag_))
+    if (voids_.contains(tag_))
         Edit(document_).remove(tag_, document_.text().behindElement(tag_));
     return true;
 }
@@ -219,7 +219,7 @@ bool Backspace::takeInlineBehind() {
 /// The inline ends before the caret: the deletion goes on inside it.
 bool Backspace::takeInlineBefore() {
     const int inlineElement = document_.text().elementAround(tag_);
-    if (!Placeholders::holdsOneUnit(document_, inlineElement)) {
+    if (!Placeholders::holdsOneUnit(document_, inlineElement, stops_)) {
         caret_ = tag_;
         return true;
     }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "document/Placeholders.h"
+#include "document/caret/Stops.h"
 #include "foundation/String.h"
 #include "text/EditableXmlBuffer.h"
-
-class Document;
 
 /// The deletion of one unit before a position, in rounds: a round meets what stands there, deals
 /// with it by its case, and may leave it to another round to go on from where it ended.
@@ -11,7 +11,8 @@ class Document;
 /// Each round that is followed by another shortens the text or moves back, so that the rounds end.
 class Backspace {
 public:
-    Backspace(Document& document, int caret) : document_(document), caret_(caret) {}
+    Backspace(Document& document, int caret)
+        : document_(document), stops_(document), voids_(document), caret_(caret) {}
 
     /// Deletes; answers where the caret belongs.
     int run();
@@ -70,6 +71,8 @@ private:
     int behindTag() const;
 
     Document& document_;
+    NearStops stops_;
+    VoidElements voids_;
     int caret_; // where the round begins and, in the end, the caret belongs
 
     int origin_ = -1;  // where this round began

@@ -123,8 +123,8 @@ bool ForwardDelete::isAtNestedBlock() const {
 /// A soft break at the inline's start is not the character that the inline holds besides.
 bool ForwardDelete::enterInline() {
     const int inside = document_.text().next(position_);
-    const int first = Stops::next(document_, position_);
-    if (!Placeholders::holdsOneUnit(document_, position_) ||
+    const int first = stops_.next(position_);
+    if (!Placeholders::holdsOneUnit(document_, position_, stops_) ||
         (inside < first && document_.text().selfClosingAt(Lines::endOfSkipped(document_, inside))))
         return goOnInside(inside);
     Edit(document_).remove(place_, document_.text().behindElement(position_));
@@ -136,7 +136,7 @@ bool ForwardDelete::enterInline() {
 bool ForwardDelete::leaveInline() {
     if (Placeholders::isFootnoteMark(document_, element_))
         return false;
-    if (!Placeholders::isVoid(document_, element_))
+    if (!voids_.contains(element_) || document_.text().closingTag(element_) < 0)
         return goOnInside(document_.text().next(position_));
     removeWhole(element_);
     return true;

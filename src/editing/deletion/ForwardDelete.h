@@ -1,15 +1,15 @@
 #pragma once
 
+#include "document/Placeholders.h"
+#include "document/caret/Stops.h"
 #include "foundation/String.h"
-
-class Document;
 
 /// The deletion of one unit behind a position, in rounds as Backspace has them. Each round that is
 /// followed by another shortens the text or moves on, so that the rounds end.
 class ForwardDelete {
 public:
     ForwardDelete(Document& document, int caret)
-        : document_(document), caret_(caret), place_(caret) {}
+        : document_(document), stops_(document), voids_(document), caret_(caret), place_(caret) {}
 
     /// Deletes; answers where the caret belongs.
     int run();
@@ -72,6 +72,8 @@ private:
     void keepLine();
 
     Document& document_;
+    NearStops stops_;
+    VoidElements voids_;
     int caret_;           // where the caret belongs in the end
     int place_;           // where the round begins
     bool inside_ = false; // the deletion went on at another place and leaves the caret alone

@@ -40,29 +40,25 @@ void restoreSelection(Document& document, int lower, int upper, int place, int c
 
 } // namespace
 
-/// Whether anything shows between two places, for a walk that asks again and again: it goes on from
-/// where it was.
-class SelectionDeletion::ShownAhead {
-public:
-    explicit ShownAhead(const Document& document) : document_(document) {}
-
-    bool between(int start, int end) {
-        const XmlText& text = document_.text();
-        if (start < from_ || at_ < start)
-            from_ = at_ = start;
-        while (text.isValid(at_) && at_ < end && !Deletion::showsAt(document_, at_))
-            at_ = text.next(at_);
-        return text.isValid(at_) && at_ < end;
-    }
-
-private:
-    const Document& document_;
-    int from_ = -1; // nothing shows from there
-    int at_ = -1;   // up to here
-};
+/// For a walk that asks again and again, also from further out: it goes on from where it was.
+bool SelectionDeletion::ShownAhead::between(int start, int end) {
+    const XmlText& text = document_.text();
+    if (version_ != text.version())
+        from_ = at_ = -1;
+    version_ = text.version();
+    const bool isWithin = from_ <= start && start <= at_;
+    int at = isWithin ? at_ : start;
+    while (text.isValid(at) && at < end && !Deletion::showsAt(document_, at))
+        at = at == from_ && from_ < at_ ? at_ : text.next(at);
+    if (!isWithin)
+        from_ = start;
+    at_ = at;
+    return text.isValid(at) && at < end;
+}
 
 SelectionDeletion::SelectionDeletion(Document& document, int start, int end, int handledList)
-    : document_(document), start_(start), end_(end), position_(start), handledList_(handledList) {}
+    : document_(document), start_(start), end_(end), position_(start), handledList_(handledList),
+      shown_(document) {}
 
 void SelectionDeletion::run() {
     takeWholeElement();
@@ -225,11 +221,10 @@ bool SelectionDeletion::deleteWhatLeavesSomething() {
     if (!canStandAt(position_) || !Stops::canHoldCaret(document_, end_))
         return false;
     TextRewrite rewrite(document_);
-    ShownAhead shown(document_);
     int position = position_;
     int goneBefore = 0;
     for (;;) {
-        const Leavings found = leavingsFrom(position, shown);
+        const Leavings found = leavingsFrom(position);
         int gone = 0;
         for (std::size_t i = 1; i < found.borders.size() && found.borders[i] <= found.last; ++i)
             if (found.borders[i - 1] < found.borders[i]) {
@@ -252,25 +247,25 @@ bool SelectionDeletion::canStandAt(int position) const {
     return document_.isInEditable(position) && Stops::canHoldCaret(document_, position);
 }
 
-SelectionDeletion::Leavings SelectionDeletion::leavingsFrom(int position, ShownAhead& shown) const {
+SelectionDeletion::Leavings SelectionDeletion::leavingsFrom(int position) {
     const XmlText& text = document_.text();
     const int element = text.elementAround(position);
     std::vector<int> borders{position};
     int lastShown = position; // the border before the last that shows
     for (int tag = text.nextTag(position); 0 <= tag && tag < end_;
          tag = text.nextTag(borders.back())) {
-        if (shown.between(borders.back(), tag))
+        if (shown_.between(borders.back(), tag))
             lastShown = borders.back();
         borders.push_back(tag);
         const int closing = text.closingTag(tag);
         const int behind = text.next(closing);
         if (closing < 0 || behind < 0 || end_ < behind)
             break;
-        if (shown.between(tag, behind))
+        if (shown_.between(tag, behind))
             lastShown = tag;
         borders.push_back(behind);
     }
-    const bool showsWithout = shown.between(borders.back(), text.closingTag(element)) ||
+    const bool showsWithout = shown_.between(borders.back(), text.closingTag(element)) ||
                               Deletion::showsBetween(document_, text.next(element), position);
     const int last = showsWithout ? borders.back() : lastShown;
     return {std::move(borders), last};
@@ -340,24 +335,35 @@ void SelectionDeletion::insertPlaceholderAtStart() {
 
 // The end of an element
 
-/// One element after another is left of which only text follows, however many they are, if the
+/// The end of an element, of which all goes that stands before it from a place on.
+struct SelectionDeletion::Leaving {
+    int closing;
+    int behind;
+    bool isJoined; ///< with the sibling behind it, unless that goes with what is around both
+};
+
+/// One element after another is left of which all that follows goes, however many they are, if the
 /// first shows something without it: then nothing has to be made good in those around it either.
 bool SelectionDeletion::leaveElements() {
     const XmlText& text = document_.text();
     if (position_ < start_ || !Stops::canHoldCaret(document_, end_) ||
-        !Deletion::showsBetween(document_, text.next(text.elementAround(position_)), position_))
+        !shown_.between(text.next(text.elementAround(position_)), position_))
         return false;
     TextRewrite rewrite(document_);
     int gone = 0;
     int position = position_;
-    for (int behind; (behind = placeBehindElement(position)) >= 0; position = behind) {
-        const int closing = text.nextTag(position);
-        if (position == closing)
-            continue;
-        rewrite.remove(position, closing);
-        const EditActionGroup repaired(document_);
-        rewrite.recordCaret();
-        gone += closing - position;
+    for (auto leaving = leavingFrom(position); leaving;) {
+        const auto [closing, behind, isJoined] = *leaving;
+        leaving = leavingFrom(behind);
+        if (isJoined && !leaving)
+            break;
+        if (position < closing) {
+            rewrite.remove(position, closing);
+            const EditActionGroup repaired(document_);
+            rewrite.recordCaret();
+            gone += closing - position;
+        }
+        position = behind;
     }
     const bool isDone = position > position_;
     position_ = position - gone;
@@ -365,21 +371,32 @@ bool SelectionDeletion::leaveElements() {
     return isDone;
 }
 
-/// Where the rounds would go on next, if nothing but text stands before the end of the element, all
-/// of it goes and no other element is joined; else -1.
-int SelectionDeletion::placeBehindElement(int position) const {
+/// The end of the element around the position, if the rounds would go on behind it; none else.
+std::optional<SelectionDeletion::Leaving> SelectionDeletion::leavingFrom(int position) const {
     const XmlText& text = document_.text();
     const int element = text.elementAround(position);
-    const int closing = text.find(L'<', position);
+    const int closing = text.closingTag(element);
     const int behind = text.next(closing);
-    if (behind < 0 || end_ <= behind || !text.closingAt(closing) || element <= 0 ||
-        text.elementAround(closing) != element || text.closingTag(element) != closing ||
-        text.nextTag(position) != closing || !canStandAt(position) || !canStandAt(behind))
-        return -1;
+    if (behind < 0 || end_ <= behind || element <= 0 || text.elementAround(closing) != element ||
+        !canStandAt(position) || !canStandAt(behind) || !isPlainBetween(position, closing))
+        return std::nullopt;
     const bool isPlain = !text.isBeforeTable(behind) && listAround(position) < 0 &&
                          text.elementAround(behind) == text.elementAround(element);
-    const bool isJoined = text.tagName(closing) == L"/fo:block" && hasSiblingBehind(closing);
-    return isPlain && !isJoined ? behind : -1;
+    if (!isPlain)
+        return std::nullopt;
+    const bool isBlock = text.tagName(closing) == L"/fo:block";
+    return Leaving{closing, behind, isBlock && hasSiblingBehind(closing)};
+}
+
+/// Whether nothing but text and whole blocks and inlines stands there.
+bool SelectionDeletion::isPlainBetween(int position, int end) const {
+    const XmlText& text = document_.text();
+    for (int at = text.find(L'<', position); 0 <= at && at < end;
+         at = text.find(L'<', text.next(at)))
+        if (text.ignoredAt(at) ||
+            (!text.closingAt(at) && !document_.names.isEditable(text.tagName(at))))
+            return false;
+    return position <= end && Deletion::tagsMatch(text, position, end);
 }
 
 bool SelectionDeletion::leaveElement() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 class Document;
 class TextRewrite;
 struct PlaceholderRepair;
@@ -31,6 +33,19 @@ private:
 
     // A round and its cases; each answers whether another round follows.
 
+    /// Tells whether anything shows between two places, up to but excluding the second.
+    class ShownAhead {
+    public:
+        explicit ShownAhead(const Document& document) : document_(document) {}
+        bool between(int start, int end);
+
+    private:
+        const Document& document_;
+        unsigned version_ = 0; // of the text that the rest is known of
+        int from_ = -1;        // nothing shows from there
+        int at_ = -1;          // up to here
+    };
+
     int unitsAhead() const;
     bool playRound();
 
@@ -46,16 +61,17 @@ private:
 
     bool deleteRestOfText();
     struct Leavings;
-    class ShownAhead;
     bool deleteWhatLeavesSomething();
     bool canStandAt(int position) const;
-    Leavings leavingsFrom(int position, ShownAhead& shown) const;
+    Leavings leavingsFrom(int position);
     int placeInLastChild(int position, const Leavings& found) const;
     bool holdsEnd(int element) const;
     bool deleteTextBefore(int tag);
 
     bool leaveElements();
-    int placeBehindElement(int position) const;
+    struct Leaving;
+    std::optional<Leaving> leavingFrom(int position) const;
+    bool isPlainBetween(int position, int end) const;
     bool leaveElement();
     bool hasSibling() const;
     bool hasSiblingBehind(int closing) const;
@@ -83,4 +99,5 @@ private:
     int end_;
     int position_; // up to here the range has been dealt with
     int handledList_;
+    ShownAhead shown_;
 };
