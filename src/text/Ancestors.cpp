@@ -1,7 +1,6 @@
 #include "text/Ancestors.h"
 
 #include "foundation/String.h"
-#include "text/ElementMemo.h"
 #include "text/SpaceProperties.h"
 
 #include <algorithm>
@@ -20,8 +19,8 @@ constexpr std::size_t longestName = 64;
 
 } // namespace
 
-const Ancestors::Level* Ancestors::levelOf(Text text, int element, ElementMemo& elements,
-                                           PrecedingTags& tags) {
+const Ancestors::Level* Ancestors::levelOf(Text text, int element,
+                                           const std::function<int(int)>& around) {
     if (const Level* const known = find(element))
         return known;
     const bool isFull = levels_.size() >= limit_;
@@ -33,7 +32,7 @@ const Ancestors::Level* Ancestors::levelOf(Text text, int element, ElementMemo& 
     const Level* level = nullptr;
     for (int at = element; at >= 0 && !level; level = find(at)) {
         inner.push_back(at);
-        at = elements.around(text, at, tags);
+        at = around(at);
     }
     for (auto next = inner.rbegin(); next != inner.rend(); ++next)
         level = add(text, *next, level);

@@ -3,12 +3,10 @@
 #include "text/XmlScan.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
-
-class ElementMemo;
-class PrecedingTags;
 
 /// Finds elements around a place by what their start tags say. It remembers each element that it
 /// has climbed over with a way to skip many levels that hold nothing of what is looked for, so that
@@ -31,8 +29,8 @@ public:
     };
 
     /// The level of an element, null for -1; until the text changes or another level is asked for.
-    const Level* levelOf(XmlScan::Text text, int element, ElementMemo& elements,
-                         PrecedingTags& tags);
+    /// `around` tells the element around another.
+    const Level* levelOf(XmlScan::Text text, int element, const std::function<int(int)>& around);
 
     /// The mark of a name, or of what declares a prefix, "xmlns:fo" in lower case; none where no
     /// level has it. Names that are many share one, so that whoever looks for one has to compare.

@@ -108,7 +108,7 @@ MarkupChange::MarkupChange(const XmlText& text, const TextMark& before)
 
 void MarkupChange::findDifference() {
     const TextChange change = text_.changeSince(mark_);
-    oldPart_ = text_.oldText(mark_, change);
+    oldPart_ = std::wstring(XmlText::oldText(mark_, change));
     start_ = change.start;
     behind_ = length(after_) - change.start - change.inserted;
     const Text old = oldPart_;

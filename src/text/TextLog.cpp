@@ -21,19 +21,14 @@ TextLog::Version& TextLog::prepare(const TextChange& change) {
     return version;
 }
 
-void TextLog::follow(Version& version) noexcept {
-    current_->hasBranched = true;
-    current_ = &version;
-}
-
 void TextLog::clear() noexcept {
     versions_.clear();
     oldest_ = Version();
     current_ = &oldest_;
 }
 
-TextMark::TextMark(std::shared_ptr<TextLog> log, bool isRegular)
-    : log_(std::move(log)), version_(&log_->current()), isRegular_(isRegular) {}
+TextMark::TextMark(std::shared_ptr<TextLog> log, const TextStore& text, bool isRegular)
+    : log_(std::move(log)), version_(&log_->current()), text_(text), isRegular_(isRegular) {}
 
 /// The last mark but for the text itself takes the log along.
 TextMark::~TextMark() {

@@ -7,20 +7,23 @@
 #include <compare>
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <string>
 #include <string_view>
 
+class TextStore;
+
 /// A stretch of text to read, valid until that changes: the read side of std::wstring_view, with
-/// its names, but without a pointer to the units. So nobody who is given one relies on the units
-/// being one piece of memory.
+/// its names, but without a pointer to the units. They may be one piece of memory or those of a
+/// store, and nobody who is given a view can tell.
 class FORME_API TextView {
 public:
     static constexpr std::size_t npos = std::wstring_view::npos;
 
     constexpr TextView() noexcept = default;
     constexpr TextView(std::wstring_view units) noexcept
-        : units_(units.data()), size_(units.size()) {}
+        : units_(units.data()), size_(static_cast<std::uint32_t>(units.size())) {}
     /// A literal, whose length is known to the compiler.
     template <std::size_t Size>
     constexpr TextView(const wchar_t (&literal)[Size]) noexcept
@@ -30,17 +33,26 @@ public:
     constexpr TextView(Pointer text) noexcept : TextView(std::wstring_view(text)) {}
     TextView(const Core::String& text) noexcept : TextView(text.view()) {}
     TextView(const std::wstring& text) noexcept : TextView(std::wstring_view(text)) {}
+    explicit TextView(const TextStore& store) noexcept;
 
     constexpr std::size_t size() const noexcept { return size_; }
     constexpr bool empty() const noexcept { return size_ == 0; }
     /// Of a position that is known to be valid; the first and the last of a text that is not empty.
-    constexpr wchar_t operator[](std::size_t at) const noexcept { return units_[at]; }
-    constexpr wchar_t front() const noexcept { return units_[0]; }
-    constexpr wchar_t back() const noexcept { return units_[size_ - 1]; }
+    constexpr wchar_t operator[](std::size_t at) const noexcept {
+        return store_ ? unitOfStore(at) : units_[at];
+    }
+    constexpr wchar_t front() const noexcept { return (*this)[0]; }
+    constexpr wchar_t back() const noexcept { return (*this)[size_ - 1]; }
 
     /// At most `count` units from `start` on, which is at most the length.
     constexpr TextView substr(std::size_t start, std::size_t count = npos) const noexcept {
-        return TextView(units_ + start, std::min(count, size_ - start));
+        TextView part = *this;
+        if (store_)
+            part.start_ += static_cast<std::uint32_t>(start);
+        else
+            part.units_ += start;
+        part.size_ = static_cast<std::uint32_t>(std::min(count, size_ - start));
+        return part;
     }
     constexpr bool starts_with(wchar_t unit) const noexcept { return !empty() && front() == unit; }
     constexpr bool starts_with(TextView what) const noexcept {
@@ -61,20 +73,22 @@ public:
     std::size_t rfind(TextView what, std::size_t start = npos) const noexcept;
 
     /// Copies.
-    explicit operator Core::String() const { return Core::String(plain()); }
-    explicit operator std::wstring() const { return std::wstring(plain()); }
-    friend std::wstring& operator+=(std::wstring& text, TextView more) {
-        return text.append(more.plain());
+    explicit operator Core::String() const { return Core::String(std::wstring(*this)); }
+    explicit operator std::wstring() const {
+        std::wstring text;
+        text += *this;
+        return text;
     }
+    friend FORME_API std::wstring& operator+=(std::wstring& text, TextView more);
 
     /// Names are compared most, and those of one length differ at their ends: "fo:block" and
     /// "fo:table".
     friend constexpr bool operator==(TextView a, TextView b) noexcept {
         return a.size_ == b.size_ &&
-               (a.empty() || (a.back() == b.back() && a.plain() == b.plain()));
+               (a.empty() || (a.back() == b.back() && a.compare(b) == std::strong_ordering::equal));
     }
     friend constexpr std::strong_ordering operator<=>(TextView a, TextView b) noexcept {
-        return a.plain() <=> b.plain();
+        return a.compare(b);
     }
 
     class Iterator;
@@ -84,13 +98,19 @@ public:
     constexpr std::reverse_iterator<Iterator> rend() const noexcept;
 
 private:
-    constexpr TextView(const wchar_t* units, std::size_t size) noexcept
-        : units_(units), size_(size) {}
-
     constexpr std::wstring_view plain() const noexcept { return {units_, size_}; }
+    wchar_t unitOfStore(std::size_t at) const noexcept;
+    template <typename Find>
+    std::size_t findInStore(std::size_t start, std::size_t end, Find find) const noexcept;
+    constexpr std::strong_ordering compare(TextView other) const noexcept {
+        return store_ || other.store_ ? compareByUnit(other) : plain() <=> other.plain();
+    }
+    std::strong_ordering compareByUnit(TextView other) const noexcept;
 
-    const wchar_t* units_ = nullptr;
-    std::size_t size_ = 0;
+    const wchar_t* units_ = nullptr;   // of one piece of memory
+    const TextStore* store_ = nullptr; // or else the store, where the view begins at `start_`
+    std::uint32_t start_ = 0;
+    std::uint32_t size_ = 0;
 };
 
 /// Gives the units, but no place where they stand.
@@ -103,35 +123,38 @@ public:
     using reference = wchar_t;
 
     constexpr Iterator() noexcept = default;
-    constexpr explicit Iterator(const wchar_t* at) noexcept : at_(at) {}
+    constexpr Iterator(TextView text, std::size_t at) noexcept : text_(text), at_(at) {}
 
-    constexpr wchar_t operator*() const noexcept { return *at_; }
+    constexpr wchar_t operator*() const noexcept { return text_[at_]; }
     constexpr Iterator& operator++() noexcept {
         ++at_;
         return *this;
     }
-    constexpr Iterator operator++(int) noexcept { return Iterator(at_++); }
+    constexpr Iterator operator++(int) noexcept { return {text_, at_++}; }
     constexpr Iterator& operator--() noexcept {
         --at_;
         return *this;
     }
-    constexpr Iterator operator--(int) noexcept { return Iterator(at_--); }
+    constexpr Iterator operator--(int) noexcept { return {text_, at_--}; }
     /// How many units lie between.
-    friend constexpr difference_type operator-(Iterator a, Iterator b) noexcept {
-        return a.at_ - b.at_;
+    friend constexpr difference_type operator-(const Iterator& a, const Iterator& b) noexcept {
+        return static_cast<difference_type>(a.at_) - static_cast<difference_type>(b.at_);
     }
-    friend constexpr bool operator==(Iterator a, Iterator b) noexcept = default;
+    friend constexpr bool operator==(const Iterator& a, const Iterator& b) noexcept {
+        return a.at_ == b.at_;
+    }
 
 private:
-    const wchar_t* at_ = nullptr;
+    TextView text_;
+    std::size_t at_ = 0;
 };
 
 constexpr TextView::Iterator TextView::begin() const noexcept {
-    return Iterator(units_);
+    return {*this, 0};
 }
 
 constexpr TextView::Iterator TextView::end() const noexcept {
-    return Iterator(units_ + size_);
+    return {*this, size_};
 }
 
 constexpr std::reverse_iterator<TextView::Iterator> TextView::rbegin() const noexcept {

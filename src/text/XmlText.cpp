@@ -67,42 +67,26 @@ std::vector<Text> contentsOf(Text name, Text text) {
 // Changes
 
 void XmlText::insert(int position, const String& xml) {
-    replace(position, 0, String(), xml);
+    replace(position, 0, xml.view());
 }
 
 String XmlText::erase(int start, int end) {
     String removed = slice(start, end);
-    replace(start, end - start, removed, String());
+    replace(start, end - start, {});
     return removed;
 }
 
-/// A text that may be shared is exchanged by a changed copy. So what the log holds spliced has been
-/// made, and can be undone, in place.
-void XmlText::replace(int start, int count, const String& removed, const String& with) {
-    TextLog::Version* version = nullptr;
-    if (isMarked()) {
-        version = &log_->prepare({start, count, with.length()});
-        version->isWhole = isLent_;
-        (version->isWhole ? version->other : version->removed) = version->isWhole ? text_ : removed;
-        version->inserted = with;
-    }
-    text_.replace(static_cast<unsigned>(start), static_cast<unsigned>(count), with);
-    isLent_ = false;
+void XmlText::replace(int start, int count, std::wstring_view with) {
+    TextLog::Version* const version =
+        isMarked() ? &log_->prepare({start, count, static_cast<int>(with.size())}) : nullptr;
+    text_.replace(start, count, with);
     if (version)
-        log_->follow(*version);
+        log_->goTo(*version);
     forgetFrom(start);
 }
 
-void XmlText::assign(String content) {
-    if (isMarked()) {
-        TextLog::Version& version = log_->prepare({0, length(), content.length()});
-        version.isWhole = true;
-        version.other = std::move(text_);
-        log_->follow(version);
-    }
-    text_ = std::move(content);
-    isLent_ = true;
-    forgetFrom(0);
+void XmlText::assign(const String& content) {
+    replace(0, length(), content.view());
 }
 
 unsigned XmlText::headVersion() const {
@@ -134,16 +118,13 @@ void XmlText::forgetFrom(int position) noexcept {
 TextMark XmlText::mark() const {
     if (!log_)
         log_ = std::make_shared<TextLog>();
-    return TextMark(log_, isKnownRegular_);
+    return TextMark(log_, text_, isKnownRegular_);
 }
 
 TextChange XmlText::changeSince(const TextMark& mark) const {
     std::vector<TextChange> changes;
-    log_->walk(mark.version(), [&](const TextLog::Version& version, bool isUndone) {
-        const TextChange& change = version.change;
-        changes.push_back(isUndone ? change
-                                   : TextChange{change.start, change.inserted, change.removed});
-    });
+    log_->walk(mark.version(),
+               [&](const TextChange& change) { changes.push_back(change.undone()); });
     if (changes.empty())
         return {};
     TextChange whole = changes.back();
@@ -152,70 +133,28 @@ TextChange XmlText::changeSince(const TextMark& mark) const {
     return whole;
 }
 
-std::wstring XmlText::oldText(const TextMark& mark, const TextChange& change) const {
-    std::wstring old(view(change.start, change.start + change.inserted));
-    log_->walk(mark.version(), [&](const TextLog::Version& version, bool isUndone) {
-        const auto [start, removed, inserted] = version.change;
-        const std::wstring put(
-            version.isWhole
-                ? XmlScan::slice(version.other, start, start + (isUndone ? removed : inserted))
-                : View(isUndone ? version.removed : version.inserted));
-        old.replace(static_cast<std::size_t>(start - change.start),
-                    static_cast<std::size_t>(isUndone ? inserted : removed), put);
-    });
-    return old;
-}
-
-String XmlText::contentAt(const TextMark& mark) const {
-    const TextChange change = changeSince(mark);
-    std::wstring old(view(0, change.start));
-    old += oldText(mark, change);
-    old += view(change.start + change.inserted, length());
-    return String(std::move(old));
+XmlText::View XmlText::oldText(const TextMark& mark, const TextChange& change) {
+    return XmlScan::slice(View(mark.text()), change.start, change.start + change.removed);
 }
 
 bool XmlText::isAsAt(const TextMark& mark) const {
     const TextChange change = changeSince(mark);
-    return change.empty() ||
-           (change.removed == change.inserted &&
-            oldText(mark, change) == view(change.start, change.start + change.inserted));
+    return change.removed == change.inserted &&
+           oldText(mark, change) == view(change.start, change.start + change.inserted);
 }
 
 bool XmlText::keepsContentOf(View name, const TextMark& mark) const {
-    const String before = contentAt(mark);
-    return contentsOf(name, before) == contentsOf(name, all());
+    return contentsOf(name, View(mark.text())) == contentsOf(name, all());
 }
 
 void XmlText::goBackTo(const TextMark& mark) noexcept {
-    log_->walk(mark.version(), [this](TextLog::Version& version, bool isUndone) {
-        const auto [start, removed, inserted] = version.change;
-        if (version.isWhole) {
-            std::swap(text_, version.other);
-            isLent_ = true;
-        } else {
-            text_.replace(static_cast<unsigned>(start),
-                          static_cast<unsigned>(isUndone ? inserted : removed),
-                          isUndone ? version.removed : version.inserted);
-        }
-        forgetFrom(start);
-    });
+    int first = length();
+    log_->walk(mark.version(),
+               [&first](const TextChange& change) { first = std::min(first, change.start); });
+    text_ = mark.text();
     log_->goTo(mark.version());
+    forgetFrom(first);
     isKnownRegular_ = mark.isRegular();
-}
-
-/// What is shared cannot be changed in place, neither now nor on the way back.
-bool XmlText::mayBeShared() const {
-    if (!isMarked())
-        return true;
-    const TextLog::Version& version = log_->current();
-    return !version.hasBranched && (version.isWhole || !version.before);
-}
-
-String XmlText::content() const {
-    if (!mayBeShared())
-        return String(all());
-    isLent_ = true;
-    return text_;
 }
 
 int XmlText::endOfStretch(int start) const {
@@ -288,7 +227,9 @@ bool XmlText::isBehindTable(int position) const {
 // Units and tags in the order of the text
 
 int XmlText::markupAround(int position) const {
-    return isValid(position) ? markupMemo_.around(all(), position) : -1;
+    if (!isValid(position))
+        return -1;
+    return text_.isRegular() ? text_.markupAround(position) : markupMemo_.around(all(), position);
 }
 
 int XmlText::unitStart(int position) const {
@@ -323,8 +264,14 @@ String XmlText::nextTagName(int position) const {
 
 // The element around a position
 
+/// In a comment, section, instruction or document type what looks like tags counts as tags.
 int XmlText::elementAround(int position) const {
-    return elementMemo_.around(all(), position, precedingTags_);
+    if (!isValid(position) || !text_.isRegular())
+        return elementMemo_.around(all(), position, precedingTags_);
+    const int markup = text_.markupAround(position);
+    const bool isInTag = markup < 0 || !(standsAt(L"<!", markup) || instructionAt(markup));
+    return isInTag ? text_.elementAround(position)
+                   : elementMemo_.around(all(), position, precedingTags_);
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {

@@ -14,6 +14,7 @@
 #include "text/UnitMemo.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
+#include "text/store/TextStore.h"
 
 #include <memory>
 #include <span>
@@ -48,8 +49,8 @@ public:
     View view(int start, int end) const { return XmlScan::slice(all(), start, end); }
     /// A copy of the same.
     Core::String slice(int start, int end) const { return Core::String(view(start, end)); }
-    /// The whole text, shared where that does not stand in the way of going back to a mark.
-    Core::String content() const;
+    /// A copy of the whole text.
+    Core::String content() const { return Core::String(all()); }
     /// Calls `visit` with one stretch after another of all the text. None ends within a pair of
     /// surrogates.
     template <typename Visit>
@@ -67,7 +68,7 @@ public:
     /// Removes from `start` up to but excluding `end`, both within the text; answers what went.
     Core::String erase(int start, int end);
     /// Takes another text in the place of all.
-    void assign(Core::String content);
+    void assign(const Core::String& content);
 
     // Versions. A change that raises has not happened.
 
@@ -78,10 +79,10 @@ public:
     TextMark mark() const;
     /// What has changed since the mark, as one range that holds all changes.
     TextChange changeSince(const TextMark& mark) const;
-    /// What stood in the place of such a range.
-    std::wstring oldText(const TextMark& mark, const TextChange& change) const;
+    /// What stood in the place of such a range, as long as the mark is there.
+    static View oldText(const TextMark& mark, const TextChange& change);
     /// The whole text as it was, copied.
-    Core::String contentAt(const TextMark& mark) const;
+    static Core::String contentAt(const TextMark& mark) { return Core::String(View(mark.text())); }
     /// Whether the text is what it was.
     bool isAsAt(const TextMark& mark) const;
     /// Whether the elements of that name hold what they held.
@@ -331,22 +332,21 @@ public:
     int behindPageMasters() const;
 
 private:
-    View all() const { return text_.view(); }
+    View all() const { return View(text_); }
     using Level = Ancestors::Level;
     const Level* levelAround(int position) const {
-        return ancestors_.levelOf(all(), elementAround(position), elementMemo_, precedingTags_);
+        return ancestors_.levelOf(all(), elementAround(position),
+                                  [this](int element) { return elementAround(element); });
     }
     bool isMarked() const { return log_ && log_.use_count() > 1; }
-    bool mayBeShared() const;
     int endOfStretch(int start) const;
-    void replace(int start, int count, const Core::String& removed, const Core::String& with);
+    void replace(int start, int count, std::wstring_view with);
     void forgetFrom(int position) noexcept;
     int nextElementBefore(int end, int position) const;
     int behindNeighbor(int position, bool useCurrent) const;
     Core::String pathUpTo(int position, int root) const;
 
-    Core::String text_;
-    mutable bool isLent_ = false; // whether somebody else may hold the same storage
+    TextStore text_;
     Core::String rootName_;
     mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;

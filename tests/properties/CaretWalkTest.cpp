@@ -2,8 +2,8 @@
 // FORME_ALL_STOPS set they go over every stop, and otherwise over stretches from all parts of a
 // text.
 
-#include "document/Placeholders.h"
 #include "document/caret/CaretWalk.h"
+#include "document/Placeholders.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
 #include "support/Documents.h"

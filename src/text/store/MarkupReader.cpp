@@ -1,0 +1,217 @@
+#include "text/store/MarkupReader.h"
+
+#include "foundation/String.h"
+#include "text/store/TextUnits.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+using Kind = MarkupMark::Kind;
+using Mode = LexicalState::Mode;
+using Quotes = LexicalState::Quotes;
+using Tail = LexicalState::Tail;
+
+namespace {
+
+/// What may follow "<!", and what is then read.
+struct Keyword {
+    std::wstring_view units;
+    Mode mode;
+};
+constexpr std::array keywords{Keyword{L"--", Mode::Comment}, Keyword{L"[CDATA[", Mode::CData},
+                              Keyword{L"DOCTYPE", Mode::DocumentType}};
+
+Quotes quotesOf(wchar_t unit) {
+    return unit == L'"' ? Quotes::Double : unit == L'\'' ? Quotes::Single : Quotes::None;
+}
+
+Tail tailBehind(Tail tail, wchar_t unit) {
+    switch (unit) {
+    case L'-':
+        return tail == Tail::Dash || tail == Tail::Dashes ? Tail::Dashes : Tail::Dash;
+    case L']':
+        return tail == Tail::Bracket || tail == Tail::Brackets ? Tail::Brackets : Tail::Bracket;
+    case L'?':
+        return Tail::Question;
+    case L'<':
+        return Tail::Less;
+    default:
+        return Tail::None;
+    }
+}
+
+/// Whether a ">" behind it ends a section of whatever kind.
+bool endsSection(Tail tail) {
+    return tail == Tail::Dashes || tail == Tail::Brackets || tail == Tail::Question;
+}
+
+} // namespace
+
+bool MarkupReader::isPlain(wchar_t unit) {
+    return unit != L'<' && unit != L'>' && unit != L'-' && unit != L']' && unit != L'?';
+}
+
+void MarkupReader::read(const unsigned char* bytes, int size, bool isWide) {
+    if (isWide)
+        readAll(size, [bytes](int at) { return TextUnits::wideUnitAt(bytes, at); });
+    else
+        readAll(size, [bytes](int at) { return static_cast<wchar_t>(bytes[at]); });
+}
+
+template <typename UnitAt>
+void MarkupReader::readAll(int size, UnitAt unitAt) {
+    for (int at = 0; at < size; ++at) {
+        const wchar_t unit = unitAt(at);
+        if (state_.isPlainText() && isPlain(unit))
+            continue;
+        readUnit(static_cast<std::uint16_t>(at), unit);
+    }
+}
+
+void MarkupReader::readUnit(std::uint16_t at, wchar_t unit) {
+    switch (state_.mode) {
+    case Mode::Text:
+        return readText(at, unit);
+    case Mode::Markup:
+        return readMarkup(at, unit);
+    case Mode::Declaration:
+        return readDeclaration(at, unit);
+    case Mode::Comment:
+        return readSection(at, unit, Tail::Dashes);
+    case Mode::CData:
+        return readSection(at, unit, Tail::Brackets);
+    case Mode::Instruction:
+        return readSection(at, unit, Tail::Question);
+    case Mode::Tag:
+    case Mode::ClosingTag:
+        return readTag(at, unit);
+    case Mode::DocumentType:
+        return readDocumentType(at, unit);
+    }
+}
+
+void MarkupReader::readText(std::uint16_t at, wchar_t unit) {
+    if (unit == L'<') {
+        marks_.push_back({at, Kind::Start});
+        begin(Mode::Markup);
+        return;
+    }
+    faults_ += unit == L'>' && endsSection(state_.tail);
+    state_.tail = tailBehind(state_.tail, unit);
+    state_.isBehindProlog = state_.isBehindProlog || !Core::String::isSpace(unit);
+}
+
+void MarkupReader::readMarkup(std::uint16_t at, wchar_t unit) {
+    if (unit == L'!' || unit == L'?') {
+        begin(unit == L'!' ? Mode::Declaration : Mode::Instruction);
+        return;
+    }
+    begin(unit == L'/' ? Mode::ClosingTag : Mode::Tag);
+    state_.isBehindProlog = true;
+    if (unit == L'/') {
+        state_.tail = Tail::Slash;
+        return;
+    }
+    faults_ += unit == L'>' || Core::String::isSpace(unit);
+    readTag(at, unit);
+}
+
+/// A declaration that is none of the known ones is read like a tag, but in a document type like
+/// anything else there.
+void MarkupReader::readDeclaration(std::uint16_t at, wchar_t unit) {
+    const auto goesOn = [&](const Keyword& keyword) { return keyword.units[state_.read] == unit; };
+    if (state_.read == 0) {
+        const auto* const known = std::find_if(keywords.begin(), keywords.end(), goesOn);
+        state_.keyword = static_cast<std::uint8_t>(known - keywords.begin());
+    }
+    if (state_.keyword < keywords.size() && goesOn(keywords[state_.keyword])) {
+        if (++state_.read == keywords[state_.keyword].units.size())
+            beginDeclared(keywords[state_.keyword].mode);
+        return;
+    }
+    const bool hasOpenedBracket = state_.read > 0 && keywords[state_.keyword].mode == Mode::CData;
+    if (state_.isInType) {
+        begin(Mode::DocumentType);
+        state_.isInBrackets = state_.isInBrackets || hasOpenedBracket;
+        readDocumentType(at, unit);
+    } else {
+        ++faults_;
+        begin(Mode::Tag);
+        readTag(at, unit);
+    }
+}
+
+void MarkupReader::beginDeclared(Mode mode) {
+    faults_ += mode == Mode::DocumentType && state_.isBehindProlog && !state_.isInType;
+    begin(mode);
+    state_.isBehindProlog = state_.isBehindProlog || mode == Mode::DocumentType;
+}
+
+void MarkupReader::readSection(std::uint16_t at, wchar_t unit, Tail end) {
+    if (unit == L'>' && state_.tail == end) {
+        if (state_.isInType)
+            begin(Mode::DocumentType);
+        else
+            this->end(at, Kind::OtherEnd);
+        return;
+    }
+    faults_ += (unit == L'>' && endsSection(state_.tail)) ||
+               ((unit == L'!' || unit == L'?') && state_.tail == Tail::Less);
+    state_.tail = tailBehind(state_.tail, unit);
+}
+
+void MarkupReader::readTag(std::uint16_t at, wchar_t unit) {
+    const bool isClosing = state_.mode == Mode::ClosingTag;
+    faults_ += unit == L'<';
+    if (readQuotes(unit)) {
+        faults_ += isClosing;
+        state_.tail = Tail::None;
+    } else if (unit == L'>') {
+        const bool isSlashed = state_.tail == Tail::Slash;
+        faults_ += isClosing && isSlashed;
+        end(at, isClosing ? Kind::ClosingEnd : isSlashed ? Kind::EmptyEnd : Kind::OpeningEnd);
+    } else {
+        state_.tail = unit == L'/' ? Tail::Slash : Tail::None;
+    }
+}
+
+void MarkupReader::readDocumentType(std::uint16_t at, wchar_t unit) {
+    if (readQuotes(unit)) {
+        state_.tail = Tail::None;
+    } else if (unit == L'>' && !state_.isInBrackets) {
+        end(at, Kind::OtherEnd);
+    } else if ((unit == L'!' || unit == L'?') && state_.tail == Tail::Less) {
+        begin(unit == L'!' ? Mode::Declaration : Mode::Instruction);
+        state_.isInType = true;
+    } else {
+        if (unit == L'[' || unit == L']')
+            state_.isInBrackets = unit == L'[';
+        state_.tail = unit == L'<' ? Tail::Less : Tail::None;
+    }
+}
+
+/// Whether the unit opens or closes quotes or stands in them.
+bool MarkupReader::readQuotes(wchar_t unit) {
+    const Quotes quotes = quotesOf(unit);
+    if (state_.quotes == Quotes::None)
+        state_.quotes = quotes;
+    else if (state_.quotes == quotes)
+        state_.quotes = Quotes::None;
+    else
+        return true;
+    return quotes != Quotes::None;
+}
+
+void MarkupReader::begin(Mode mode) {
+    state_.mode = mode;
+    state_.tail = Tail::None;
+    state_.read = 0;
+    state_.keyword = 0;
+    state_.isInType = state_.isInType && mode != Mode::DocumentType;
+}
+
+void MarkupReader::end(std::uint16_t at, Kind kind) {
+    marks_.push_back({at, kind});
+    state_ = {.isBehindProlog = state_.isBehindProlog};
+}

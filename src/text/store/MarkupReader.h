@@ -1,0 +1,63 @@
+#pragma once
+
+#include "text/store/LexicalState.h"
+
+#include <cstdint>
+#include <vector>
+
+/// Where markup begins or ends in a chunk of text.
+struct MarkupMark {
+    enum class Kind : std::uint8_t {
+        Start,      ///< the "<" of a tag, comment, section, instruction or document type
+        OpeningEnd, ///< the ">" of a start tag
+        ClosingEnd,
+        EmptyEnd, ///< of a self-closing tag
+        OtherEnd  ///< of markup that is no tag of an element
+    };
+
+    std::uint16_t at;
+    Kind kind;
+
+    bool isStart() const { return kind == Kind::Start; }
+};
+
+/// Reads text unit by unit and notes where markup begins and ends. What is not as XML has it, or
+/// could be taken for something else by who reads it from its end, is a fault: "<" in a tag, a
+/// delimiter of one kind of section in another or in text. Of a text without faults, from both ends
+/// the same is read.
+class MarkupReader {
+public:
+    MarkupReader(LexicalState state, std::vector<MarkupMark>& marks)
+        : state_(state), marks_(marks) {}
+
+    /// Takes the next units, a byte or two bytes each; the first stands at offset 0.
+    void read(const unsigned char* bytes, int size, bool isWide);
+
+    const LexicalState& state() const { return state_; }
+    int faults() const { return faults_; }
+
+    /// Whether the unit is like any other letter of text: it begins or ends nothing.
+    static bool isPlain(wchar_t unit);
+
+private:
+    using Mode = LexicalState::Mode;
+    using Tail = LexicalState::Tail;
+
+    template <typename UnitAt>
+    void readAll(int size, UnitAt unitAt);
+    void readUnit(std::uint16_t at, wchar_t unit);
+    void readText(std::uint16_t at, wchar_t unit);
+    void readMarkup(std::uint16_t at, wchar_t unit);
+    void readDeclaration(std::uint16_t at, wchar_t unit);
+    void beginDeclared(Mode mode);
+    void readSection(std::uint16_t at, wchar_t unit, Tail end);
+    void readTag(std::uint16_t at, wchar_t unit);
+    void readDocumentType(std::uint16_t at, wchar_t unit);
+    bool readQuotes(wchar_t unit);
+    void begin(Mode mode);
+    void end(std::uint16_t at, MarkupMark::Kind kind);
+
+    LexicalState state_;
+    std::vector<MarkupMark>& marks_;
+    int faults_ = 0;
+};

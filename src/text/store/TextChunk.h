@@ -1,0 +1,53 @@
+#pragma once
+
+#include "text/store/LexicalState.h"
+#include "text/store/MarkupReader.h"
+#include "text/store/Measure.h"
+#include "text/store/TextUnits.h"
+
+#include <string_view>
+#include <vector>
+
+/// A piece of a text with where markup begins and ends in it. It may begin and end anywhere, in a
+/// tag or between the halves of a pair, and so knows how its first unit is to be read.
+class TextChunk {
+public:
+    /// More units mean that more is read anew when a key changes markup, fewer more memory.
+    static constexpr int most = 512;
+    /// Smaller ones are joined to their neighbours.
+    static constexpr int least = 128;
+
+    TextChunk() = default;
+    TextChunk(std::wstring_view units, const LexicalState& entry);
+
+    int size() const { return units_.size(); }
+    const TextUnits& units() const { return units_; }
+
+    const LexicalState& entry() const { return entry_; }
+    const LexicalState& exit() const { return exit_; }
+    const std::vector<MarkupMark>& marks() const { return marks_; }
+    /// How many marks stand before an offset.
+    std::size_t marksBefore(int at) const;
+    Measure measure() const;
+
+    /// What becomes of it when so many units from `at` on give way to others.
+    TextChunk replaced(int at, int count, std::wstring_view with) const;
+    /// The part from `start` up to but excluding `end`.
+    TextChunk part(int start, int end) const;
+    /// Both as one, which may be larger than a chunk of a text is.
+    static TextChunk joined(const TextChunk& first, const TextChunk& second);
+    /// The same units read from another state on.
+    TextChunk readFrom(const LexicalState& entry) const;
+
+private:
+    TextChunk(TextUnits units, const LexicalState& entry);
+
+    bool isPlainIn(int at, int end) const;
+    bool keepsMarkup(int at, int count, std::wstring_view with) const;
+
+    TextUnits units_;
+    std::vector<MarkupMark> marks_;
+    int faults_ = 0;
+    LexicalState entry_;
+    LexicalState exit_;
+};

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "text/store/TextTree.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+/// A text that is read and changed in many places: a key costs the same in a short one and in a
+/// book. A copy shares what is the same, and costs nothing.
+///
+/// Positions count units. Who reads keeps a place in the text, so that two threads need a copy
+/// each.
+class TextStore {
+public:
+    TextStore() = default;
+    explicit TextStore(std::wstring_view text) : tree_(text) {}
+    TextStore(const TextStore& other) : tree_(other.tree_) {}
+    TextStore(TextStore&& other) noexcept : tree_(std::move(other.tree_)) { other.read_ = {}; }
+    TextStore& operator=(const TextStore& other);
+    TextStore& operator=(TextStore&& other) noexcept;
+    ~TextStore() = default;
+
+    int length() const { return tree_.measure().length; }
+    /// The unit at a valid position.
+    wchar_t unitAt(int position) const {
+        if (position < read_.start || position >= read_.end)
+            read(position);
+        const int at = position - read_.start;
+        return read_.isWide ? TextUnits::wideUnitAt(read_.bytes, at)
+                            : read_.bytes[static_cast<std::size_t>(at)];
+    }
+    /// Appends the units from `start` up to but excluding `end` to a text.
+    void copyTo(std::wstring& text, int start, int end) const;
+
+    /// The first and the last match from `start` up to but excluding `end`; -1 if none.
+    int find(wchar_t unit, int start, int end) const;
+    int findEither(wchar_t a, wchar_t b, int start, int end) const;
+    int rFind(wchar_t unit, int start, int end) const;
+
+    /// Puts other units in the place of `count` from `start` on. A change that raises has not
+    /// happened.
+    void replace(int start, int count, std::wstring_view with);
+
+    // Markup, of which the answers are those of XmlScan where the text is regular
+
+    /// Whether tags, comments and sections are the same read from both ends of the text.
+    bool isRegular() const { return tree_.isRegular(); }
+    /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
+    /// markup begins.
+    int markupAround(int position) const;
+    /// The innermost start tag that ends at or before the position and is not closed there; -1 if
+    /// none.
+    int elementAround(int position) const;
+
+    /// What is wrong with how the text is held, in words; empty for a sound one.
+    std::string_view fault() const { return tree_.fault(); }
+
+private:
+    /// The chunk that was read last.
+    struct Read {
+        const TextChunk* chunk = nullptr;
+        const unsigned char* bytes = nullptr;
+        int start = 0;
+        int end = 0;
+        bool isWide = false;
+    };
+
+    const Read& read(int position) const;
+    template <typename Find>
+    int findForward(int start, int end, Find find) const;
+
+    TextTree tree_;
+    mutable Read read_;
+};

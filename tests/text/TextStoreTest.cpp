@@ -1,0 +1,118 @@
+// A text is changed in a store and in plain memory, and everything is asked of both.
+
+#include "text/store/TextStore.h"
+
+#include "foundation/Encoder.h"
+#include "properties/RandomCommands.h"
+#include "text/XmlScan.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+const std::wstring type = L"<!DOCTYPE r [<!ENTITY e '>'><!-- ]> --><?p ]>?>]>";
+
+/// Markup of all kinds, and what tears it.
+std::wstring anyMarkup(Random& random, bool mayBeTorn) {
+    static const std::vector<std::wstring> whole{
+        L"<a>",  L"</a>",    L"<b c='>'>", L"</b>",  L"<d/>",         L"<e f=\"'/\" />",
+        L"x y ", L"\x2014 ", L"&amp;",     L"a > b", L"\xD83D\xDE00", L"- ",
+        L"] "};
+    static const std::vector<std::wstring> rare{
+        L"<!-- a > <b> -->", L"<![CDATA[ <a> ]]>", L"<?p <a>?>", L"<!---->", L"'", L"\""};
+    static const std::vector<std::wstring> torn{
+        L"<",         L">",         L"<!",          L"<!-", L"<!--", L"--", L"-->",
+        L"<![CDA",    L"<![CDATA[", L"]]>",         L"<?",  L"?>",   L"/>", L"</",
+        L"<a b='<'>", L"<!DOCTYPE", L"<!DOCTYPE [", L"<>",  L"<!x>"};
+    return random.oneOf(mayBeTorn && random.oneIn(40) ? torn : random.oneIn(12) ? rare : whole);
+}
+
+std::wstring anyText(Random& random, std::size_t pieces, bool mayBeTorn) {
+    std::wstring text = random.oneIn(mayBeTorn ? 30 : 1000) ? type : L"";
+    for (std::size_t i = 0; i < pieces; ++i)
+        text += anyMarkup(random, mayBeTorn);
+    return text;
+}
+
+/// Another place near one, as a rule where a unit begins.
+std::size_t placeNear(Random& random, const std::wstring& text, std::size_t place, bool mayTear) {
+    if (mayTear && random.oneIn(20))
+        return place;
+    return static_cast<std::size_t>(XmlScan::unitStart(text, static_cast<int>(place)));
+}
+
+/// Whether a place is in what is no tag, where each question has its own answer.
+bool isInSection(const std::wstring& text, int markup) {
+    return markup >= 0 &&
+           (XmlScan::standsAt(text, L"<!", markup) || XmlScan::standsAt(text, L"<?", markup));
+}
+
+/// What the store says otherwise than the scans.
+std::string differenceAt(const TextStore& store, const std::wstring& text, int position) {
+    const int start = XmlScan::unitStart(text, position);
+    const bool isInMarkup = start < position && text[static_cast<std::size_t>(start)] == L'<';
+    const int markup = isInMarkup ? start : -1;
+    if (store.markupAround(position) != markup)
+        return "the markup around";
+    if (!isInSection(text, markup) &&
+        store.elementAround(position) != XmlScan::currentElement(text, position))
+        return "the element around";
+    return {};
+}
+
+} // namespace
+
+TEST(TextStore, HoldsAndAnswersWhatPlainMemoryDoes) {
+    const std::size_t rounds = setting("FORME_RANDOM_COMMANDS", 4000);
+    Random random(static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1)));
+    std::size_t asked = 0;
+    for (std::size_t round = 0; round < rounds;) {
+        const bool mayTear = random.oneIn(4);
+        std::wstring plain = random.oneIn(4) ? L"\n<?xml version='1.0'?>" + type : L"";
+        plain += anyText(random, random.below(400) * random.below(20), mayTear);
+        TextStore store(plain);
+        std::vector<std::pair<TextStore, std::wstring>> copies;
+        for (std::size_t change = random.below(120); change > 0; --change, ++round) {
+            const std::size_t at =
+                placeNear(random, plain, random.below(plain.size() + 1), mayTear);
+            const std::size_t most = random.oneIn(20) ? plain.size() : 8;
+            const std::size_t end = placeNear(
+                random, plain, at + random.below(std::min(most, plain.size() - at) + 1), mayTear);
+            const std::size_t count = std::max(at, end) - at;
+            const std::wstring with =
+                anyText(random, random.below(random.oneIn(30) ? 900 : 3), mayTear);
+            if (random.oneIn(10))
+                copies.emplace_back(store, plain);
+            plain.replace(at, count, with);
+            store.replace(static_cast<int>(at), static_cast<int>(count), with);
+            ASSERT_EQ(store.fault(), "");
+            ASSERT_EQ(store.length(), static_cast<int>(plain.size()));
+            ASSERT_EQ(std::wstring(TextView(store)), plain);
+            const std::size_t place = random.below(plain.size() + 1);
+            const TextView view(store);
+            for (const wchar_t unit : {L'<', L'\x2014', L'q'}) {
+                ASSERT_EQ(view.find(unit, place), TextView(plain).find(unit, place));
+                ASSERT_EQ(view.rfind(unit, place), TextView(plain).rfind(unit, place));
+            }
+            ASSERT_EQ(view.findEither(L'&', L'<', place), plain.find_first_of(L"&<", place));
+            ASSERT_EQ(view.find(L"</a>", place), TextView(plain).find(L"</a>", place));
+            ASSERT_EQ(view.rfind(L"</a>", place), TextView(plain).rfind(L"</a>", place));
+            if (!store.isRegular() || place == plain.size())
+                continue;
+            ++asked;
+            ASSERT_EQ(differenceAt(store, plain, static_cast<int>(place)), "")
+                << XmlScan::currentElement(plain, static_cast<int>(place)) << " "
+                << store.elementAround(static_cast<int>(place)) << " "
+                << Core::Encoder::toDisplayText(Core::String(plain)) << "\n"
+                << place;
+        }
+        for (const auto& [copy, then] : copies) {
+            ASSERT_EQ(std::wstring(TextView(copy)), then);
+            ASSERT_EQ(copy.fault(), "");
+        }
+    }
+    EXPECT_GT(asked, rounds / 3);
+}
