@@ -1,7 +1,9 @@
 // A person's typing, replayed keystroke by keystroke into one block of a document.
 
+#include "Allocations.h"
 #include "EditingTrace.h"
 #include "GeneratedDocument.h"
+#include "Instructions.h"
 #include "Replay.h"
 #include "Typist.h"
 
@@ -13,6 +15,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <numeric>
+#include <optional>
 #include <string>
 
 namespace {
@@ -57,8 +60,26 @@ void longRun(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+/// What a letter costs in a run of typing, of which the first is typed ahead.
+void plainCharacter(benchmark::State& state) {
+    const SmartPtr<Typist> typist(new Typist(generatedDocument(state.range(0))));
+    typist->typeCharacter('x');
+    const Instructions instructions;
+    const long long allocatedBefore = allocations();
+    for (auto _ : state)
+        typist->typeCharacter('x');
+    const std::optional<long long> carriedOut = instructions.count();
+    const auto keys = static_cast<double>(state.iterations());
+    state.counters["allocations"] = static_cast<double>(allocations() - allocatedBefore) / keys;
+    if (carriedOut)
+        state.counters["instructions"] = static_cast<double>(*carriedOut) / keys;
+    else
+        state.SetLabel("instructions unknown: they cannot be counted here");
+}
+
 } // namespace
 
+BENCHMARK(plainCharacter)->Arg(0)->Arg(megabytes)->Arg(10 * megabytes)->Iterations(10000);
 BENCHMARK(longRun)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(typing, sveltecomponent, "sveltecomponent", 1000000)
     ->Arg(0)
