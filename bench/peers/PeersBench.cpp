@@ -187,8 +187,9 @@ struct Station {
         const std::vector<Place>& places = row.goesFar ? far : near;
         while (costs.times.size() < keys) {
             const std::size_t first = costs.times.size();
+            const std::size_t end = std::min(keys, first + row.times);
             const auto pressAll = [&](auto press) {
-                for (std::size_t n = first; n < first + row.times; ++n)
+                for (std::size_t n = first; n < end; ++n)
                     press({*keyboard, n, places[n % places.size()]});
             };
             pressAll(row.before);
