@@ -1,5 +1,5 @@
 # Every target sets up what it needs; see scripts/.
-.PHONY: demo test bench bench-growth fuzz docs lint install
+.PHONY: demo test bench bench-growth bench-peers fuzz docs lint install
 
 PRESET ?= debug
 SECONDS ?= 30
@@ -13,6 +13,8 @@ bench:
 	@scripts/bench.sh $(ARGS)
 bench-growth:
 	@scripts/bench-growth.sh $(ARGS)
+bench-peers:
+	@scripts/bench-peers.sh $(if $(TRACE),--trace '$(TRACE)') $(if $(KEYS),--keys $(KEYS)) $(if $(ALL),--all)
 fuzz:
 	@scripts/fuzz.sh $(SECONDS)
 docs:

@@ -18,5 +18,6 @@ struct EditingTrace {
 };
 
 /// Reads a recorded trace, gzipped JSON with txns[].patches[] of [position, deleted, inserted].
-/// Throws std::runtime_error with the path when it cannot be read.
+/// Throws std::runtime_error with the path when it cannot be read, begins with a text, holds
+/// anything but ASCII, or has a patch outside the text.
 EditingTrace readTrace(const std::string& path);

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|spelling|test|formatter|bench|clang|lint|docs ...
+#   scripts/packages.sh build|spelling|test|formatter|bench|peers|clang|lint|docs ...
 set -euo pipefail
 
 packages_for() {
@@ -10,6 +10,7 @@ packages_for() {
         test) echo libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         formatter) echo fop ;;
         bench) echo libbenchmark-dev ;;
+        peers) echo qt6-base-dev ;;
         clang) echo clang libclang-rt-dev llvm ;;
         lint) echo clang-format clang-tidy ;;
         docs) echo doxygen ;;
