@@ -3,10 +3,10 @@
 // documents, of which one forgets what is known of the place, so that every key goes the long way.
 // Nothing may tell them apart.
 
-#include "properties/EveryStop.h"
 #include "properties/RandomCommands.h"
 
 #include "Session.h"
+#include "document/Document.h"
 #include "editing/deletion/PlainErase.h"
 #include "foundation/Encoder.h"
 
@@ -40,10 +40,6 @@ const std::string undo = R"(["undo"])";
 class BothWays {
 public:
     Session& shortWay() { return short_; }
-
-    void open(const std::string& path) {
-        both([&](Session& session) { session.open(Core::String(path.c_str())); });
-    }
 
     void serve(const std::string& request) {
         Document& longer = Document::of(long_.document());
@@ -126,30 +122,6 @@ std::string anyRequest(Random& random, const EditableDocumentBuffer& document) {
     return random.oneIn(2) ? random.oneOf(settings).dump()
                            : randomCommand(random, document, everyCommand());
 }
-
-class PlainRun : public testing::TestWithParam<std::filesystem::path> {};
-
-TEST_P(PlainRun, IsTypedAsByTheRulesOfTyping) {
-    const StopsDocument document(GetParam());
-    BothWays both;
-    both.open(GetParam().string());
-    int stops = 0;
-    const auto typeAndErase = [&](int stop) {
-        both.serve(Json{"setCaretPos", false, stop}.dump());
-        for (const wchar_t* key : {L"a", L"b", L" ", L"c", L"]", L"d", L"\x00A0", L"e", L"f", L"g"})
-            both.type(key);
-        for (const std::string& request :
-             {backspace, backspace, backspace, forwardDelete, forwardDelete, forwardDelete, undo})
-            both.serve(request);
-        ++stops;
-    };
-    document.fromEachStop(typeAndErase, 12);
-    EXPECT_GT(both.typed(), stops);
-    EXPECT_GT(both.erased(), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(Documents, PlainRun, testing::ValuesIn(corpusAndSamples()),
-                         nameOfDocument);
 
 } // namespace
 
