@@ -77,24 +77,25 @@ TEST(Annotations, TakeTheSignatureWhereTheReferenceAndTheIdSay) {
     for (const auto& [reference, before, after] : cases) {
         const std::wstring start = fo + qf + L" qf:annotation-reference=\"";
         Head document(start + reference + L"\"><!-- -->" + before);
-        const EditorState old = stateOf(*document.face());
-        A annotations(document.face());
+        const EditorState old = stateOf(document.face());
+        A annotations(&document.face());
         annotations.setDocumentSignature(ada, "a");
         String expected = String(start + L"a\"><!-- -->" + after);
         expected.replaceAll(L"@", (L"=\"Ada\"" + adaMarkup).c_str());
         for (int commit = 0; commit < 2; ++commit) {
             annotations.commitChangesToEditableBuffer();
-            EXPECT_EQ(document.text(), expected.view());
+            EXPECT_EQ(document.part(), expected.view());
         }
-        EXPECT_EQ(document->heard(), "bc");
+        EXPECT_EQ(document.heard(), "bc");
         const bool isSigned = expected.find(L"<qf:signature", 0) >= 0;
-        EXPECT_EQ(A(document.face()).hasDocumentSignature(), isSigned);
-        EXPECT_EQ(allOf(A(document.face()).getDocumentSignature()), isSigned ? allOf(ada) : "||||");
-        expectReplays(*document.face(), old);
+        EXPECT_EQ(A(&document.face()).hasDocumentSignature(), isSigned);
+        EXPECT_EQ(allOf(A(&document.face()).getDocumentSignature()),
+                  isSigned ? allOf(ada) : "||||");
+        expectReplays(document.face(), old);
 
         annotations.removeDocumentSignature("a");
         annotations.commitChangesToEditableBuffer();
-        EXPECT_EQ(document.text(), fo + qf + L"><!-- -->");
+        EXPECT_EQ(document.part(), fo + qf + L"><!-- -->");
     }
 }
 
@@ -103,7 +104,7 @@ TEST(Annotations, AreKnownByAnyIdAndHoldScripts) {
                   L">\n  <!-- <fo:layout-master-set/> -->\n  <qf:annotation  id = 'a'/>\n  "
                   L"<qf:annotation fo:id='b'><qf:signature name='1'/><qf:signature "
                   L"reason='2'/></qf:annotation>\n");
-    A annotations(document.face());
+    A annotations(&document.face());
     EXPECT_EQ(annotations.getAnnotationNodes().size(), 2U);
     const Xml::Element* b = annotations.getAnnotation("b");
     EXPECT_EQ(b, annotations.getAnnotationNodes().back());
@@ -117,7 +118,7 @@ TEST(Annotations, AreKnownByAnyIdAndHoldScripts) {
     EXPECT_EQ(annotations.getDocumentSignatureID(), "");
     EXPECT_EQ(annotations.getAnnotation(""), nullptr);
 
-    std::wstring expected = document.text();
+    std::wstring expected = document.part();
     annotations.addJavaScriptToAnnotation("b", "if (a < b) x = \"]]>\";", "pdf");
     annotations.addJavaScriptToAnnotation("c", "1", "");
     annotations.addJavaScriptToAnnotation("c", "2", "");
@@ -128,13 +129,13 @@ TEST(Annotations, AreKnownByAnyIdAndHoldScripts) {
                     L"</qf:javascript>");
     expected += L"<qf:annotation qf:id=\"c\"><qf:javascript qf:output-type=\"\">1</qf:javascript>"
                 L"<qf:javascript qf:output-type=\"\">2</qf:javascript></qf:annotation>";
-    EXPECT_EQ(document.text(), expected);
+    EXPECT_EQ(document.part(), expected);
 
     Head aliased(fo + qf + L" xmlns:x='urn:forme:qf/1.0' x:annotation-reference='b'>");
-    A other(aliased.face());
+    A other(&aliased.face());
     other.setDocumentSignature(ada, "a");
     other.commitChangesToEditableBuffer();
-    EXPECT_NE(aliased.text().find(L" x:annotation-reference=\"a\">"), std::wstring::npos);
+    EXPECT_NE(aliased.part().find(L" x:annotation-reference=\"a\">"), std::wstring::npos);
     EXPECT_EQ(other.getDocumentSignatureID(), "a");
     other.removeDocumentSignature("a");
     EXPECT_EQ(other.getDocumentSignatureID(), "");
@@ -149,31 +150,31 @@ TEST(Annotations, AreKnownByAnyIdAndHoldScripts) {
 
 TEST(Annotations, DeclareWhatTheyNeedOnTheRootAndLoseNothingWhereTheyCannotBeWritten) {
     Head document(L" a=\"1\">");
-    A annotations(document.face());
+    A annotations(&document.face());
     EXPECT_THROW(annotations.setDocumentSignature({"x", L"\x01", "", "", ""}, "b"),
                  Core::Exception);
     EXPECT_THROW(annotations.addJavaScriptToAnnotation("b", L"\x01", ""), Core::Exception);
     EXPECT_THROW(annotations.removeDocumentSignature("b"), Core::NullPointerException);
     annotations.commitChangesToEditableBuffer();
-    EXPECT_FALSE(document.canUndo());
+    EXPECT_FALSE(document->canUndo());
 
     const std::wstring rootTag =
         L" a=\"1\" qf:annotation-reference=\"a\" xmlns:qf=\"urn:forme:qf/1.0\">";
     annotations.setDocumentSignature(ada, "a");
     annotations.commitChangesToEditableBuffer();
-    EXPECT_TRUE(document.text().starts_with(rootTag));
-    EXPECT_EQ(annotations.getDocumentBufferEnd() + 1, document->find(L"<fo:layout-master-set"));
-    EXPECT_EQ(document->caret(), document->find(L"text"));
+    EXPECT_TRUE(document.part().starts_with(rootTag));
+    EXPECT_EQ(annotations.getDocumentBufferEnd() + 1, document.find(L"<fo:layout-master-set"));
+    EXPECT_EQ(document.caret(), document.find(L"text"));
     annotations.setDocumentSignature({"Bob", "", "", "", ""}, "a");
     annotations.commitChangesToEditableBuffer();
-    EXPECT_TRUE(document.text().starts_with(rootTag));
-    EXPECT_EQ(allOf(A(document.face()).getDocumentSignature()), "Bob||||");
+    EXPECT_TRUE(document.part().starts_with(rootTag));
+    EXPECT_EQ(allOf(A(&document.face()).getDocumentSignature()), "Bob||||");
 
     annotations.removeDocumentSignature("a");
     document.insertUnheard(L" ");
-    const EditorState changed = stateOf(*document.face());
+    const EditorState changed = stateOf(document.face());
     EXPECT_THROW(annotations.commitChangesToEditableBuffer(), Core::Exception);
-    EXPECT_EQ(stateOf(*document.face()), changed);
-    document->face().setContent("<fo:root><!-- <fo:layout-master-set/> --></fo:root>", true);
-    EXPECT_THROW(A(document.face()), Core::Exception);
+    EXPECT_EQ(stateOf(document.face()), changed);
+    document->setContent("<fo:root><!-- <fo:layout-master-set/> --></fo:root>", true);
+    EXPECT_THROW(A(&document.face()), Core::Exception);
 }

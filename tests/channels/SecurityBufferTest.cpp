@@ -12,11 +12,10 @@ using Core::String;
 namespace {
 
 /// A document with such a root's start tag.
-String documentWith(const String& attributes, const String& name = L"qfd:document") {
-    return L"<!-- a > b's --><" + name + attributes +
+String documentWith(const String& attributes) {
+    return L"<!-- a > b's --><qfd:document" + attributes +
            L"><fo:layout-master-set/><fo:page-sequence><fo:flow flow-name='b'><fo:block>text"
-           L"</fo:block></fo:flow></fo:page-sequence></" +
-           name + L">";
+           L"</fo:block></fo:flow></fo:page-sequence></qfd:document>";
 }
 
 const String namespaces =
@@ -67,21 +66,6 @@ TEST(SecurityBuffer, WritesTheSettingsAndNothingElse) {
     document.undo();
     EXPECT_THROW(security.commitChangesToEditableBuffer(), Core::Exception);
     EXPECT_EQ(stateOf(document), before);
-}
-
-TEST(SecurityBuffer, ServesDocumentsOfTwoRootsAndDeclaresItsPrefix) {
-    const std::vector<std::pair<String, bool>> roots{
-        {L"fo:root", true}, {L"qfd:document", true}, {L"fo:document", false}};
-    for (const auto& [root, isServed] : roots) {
-        EditableDocumentBuffer document;
-        setContent(document, documentWith(L"", root));
-        SecurityBuffer security(&document);
-        security.setProtectedFromEditing(true);
-        EXPECT_EQ(security.isProtectedFromEditing(), isServed);
-        security.commitChangesToEditableBuffer();
-        EXPECT_EQ(document.isProtectedFromEditing(), isServed);
-        EXPECT_EQ(document.getContent().find(L"xmlns:qf=", 0) >= 0, isServed);
-    }
 }
 
 TEST(ProtectedDocument, ChangesByAnotherTextAndItsHistoryOnly) {

@@ -59,18 +59,10 @@ TEST(SelfChecks, Pass) {
 
 TEST(SelfChecks, FindOneUnitThatIsWrong) {
     const Fault faults[] = {
-        {Checks::ofBuffer(), Checks::edit, L"a loaded text stays as it is", &Check::before, L'x',
-         L'y'},
         {Checks::ofBuffer(), Checks::edit, L"Backspace joins blocks", &Check::expected, L'|', L' '},
-        {Checks::ofBuffer(), Checks::edit, L"typing replaces a placeholder", &Check::before, L'_',
-         L'z'},
         {Checks::ofForms(), Checks::edit, L"a new form takes the caret", &Check::expected, L'F',
          L'B'},
-        {Checks::ofForms(), Checks::edit, L"a radio button joins a group", &Check::before, L'r',
-         L't'},
         {Checks::ofLists(), Checks::edit, L"Backspace joins items", &Check::expected, L'1', L'2'},
-        {Checks::ofLists(), Checks::edit, L"the same button ends it", &Check::before, L'a', L'b'},
-        {Checks::ofTables(), Checks::editTree, L"a row above", &Check::expected, L'\n', L' '},
         {Checks::ofTables(), Checks::editTree, L"a cell spans two rows", &Check::before, L'b',
          L'|'},
         {Checks::ofXmlValidator(), Checks::validate, L"a tag in a tag", &Check::before, L'<',

@@ -1,7 +1,6 @@
 // Where the caret can stand: text, tags, white space and placeholders.
 
 #include "document/CaretTesting.h"
-#include "document/Placeholders.h"
 
 #include <tuple>
 
@@ -111,16 +110,6 @@ TEST(CaretStops, BothWalksEndAtTheirStartWhenWrapping) {
     }
 }
 
-TEST(CaretStops, HoldingDoesNotAskWhatShows) {
-    const MarkedDocument buffer(
-        L"<B>a</B>\n<B> b</B><fo:list-item-label><B>c</B></fo:list-item-label>"
-        L"<qfd:xslt-global><B>d</B></qfd:xslt-global>");
-    EXPECT_TRUE(Stops::canHoldCaret(buffer, buffer.find(L" b")));
-    for (const int no : {buffer.find(L"\n<B>"), buffer.find(L"c</B>"), buffer.find(L"d</B>"), -1,
-                         buffer.text().length()})
-        EXPECT_FALSE(Stops::canHoldCaret(buffer, no)) << no;
-}
-
 TEST(CaretStops, SkippingSpacesTellsOfTheEdgeOfTheElement) {
     for (const auto& [before, backwards, cross, after, meetsAnother] :
          {std::tuple(L"<B>a | </B>", true, false, L"<B>|a  </B>", false),
@@ -135,18 +124,6 @@ TEST(CaretStops, SkippingSpacesTellsOfTheEdgeOfTheElement) {
                   meetsAnother);
         EXPECT_EQ(buffer.markedAt({position}), after);
     }
-}
-
-TEST(CaretStops, AnElementWithNothingToShow) {
-    const auto isVoid = [](const wchar_t* brief) {
-        const MarkedDocument buffer(brief);
-        return Placeholders::isVoid(buffer, buffer.find(L"<B"));
-    };
-    for (const wchar_t* yes : {L"<B/>", L"<B> \n</B>", L"<B> <B/><I> <I></I></I></B>"})
-        EXPECT_TRUE(isVoid(yes)) << yes;
-    for (const wchar_t* no :
-         {L"<B>_</B>", L"<B>\x00A0</B>", L"<B><I> a</I></B>", L"<B><!-- --></B>", L"<B><T/></B>"})
-        EXPECT_FALSE(isVoid(no)) << no;
 }
 
 TEST(CaretStops, TheFirstAndTheLastOfTheElement) {

@@ -82,17 +82,3 @@ TEST(ForgottenStretch, AReplacedTextIsAnother) {
     buffer.insert(L"e", L"2").forget(L"<!--x-->");
     buffer.expectStates({L"a<!--x-->b", L"a<!--x-->1b", L"cde", L"cd2e"});
 }
-
-TEST(ForgottenStretch, CaretAndTrackedOffsetAreMoved) {
-    ForgetfulDocument buffer(L"<B>a<!--x-->b|c</B>");
-    buffer.document().recordCaret();
-    buffer.insert(L"</B>", L"1");
-    EditActionStack& stack = buffer.document().history;
-    stack.startTrackingPos(buffer.find(L"c1"));
-    buffer.forget(L"<!--x-->");
-    EXPECT_EQ(stack.retrieveTrackingPos(), buffer.find(L"c1"));
-    buffer->undo();
-    buffer.document().moveCaret(false, buffer.find(L"a"));
-    buffer->undo();
-    EXPECT_EQ(buffer.marked(), L"<B>ab|c</B>");
-}

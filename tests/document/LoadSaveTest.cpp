@@ -10,28 +10,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The units that the bytes of a document are, decoded by the plainest means.
-Core::String unitsOf(const std::string& bytes) {
-    if (!bytes.starts_with("\xFF\xFE"))
-        return Core::String(bytes.c_str()); // one byte, one character
-    std::wstring units;
-    for (std::size_t at = 2; at + 1 < bytes.size(); at += 2)
-        units += static_cast<wchar_t>(static_cast<unsigned char>(bytes[at]) +
-                                      256 * static_cast<unsigned char>(bytes[at + 1]));
-    return Core::String(units);
-}
-
 /// What a document is in UTF-8 with "\n" at its line ends.
 std::string asUtf8(const fs::path& path) {
-    std::string bytes = bytesOf(path);
-    const bool isLatin1 = bytes.substr(0, bytes.find("?>")).find("ISO-8859-1") != std::string::npos;
-    if (isLatin1 || bytes.starts_with("\xFF\xFE")) {
-        const Core::ByteArray utf8 = Core::Encoder::convertStringToUTF8(unitsOf(bytes));
-        bytes.assign(reinterpret_cast<const char*>(utf8.ptr()), utf8.size());
-    }
-    for (std::size_t at = 0; (at = bytes.find("\r\n", at)) != std::string::npos;)
-        bytes.erase(at, 1);
-    return bytes;
+    Core::String text = textOf(path);
+    text.replaceAll(L"\r\n", L"\n");
+    return std::string(Core::Encoder::convertStringToUTF8(text).view());
 }
 
 class AnyDocument : public testing::TestWithParam<fs::path> {};

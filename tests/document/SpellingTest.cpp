@@ -72,14 +72,6 @@ TEST(Spelling, SelectsEachWordThatIsNotKnown) {
     EXPECT_EQ(buffer.marked(), L"<B>one, tow &amp; three</B><B>^oen|</B>");
 }
 
-TEST(Spelling, BeginsWithTheWordAroundTheCaret) {
-    SpelledDocument buffer(L"<B>tow</B><B>t<I>o|w</I> two</B>");
-    EXPECT_EQ(errorsIn(buffer, L""), Errors{L"<B>tow</B><B>^t<I>ow</I>| two</B>"});
-    const auto error = buffer->getNextSpellingError(L"", true);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->start, buffer.find(L"tow"));
-}
-
 TEST(Spelling, TakesAWordAcrossInlinesButNotOutOfItsBlock) {
     SpelledDocument known(L"<B>|b<I>o<fo:wrapper>ld</fo:wrapper></I>er</B>");
     EXPECT_EQ(errorsIn(known, L""), Errors{});
@@ -134,14 +126,4 @@ TEST(Spelling, ChangesNothingWhenTheCheckerIsMissingOrRaises) {
     EXPECT_THROW(buffer->syncSpellerMap(L""), Core::NullPointerException);
     EXPECT_EQ(buffer.marked(), before);
     EXPECT_EQ(buffer.heard(), "");
-}
-
-TEST(Spelling, LeavesTheCaretWhereThereIsNoErrorOrNoCaret) {
-    SpelledDocument buffer(L"<B>one</B><B>^tw|o</B>");
-    EXPECT_FALSE(buffer->getNextSpellingError(L"", false));
-    EXPECT_EQ(buffer.marked(), L"<B>one</B><B>^tw|o</B>");
-    EXPECT_FALSE(buffer->getNextSpellingError(L"", true));
-    EXPECT_EQ(buffer.marked(), L"<B>|one</B><B>two</B>");
-    buffer->setCaretPos(false, -1);
-    EXPECT_FALSE(buffer->getNextSpellingError(L"", false));
 }

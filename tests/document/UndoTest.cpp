@@ -1,13 +1,12 @@
-#include "document/EditableDocumentBufferState.h"
+#include "document/Attributes.h"
 #include "document/FreezeNotifications.h"
 #include "document/history/EditActionGroup.h"
-#include "document/history/Replay.h"
+#include "foundation/PropertyTesting.h"
 #include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <memory>
 
 namespace {
 
@@ -40,21 +39,18 @@ TEST(Primitives, RecordNothingTellTheMonitorAndRefuseWhatIsOutsideTheText) {
     EXPECT_FALSE(buffer->canUndo());
 }
 
-TEST(Replay, OfNoCaretGoesHome) {
-    MarkedDocument buffer(L"<B>ab|c</B>");
-    History::replay(buffer, {EditAction::EditCaret, -1, -1, -1, L""});
-    EXPECT_EQ(buffer.marked(), L"<B>|abc</B>");
-}
-
-TEST(Undo, OfNothingTellsTheMonitorNothing) {
-    MarkedDocument buffer(L"<B>a^bc|d</B>");
-    buffer->undo();
-    buffer->redo();
-    { const EditActionGroup empty(buffer); }
-    EXPECT_TRUE(buffer->canUndo()) << "an empty group is a step of its own";
-    buffer->undo();
+TEST(Properties, OnlyStartTagsHaveThem) {
+    MarkedDocument buffer(L"<B>t|<!-- a b=\"c\" --><![CDATA[<x y=\"z\">]]></B>");
+    const std::wstring before = buffer.marked();
+    for (const int place : {buffer.find(L"t<!"), buffer.find(L"<!--"), buffer.find(L"<!["),
+                            buffer.find(L"</B"), -1, buffer.text().length()}) {
+        EXPECT_TRUE(Attributes::of(buffer, place).isEmpty()) << place;
+        EXPECT_EQ(Attributes::merge(buffer, place, properties(L"fo:a=b")), 0) << place;
+        EXPECT_TRUE(Attributes::clear(buffer, place).empty()) << place;
+    }
+    EXPECT_EQ(buffer.marked(), before);
+    EXPECT_FALSE(buffer->canUndo());
     EXPECT_EQ(buffer.heard(), "");
-    EXPECT_EQ(buffer.marked(), L"<B>a^bc|d</B>");
 }
 
 TEST(Undo, AStepTrimmedAtTheLimitIsDroppedAndWholeOnesAreUndone) {
@@ -74,22 +70,6 @@ TEST(Undo, AStepTrimmedAtTheLimitIsDroppedAndWholeOnesAreUndone) {
     EXPECT_FALSE(buffer->canUndo());
     buffer->redo();
     EXPECT_EQ(buffer.content(), whole);
-}
-
-TEST(Undo, TakesBackARunOfTypingHoweverLong) {
-    MarkedDocument buffer(L"<B>x|</B>");
-    insertAsCommand(buffer, L"y");
-    const std::wstring before = buffer.marked();
-    for (int i = 0; i < 3000; ++i)
-        buffer->insertText(i % 7 == 6 ? L" " : L"a", false, false);
-    const std::wstring typed = buffer.marked();
-    buffer->undo();
-    EXPECT_EQ(buffer.marked(), before);
-    buffer->redo();
-    EXPECT_EQ(buffer.marked(), typed);
-    buffer->undo();
-    buffer->undo();
-    EXPECT_EQ(buffer.marked(), L"<B>x|</B>") << "the run took nothing of the limit from others";
 }
 
 TEST(Undo, TakesBackWhatIsTypedOverMoreThanTheHistoryHolds) {
@@ -117,23 +97,6 @@ TEST(Undo, LoadingInsideAGroupLeavesNothingToUndo) {
         buffer->setContent(buffer->getContent(), true);
     }
     EXPECT_FALSE(buffer->canUndo());
-}
-
-// Snapshots
-
-TEST(Snapshot, AScopeThatWasRolledBackClosesNoLaterGroup) {
-    MarkedDocument buffer(L"<B>|</B>");
-    EditableDocumentBufferState state(buffer);
-    auto rolledBack = std::make_unique<EditActionGroup>(buffer);
-    state.restorePreviousState();
-    {
-        const EditActionGroup later(buffer);
-        buffer.insertRecorded(buffer.caret(), L"a");
-        rolledBack.reset();
-        buffer.insertRecorded(buffer.caret(), L"b");
-    }
-    buffer->undo();
-    EXPECT_EQ(buffer.marked(), L"<B>|</B>");
 }
 
 TEST(FreezeNotifications, NestAndTellOnceInOrder) {

@@ -21,17 +21,6 @@ namespace {
 
 } // namespace
 
-TEST(Forms, TypesHaveNames) {
-    for (int type = 0; type < 5; ++type)
-        EXPECT_EQ(
-            static_cast<int>(FormBuffer::getControlType(
-                FormBuffer::getControlTypeName(static_cast<FormControlType>(type)).toUpper())),
-            type);
-    EXPECT_EQ(FormBuffer::getControlType(L"unknown"), FormControlType::Button);
-    for (const int type : {-1, 5})
-        EXPECT_EQ(FormBuffer::getControlTypeName(static_cast<FormControlType>(type)), L"button");
-}
-
 TEST(Forms, WriteControls) {
     const MarkedDocument document(L"<B>|a</B>");
     FormBuffer forms = document->getFormBuffer();
@@ -116,36 +105,4 @@ TEST(Forms, TakeTheValueBackWithAControlThatIsRefused) {
         Xml::ParseException);
     EXPECT_EQ(stateOf(broken.face()), loaded);
     EXPECT_FALSE(broken->canUndo());
-}
-
-TEST(Forms, LeaveWhatIsTornAlone) {
-    PropertyCollection skin;
-    skin.addProperty({L"fo:color", L"red"}, true);
-    for (const wchar_t* torn :
-         {L"<qf:form><qf:form-control/>a|", L"<qf:form><qf:form-control type=text/></qf:form>a|",
-          L"<qf:form><qf:form-control type='a' type='b'/></qf:form>a|",
-          L"<qf:form><qf:form-control type='a' qf:type='b'/></qf:form>a|",
-          L"<qf:form><qf:form-control type='a' <B>b</B></qf:form>a|"}) {
-        const MarkedDocument document(L"<B>" + std::wstring(torn) + L"</B>");
-        const std::wstring content = document.content();
-        document->getFormBuffer().applySkinOnForm(skin);
-        EXPECT_EQ(document.content(), content);
-        EXPECT_FALSE(document->canUndo());
-    }
-}
-
-TEST(Forms, KeepWhatCameBeforeManyNewLooks) {
-    std::wstring controls;
-    for (int i = 0; i < 1700; ++i)
-        controls += L"<qf:form-control type=\"text\"/>";
-    const MarkedDocument document(L"<B><qf:form><B>" + controls + L"</B></qf:form>a|</B>");
-    const EditorState before = stateOf(document.face());
-    for (const wchar_t* color : {L"red", L"green", L"blue"}) {
-        PropertyCollection skin;
-        skin.addProperty({L"fo:color", color}, true);
-        document->getFormBuffer().applySkinOnForm(skin);
-    }
-    for (int step = 0; step < 3; ++step)
-        document->undo();
-    EXPECT_EQ(stateOf(document.face()), before);
 }

@@ -23,13 +23,3 @@ TEST(ObjectId, IsAnXmlIdThatIsRandomFromItsFirstCharacter) {
     EXPECT_EQ(firsts.size(), 52U);
     EXPECT_EQ(lasts.size(), 62U);
 }
-
-TEST(ObjectId, SeedRepeatsTheSequenceUntilUnseeded) {
-    ObjectId::seed(5);
-    const Core::String first = ObjectId::generate(), second = ObjectId::generate();
-    EXPECT_FALSE(first == second);
-    ObjectId::seed(5);
-    EXPECT_TRUE(ObjectId::generate() == first);
-    ObjectId::unseed();
-    EXPECT_FALSE(ObjectId::generate() == second);
-}

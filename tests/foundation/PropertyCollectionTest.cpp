@@ -14,15 +14,6 @@ std::wstring written(const wchar_t* value) {
     return wide(collection.getPropertiesString());
 }
 
-TEST(EditableProperty, TakesItsNameApart) {
-    EditableProperty property(L"fo:color", L"red");
-    EXPECT_EQ(wide(property.getNamespace()), L"fo");
-    property.removeNamespaceFromName();
-    property.removeNamespaceFromName();
-    EXPECT_EQ(wide(property.getName()), L"color");
-    EXPECT_EQ(wide(property.getNamespace()), L"");
-}
-
 TEST(EditableProperty, FormattingIsHowAnElementLooks) {
     for (const Core::String& name :
          words(L"fo:color color background writing-mode fo:border-before-width "
@@ -37,31 +28,6 @@ TEST(EditableProperty, FormattingIsHowAnElementLooks) {
                L"master-name ref-id src qf:color xml:lang fo:qf:color color.length color. "
                L"keep-together.optimum border-top-width.length space-before. colo colors Color"))
         EXPECT_FALSE(EditableProperty::isFormatting(name)) << wide(name);
-}
-
-TEST(PropertyCollection, KeepsOrderAndUniqueNames) {
-    PropertyCollection list = properties(L"a=1; b=2; fo:a=3");
-    list.addProperty(EditableProperty(L"a", L"4"), false);
-    list.addProperty(EditableProperty(L"b", L"5"), true);
-    list.setProperty(EditableProperty(L"fo:a", L"6"), false);
-    list.setProperty(EditableProperty(L"c", L"7"), false);
-    list.addProperty(EditableProperty(L"", L"8"), true);
-    EXPECT_EQ(wide(list.getPropertiesString()), L"a=\"1\" b=\"5\" fo:a=\"6\" c=\"7\"");
-    const PropertyCollection copy = list;
-    list.removePropertyByName(L"a");
-    list.removePropertyByName(L"none");
-    list.addProperties(properties(L"d=8; b=9"));
-    list.addProperties(list);
-    EXPECT_EQ(shown(list), L"b=9; fo:a=6; c=7; d=8");
-    EXPECT_EQ(shown(copy), L"a=1; b=5; fo:a=6; c=7");
-}
-
-TEST(PropertyCollection, FindsByTheNameAsItStands) {
-    PropertyCollection list = properties(L"fo:a=1; b=");
-    EXPECT_FALSE(list.getProperty(L"a") || list.containsProperty(L"FO:A"));
-    EXPECT_TRUE(list.containsProperty(L"b"));
-    *list.getProperty(L"fo:a") = EditableProperty(L"fo:a", L"2");
-    EXPECT_EQ(wide(list.getPropertyValue(L"fo:a") + list.getPropertyValue(L"a")), L"2");
 }
 
 TEST(PropertyCollection, WritesValuesThatKeepTheTagWellFormed) {

@@ -1,6 +1,5 @@
 #include "XmlTesting.h"
 
-#include "foundation/MemoryStream.h"
 #include "foundation/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -16,25 +15,6 @@ std::string repeated(std::string_view text, int count) {
     for (int i = 0; i < count; ++i)
         result += text;
     return result;
-}
-
-TEST(XmlParser, ADocumentOutlivesItsParserAndIsReadFromAnyBytes) {
-    Xml::DomParser parser;
-    EXPECT_EQ(parser.getDocument(), nullptr);
-    feed(parser, "<?xml version='1.1'?><a/>");
-    const SmartPtr<Xml::XmlDocument> document = parser.getDocument();
-    EXPECT_NE(messageOf([&] { feed(parser, "<a>"); }), "");
-    EXPECT_EQ(parser.getDocument(), nullptr);
-    EXPECT_EQ(written(document), "<a/>\n");
-    EXPECT_EQ(narrow(document->getVersion()), "1.1");
-
-    feed(parser, std::string_view("\xFF\xFE<\0\xE9\0/\0>\0", 10));
-    EXPECT_EQ(written(parser.getDocument()), "<\xC3\xA9/>\n");
-    SmartPtr<Core::IO::Stream> stream(
-        new Core::IO::MemoryStream(Core::ByteArray(std::string_view("skip<a/>"))));
-    stream->seek(4, Core::IO::SeekOrigin::Begin);
-    parser.parseStream(stream);
-    EXPECT_EQ(written(parser.getDocument()), "<a/>\n");
 }
 
 TEST(XmlParser, ErrorsTellThePlaceAndTheReason) {
@@ -62,15 +42,6 @@ TEST(XmlParser, NestingIsBounded) {
     EXPECT_EQ(refusalOf("<!DOCTYPE a [<!ENTITY e '" + repeated("<a>", 4096) +
                         repeated("</a>", 4096) + "'>]><a>&e;</a>"),
               "1:" + std::to_string(25 + 7 * 4096 + 8) + ": " + reason);
-}
-
-TEST(XmlParser, EntitiesOfTheTextAreReplacedWithinBounds) {
-    auto document = parse("<!DOCTYPE a [<!ENTITY e 'x&f;'><!ENTITY f 'y<b/>z'>"
-                          "<!ENTITY g '1'>]><a c='&g;'>\n-&e;-</a>");
-    std::string text = written(document);
-    EXPECT_EQ(text.substr(text.find("]>") + 2), "<a c=\"1\">\n-xy<b/>z-</a>\n");
-    EXPECT_EQ(refusalOf("<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>"),
-              "1:53: recursive entity reference");
 }
 
 std::string doctype(int count, int references) {
@@ -110,16 +81,6 @@ TEST(XmlParser, NothingIsReadFromOutsideTheText) {
     std::string subset = "<!DOCTYPE a SYSTEM 'x.dtd'>";
     EXPECT_EQ(refusalOf(subset + "<a>&e;</a>"), "1:31: undefined entity");
     EXPECT_EQ(refusalOf(subset + "<a b='&lt;&#60;&e;'/>"), "1:28: undefined entity");
-}
-
-TEST(XmlParser, EntityReferencesCanBeKept) {
-    Xml::DomParser parser;
-    parser.setSubstituteEntities(false);
-    std::string text = "<!DOCTYPE a [<!ENTITY e 'x'>]><a>\n-&e;&amp;</a>\n";
-    feed(parser, text);
-    EXPECT_EQ(written(parser.getDocument()), text);
-    EXPECT_EQ(messageOf([&] { feed(parser, "<!DOCTYPE a SYSTEM 'x'><a>&f;</a>"); }),
-              "1:27: undefined entity");
 }
 
 TEST(XmlParser, LineBreaksInAttributesAreKeptOnRequest) {

@@ -61,3 +61,37 @@ TEST(OpenedRows, NameTheNodesOfATreeUntilItIsReadAnew) {
     session.serve({"table.close"});
     EXPECT_TRUE(session.serve({"table.insertRow", true}).contains("error"));
 }
+
+/// Records as they travel, of which a request gives what it knows.
+TEST(OpenedRows, TakeRecordsInPart) {
+    Session session;
+    session.serve({"setContent",
+                   "<qfd:document xmlns:qfd='q' xmlns:fo='f' xmlns:qf='e'><fo:layout-master-set>"
+                   "<fo:simple-page-master master-name='M'><fo:region-body/>"
+                   "</fo:simple-page-master></fo:layout-master-set><fo:page-sequence><fo:flow>"
+                   "<fo:block>a</fo:block></fo:flow></fo:page-sequence></qfd:document>",
+                   true});
+    session.serve({"moveCaretHome", false});
+    const auto result = [&](const Json& request) {
+        const Json reply = session.serve(request);
+        EXPECT_FALSE(reply.contains("error")) << reply;
+        return reply["result"];
+    };
+    EXPECT_EQ(result({"values.read",
+                      Json::array({Json::array({"fo:id", "i"}), Json::array({"fo:src", "url(a)"})}),
+                      {{"name", "fo:src"}}})["static"],
+              "a");
+    result({"template.open"});
+    result({"template.insertOrEditQFDLocale", "de", "", "Deutsch"});
+    EXPECT_EQ(result({"template.getDefaultQFDLocale"}),
+              Json({{"id", "de"}, {"file", ""}, {"name", "Deutsch"}}));
+
+    result({"promo.open", "M"});
+    const Json place = {{"source", {{"name", "fo:src"}, {"type", 1}, {"dynamic", "x"}}}};
+    result({"promo.overrideTranspromoList", Json::array({place})});
+    result({"promo.commit"});
+    result({"promo.open", "M"});
+    const Json read = result({"promo.getTranspromoList"})[0];
+    EXPECT_EQ(read["source"]["dynamic"], "x");
+    EXPECT_EQ(read["ruleKeyword"]["type"], 0);
+}

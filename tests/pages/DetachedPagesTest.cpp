@@ -2,8 +2,9 @@
 #include "foundation/Exception.h"
 #include "pages/PGMasterBufferUtilities.h"
 #include "pages/PGMasterUtilities.h"
-#include "support/Documents.h"
 #include "support/WellFormed.h"
+
+#include <gtest/gtest.h>
 
 using Core::String;
 using Names = std::vector<String>;
@@ -33,36 +34,6 @@ String written(PGMasterBuffer& buffer) {
 }
 
 } // namespace
-
-/// The scan and the tree find the same static contents in the same order.
-TEST(DetachedPages, ScanAndTreeAgree) {
-    std::vector<String> documents{text};
-    for (const auto& path : corpusAndSamples())
-        documents.push_back(textOf(path));
-    std::size_t found = 0;
-    for (const String& document : documents) {
-        const PGMasterBufferUtilities buffer(document);
-        Range range = buffer.getFirstStaticContentPos(L"");
-        int index = 0;
-        for (; range != none; range = buffer.getNextStaticContentPos(range.second, L""), ++index) {
-            // Read by itself, each is the element that the tree has at that number.
-            const String alone = cut(document, range);
-            const String start = alone.subString(0, static_cast<unsigned>(alone.find(L'>', 0)));
-            const String flow = buffer.getFlowNameForStaticContent(index);
-            EXPECT_TRUE(start.find(L"flow-name=\"" + flow + L"\"", 0) >= 0 ||
-                        start.find(L"flow-name='" + flow + L"'", 0) >= 0)
-                << index;
-            if (const Range sequence = buffer.getCurrentPageSequencePos(range.first);
-                sequence != none) {
-                EXPECT_EQ(buffer.getRefForPageSeqAtPos(sequence),
-                          buffer.getPageSeqRefNameForStaticContent(index));
-            }
-            ++found;
-        }
-        EXPECT_EQ(static_cast<std::size_t>(index), buffer.getStaticContentsNodes().size());
-    }
-    EXPECT_GT(found, documents.size() / 2);
-}
 
 TEST(DetachedPages, FindsPageSequencesAndWhatRunsOnTheirPages) {
     const PGMasterBufferUtilities buffer(text);

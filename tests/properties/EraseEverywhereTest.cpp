@@ -1,5 +1,4 @@
-// Backspace and Delete, by unit and by word, and breaks with Backspace behind them, from the stops
-// of documents that people wrote.
+// Backspace and Delete, by unit and by word, from the stops of documents that people wrote.
 
 #include "properties/EveryStop.h"
 
@@ -31,25 +30,6 @@ bool lacksIgnoredMarkup(const Core::String& before, const Core::String& after) {
     return rest == after;
 }
 
-/// What no break may add to or take from the text: all but its markup, white space and
-/// placeholders.
-std::wstring lettersOf(const XmlText& text) {
-    std::wstring letters;
-    for (int at = 0, next = 0; (next = text.next(at)) >= 0; at = next)
-        if (!text.onTagStart(at) && !Core::String::isSpace(text.unitAt(at)) &&
-            text.placeholderLength(at) <= 0)
-            letters += text.view(at, next);
-    return letters;
-}
-
-/// What a command leaves is whole, has a place for the caret and no new element without one.
-void expectWhole(StopsDocument& document, int emptied) {
-    const EditorState after = document.state();
-    EXPECT_EQ(xmlError(after.text), "");
-    EXPECT_TRUE(after.caret == -1 || Stops::canHoldCaret(document, after.caret)) << after.caret;
-    EXPECT_LE(countEmptied(document), emptied);
-}
-
 void tryErasing(StopsDocument& document, int stop, bool forward, bool wholeWord) {
     SCOPED_TRACE(std::string(forward ? "Delete" : "Backspace") + (wholeWord ? " by word" : ""));
     document->setCaretPos(false, stop);
@@ -59,7 +39,9 @@ void tryErasing(StopsDocument& document, int stop, bool forward, bool wholeWord)
     const EditorState after = document.state();
     if (after.text == before.text)
         return;
-    expectWhole(document, emptied);
+    EXPECT_EQ(xmlError(after.text), "");
+    EXPECT_TRUE(after.caret == -1 || Stops::canHoldCaret(document, after.caret)) << after.caret;
+    EXPECT_LE(countEmptied(document), emptied);
     document->undo();
     if (lacksIgnoredMarkup(before.text, document.text().content())) {
         document->setContent(before.text, true);
@@ -71,26 +53,6 @@ void tryErasing(StopsDocument& document, int stop, bool forward, bool wholeWord)
     document->undo();
 }
 
-/// A break, and Backspace behind it.
-void tryBreaking(StopsDocument& document, int stop, BreakType type) {
-    SCOPED_TRACE(type == BreakType::Hard ? "hard break" : "soft break");
-    document->setCaretPos(false, stop);
-    const EditorState before = document.state();
-    const int emptied = countEmptied(document);
-    const std::wstring letters = lettersOf(document.text());
-    document->insertBreak(type, false);
-    if (document.state().text == before.text)
-        return;
-    expectWhole(document, emptied);
-    EXPECT_TRUE(lettersOf(document.text()) == letters);
-    expectReplays(document.face(), before);
-    document->erase(false, false);
-    expectWhole(document, emptied);
-    EXPECT_TRUE(lettersOf(document.text()) == letters);
-    while (document.state() != before && document->canUndo())
-        document->undo();
-}
-
 class EraseEverywhere : public EveryDocument {};
 
 TEST_P(EraseEverywhere, KeepsTheDocumentWholeAndUndoes) {
@@ -99,8 +61,6 @@ TEST_P(EraseEverywhere, KeepsTheDocumentWholeAndUndoes) {
         for (const bool forward : {false, true})
             for (const bool wholeWord : {false, true})
                 tryErasing(document, stop, forward, wholeWord);
-        for (const BreakType type : {BreakType::Hard, BreakType::Soft})
-            tryBreaking(document, stop, type);
     });
 }
 
@@ -108,15 +68,3 @@ INSTANTIATE_TEST_SUITE_P(Documents, EraseEverywhere, testing::ValuesIn(corpusAnd
                          nameOfDocument);
 
 } // namespace
-
-// Nothing closes the inline by its name, so that it cannot go whole.
-TEST(Erase, EndsInATextWhoseTagsDoNotMatch) {
-    for (const bool forward : {true, false}) {
-        const MarkedDocument document(forward ? L"<B>a|<I>  </fo:wrapper>bc</B>"
-                                              : L"<B>a<I>  </fo:wrapper>|bc</B>");
-        const std::wstring before = document.content();
-        document->erase(forward, false);
-        document->undo();
-        EXPECT_EQ(document.content(), before);
-    }
-}

@@ -301,26 +301,7 @@ public:
         return brokenPages(before, step.may);
     }
 
-    std::string brokenHistory() {
-        const std::string broken = WatchedSession::brokenHistory();
-        return broken.empty() ? brokenStaleCommit() : broken;
-    }
-
 private:
-    /// A buffer on sequences that were edited meanwhile writes nothing.
-    std::string brokenStaleCommit() {
-        session().serveLine(R"(["sequences.open"])");
-        const String before = document().getContent();
-        session().serveLine(R"(["insertText","x",false,false])");
-        const String now = document().getContent();
-        const bool raises = session().serveLine(R"(["sequences.commit"])").contains("error");
-        const int behind = document().getFirstPageGeneratorPos();
-        const bool isStale = before != now && document().getCaretPos() >= behind;
-        return raises == isStale && (!raises || document().getContent() == now)
-                   ? ""
-                   : "a stale buffer is committed";
-    }
-
     Json answerTo(const std::string& name, Json question) {
         question[0] = name;
         return session().serve(question).value("result", Json());
@@ -352,9 +333,6 @@ private:
     static std::string brokenNames(const PageFacts& was, const PageFacts& is, unsigned may) {
         if (is.hasStrayText && !was.hasStrayText)
             return "text where only elements belong";
-        for (const std::string& prefix : is.undeclared)
-            if (!was.undeclared.contains(prefix))
-                return "a prefix without declaration: " + prefix;
         if (!(may & dangles))
             for (const std::string& name : is.dangling)
                 if (!was.dangling.contains(name))

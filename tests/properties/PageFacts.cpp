@@ -49,22 +49,6 @@ std::string meant(const Element& element, bool isBelowRoot) {
     return text + "</>";
 }
 
-void findUndeclared(const Element& element, std::set<std::string> declared,
-                    std::set<std::string>& undeclared) {
-    for (const auto& [prefix, uri] : element.get_namespace_defs())
-        declared.insert(narrow(prefix));
-    const auto check = [&](const Node& node) {
-        const std::string prefix = narrow(node.get_namespace_prefix());
-        if (!prefix.empty() && prefix != "xml" && !declared.contains(prefix))
-            undeclared.insert(prefix);
-    };
-    check(element);
-    for (const Xml::Attribute* attribute : element.get_attributes())
-        check(*attribute);
-    for (const Element* child : Elements::childrenOf(element))
-        findUndeclared(*child, declared, undeclared);
-}
-
 } // namespace
 
 PageFacts::PageFacts(const String& text) {
@@ -74,7 +58,6 @@ PageFacts::PageFacts(const String& text) {
     document.readText(text);
     const Element& root = *document.root();
     tree = meant(root, true);
-    findUndeclared(root, {}, undeclared);
     std::vector<std::string> references;
     const auto noteText = [&](const Element& owner) {
         const auto children = owner.get_children();

@@ -23,6 +23,5 @@ struct PageFacts {
     int options = 0;                       ///< printing options
     bool optionsAreFirst = true;           ///< in what they belong to
     bool hasStrayText = false;             ///< where only elements belong
-    std::set<std::string> undeclared;      ///< prefixes
     std::string tree;                      ///< all of it, without layout
 };

@@ -79,15 +79,6 @@ SmartPtr<Xml::XmlDocument> parsed(const String& document, int element, std::size
     return parse(Core::Encoder::convertStringToUTF8(text).view());
 }
 
-template <typename Predicate>
-PlainTable::Cells distinct(const PlainTable::Group& group, Predicate isMeant) {
-    PlainTable::Cells cells;
-    for (const auto& [place, cell] : group.matrix)
-        if (isMeant(place) && std::find(cells.begin(), cells.end(), cell) == cells.end())
-            cells.push_back(cell);
-    return cells;
-}
-
 } // namespace
 
 std::multiset<std::wstring> wordsOf(const Node& node) {
@@ -116,13 +107,12 @@ PlainTable::Cells PlainTable::Group::ownCells(int row) const {
     return found;
 }
 
-PlainTable::Cells PlainTable::Group::cellsOver(int row) const {
-    return distinct(*this, [&](const std::pair<int, int>& place) { return place.first == row; });
-}
-
 PlainTable::Cells PlainTable::Group::cellsIn(int column) const {
-    return distinct(*this,
-                    [&](const std::pair<int, int>& place) { return place.second == column; });
+    Cells found;
+    for (const auto& [place, cell] : matrix)
+        if (place.second == column && std::find(found.begin(), found.end(), cell) == found.end())
+            found.push_back(cell);
+    return found;
 }
 
 PlainTable::PlainTable(const String& document, int table)
@@ -203,59 +193,16 @@ bool PlainTable::isBalanced() const {
                        [](const Group& group) { return group.isBalanced; });
 }
 
+bool PlainTable::hasSpans() const {
+    const Cells all = cells();
+    return std::any_of(all.begin(), all.end(),
+                       [](const Cell* cell) { return cell->columns > 1 || cell->rows > 1; });
+}
+
 PlainTable::Cells PlainTable::cells() const {
     Cells all;
     for (const Group& group : groups_)
         for (const auto& cell : group.cells)
             all.push_back(cell.get());
     return all;
-}
-
-bool PlainTable::membersFollowHeadings() const {
-    std::set<const Node*> parents;
-    for (const Group& group : groups_)
-        for (const Element* row : group.rows)
-            parents.insert(row->get_parent());
-    for (const Node* parent : parents) {
-        std::set<std::wstring> headings;
-        for (const Node* child : parent->get_children()) {
-            if (!child->is_element())
-                continue;
-            const auto& row = static_cast<const Element&>(*child);
-            if (row.get_attribute("parent-group") &&
-                !headings.contains(wide(attributeOf(row, "parent-group"))))
-                return false;
-            if (row.get_attribute("is-group-heading"))
-                headings.insert(wide(attributeOf(row, "id")));
-        }
-    }
-    return true;
-}
-
-std::pair<Type, std::pair<int, int>> PlainTable::beside(Type group, std::pair<int, int> place,
-                                                        std::pair<int, int> step) const {
-    const int row = place.first + step.first;
-    const int column = place.second + step.second;
-    if (row >= 0 && row < rows(group))
-        return {group, {row, column}};
-    const bool isBelow = row > 0;
-    if (group == Type::Body && isBelow)
-        return {Type::Footer, {0, column}};
-    if (group == (isBelow ? Type::Header : Type::Footer))
-        return {Type::Body, {isBelow ? 0 : rows(Type::Body) - 1, column}};
-    if (group == Type::Body)
-        return {Type::Header, {rows(Type::Header) - 1, column}};
-    return {Type::None, {row, column}};
-}
-
-std::vector<double> PlainTable::shares() const {
-    std::vector<double> shares;
-    for (const Element* column : childrenOf(*tree_->getRootNode(), "table-column")) {
-        const std::wstring width = wide(attributeOf(*column, "column-width"));
-        const std::wstring share = L"proportional-column-width(";
-        if (!width.starts_with(share))
-            return {};
-        shares.push_back(std::stod(width.substr(share.size())));
-    }
-    return shares;
 }

@@ -35,8 +35,7 @@ public:
         bool isBalanced = true; ///< each coordinate is covered once, and nothing else is
 
         Cells ownCells(int row) const;
-        /// Those that cover something of the row, or column, each once.
-        Cells cellsOver(int row) const;
+        /// Those that cover something of the column, each once.
         Cells cellsIn(int column) const;
     };
 
@@ -50,17 +49,12 @@ public:
     int rows(TableRowGroupType type) const { return static_cast<int>(group(type).rows.size()); }
     /// All groups are, no cell tells its column or row by itself, and all spans count.
     bool isBalanced() const;
+    /// Whether a cell takes more than one column or row.
+    bool hasSpans() const;
     /// Of its text in the document.
     std::size_t length() const { return length_; }
     /// Of header, body and footer, which is a reader's order.
     Cells cells() const;
-    /// Whether before each member stands the heading whose id it names.
-    bool membersFollowHeadings() const;
-    /// The place one step from another, as a reader sees the groups.
-    std::pair<TableRowGroupType, std::pair<int, int>>
-    beside(TableRowGroupType group, std::pair<int, int> place, std::pair<int, int> step) const;
-    /// The shares of its columns; empty where one has another width.
-    std::vector<double> shares() const;
 
 private:
     void readRows(TableRowGroupType type);

@@ -42,9 +42,8 @@ private:
     std::mt19937 engine_;
 };
 
-/// A document that people could have written: blocks, inlines, tables, lists, side regions. One in
-/// `listEvery` of the places where blocks stand holds a list.
-std::string randomDocument(Random& random, std::size_t listEvery = 6);
+/// A document that people could have written: blocks, inlines, tables, lists, side regions.
+std::string randomDocument(Random& random);
 
 /// Fills in what requests leave open: a text that begins with "$" stands for another each time.
 class Filler {
@@ -76,13 +75,9 @@ struct CommandKind {
 /// What streams are made of.
 struct CommandMix {
     std::vector<CommandKind> kinds;
-    /// What a document breaks of the promises that only these commands make, or nothing.
-    std::function<std::string(const Core::String& text)> broken;
 };
 
 CommandMix everyCommand();
-/// What people do in lists.
-CommandMix listCommands();
 
 /// One request, filled in for the document as it is.
 std::string randomCommand(Random& random, const EditableDocumentBuffer& document,
@@ -107,7 +102,6 @@ public:
 protected:
     EditorState state() { return stateOf(document()); }
     Session& session() { return session_; }
-    bool hasLostSection() const { return lostSection_; }
     virtual bool undoKeepsSelection() const { return true; }
 
 private:
@@ -179,8 +173,7 @@ std::size_t setting(const char* name, std::size_t usual);
 
 /// Tries random commands on a document; answers the shrunk script of a stream that failed, or
 /// nothing.
-std::string failureOn(const std::string& document, Random& random, std::size_t count,
-                      const CommandMix& mix);
+std::string failureOn(const std::string& document, Random& random, std::size_t count);
 
 /// Has failures looked for on documents that are made for it, each from a seed of its own, until so
 /// many commands were tried. One that fails stays on the disk, for its script to be replayed on it.

@@ -9,9 +9,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <iterator>
-#include <numeric>
 #include <set>
 #include <string_view>
 
@@ -23,64 +21,6 @@ using Cells = PlainTable::Cells;
 // The commands
 
 namespace {
-
-template <int Count>
-int added(const Situation& /*at*/) {
-    return Count;
-}
-
-bool spansRows(const PlainTable::Cell* cell) {
-    return cell->rows > 1;
-}
-
-/// A span is raised once for each column at which it is met, and above also where it ends.
-bool raisesTooMuch(const PlainTable::Group& rows, int row, bool above) {
-    const Cells cells = rows.cellsOver(row);
-    return std::any_of(cells.begin(), cells.end(), [&](const PlainTable::Cell* cell) {
-        return cell->rows > 1 &&
-               (cell->columns > 1 || (above && cell->row + cell->rows == row + 1));
-    });
-}
-
-bool raisesTooMuchAbove(const Situation& at) {
-    const auto& ends = at.rows().bodyEnds;
-    const bool isFirst = at.row == 0 || ends[static_cast<std::size_t>(at.row - 1)] == at.row;
-    return !isFirst && raisesTooMuch(at.rows(), at.row - 1, true);
-}
-
-bool raisesTooMuchBelow(const Situation& at) {
-    return raisesTooMuch(at.rows(), at.row, false);
-}
-
-template <Type Group>
-bool raisesTooMuchAtEnd(const Situation& at) {
-    return raisesTooMuch(at.table.group(Group), at.table.rows(Group) - 1, false);
-}
-
-bool isReached(const Situation& at) {
-    const Cells cells = at.rows().cellsOver(at.row);
-    return std::any_of(cells.begin(), cells.end(), spansRows);
-}
-
-template <typename Predicate>
-bool anyInColumn(const Situation& at, Predicate predicate) {
-    for (const Type type : {Type::Header, Type::Body, Type::Footer}) {
-        const Cells cells = at.table.group(type).cellsIn(at.column);
-        if (std::any_of(cells.begin(), cells.end(), predicate))
-            return true;
-    }
-    return false;
-}
-
-/// Met once for each of its rows.
-bool hasLargeCellInColumn(const Situation& at) {
-    return anyInColumn(
-        at, [](const PlainTable::Cell* cell) { return cell->rows > 1 && cell->columns > 1; });
-}
-
-bool hasWideCellInColumn(const Situation& at) {
-    return anyInColumn(at, [](const PlainTable::Cell* cell) { return cell->columns > 1; });
-}
 
 Cells cellsOfColumn(const Situation& at) {
     Cells cells;
@@ -102,11 +42,6 @@ std::pair<int, int> takenRows(const Situation& at) {
     return {first, last + 1};
 }
 
-int deletedRows(const Situation& at) {
-    const auto [first, behind] = takenRows(at);
-    return first - behind;
-}
-
 Cells cellsOfTakenRows(const Situation& at) {
     Cells cells;
     const auto [first, behind] = takenRows(at);
@@ -115,13 +50,6 @@ Cells cellsOfTakenRows(const Situation& at) {
         cells.insert(cells.end(), own.begin(), own.end());
     }
     return cells;
-}
-
-/// A selection is not looked at by those who ask whether a row can go.
-bool crossesTakenRows(const Situation& at) {
-    const auto& cells = at.rows().cells;
-    return at.isSelection && std::any_of(cells.begin(), cells.end(),
-                                         [](const auto& cell) { return spansRows(cell.get()); });
 }
 
 bool selectsInOneGroup(const Situation& at) {
@@ -151,18 +79,9 @@ int headingRow(const Situation& at) {
     return row;
 }
 
-int deletedHeading(const Situation& at) {
-    return headingRow(at) < 0 ? 0 : -1;
-}
-
 Cells cellsOfHeading(const Situation& at) {
     const int row = headingRow(at);
     return row < 0 ? Cells() : at.rows().ownCells(row);
-}
-
-bool headingIsReached(const Situation& at) {
-    const Cells cells = headingRow(at) < 0 ? Cells() : at.rows().cellsOver(headingRow(at));
-    return std::any_of(cells.begin(), cells.end(), spansRows);
 }
 
 /// A group would be torn by it: a row in its middle would name it no more.
@@ -185,91 +104,44 @@ bool standsInRow(const Situation& at) {
     return TableTree::isRow(*rowOf(at));
 }
 
-/// The cell that the split row gains stands where it should only if the first one behind is copied
-/// and as wide.
-bool splitsElsewhere(const Situation& at) {
-    const auto& matrix = at.rows().matrix;
-    const PlainTable::Cell* cell = matrix.at({at.row, at.column});
-    const int bottom = cell->row + cell->rows - 1;
-    for (int column = at.column; column < at.table.columns(); ++column) {
-        const PlainTable::Cell* other = matrix.at({bottom, column});
-        if (other->rows == 1)
-            return other->columns != cell->columns;
-        if (other->row == bottom)
-            return true; // it is passed by
-    }
-    return true;
-}
-
 /// All of them; a new command is a row.
 const std::vector<TableCommand> commands{
     // Rows
-    {.weight = 6, .request = R"("insertRow",true)", .rows = added<1>, .isOdd = raisesTooMuchAbove},
-    {.weight = 6, .request = R"("insertRow",false)", .rows = added<1>, .isOdd = raisesTooMuchBelow},
-    {.weight = 2,
-     .request = R"("insertHeaderRow")",
-     .rows = added<1>,
-     .rowsIn = Type::Header,
-     .isOdd = raisesTooMuchAtEnd<Type::Header>},
-    {.weight = 2,
-     .request = R"("insertFooterRow")",
-     .rows = added<1>,
-     .rowsIn = Type::Footer,
-     .isOdd = raisesTooMuchAtEnd<Type::Footer>},
+    {.weight = 6, .request = R"("insertRow",true)"},
+    {.weight = 6, .request = R"("insertRow",false)"},
+    {.weight = 2, .request = R"("insertHeaderRow")"},
+    {.weight = 2, .request = R"("insertFooterRow")"},
     {.weight = 6,
      .request = R"("deleteRows",true)",
      .can = "canDeleteRow",
-     .rows = deletedRows,
-     .isOdd = crossesTakenRows,
      .takes = cellsOfTakenRows,
      .isGiven = selectsInOneGroup},
     // Columns
-    {.weight = 5, .request = R"("insertColumn",true)", .columns = 1, .isOdd = hasLargeCellInColumn},
-    {.weight = 5,
-     .request = R"("insertColumn",false)",
-     .columns = 1,
-     .isOdd = hasLargeCellInColumn},
-    {.weight = 5,
-     .request = R"("deleteColumn")",
-     .can = "canDeleteColumn",
-     .columns = -1,
-     .isOdd = hasWideCellInColumn,
-     .takes = cellsOfColumn},
+    {.weight = 5, .request = R"("insertColumn",true)"},
+    {.weight = 5, .request = R"("insertColumn",false)"},
+    {.weight = 5, .request = R"("deleteColumn")", .can = "canDeleteColumn", .takes = cellsOfColumn},
     // Spans
     {.weight = 6, .request = R"("increaseColSpan")", .can = "canIncreaseColSpan", .touches = 2},
     {.weight = 6, .request = R"("increaseRowSpan")", .can = "canIncreaseRowSpan", .touches = 2},
     {.weight = 4, .request = R"("decreaseColSpan")", .can = "canDecreaseColSpan"},
-    {.weight = 4,
-     .request = R"("decreaseRowSpan")",
-     .can = "canDecreaseRowSpan",
-     .isOdd = splitsElsewhere},
+    {.weight = 4, .request = R"("decreaseRowSpan")", .can = "canDecreaseRowSpan"},
     // Groups of rows
     {.weight = 3,
      .request = R"("insertGroupRow",true,"/d/g$","@k",false)",
-     .can = "canInsertGroupAbove",
-     .rows = added<2>},
+     .can = "canInsertGroupAbove"},
     {.weight = 3,
      .request = R"("insertGroupRow",false,"/d/g$","@k",true)",
      .can = "canInsertGroupBelow",
-     .rows = added<2>,
      .copies = 2,
      .isGiven = [](const Situation& at) { return !isHeading(*rowOf(at)); }},
-    {.weight = 3,
-     .request = R"("convertToGroup","/d/g$","@k",true,"r")",
-     .rows = added<1>,
-     .isOdd = isReached,
-     .isGiven = tearsNoGroup},
+    {.weight = 3, .request = R"("convertToGroup","/d/g$","@k",true,"r")", .isGiven = tearsNoGroup},
     {.weight = 4,
      .request = R"("addCurrentRowToGroup","/d")",
      .can = "canGroupCurrentRow",
      .isGiven = isBehindNoNamelessHeading},
     {.weight = 2, .request = R"("ungroupCurrentRow","/d/g","/d")", .isGiven = tearsNoGroup},
     {.weight = 2, .request = R"("editGroup","/e$","@k",false)"},
-    {.weight = 3,
-     .request = R"("deleteGroup")",
-     .rows = deletedHeading,
-     .isOdd = headingIsReached,
-     .takes = cellsOfHeading},
+    {.weight = 3, .request = R"("deleteGroup")", .takes = cellsOfHeading},
     {.weight = 2, .request = R"("convertCurrentRowToRepeatingRow","/r$")"},
     {.weight = 1, .request = R"("setRepeatingRowPath","/r$")"},
     {.weight = 1, .request = R"("convertToStaticRow")"},
@@ -384,20 +256,6 @@ std::string requestOf(const char* brief) {
     return R"(["table.)" + std::string(brief + 1) + "]";
 }
 
-struct Edge {
-    CellBorderType type;
-    CellBorderType opposite;
-    std::pair<int, int> step; ///< to the cell beside it
-    int PlainTable::Cell::*along;
-};
-
-constexpr Edge edges[] = {
-    {CellBorderType::Bottom, CellBorderType::Top, {1, 0}, &PlainTable::Cell::columns},
-    {CellBorderType::Top, CellBorderType::Bottom, {-1, 0}, &PlainTable::Cell::columns},
-    {CellBorderType::Left, CellBorderType::Right, {0, -1}, &PlainTable::Cell::rows},
-    {CellBorderType::Right, CellBorderType::Left, {0, 1}, &PlainTable::Cell::rows},
-};
-
 /// Something that a user does. The requests of a table command are: to open the table, perhaps to
 /// read it again, the command, the commit.
 struct Step {
@@ -509,13 +367,12 @@ private:
             return {};
         if (!document().caretIsInsideTable())
             return hasEmptyCell(after) ? "" : "the caret left the table";
-        const bool promisesShape = before.isBalanced() && (!*command.can || offered) &&
-                                   !(command.isOdd && command.isOdd(at));
-        std::string broken = promisesShape ? brokenShape(command, at, after) : "";
+        std::string broken;
+        if (before.isBalanced() && !before.hasSpans() && !after.isBalanced())
+            broken = "balanced groups are balanced no more";
         for (const std::string& other :
-             {brokenWords(command, at, after), brokenSurroundings(command, at, after, old),
-              brokenPlaces(table, after), brokenEdges(*(step.requests.end() - 2), at),
-              brokenTab(after), brokenUndo(old)})
+             {brokenWords(command, at, after), brokenSurroundings(at, after, old),
+              brokenPlaces(table, after), brokenTab(after), brokenUndo(old)})
             broken = broken.empty() ? other : broken;
         return broken;
     }
@@ -539,32 +396,6 @@ private:
         return session().serveLine(question).at("result");
     }
 
-    static std::string brokenShape(const TableCommand& command, const Situation& at,
-                                   const PlainTable& after) {
-        if (!after.isBalanced())
-            return "balanced groups are balanced no more";
-        if (after.columns() != at.table.columns() + command.columns)
-            return "it has " + std::to_string(after.columns()) + " columns";
-        for (const Type type : {Type::Header, Type::Body, Type::Footer}) {
-            const Type changed = command.rowsIn == Type::None ? at.group : command.rowsIn;
-            const int more = command.rows && type == changed ? command.rows(at) : 0;
-            if (after.rows(type) != at.table.rows(type) + more)
-                return "group " + std::to_string(static_cast<int>(type)) + " has " +
-                       std::to_string(after.rows(type)) + " rows";
-        }
-        const std::vector<double> shares = at.table.shares();
-        const bool resizes = std::string(command.request).starts_with("\"change");
-        if (resizes && static_cast<int>(shares.size()) == at.table.columns() && shares.size() > 2 &&
-            !after.shares().empty()) {
-            const auto total = [](const std::vector<double>& of) {
-                return std::accumulate(of.begin(), of.end(), 0.0);
-            };
-            if (std::abs(total(shares) - total(after.shares())) > 0.1)
-                return "the shares have another total";
-        }
-        return {};
-    }
-
     static std::string brokenWords(const TableCommand& command, const Situation& at,
                                    const PlainTable& after) {
         auto expected = wordsOf(at.table.cells());
@@ -583,8 +414,8 @@ private:
         return changed.size() <= command.touches ? "" : "cells changed:" + excerpt(changed);
     }
 
-    std::string brokenSurroundings(const TableCommand& command, const Situation& at,
-                                   const PlainTable& after, const EditorState& old) {
+    std::string brokenSurroundings(const Situation& at, const PlainTable& after,
+                                   const EditorState& old) {
         const std::wstring was = wide(old.text);
         const std::wstring is = wide(state().text);
         const auto table = static_cast<std::size_t>(start());
@@ -593,10 +424,7 @@ private:
         };
         if (was.substr(0, table) != is.substr(0, table) || tail(was, at.table) != tail(is, after))
             return "the text around the table changed";
-        if (areUnique(idsOf(old.text)) && !areUnique(idsOf(state().text)))
-            return "an id twice";
-        const bool frees = command.takes || !at.table.membersFollowHeadings();
-        return frees || after.membersFollowHeadings() ? "" : "a member lost its heading";
+        return areUnique(idsOf(old.text)) && !areUnique(idsOf(state().text)) ? "an id twice" : "";
     }
 
     /// Text and matrix tell the same, and the caret stands at a place for it.
@@ -627,33 +455,6 @@ private:
                 of.getTableColumnNumberFrom(within, row, group) != cell.column)
                 return "the cell at " + std::to_string(cell.row) + ", " +
                        std::to_string(cell.column) + " is found at " + std::to_string(place);
-        }
-        return {};
-    }
-
-    /// An edge of the caret's cell that was drawn or taken away is seen so from both of its cells.
-    std::string brokenEdges(const std::string& request, const Situation& at) {
-        const bool isSet = request.starts_with(R"(["table.setBorder)");
-        if ((!isSet && !request.starts_with(R"(["table.removeBorder)")) || !at.table.isBalanced())
-            return {};
-        const PlainTable::Cell& cell = *at.rows().matrix.at({at.row, at.column});
-        if (cell.rows > 1 || cell.columns > 1)
-            return {};
-        const auto type = static_cast<CellBorderType>(request[request.size() - 2] - '0');
-        const bool isDrawn = isSet != (type == CellBorderType::None);
-        for (const Edge& edge : edges) {
-            if (type <= CellBorderType::Right && type != edge.type)
-                continue;
-            if (buffer().cellHasBorder(at.row, at.column, at.group, edge.type) != isDrawn)
-                return "an edge of the cell";
-            const auto [group, place] = at.table.beside(at.group, {at.row, at.column}, edge.step);
-            const auto found = at.table.group(group).matrix.find(place);
-            if (found == at.table.group(group).matrix.end() ||
-                (isDrawn &&
-                 (cell.element->get_attribute("border-style") || found->second->*edge.along > 1)))
-                continue;
-            if (buffer().cellHasBorder(place.first, place.second, group, edge.opposite) != isDrawn)
-                return "an edge as its neighbour has it";
         }
         return {};
     }

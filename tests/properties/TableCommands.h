@@ -24,22 +24,14 @@ struct TableSituation {
 
 /// What a command on a table does to it. Of each it is promised that the text stays well formed,
 /// what lies outside of the table and the content of cells that are not concerned stay as they are,
-/// ids stay unique, members stay behind their headings, and undo takes it back.
+/// ids stay unique, groups whose cells cover all coordinates once still do where nothing spanned,
+/// and undo takes it back.
 struct TableCommand {
     std::size_t weight;
     /// Its name and arguments. "$" stands for a number, "~" for an edge of a cell, all or none.
     const char* request;
     /// The question that a host asks first; if it says yes the table changes.
     const char* can = "";
-
-    // What is promised where all groups of rows are balanced and a host may give the command: that
-    // they stay so, and as many rows and columns as these more.
-    int (*rows)(const TableSituation&) = nullptr; ///< in the caret's group, or else this one
-    TableRowGroupType rowsIn = TableRowGroupType::None;
-    int columns = 0;
-    /// Where something else is promised on purpose.
-    bool (*isOdd)(const TableSituation&) = nullptr;
-
     /// Whose words go. Without any all stay.
     PlainTable::Cells (*takes)(const TableSituation&) = nullptr;
     /// How many more times the words of the caret's row are there.

@@ -495,7 +495,7 @@ std::string brokenBy(const std::string& path, const std::vector<std::uint32_t>& 
 }
 
 /// What goes wrong on a document, with the fewest steps that it takes; nothing if all is well.
-std::string failureOn(const std::string& path, Random& random, std::size_t count) {
+std::string failureInSteps(const std::string& path, Random& random, std::size_t count) {
     std::vector<std::uint32_t> steps;
     for (std::size_t i = 0; i < count; ++i)
         steps.push_back(static_cast<std::uint32_t>(random.below(1U << 31)));
@@ -520,6 +520,6 @@ TEST(TemplateCommands, KeepTheirPromises) {
         const auto path =
             isMailing ? samplesFolder() / (random.oneIn(4) ? "mailing-plain.xml" : "mailing.xml")
                       : random.oneOf(documents);
-        EXPECT_EQ(failureOn(path, random, perDocument), "");
+        EXPECT_EQ(failureInSteps(path, random, perDocument), "");
     }
 }

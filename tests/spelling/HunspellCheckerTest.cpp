@@ -124,13 +124,3 @@ TEST_F(HunspellCheckerTest, ListsWhatIsInstalled) {
     EXPECT_EQ(folders, (HunspellChecker::Folders{first, "/no/such/folder", "/usr/share/hunspell",
                                                  "/usr/share/myspell/dicts"}));
 }
-
-TEST_F(HunspellCheckerTest, ChecksAmericanEnglish) {
-    const SmartPtr<HunspellChecker> system(new HunspellChecker);
-    for (const wchar_t* word : {L"Harmony", L"isn't", L"isn\x2019t", L"1st", L"2025"})
-        EXPECT_FALSE(system->checkWord(word, L"en_US", 0, 1)) << Core::Encoder::toDisplayText(word);
-    const auto error = system->checkWord(L"recieve", L"en_US", 0, 1);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->suggestions.front(), L"receive");
-    EXPECT_LT(system->getWordChars(L"en_US").find(L'&', 0), 0);
-}

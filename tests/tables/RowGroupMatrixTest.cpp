@@ -24,21 +24,6 @@ RowGroupMatrix matrixOf(const Element& table) {
     return {bodies, TableTree::countTableColumns(table)};
 }
 
-TEST(RowGroupMatrix, EndsBehindAThousandRowsAndColumns) {
-    const auto tree = treeOf(L"([a]99999999x99999999, b)");
-    const RowGroupMatrix matrix = matrixOf(*tree->getRootNode());
-    const Element* a = matrix.cellAt(0, 0);
-    EXPECT_EQ(matrix.cellAt(1000, 999), a);
-    EXPECT_NE(matrix.cellAt(0, 1000), a);
-    for (const auto& [row, column] : {std::pair(1001, 0), std::pair(1, 1000), std::pair(-1, 0),
-                                      std::pair(0, -1), std::pair(INT_MAX, INT_MAX)})
-        EXPECT_EQ(matrix.cellAt(row, column), nullptr) << row << " " << column;
-    const auto low = treeOf(L"(a) body (b, [c]1x5)");
-    const RowGroupMatrix behind = matrixOf(*low->getRootNode());
-    EXPECT_EQ(behind.cellAt(5, 1), behind.cellAt(1, 1)) << "behind the last body's last row";
-    EXPECT_EQ(behind.cellAt(6, 1), nullptr);
-}
-
 TEST(RowGroupMatrix, AgreesWithATableReadTheSimplestWay) {
     std::mt19937 random(7);
     const auto pick = [&random](int count) { return static_cast<int>(random() % count); };

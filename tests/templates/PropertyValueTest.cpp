@@ -1,6 +1,5 @@
 #include "templates/PropertyValueHandler.h"
 
-#include "foundation/Exception.h"
 #include "support/MarkedDocument.h"
 
 #include <gtest/gtest.h>
@@ -134,30 +133,6 @@ TEST(PropertyValues, AreReadAsWritten) {
     EXPECT_TRUE(read(document).isStatic());
     document->undo();
     EXPECT_EQ(stateOf(*document), before);
-}
-
-TEST(PropertyValues, StayStaticWithoutTemplateData) {
-    for (const wchar_t* text : {L"<fo:root><fo:layout-master-set/></fo:root>",
-                                L"<qfd:document><fo:block/></qfd:document>"}) {
-        const auto document = documentWith(L"");
-        document->setContent(text, true);
-        PropertyValueEx value(L"fo:src", L"i");
-        value.setType(PropertyValueType::Dynamic);
-        value.setDynamicValue(L"d");
-        H::write(value, document);
-        EXPECT_EQ(document->getContent(), text);
-        value.setType(PropertyValueType::Static);
-        value.setStaticValue(L"url(a)");
-        H::read(document, value);
-        EXPECT_TRUE(value.isStatic());
-        EXPECT_EQ(value.getStaticValue(), L"a");
-    }
-    PropertyValueEx value(L"fo:src", L"i");
-    EXPECT_THROW(H::read(SmartPtr<EditableDocumentBuffer>(), value), Core::NullPointerException);
-    EXPECT_THROW(H::write(value, SmartPtr<EditableDocumentBuffer>()), Core::NullPointerException);
-    const auto broken = documentWith(L"<a>");
-    EXPECT_THROW(H::read(broken, value), Core::Exception);
-    EXPECT_THROW(H::write(value, broken), Core::Exception);
 }
 
 } // namespace

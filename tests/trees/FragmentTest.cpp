@@ -11,10 +11,6 @@ namespace {
 
 const CommitCaret stays{{-1, -1}, nullptr};
 
-CommitCaret goesTo(int caret, int pivot) {
-    return {{7, 7}, [=] { return CaretPlace{caret, pivot}; }};
-}
-
 /// A fragment of the first table of a document.
 Fragment tableOf(MarkedDocument& buffer) {
     Fragment fragment(&buffer.document());
@@ -46,55 +42,6 @@ TEST(Fragment, IsWrittenBackAsOneStepWithOneNoticeOfAKind) {
         buffer->undo();
         EXPECT_FALSE(buffer->canUndo());
     }
-}
-
-TEST(Fragment, PutsTheCaretWhereItIsToldAndRecordsThat) {
-    MarkedDocument buffer(L"<B>home</B>" + table(L"", L"ab|c"));
-    Fragment fragment = tableOf(buffer);
-    const EditorState old = stateOf(buffer.face());
-    const int place = buffer.find(L"bc");
-    fragment.commit(goesTo(place, -1));
-    EXPECT_EQ(buffer.marked(), L"<B>home</B>" + table(L"", L"a|bc"));
-    EXPECT_FALSE(buffer->canUndo()) << "the tree has not changed";
-
-    fragment.root()->set_attribute("a", "1");
-    const auto behind = [&] { return CaretPlace{buffer.find(L"c<"), buffer.find(L"bc")}; };
-    fragment.commit({{old.caret, old.caret}, behind});
-    std::wstring after = L"<B>home</B>" + table(L" a=\"1\"", L"a^b|c");
-    after.replace(after.find(L"<D>"), 0, L"\n");
-    EXPECT_EQ(buffer.marked(), after);
-    EXPECT_EQ(buffer.heard(), "cbcs");
-    expectReplays(buffer.face(), old);
-    buffer->undo();
-
-    Fragment again = tableOf(buffer);
-    again.root()->set_attribute("a", "1");
-    again.commit({{old.caret, old.caret}, [&] { return CaretPlace{buffer.find(L"c<"), -1}; }});
-    buffer->undo();
-    EXPECT_EQ(stateOf(buffer.face()), old);
-    buffer->redo();
-    EXPECT_EQ(buffer.marked().substr(0, 9), L"<B>|home<") << "no pivot was placed";
-}
-
-TEST(Fragment, OverwritesNothingThatItHasNotRead) {
-    MarkedDocument buffer(L"<B>x</B>" + table(L"", L"a|b"));
-    Fragment fragment = tableOf(buffer);
-    fragment.root()->set_attribute("a", "1");
-    for (const bool inFront : {true, false}) {
-        buffer->setCaretPos(false, buffer.find(inFront ? L"x" : L"b<"));
-        buffer->insertText(L"y", false, false);
-        const EditorState old = stateOf(buffer.face());
-        buffer.heard();
-        EXPECT_NE(messageOf([&] { fragment.commit(stays); }).find("has changed since"),
-                  std::string::npos);
-        EXPECT_EQ(stateOf(buffer.face()), old);
-        EXPECT_EQ(buffer.heard(), "");
-        buffer->undo();
-    }
-    EXPECT_FALSE(buffer->canUndo());
-    EXPECT_TRUE(buffer->canRedo());
-    fragment.commit(stays);
-    EXPECT_NE(buffer.find(L"<T a="), -1) << "the text is again the one that was read";
 }
 
 TEST(Fragment, IsTakenBackWhereNoParserWouldReadIt) {

@@ -1,7 +1,6 @@
 #include "foundation/Format.h"
 #include "foundation/StringFormatStream.h"
 #include "foundation/Wide.h"
-#include "foundation/values/BorderWidth.h"
 #include "foundation/values/ColorParse.h"
 #include "foundation/values/ColumnWidth.h"
 #include "foundation/values/ParseUtil.h"
@@ -69,18 +68,6 @@ TEST(ColumnWidth, ReadsASharesNumberAsPercentage) {
     }
     EXPECT_EQ(ColumnWidth::formatShare(33.3333F), L"proportional-column-width(33.333)");
     EXPECT_EQ(ColumnWidth::formatShare(50), L"proportional-column-width(50)");
-}
-
-TEST(BorderWidth, IsAKeywordOrALength) {
-    for (const wchar_t* text : {L"thin", L" medium ", L"thick", L"1pt"}) {
-        BorderWidth width;
-        EXPECT_TRUE(BorderWidth::parseBorderWidth(text, width)) << text;
-        EXPECT_EQ(width.getValueAsString(), Core::String(text).trim());
-    }
-    for (const wchar_t* text : {L"1", L"thinner", L"10%", L""}) {
-        BorderWidth width;
-        EXPECT_FALSE(BorderWidth::parseBorderWidth(text, width)) << text;
-    }
 }
 
 TEST(ColorParse, KnowsEachFormByItsBeginning) {
