@@ -112,6 +112,7 @@ set(FORME_PUBLIC_HEADERS
   templates/QFDTemplateFunctionalBuffer.h
   text/EditableXmlBuffer.h
   text/TextView.h
+  text/TextWindow.h
   text/XmlCharacters.h
   text/XmlElementType.h
   text/XmlValidator.h

@@ -15,10 +15,10 @@ std::size_t foundAt(int position) noexcept {
 } // namespace
 
 TextView::TextView(const TextStore& store) noexcept
-    : store_(&store), size_(static_cast<std::uint32_t>(store.length())) {}
+    : window_(&store), size_(static_cast<std::uint32_t>(store.length())) {}
 
-wchar_t TextView::unitOfStore(std::size_t at) const noexcept {
-    return store_->unitAt(static_cast<int>(start_ + at));
+const TextStore& TextView::store() const noexcept {
+    return static_cast<const TextStore&>(*window_);
 }
 
 template <typename Find>
@@ -29,28 +29,28 @@ std::size_t TextView::findInStore(std::size_t start, std::size_t end, Find find)
 }
 
 std::size_t TextView::find(wchar_t unit, std::size_t start) const noexcept {
-    if (!store_)
+    if (!window_)
         return foundAt(Core::UnitSearch::forward(plain(), unit, start));
     return findInStore(start, size_,
-                       [&](int from, int to) { return store_->find(unit, from, to); });
+                       [&](int from, int to) { return store().find(unit, from, to); });
 }
 
 std::size_t TextView::findEither(wchar_t a, wchar_t b, std::size_t start) const noexcept {
-    if (!store_)
+    if (!window_)
         return foundAt(Core::UnitSearch::forwardEither(plain(), a, b, start));
     return findInStore(start, size_,
-                       [&](int from, int to) { return store_->findEither(a, b, from, to); });
+                       [&](int from, int to) { return store().findEither(a, b, from, to); });
 }
 
 std::size_t TextView::rfind(wchar_t unit, std::size_t start) const noexcept {
-    if (!store_)
+    if (!window_)
         return foundAt(Core::UnitSearch::backward(plain(), unit, start));
     const std::size_t end = start < size_ ? start + 1 : size_;
-    return findInStore(0, end, [&](int from, int to) { return store_->rFind(unit, from, to); });
+    return findInStore(0, end, [&](int from, int to) { return store().rFind(unit, from, to); });
 }
 
 std::size_t TextView::find(TextView what, std::size_t start) const noexcept {
-    if (!store_ && !what.store_)
+    if (!window_ && !what.window_)
         return foundAt(Core::UnitSearch::forward(plain(), what.plain(), start));
     if (what.empty())
         return start < size_ ? start : npos;
@@ -62,7 +62,7 @@ std::size_t TextView::find(TextView what, std::size_t start) const noexcept {
 }
 
 std::size_t TextView::rfind(TextView what, std::size_t start) const noexcept {
-    if (!store_ && !what.store_)
+    if (!window_ && !what.window_)
         return foundAt(Core::UnitSearch::backward(plain(), what.plain(), start));
     if (empty() || what.size_ > size_)
         return npos;
@@ -85,10 +85,10 @@ std::strong_ordering TextView::compareByUnit(TextView other) const noexcept {
 }
 
 std::wstring& operator+=(std::wstring& text, TextView more) {
-    if (!more.store_)
+    if (!more.window_)
         return text.append(more.plain());
     const int start = static_cast<int>(more.start_);
     text.reserve(text.size() + more.size_);
-    more.store_->copyTo(text, start, start + static_cast<int>(more.size_));
+    more.store().copyTo(text, start, start + static_cast<int>(more.size_));
     return text;
 }

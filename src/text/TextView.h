@@ -2,6 +2,7 @@
 
 #include "foundation/Api.h"
 #include "foundation/String.h"
+#include "text/TextWindow.h"
 
 #include <algorithm>
 #include <compare>
@@ -39,7 +40,7 @@ public:
     constexpr bool empty() const noexcept { return size_ == 0; }
     /// Of a position that is known to be valid; the first and the last of a text that is not empty.
     constexpr wchar_t operator[](std::size_t at) const noexcept {
-        return store_ ? unitOfStore(at) : units_[at];
+        return window_ ? window_->unitAt(static_cast<int>(start_ + at)) : units_[at];
     }
     constexpr wchar_t front() const noexcept { return (*this)[0]; }
     constexpr wchar_t back() const noexcept { return (*this)[size_ - 1]; }
@@ -47,7 +48,7 @@ public:
     /// At most `count` units from `start` on, which is at most the length.
     constexpr TextView substr(std::size_t start, std::size_t count = npos) const noexcept {
         TextView part = *this;
-        if (store_)
+        if (window_)
             part.start_ += static_cast<std::uint32_t>(start);
         else
             part.units_ += start;
@@ -99,16 +100,16 @@ public:
 
 private:
     constexpr std::wstring_view plain() const noexcept { return {units_, size_}; }
-    wchar_t unitOfStore(std::size_t at) const noexcept;
+    const TextStore& store() const noexcept;
     template <typename Find>
     std::size_t findInStore(std::size_t start, std::size_t end, Find find) const noexcept;
     constexpr std::strong_ordering compare(TextView other) const noexcept {
-        return store_ || other.store_ ? compareByUnit(other) : plain() <=> other.plain();
+        return window_ || other.window_ ? compareByUnit(other) : plain() <=> other.plain();
     }
     std::strong_ordering compareByUnit(TextView other) const noexcept;
 
-    const wchar_t* units_ = nullptr;   // of one piece of memory
-    const TextStore* store_ = nullptr; // or else the store, where the view begins at `start_`
+    const wchar_t* units_ = nullptr;     // of one piece of memory
+    const TextWindow* window_ = nullptr; // or else of a store, where the view begins at `start_`
     std::uint32_t start_ = 0;
     std::uint32_t size_ = 0;
 };

@@ -5,43 +5,54 @@
 
 TextStore& TextStore::operator=(const TextStore& other) {
     tree_ = other.tree_;
-    read_ = {};
+    forget();
     return *this;
 }
 
 TextStore& TextStore::operator=(TextStore&& other) noexcept {
     tree_ = std::move(other.tree_);
-    read_ = {};
-    other.read_ = {};
+    forget();
+    other.forget();
     return *this;
 }
 
-const TextStore::Read& TextStore::read(int position) const {
-    if (position < read_.start || position >= read_.end) {
-        const TextTree::Place place = tree_.chunkAt(position);
-        const TextUnits& units = place.chunk->units();
-        read_ = {place.chunk, units.bytes(), place.start, place.start + units.size(),
-                 units.isWide()};
-    }
-    return read_;
+void TextWindow::moveTo(int position) const noexcept {
+    const auto& store = static_cast<const TextStore&>(*this);
+    const TextTree::Place place = store.tree_.chunkAt(position);
+    const TextUnits& units = place.chunk->units();
+    store.chunk_ = place.chunk;
+    bytes_ = units.bytes();
+    isWide_ = units.isWide();
+    start_ = place.start;
+    end_ = place.start + units.size();
+}
+
+const TextChunk& TextStore::chunkAt(int position) const {
+    if (position < start_ || position >= end_)
+        moveTo(position);
+    return *chunk_;
+}
+
+void TextStore::forget() noexcept {
+    start_ = end_ = 0;
 }
 
 void TextStore::copyTo(std::wstring& text, int start, int end) const {
     for (int next = start; start < end; start = next) {
-        const Read& here = read(start);
-        next = std::min(end, here.end);
-        here.chunk->units().copyTo(text, start - here.start, next - here.start);
+        const TextUnits& units = chunkAt(start).units();
+        next = std::min(end, end_);
+        units.copyTo(text, start - start_, next - start_);
     }
 }
 
 template <typename Find>
 int TextStore::findForward(int start, int end, Find find) const {
     for (int next = start; start < end; start = next) {
-        const Read& here = read(start);
-        next = std::min(end, here.end);
-        const int found = find(here.chunk->units(), start - here.start, next - here.start);
+        const TextUnits& units = chunkAt(start).units();
+        next = std::min(end, end_);
+        const int found = find(units, start - start_, next - start_);
         if (found >= 0)
-            return here.start + found;
+            return start_ + found;
     }
     return -1;
 }
@@ -62,30 +73,29 @@ int TextStore::findEither(wchar_t a, wchar_t b, int start, int end) const {
 
 int TextStore::rFind(wchar_t unit, int start, int end) const {
     while (start < end) {
-        const Read& here = read(end - 1);
-        const int first = std::max(start, here.start);
-        const int found = here.chunk->units().rFind(unit, first - here.start, end - here.start);
+        const TextUnits& units = chunkAt(end - 1).units();
+        const int first = std::max(start, start_);
+        const int found = units.rFind(unit, first - start_, end - start_);
         if (found >= 0)
-            return here.start + found;
+            return start_ + found;
         end = first;
     }
     return -1;
 }
 
 void TextStore::replace(int start, int count, std::wstring_view with) {
-    read_ = {};
+    forget();
     tree_.replace(start, count, with);
 }
 
 int TextStore::markupAround(int position) const {
-    const Read& here = read(position);
-    const TextChunk& chunk = *here.chunk;
-    const std::size_t before = chunk.marksBefore(position - here.start);
+    const TextChunk& chunk = chunkAt(position);
+    const std::size_t before = chunk.marksBefore(position - start_);
     if (before > 0) {
         const MarkupMark mark = chunk.marks()[before - 1];
-        return mark.isStart() ? here.start + mark.at : -1;
+        return mark.isStart() ? start_ + mark.at : -1;
     }
-    return chunk.entry().isText() ? -1 : tree_.markupStartBefore(here.start);
+    return chunk.entry().isText() ? -1 : tree_.markupStartBefore(start_);
 }
 
 int TextStore::elementAround(int position) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "text/TextWindow.h"
 #include "text/store/TextTree.h"
 
 #include <string>
@@ -11,25 +12,17 @@
 ///
 /// Positions count units. Who reads keeps a place in the text, so that two threads need a copy
 /// each.
-class TextStore {
+class TextStore : public TextWindow {
 public:
     TextStore() = default;
     explicit TextStore(std::wstring_view text) : tree_(text) {}
-    TextStore(const TextStore& other) : tree_(other.tree_) {}
-    TextStore(TextStore&& other) noexcept : tree_(std::move(other.tree_)) { other.read_ = {}; }
+    TextStore(const TextStore& other) : TextWindow(), tree_(other.tree_) {}
+    TextStore(TextStore&& other) noexcept : tree_(std::move(other.tree_)) { other.forget(); }
     TextStore& operator=(const TextStore& other);
     TextStore& operator=(TextStore&& other) noexcept;
     ~TextStore() = default;
 
     int length() const { return tree_.measure().length; }
-    /// The unit at a valid position.
-    wchar_t unitAt(int position) const {
-        if (position < read_.start || position >= read_.end)
-            read(position);
-        const int at = position - read_.start;
-        return read_.isWide ? TextUnits::wideUnitAt(read_.bytes, at)
-                            : read_.bytes[static_cast<std::size_t>(at)];
-    }
     /// Appends the units from `start` up to but excluding `end` to a text.
     void copyTo(std::wstring& text, int start, int end) const;
 
@@ -57,19 +50,14 @@ public:
     std::string_view fault() const { return tree_.fault(); }
 
 private:
-    /// The chunk that was read last.
-    struct Read {
-        const TextChunk* chunk = nullptr;
-        const unsigned char* bytes = nullptr;
-        int start = 0;
-        int end = 0;
-        bool isWide = false;
-    };
+    friend class TextWindow;
 
-    const Read& read(int position) const;
+    /// The chunk that was read last, which is in the window.
+    const TextChunk& chunkAt(int position) const;
+    void forget() noexcept;
     template <typename Find>
     int findForward(int start, int end, Find find) const;
 
     TextTree tree_;
-    mutable Read read_;
+    mutable const TextChunk* chunk_ = nullptr;
 };
