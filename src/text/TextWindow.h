@@ -27,7 +27,8 @@ protected:
     TextWindow& operator=(const TextWindow&) = delete;
     ~TextWindow() = default;
 
-    void moveTo(int position) const noexcept;
+    /// Has the window hold a valid position.
+    virtual void moveTo(int position) const noexcept = 0;
 
     mutable const unsigned char* bytes_ = nullptr;
     mutable int start_ = 0;

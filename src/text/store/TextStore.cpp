@@ -16,11 +16,10 @@ TextStore& TextStore::operator=(TextStore&& other) noexcept {
     return *this;
 }
 
-void TextWindow::moveTo(int position) const noexcept {
-    const auto& store = static_cast<const TextStore&>(*this);
-    const TextTree::Place place = store.tree_.chunkAt(position);
+void TextStore::moveTo(int position) const noexcept {
+    const TextTree::Place place = tree_.chunkAt(position);
     const TextUnits& units = place.chunk->units();
-    store.chunk_ = place.chunk;
+    chunk_ = place.chunk;
     bytes_ = units.bytes();
     isWide_ = units.isWide();
     start_ = place.start;

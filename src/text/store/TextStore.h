@@ -12,7 +12,7 @@
 ///
 /// Positions count units. Who reads keeps a place in the text, so that two threads need a copy
 /// each.
-class TextStore : public TextWindow {
+class TextStore final : public TextWindow {
 public:
     TextStore() = default;
     explicit TextStore(std::wstring_view text) : tree_(text) {}
@@ -50,8 +50,7 @@ public:
     std::string_view fault() const { return tree_.fault(); }
 
 private:
-    friend class TextWindow;
-
+    void moveTo(int position) const noexcept override;
     /// The chunk that was read last, which is in the window.
     const TextChunk& chunkAt(int position) const;
     void forget() noexcept;
