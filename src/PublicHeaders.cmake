@@ -42,6 +42,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/SmartPtr.h
   foundation/SpellChecker.h
   foundation/SpellingError.h
+  foundation/StoredText.h
   foundation/Stream.h
   foundation/String.h
   foundation/StringFormatStream.h

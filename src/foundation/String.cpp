@@ -19,12 +19,12 @@ bool isNegative(String::Size offset) {
 }
 
 /// The text of a `const wchar_t*` argument as code units, split into surrogate pairs where needed.
-class Units {
+class SplitUnits {
 public:
-    explicit Units(const wchar_t* text)
-        : Units(text ? std::wstring_view(text) : std::wstring_view()) {}
+    explicit SplitUnits(const wchar_t* text)
+        : SplitUnits(text ? std::wstring_view(text) : std::wstring_view()) {}
 
-    explicit Units(std::wstring_view text) : view_(text) {
+    explicit SplitUnits(std::wstring_view text) : view_(text) {
         if (std::any_of(text.begin(), text.end(), [](wchar_t ch) { return ch > 0xFFFF; })) {
             for (wchar_t ch : text)
                 appendSplit(ch);
@@ -90,25 +90,29 @@ String::String(const wchar_t* text, Size count)
     : String(isNegative(count) ? std::wstring_view() : std::wstring_view(text, count)) {}
 
 String::String(std::wstring_view text) {
-    splice(0, 0, Units(text).view());
+    splice(0, 0, SplitUnits(text).view());
 }
 
 String::String(std::wstring&& units)
-    : units_(units.empty() ? nullptr : std::make_shared<std::wstring>(std::move(units))) {}
+    : units_(units.empty() ? nullptr : std::make_shared<Units>(std::move(units))) {}
+
+String::String(std::shared_ptr<const StoredText> text)
+    : units_(text->length() == 0 ? nullptr : std::make_shared<Units>(std::move(text))) {}
 
 String::String(const char* text) {
     if (!text || !*text)
         return;
-    units_ = std::make_shared<std::wstring>();
+    std::wstring units;
     for (; *text; ++text)
-        *units_ += static_cast<wchar_t>(static_cast<unsigned char>(*text));
+        units += static_cast<wchar_t>(static_cast<unsigned char>(*text));
+    units_ = std::make_shared<Units>(std::move(units));
 }
 
 String::String(wchar_t ch, Size count)
     : String(std::wstring_view(std::wstring(isNegative(count) ? 0 : count, ch))) {}
 
 String::String(const String& other)
-    : units_(other.lent_ ? std::make_shared<std::wstring>(*other.units_) : other.units_) {}
+    : units_(other.lent_ ? std::make_shared<Units>(other.units_->inOnePiece()) : other.units_) {}
 
 String::String(String&& other) noexcept
     : units_(std::move(other.units_)), lent_(std::exchange(other.lent_, false)) {}
@@ -128,14 +132,16 @@ String& String::operator=(const String& other) {
 wchar_t& String::operator[](int offset) {
     makeUnique();
     lent_ = true;
-    return (*units_)[static_cast<std::size_t>(offset)];
+    return units_->own()[static_cast<std::size_t>(offset)];
 }
 
 void String::makeUnique() {
-    if (!units_)
-        units_ = std::make_shared<std::wstring>();
-    else if (units_.use_count() > 1)
-        units_ = std::make_shared<std::wstring>(*units_);
+    if (!isOwn())
+        units_ = std::make_shared<Units>(std::wstring(view()));
+}
+
+void String::Units::join() const {
+    std::call_once(isJoined_, [this] { units_ = stored_->slice(0, stored_->length()); });
 }
 
 /// The one way in which a text changes its length.
@@ -143,24 +149,24 @@ void String::splice(std::size_t start, std::size_t count, std::wstring_view with
     if (count == 0 && with.empty())
         return;
     lent_ = false;
-    if (units_ && units_.use_count() == 1) {
-        units_->replace(start, count, with);
+    if (isOwn()) {
+        units_->own().replace(start, count, with);
         return;
     }
     const std::wstring_view old = view();
-    auto changed = std::make_shared<std::wstring>();
-    changed->reserve(old.size() - count + with.size());
-    changed->append(old.substr(0, start)).append(with).append(old.substr(start + count));
-    units_ = std::move(changed);
+    std::wstring changed;
+    changed.reserve(old.size() - count + with.size());
+    changed.append(old.substr(0, start)).append(with).append(old.substr(start + count));
+    units_ = std::make_shared<Units>(std::move(changed));
 }
 
 String& String::operator+=(wchar_t ch) {
-    splice(view().size(), 0, Units(std::wstring_view(&ch, 1)).view());
+    splice(view().size(), 0, SplitUnits(std::wstring_view(&ch, 1)).view());
     return *this;
 }
 
 String& String::append(const wchar_t* text) {
-    splice(view().size(), 0, Units(text).view());
+    splice(view().size(), 0, SplitUnits(text).view());
     return *this;
 }
 
@@ -170,59 +176,80 @@ String& String::append(const String& text) {
 }
 
 String String::subString(Size start, Size end) const {
-    const std::wstring_view all = view();
-    const std::size_t first = isNegative(start) ? 0 : start;
-    if (all.empty() || isNegative(end) || first >= all.size() || end < first)
+    const auto length = static_cast<Size>(this->length());
+    const Size first = isNegative(start) ? 0 : start;
+    if (length == 0 || isNegative(end) || first >= length || end < first)
         return {};
-    if (first == 0 && end >= all.size() - 1)
+    if (first == 0 && end >= length - 1)
         return *this;
+    const Size behind = std::min(end + 1, length);
+    if (const StoredText* const text = stored())
+        return String(text->slice(static_cast<int>(first), static_cast<int>(behind)));
     String slice;
-    slice.splice(0, 0, all.substr(first, end - first + 1));
+    slice.splice(0, 0, view().substr(first, behind - first));
     return slice;
 }
 
+int String::findText(std::wstring_view what, Size start) const {
+    const StoredText* const text = stored();
+    return text && !what.empty() ? text->find(what, start)
+                                 : UnitSearch::forward(view(), what, start);
+}
+
+int String::rFindText(std::wstring_view what, Size start) const {
+    if (isNegative(start))
+        return -1;
+    const StoredText* const text = stored();
+    return text && !what.empty() ? text->rFind(what, start)
+                                 : UnitSearch::backward(view(), what, start);
+}
+
 int String::find(wchar_t ch, Size start) const noexcept {
-    return UnitSearch::forward(view(), ch, start);
+    const StoredText* const text = stored();
+    return text ? text->find({&ch, 1}, start) : UnitSearch::forward(view(), ch, start);
 }
 
 int String::find(const wchar_t* what, Size start) const {
-    return UnitSearch::forward(view(), Units(what).view(), start);
+    return findText(SplitUnits(what).view(), start);
 }
 
-int String::find(const String& what, Size start) const noexcept {
-    return UnitSearch::forward(view(), what.view(), start);
+int String::find(const String& what, Size start) const {
+    return findText(what.view(), start);
 }
 
 int String::rFind(wchar_t ch) const noexcept {
-    return UnitSearch::backward(view(), ch, largestOffset);
+    return rFind(ch, largestOffset);
 }
 
 int String::rFind(wchar_t ch, Size start) const noexcept {
-    return isNegative(start) ? -1 : UnitSearch::backward(view(), ch, start);
+    if (isNegative(start))
+        return -1;
+    const StoredText* const text = stored();
+    return text ? text->rFind({&ch, 1}, start) : UnitSearch::backward(view(), ch, start);
 }
 
 int String::rFind(const wchar_t* what, Size start) const {
-    return isNegative(start) ? -1 : UnitSearch::backward(view(), Units(what).view(), start);
+    return rFindText(SplitUnits(what).view(), start);
 }
 
-int String::rFind(const String& what, Size start) const noexcept {
-    return isNegative(start) ? -1 : UnitSearch::backward(view(), what.view(), start);
+int String::rFind(const String& what, Size start) const {
+    return rFindText(what.view(), start);
 }
 
-bool String::startsWith(const String& prefix) const noexcept {
+bool String::startsWith(const String& prefix) const {
     return view().starts_with(prefix.view());
 }
 
 bool String::endsIn(const wchar_t* suffix) const {
-    return view().ends_with(Units(suffix).view());
+    return view().ends_with(SplitUnits(suffix).view());
 }
 
 int String::compare(const wchar_t* other) const {
-    return view().compare(Units(other).view());
+    return view().compare(SplitUnits(other).view());
 }
 
 int String::compareNoCase(const wchar_t* other) const {
-    return toLower().view().compare(mapped(Units(other).view(), lowerCase).view());
+    return toLower().view().compare(mapped(SplitUnits(other).view(), lowerCase).view());
 }
 
 String String::substringBefore(const String& mark) const {
@@ -251,7 +278,7 @@ std::vector<String, STLAllocator<String>> String::split(wchar_t separator) const
 
 void String::insert(Size position, const wchar_t* text) {
     splice(std::min<std::size_t>(isNegative(position) ? 0 : position, view().size()), 0,
-           Units(text).view());
+           SplitUnits(text).view());
 }
 
 void String::insert(Size position, const String& text) {
@@ -270,8 +297,8 @@ void String::replace(Size start, Size count, const String& with) {
 }
 
 int String::replaceAll(const wchar_t* what, const wchar_t* with) {
-    const Units wanted(what);
-    const Units substitute(with);
+    const SplitUnits wanted(what);
+    const SplitUnits substitute(with);
     const std::wstring_view all = view();
     if (wanted.view().empty())
         return 0;
@@ -314,7 +341,8 @@ void String::reverse(int first, int last) {
     if (begin >= end)
         return;
     makeUnique();
-    std::reverse(units_->begin() + begin, units_->begin() + end + 1);
+    std::wstring& units = units_->own();
+    std::reverse(units.begin() + begin, units.begin() + end + 1);
 }
 
 String String::formatS(int value) {

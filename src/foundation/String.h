@@ -2,9 +2,11 @@
 
 #include "foundation/Allocator.h"
 #include "foundation/Api.h"
+#include "foundation/StoredText.h"
 
 #include <compare>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +20,9 @@ namespace Core {
 /// A String is a value: a copy is independent of its original. Copies share their storage until one
 /// of them is changed, so copying costs the same for a word and for a book. A change in place moves
 /// only what stands behind it, and leaves room to grow.
+///
+/// A long text may be held in pieces, as the content of a document is. Length, units, searches and
+/// subString() work on these; all else first makes them one piece, which costs once.
 ///
 /// Offsets and counts are code units. As arguments they are unsigned, and a value above 2^31 counts
 /// as negative. Searches answer -1 when there is no match; an empty `what` is met at every offset,
@@ -40,26 +45,29 @@ public:
     /// code units already.
     explicit String(std::wstring&& units);
 
+    /// Stands for a text that somebody holds in pieces.
+    explicit String(std::shared_ptr<const StoredText> text);
+
     static String toUnicode(const char* text) { return String(text); }
 
-    int length() const noexcept { return static_cast<int>(view().size()); }
-    bool empty() const noexcept { return view().empty(); }
+    int length() const noexcept { return units_ ? units_->length() : 0; }
+    bool empty() const noexcept { return length() == 0; }
 
     /// Element access; the caller has checked the bounds.
-    wchar_t operator[](int offset) const { return (*units_)[static_cast<std::size_t>(offset)]; }
-    wchar_t charAt(Size offset) const { return (*units_)[offset]; }
+    wchar_t operator[](int offset) const { return units_->unitAt(offset); }
+    wchar_t charAt(Size offset) const { return units_->unitAt(static_cast<int>(offset)); }
     /// A place to write through. It stays valid until the next change of this String; meanwhile
     /// copies of this String do not share its storage.
     wchar_t& operator[](int offset);
 
     /// The units, zero-terminated; valid until the next change.
-    const wchar_t* c_str() const noexcept { return units_ ? units_->c_str() : L""; }
-    operator const wchar_t*() const noexcept { return c_str(); }
+    const wchar_t* c_str() const { return units_ ? units_->inOnePiece().c_str() : L""; }
+    operator const wchar_t*() const { return c_str(); }
     /// The units without a copy; valid until the next change.
-    std::wstring_view view() const noexcept {
-        return units_ ? std::wstring_view(*units_) : std::wstring_view();
+    std::wstring_view view() const {
+        return units_ ? std::wstring_view(units_->inOnePiece()) : std::wstring_view();
     }
-    operator std::wstring_view() const noexcept { return view(); }
+    operator std::wstring_view() const { return view(); }
 
     String(const String& other);
     String(String&& other) noexcept;
@@ -84,16 +92,16 @@ public:
     /// past the end.
     int find(wchar_t ch, Size start) const noexcept;
     int find(const wchar_t* what, Size start) const;
-    int find(const String& what, Size start) const noexcept;
+    int find(const String& what, Size start) const;
 
     /// The last match that begins at or before `start`; -1 if none, or if `start` is negative. A
     /// start past the end, or none, searches from the end.
     int rFind(wchar_t ch) const noexcept;
     int rFind(wchar_t ch, Size start) const noexcept;
     int rFind(const wchar_t* what, Size start) const;
-    int rFind(const String& what, Size start) const noexcept;
+    int rFind(const String& what, Size start) const;
 
-    bool startsWith(const String& prefix) const noexcept;
+    bool startsWith(const String& prefix) const;
     bool endsIn(const wchar_t* suffix) const;
 
     /// Zero for equal, negative or positive for before or after, code unit by code unit.
@@ -141,11 +149,11 @@ public:
     /// then. It holds for all documents, and no other thread may be at work meanwhile.
     static void setResourceText(int id, const String& text);
 
-    friend bool operator==(const String& a, const String& b) noexcept {
-        return a.view() == b.view();
+    friend bool operator==(const String& a, const String& b) {
+        return a.units_ == b.units_ || (a.length() == b.length() && a.view() == b.view());
     }
     friend bool operator==(const String& a, const wchar_t* b) { return a.compare(b) == 0; }
-    friend std::strong_ordering operator<=>(const String& a, const String& b) noexcept {
+    friend std::strong_ordering operator<=>(const String& a, const String& b) {
         return a.view() <=> b.view();
     }
 
@@ -157,10 +165,44 @@ public:
     friend String operator+(wchar_t a, const String& b) = delete;
 
 private:
+    /// What copies share.
+    class FORME_API Units {
+    public:
+        explicit Units(std::wstring units) : units_(std::move(units)) {}
+        explicit Units(std::shared_ptr<const StoredText> text) : stored_(std::move(text)) {}
+
+        int length() const noexcept {
+            return stored_ ? stored_->length() : static_cast<int>(units_.size());
+        }
+        wchar_t unitAt(int offset) const {
+            return stored_ ? stored_->unitAt(offset) : units_[static_cast<std::size_t>(offset)];
+        }
+        /// Null for a text that is one piece from the beginning.
+        const StoredText* stored() const noexcept { return stored_.get(); }
+        const std::wstring& inOnePiece() const {
+            if (stored_)
+                join();
+            return units_;
+        }
+        /// To be changed, of a text that is one piece from the beginning.
+        std::wstring& own() { return units_; }
+
+    private:
+        void join() const;
+
+        mutable std::wstring units_;
+        mutable std::once_flag isJoined_;
+        std::shared_ptr<const StoredText> stored_;
+    };
+
+    const StoredText* stored() const noexcept { return units_ ? units_->stored() : nullptr; }
+    bool isOwn() const noexcept { return units_ && units_.use_count() == 1 && !stored(); }
+    int findText(std::wstring_view what, Size start) const;
+    int rFindText(std::wstring_view what, Size start) const;
     void splice(std::size_t start, std::size_t count, std::wstring_view with);
     void makeUnique();
 
-    std::shared_ptr<std::wstring> units_; // null while nothing was ever put in
+    std::shared_ptr<Units> units_; // null while nothing was ever put in
     bool lent_ = false; // a reference from operator[] is about, so the storage must not be shared
 };
 

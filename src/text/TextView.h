@@ -32,7 +32,7 @@ public:
     /// Text up to a NUL; by a template, that a literal is not taken for one.
     template <std::same_as<const wchar_t*> Pointer>
     constexpr TextView(Pointer text) noexcept : TextView(std::wstring_view(text)) {}
-    TextView(const Core::String& text) noexcept : TextView(text.view()) {}
+    TextView(const Core::String& text) : TextView(text.view()) {}
     TextView(const std::wstring& text) noexcept : TextView(std::wstring_view(text)) {}
     explicit TextView(const TextStore& store) noexcept;
 

@@ -4,6 +4,7 @@
 #include "text/Markup.h"
 #include "text/NameList.h"
 #include "text/RootChildren.h"
+#include "text/store/StoredContent.h"
 
 #include <algorithm>
 #include <array>
@@ -155,6 +156,12 @@ void XmlText::goBackTo(const TextMark& mark) noexcept {
     log_->goTo(mark.version());
     forgetFrom(first);
     isKnownRegular_ = mark.isRegular();
+}
+
+/// A short text is rather copied than kept in pieces.
+String XmlText::content() const {
+    constexpr int isShort = 1024;
+    return length() < isShort ? String(all()) : String(std::make_shared<StoredContent>(text_));
 }
 
 int XmlText::endOfStretch(int start) const {

@@ -49,8 +49,8 @@ public:
     View view(int start, int end) const { return XmlScan::slice(all(), start, end); }
     /// A copy of the same.
     Core::String slice(int start, int end) const { return Core::String(view(start, end)); }
-    /// A copy of the whole text.
-    Core::String content() const { return Core::String(all()); }
+    /// The whole text, which costs nothing: it stands for the store as it is now.
+    Core::String content() const;
     /// Calls `visit` with one stretch after another of all the text. None ends within a pair of
     /// surrogates.
     template <typename Visit>

@@ -72,6 +72,22 @@ TEST(Undo, AStepTrimmedAtTheLimitIsDroppedAndWholeOnesAreUndone) {
     EXPECT_EQ(buffer.content(), whole);
 }
 
+TEST(Undo, TakesBackARunOfTypingHoweverLong) {
+    MarkedDocument buffer(L"<B>x|</B>");
+    insertAsCommand(buffer, L"y");
+    const std::wstring before = buffer.marked();
+    for (int i = 0; i < 12000; ++i)
+        buffer->insertText(i % 7 == 6 ? L" " : L"a", false, false);
+    const std::wstring typed = buffer.marked();
+    buffer->undo();
+    EXPECT_EQ(buffer.marked(), before);
+    buffer->redo();
+    EXPECT_EQ(buffer.marked(), typed);
+    buffer->undo();
+    buffer->undo();
+    EXPECT_EQ(buffer.marked(), L"<B>x|</B>") << "the run took nothing of the limit from others";
+}
+
 TEST(Undo, TakesBackWhatIsTypedOverMoreThanTheHistoryHolds) {
     std::wstring blocks = L"<B>^a</B>";
     for (int i = 0; i < 12000; ++i)

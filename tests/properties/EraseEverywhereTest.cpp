@@ -68,3 +68,15 @@ INSTANTIATE_TEST_SUITE_P(Documents, EraseEverywhere, testing::ValuesIn(corpusAnd
                          nameOfDocument);
 
 } // namespace
+
+// Nothing closes the inline by its name, so that it cannot go whole.
+TEST(Erase, EndsInATextWhoseTagsDoNotMatch) {
+    for (const bool forward : {true, false}) {
+        const MarkedDocument document(forward ? L"<B>a|<I>  </fo:wrapper>bc</B>"
+                                              : L"<B>a<I>  </fo:wrapper>|bc</B>");
+        const std::wstring before = document.content();
+        document->erase(forward, false);
+        document->undo();
+        EXPECT_EQ(document.content(), before);
+    }
+}

@@ -260,13 +260,17 @@ std::wstring lettersOf(const XmlText& text) {
     return letters;
 }
 
-/// Neither formatting nor a break changes what is written.
+/// Neither formatting nor a break of a line or a paragraph changes what is written. One of a list
+/// numbers its items anew.
 bool keepsLetters(const std::string& command, const EditorState& before) {
     static const std::set<std::string> formatting{"setProperties", "removeProperties",
                                                   "setProperty", "setParentProperty",
                                                   "applyStyleOnElement"};
-    const std::string name = Json::parse(command)[0];
-    return formatting.contains(name) || (name == "insertBreak" && before.caret == before.pivot);
+    const Json request = Json::parse(command);
+    const std::string name = request[0];
+    return formatting.contains(name) ||
+           (name == "insertBreak" && before.caret == before.pivot &&
+            (request[1] == BreakType::Soft || request[1] == BreakType::Hard));
 }
 
 bool isReplay(const std::string& command) {

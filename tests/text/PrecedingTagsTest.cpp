@@ -66,11 +66,14 @@ namespace {
 
 void expectAsInANewText(const XmlText& text, int at) {
     const auto all = text.view(0, text.length());
+    const bool isRegular = TextStore(std::wstring(all)).isRegular();
     ASSERT_EQ(text.previousTag(at), XmlScan::previousTag(all, at)) << wide(text.content());
     ASSERT_EQ(text.previous(at), XmlScan::stepBackward(all, at, L""));
     ASSERT_EQ(text.unitStart(at), XmlScan::unitStart(all, at));
     for (const int place : {at, text.previousTag(at), text.unitStart(at)}) {
-        ASSERT_EQ(text.elementAround(place), XmlScan::currentElement(all, place)) << place;
+        if (!isRegular) { // else the store knows, which has a test of its own
+            ASSERT_EQ(text.elementAround(place), XmlScan::currentElement(all, place)) << place;
+        }
         ASSERT_EQ(text.closingTag(place), XmlScan::closingTag(all, place)) << place;
         ASSERT_EQ(text.selfClosingAt(place), XmlScan::selfClosingAt(all, place)) << place;
     }
@@ -87,7 +90,7 @@ void edit(XmlText& text, Random& random, int at, bool keepsTags) {
             .split(L'¦');
     const int place = text.unitStart(at), end = text.closingTag(place);
     if (end > place && place > 0 && random.oneIn(3))
-        text.erase(place, text.next(end));
+        text.erase(place, text.lastOffsetOf(place) + 1);
     else if (keepsTags && text.unitAt(place) == L'x' && random.oneIn(2))
         text.erase(place, place + 1);
     else if (!keepsTags && random.oneIn(2))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/XmlScan.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -73,4 +75,32 @@ inline int elementAround(const std::vector<ReferenceMarkup>& markup, int positio
             position < markup[tag.partner].last)
             element = tag.start;
     return element;
+}
+
+/// Whether the position lies in a comment, CDATA section, instruction or document type.
+inline bool isInSection(std::wstring_view text, int position) {
+    const int start = XmlScan::unitStart(text, position);
+    return start < position &&
+           (XmlScan::standsAt(text, L"<!", start) || XmlScan::standsAt(text, L"<?", start));
+}
+
+/// The innermost start tag that ends at or before the position and is not closed there, as tags are
+/// counted and not their names; read from the beginning of the text.
+inline int openElementAt(std::wstring_view text, int position) {
+    std::vector<int> tags;
+    for (int at = XmlScan::find(text, L'<', 0), end = 0; at >= 0;
+         at = XmlScan::find(text, L'<', end)) {
+        end = XmlScan::unitEnd(text, at);
+        if (end < 0 || end > position + 1)
+            break;
+        if (XmlScan::closingAt(text, at) || XmlScan::openingAt(text, at))
+            tags.push_back(at);
+    }
+    int closed = 0;
+    for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag)
+        if (XmlScan::closingAt(text, *tag))
+            ++closed;
+        else if (closed-- == 0)
+            return *tag;
+    return -1;
 }

@@ -33,38 +33,49 @@ Measure TextChunk::measure() const {
 }
 
 TextChunk TextChunk::replaced(int at, int count, std::wstring_view with) const {
-    TextUnits units;
-    units.reserve(size() - count + static_cast<int>(with.size()), units_.isWide());
-    units.append(units_, 0, at);
-    units.append(with);
-    units.append(units_, at + count, size());
-    if (!keepsMarkup(at, count, with))
-        return {std::move(units), entry_};
+    if (keepsMarkup(at, count, with))
+        return withPlainText(at, count, with);
+    TextChunk chunk = part(0, at);
+    chunk.append(TextChunk(with, chunk.exit_));
+    chunk.append(part(at + count, size()));
+    return chunk;
+}
+
+TextChunk TextChunk::withPlainText(int at, int count, std::wstring_view with) const {
     TextChunk chunk;
-    chunk.units_ = std::move(units);
+    chunk.units_.reserve(size() - count + static_cast<int>(with.size()), units_.isWide());
+    chunk.units_.append(units_, 0, at);
+    chunk.units_.append(with);
+    chunk.units_.append(units_, at + count, size());
     chunk.marks_ = marks_;
     chunk.faults_ = faults_;
     chunk.entry_ = entry_;
     chunk.exit_ = exit_;
-    const int shift = static_cast<int>(with.size()) - count;
-    for (std::size_t mark = marksBefore(at); mark < marks_.size(); ++mark)
-        chunk.marks_[mark].at = static_cast<std::uint16_t>(marks_[mark].at + shift);
+    chunk.shiftMarks(marksBefore(at), static_cast<int>(with.size()) - count);
     return chunk;
+}
+
+void TextChunk::shiftMarks(std::size_t first, int distance) {
+    for (; first < marks_.size(); ++first)
+        marks_[first].at = static_cast<std::uint16_t>(marks_[first].at + distance);
 }
 
 /// Whether nothing differs but plain text between plain text, so that all else is read as before.
 bool TextChunk::keepsMarkup(int at, int count, std::wstring_view with) const {
+    const bool endsPlain = at + count < size() || exit_.isPlainText();
+    return endsPlain && isPlainText(at) && isPlainIn(at, at + count) &&
+           std::all_of(with.begin(), with.end(), MarkupReader::isPlain);
+}
+
+/// Whether a place is in text behind a plain unit or the end of markup, so that no delimiter is
+/// half read.
+bool TextChunk::isPlainText(int at) const {
+    if (at == 0)
+        return entry_.isPlainText();
     const std::size_t before = marksBefore(at);
     const bool isInText = before > 0 ? !marks_[before - 1].isStart() : entry_.isText();
-    if (!isInText || !entry_.isBehindProlog ||
-        !std::all_of(with.begin(), with.end(), MarkupReader::isPlain))
-        return false;
-    // Behind a plain unit, or the end of markup, no delimiter is half read.
-    const bool isBehindPlain = at > 0
-                                   ? MarkupReader::isPlain(units_[at - 1]) || units_[at - 1] == L'>'
-                                   : entry_.isPlainText();
-    const bool endsPlain = at + count < size() || exit_.isPlainText();
-    return isBehindPlain && endsPlain && isPlainIn(at, at + count);
+    return isInText && entry_.isBehindProlog &&
+           (MarkupReader::isPlain(units_[at - 1]) || units_[at - 1] == L'>');
 }
 
 bool TextChunk::isPlainIn(int at, int end) const {
@@ -73,18 +84,46 @@ bool TextChunk::isPlainIn(int at, int end) const {
     return at == end;
 }
 
-TextChunk TextChunk::part(int start, int end) const {
+/// How the unit at an offset is read; known without reading those before it nearly everywhere.
+LexicalState TextChunk::stateAt(int at) const {
+    if (at == 0 || at == size())
+        return at == 0 ? entry_ : exit_;
+    if (isPlainText(at))
+        return {.isBehindProlog = true};
     TextUnits before;
-    before.append(units_, 0, start);
-    TextUnits units;
-    units.append(units_, start, end);
-    return {std::move(units), TextChunk(std::move(before), entry_).exit_};
+    before.append(units_, 0, at);
+    return TextChunk(std::move(before), entry_).exit_;
 }
 
-TextChunk TextChunk::joined(const TextChunk& first, const TextChunk& second) {
-    TextUnits units = first.units_;
-    units.append(second.units_, 0, second.size());
-    return {std::move(units), first.entry_};
+TextChunk TextChunk::part(int start, int end) const {
+    TextUnits units;
+    units.append(units_, start, end);
+    if (faults_ > 0)
+        return {std::move(units), stateAt(start)};
+    TextChunk part;
+    part.units_ = std::move(units);
+    part.entry_ = stateAt(start);
+    part.exit_ = stateAt(end);
+    const auto mark = [this](int at) {
+        return marks_.begin() + static_cast<std::ptrdiff_t>(marksBefore(at));
+    };
+    part.marks_.assign(mark(start), mark(end));
+    part.shiftMarks(0, -start);
+    return part;
+}
+
+void TextChunk::append(const TextChunk& next) {
+    if (next.entry_ != exit_) {
+        append(next.readFrom(exit_));
+        return;
+    }
+    const int size = this->size();
+    const std::size_t marks = marks_.size();
+    units_.append(next.units_, 0, next.size());
+    marks_.insert(marks_.end(), next.marks_.begin(), next.marks_.end());
+    shiftMarks(marks, size);
+    faults_ += next.faults_;
+    exit_ = next.exit_;
 }
 
 TextChunk TextChunk::readFrom(const LexicalState& entry) const {

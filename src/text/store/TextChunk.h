@@ -34,14 +34,19 @@ public:
     TextChunk replaced(int at, int count, std::wstring_view with) const;
     /// The part from `start` up to but excluding `end`.
     TextChunk part(int start, int end) const;
-    /// Both as one, which may be larger than a chunk of a text is.
-    static TextChunk joined(const TextChunk& first, const TextChunk& second);
+    /// Adds units, which may make it larger than a chunk of a text is. They are read anew unless
+    /// they begin as this chunk ends.
+    void append(const TextChunk& next);
     /// The same units read from another state on.
     TextChunk readFrom(const LexicalState& entry) const;
 
 private:
     TextChunk(TextUnits units, const LexicalState& entry);
 
+    TextChunk withPlainText(int at, int count, std::wstring_view with) const;
+    void shiftMarks(std::size_t first, int distance);
+    LexicalState stateAt(int at) const;
+    bool isPlainText(int at) const;
     bool isPlainIn(int at, int end) const;
     bool keepsMarkup(int at, int count, std::wstring_view with) const;
 

@@ -85,9 +85,10 @@ Parts joinLeaves(Part first, Part second) {
     const int size = before.size() + behind.size();
     if (size > TextChunk::most && std::min(before.size(), behind.size()) >= TextChunk::least)
         return {std::move(first), std::move(second)};
-    const TextChunk joined = TextChunk::joined(before, behind);
+    TextChunk joined = before;
+    joined.append(behind);
     if (size <= TextChunk::most)
-        return {leafOf(joined)};
+        return {leafOf(std::move(joined))};
     return {leafOf(joined.part(0, size / 2)), leafOf(joined.part(size / 2, size))};
 }
 
