@@ -16,7 +16,7 @@ class TextStore final : public TextWindow {
 public:
     TextStore() = default;
     explicit TextStore(std::wstring_view text) : tree_(text) {}
-    TextStore(const TextStore& other) : TextWindow(), tree_(other.tree_) {}
+    TextStore(const TextStore& other) : TextStore(other.tree_) {}
     TextStore(TextStore&& other) noexcept : tree_(std::move(other.tree_)) { other.forget(); }
     TextStore& operator=(const TextStore& other);
     TextStore& operator=(TextStore&& other) noexcept;
@@ -50,6 +50,7 @@ public:
     std::string_view fault() const { return tree_.fault(); }
 
 private:
+    explicit TextStore(const TextTree& tree) : tree_(tree) {}
     void moveTo(int position) const noexcept override;
     /// The chunk that was read last, which is in the window.
     const TextChunk& chunkAt(int position) const;
