@@ -28,8 +28,9 @@ check_each() {
 rows='-*,bugprone-use-after-move,bugprone-dangling-handle,bugprone-unused-raii'
 rows+=',performance-for-range-copy,misc-unused-parameters'
 check_code() {
-    find src host -name '*.cpp' ! -path 'host/cli/calls/*' | check_each &&
-        find host/cli/calls -name '*.cpp' | check_each "--checks=$rows"
+    find src host -name '*.cpp' ! -path 'host/cli/calls/*' | check_each || return
+    # CI has no minute to spare for them.
+    [ -n "${CI:-}" ] || find host/cli/calls -name '*.cpp' | check_each "--checks=$rows"
 }
 
 # Both are run whatever the other says.

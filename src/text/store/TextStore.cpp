@@ -4,9 +4,7 @@
 #include <utility>
 
 TextStore& TextStore::operator=(const TextStore& other) {
-    tree_ = other.tree_;
-    forget();
-    return *this;
+    return *this = TextStore(other);
 }
 
 TextStore& TextStore::operator=(TextStore&& other) noexcept {
