@@ -115,15 +115,9 @@ void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivo
         placeCaretAfterEdit(caret, pivot);
 }
 
-void Document::typeUnrecorded(const String& xml) {
-    text_.insert(caret_, xml);
-    caret_ += xml.length();
-    pivot_ = caret_;
-}
-
-void Document::takeUnrecorded(int position) {
-    text_.erase(position, position + 1);
-    caret_ = pivot_ = position;
+void Document::typeUnrecorded(int start, int count, const String& xml) {
+    text_.replace(start, count, xml.view());
+    caret_ = pivot_ = start + xml.length();
 }
 
 void Document::goBackTo(const TextMark& text, int caret, int pivot) noexcept {

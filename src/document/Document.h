@@ -76,11 +76,9 @@ public:
     /// Puts `xml` in the place of `start` up to but excluding `end`, after which caret and pivot
     /// stand where the caller has worked out.
     void rewriteUnrecorded(int start, int end, const Core::String& xml, int pivot, int caret);
-    /// Inserts at the caret, which goes behind that. Nothing may be selected; whoever types tells
-    /// the monitor.
-    void typeUnrecorded(const Core::String& xml);
-    /// Removes the unit at the position, to which the caret goes, likewise.
-    void takeUnrecorded(int position);
+    /// Puts `xml` in the place of so many units from `start` on, and the caret behind it. Nothing
+    /// may be selected; whoever types tells the monitor.
+    void typeUnrecorded(int start, int count, const Core::String& xml);
     /// Takes another text, in which the caret goes to its first place.
     void replaceText(const Core::String& content);
     /// Goes back to a version of the text, with caret and pivot as they were. It needs no memory.
@@ -94,14 +92,20 @@ public:
     /// The group that a run of typing keeps open, so that it is one undo step.
     std::optional<unsigned> typingGroup;
     void endTyping();
-    /// Where the last key left the caret and the text, and what is known of the place, so that the
-    /// next may go on without a question.
+    /// What is known of a place of the caret in a version of the text, so that the next key may go
+    /// on without a question; see PlainPlace.
     struct KnownPlace {
         int caret = -1;
         unsigned version = 0;
-        bool isErasable = false; ///< in a flow or static content and in no list
+        bool isText = false;      ///< the caret can stand there and edit
+        bool isInRegion = false;  ///< in a flow or static content
+        bool isErasable = false;  ///< and in no list
+        bool showsBlanks = false; ///< white space is treated there as where nothing is said of it
     };
-    KnownPlace knownPlace;
+    mutable KnownPlace knownPlace;
+    /// Whether a key that needs no rules may go without them. Who turns this off sees no difference
+    /// but in time.
+    bool takesShortcuts = true;
 
     /// Records of what was done. An insertion or a deletion is recorded by Edit, which does it.
     void recordCaret() { recordCaret(caret_, pivot_); }

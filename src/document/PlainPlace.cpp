@@ -3,26 +3,80 @@
 #include "document/caret/Stops.h"
 #include "text/Vocabulary.h"
 
+#include <algorithm>
+
 namespace {
 
-bool isErasable(const Document& document, int position) {
-    const XmlText& text = document.text();
-    return (text.isInFlow(position) || text.staticContentAround(position) >= 0) &&
-           !text.isWithin(position, L"fo:list-block") &&
+constexpr int entityLength = static_cast<int>(XmlScan::nbspEntity.size());
+
+bool isErasable(const XmlText& text, int position) {
+    return !text.isWithin(position, L"fo:list-block") &&
            !XmlScan::contains(Vocabulary::inlineHolders,
                               text.tagName(text.elementAround(position)));
 }
 
+bool isInRegion(const XmlText& text, int position) {
+    return text.isInFlow(position) || text.staticContentAround(position) >= 0;
+}
+
+/// Whether no element says how white space is treated, so that a blank between letters shows.
+bool showsBlanks(const XmlText& text, int position) {
+    const SpaceProperties::Values values = text.spacePropertiesAround(position);
+    return std::none_of(values.begin(), values.end(),
+                        [](const auto& value) { return value.has_value(); });
+}
+
+Document::KnownPlace look(const Document& document) {
+    const XmlText& text = document.text();
+    const int caret = document.caret();
+    Document::KnownPlace place{.caret = caret, .version = text.version()};
+    place.isText = text.isValid(caret) && document.isInEditable(caret) &&
+                   text.unitStart(caret) == caret && Stops::canHoldCaret(document, caret);
+    if (place.isText) {
+        place.isInRegion = isInRegion(text, caret);
+        place.isErasable = place.isInRegion && isErasable(text, caret);
+        place.showsBlanks = showsBlanks(text, caret);
+    }
+    return place;
+}
+
 } // namespace
 
-void PlainPlace::note(Document& document) {
-    const int caret = document.caret();
-    document.knownPlace = {};
-    const bool isBesideText =
-        isPlainAt(document.text(), caret - 1) || isPlainAt(document.text(), caret);
-    if (!isBesideText || !document.isInEditable(caret) ||
-        document.text().unitStart(caret) != caret || !Stops::canHoldCaret(document, caret))
-        return;
-    document.knownPlace.isErasable = isErasable(document, caret);
-    follow(document);
+bool PlainPlace::showsAt(const XmlText& text, int position) {
+    if (!text.isValid(position))
+        return false;
+    switch (const wchar_t unit = text.unitAt(position)) {
+    case L'&':
+        return !text.standsAt(XmlScan::nbspEntity, position);
+    case L';':
+    case L'"':
+    case L'\'':
+        return true;
+    default:
+        return isPlain(unit);
+    }
+}
+
+bool PlainPlace::showsBefore(const XmlText& text, int position) {
+    if (!text.isValid(position - 1))
+        return false;
+    switch (const wchar_t unit = text.unitAt(position - 1)) {
+    case L';':
+        return !text.standsAt(XmlScan::nbspEntity, position - entityLength);
+    case L'"':
+    case L'\'':
+        return true;
+    default:
+        return isPlain(unit);
+    }
+}
+
+const Document::KnownPlace* PlainPlace::ofCaret(const Document& document) {
+    if (!document.takesShortcuts || document.hasSelection() || document.modes.pageMasters ||
+        document.modes.dummyPage)
+        return nullptr;
+    Document::KnownPlace& place = document.knownPlace;
+    if (place.caret != document.caret() || place.version != document.text().version())
+        place = look(document);
+    return place.isText ? &place : nullptr;
 }

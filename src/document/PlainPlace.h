@@ -2,7 +2,8 @@
 
 #include "document/Document.h"
 
-/// Where nearly all keys go: into text that means nothing but itself, where the key before was.
+/// Where nearly all keys go: into text that means nothing but itself, in an element that can be
+/// edited.
 namespace PlainPlace {
 
 /// Whether it is text that no rule of an editing key asks about: it is no white space and no
@@ -28,22 +29,21 @@ inline bool isPlainAt(const XmlText& text, int position) {
     return text.isValid(position) && isPlain(text.unitAt(position));
 }
 
-/// Whether the caret is where a key left it, in the text that it left, with nothing selected and in
-/// no mode in which the caret is kept out of places.
-inline bool isKnown(const Document& document) {
-    return document.knownPlace.caret == document.caret() && !document.hasSelection() &&
-           document.knownPlace.version == document.text().version() &&
-           !document.modes.pageMasters && !document.modes.dummyPage;
-}
+/// Whether text that shows begins at a position or ends before it: plain text, a quote, or an
+/// entity but that of the non-breaking space.
+bool showsAt(const XmlText& text, int position);
+bool showsBefore(const XmlText& text, int position);
 
-/// The caret has gone to another place in the same stretch of text.
-inline void follow(Document& document) {
+/// What is known of the place of the caret, if it stands between units in an editable element where
+/// it can be, nothing is selected and it is kept out of no place; otherwise null. Nothing is looked
+/// up twice while keys follow each other.
+const Document::KnownPlace* ofCaret(const Document& document);
+
+/// The caret has gone to another place in the same stretch of text, or has stayed while that text
+/// has changed.
+inline void follow(const Document& document) {
     document.knownPlace.caret = document.caret();
     document.knownPlace.version = document.text().version();
 }
-
-/// Takes note of the place where a key has left the caret, if it is text in an editable element
-/// where the caret can stand: what the next key would have to ask.
-void note(Document& document);
 
 } // namespace PlainPlace

@@ -21,6 +21,15 @@ constexpr std::size_t longestName = 64;
 
 const Ancestors::Level* Ancestors::levelOf(Text text, int element,
                                            const std::function<int(int)>& around) {
+    if (!last_ || last_->element != element) {
+        last_ = nullptr;
+        last_ = findLevel(text, element, around);
+    }
+    return last_;
+}
+
+const Ancestors::Level* Ancestors::findLevel(Text text, int element,
+                                             const std::function<int(int)>& around) {
     if (const Level* const known = find(element))
         return known;
     const bool isFull = levels_.size() >= limit_;
@@ -53,9 +62,10 @@ const Ancestors::Level* Ancestors::add(Text text, int element, const Level* pare
     const Text name = XmlScan::tagName(text, element);
     const int nameEnd = element + static_cast<int>(name.size()) + 1;
     Level level{element, std::max(XmlScan::tagEnd(text, element), nameEnd),
-                0,       marksOfTag(text, element, name),
-                0,       parent,
-                parent};
+                0,       newMarkOf(name),
+                0,       0,
+                parent,  parent};
+    level.own = level.name | marksOfTag(text, element, name);
     if (name.empty())
         level.end = std::numeric_limits<int>::max();
     level.passed = level.own;
@@ -71,7 +81,7 @@ const Ancestors::Level* Ancestors::add(Text text, int element, const Level* pare
 }
 
 Ancestors::Marks Ancestors::marksOfTag(Text text, int element, Text name) {
-    Marks marks = newMarkOf(name);
+    Marks marks = 0;
     const SpaceProperties::Values values = SpaceProperties::setBy(text, element, name);
     for (std::size_t property = 0; property < values.size(); ++property)
         if (values[property])
@@ -97,6 +107,10 @@ Ancestors::Marks Ancestors::markOf(Text name) const {
     if (known != names_.end())
         return Marks{1} << (firstName + static_cast<std::size_t>(known - names_.begin()));
     return names_.size() == mostNames || name.size() > longestName ? otherNames : 0;
+}
+
+bool Ancestors::isOfOneName(Marks mark) {
+    return mark != 0 && mark != otherNames;
 }
 
 const Ancestors::Level* Ancestors::nearest(const Level* level, Marks marks) {
@@ -137,6 +151,8 @@ bool Ancestors::isAround(int element, const Level* level) {
 
 /// What changes in a tag leaves its place, but not what it says.
 void Ancestors::forgetBehind(int position) noexcept {
+    if (last_ && last_->end >= position)
+        last_ = nullptr;
     levels_.erase(levels_.upper_bound(position), levels_.end());
     while (!levels_.empty() && std::prev(levels_.end())->second.end >= position)
         levels_.erase(std::prev(levels_.end()));

@@ -22,6 +22,7 @@ public:
         int element;
         int end;             ///< the last position that what is known of it depends on
         int depth;           ///< 0 for one that nothing is around
+        Marks name;          ///< of its name alone
         Marks own;           ///< of its start tag
         Marks passed;        ///< of all levels from this one up to `jump`, that excluded
         const Level* parent; ///< null for none
@@ -35,6 +36,8 @@ public:
     /// The mark of a name, or of what declares a prefix, "xmlns:fo" in lower case; none where no
     /// level has it. Names that are many share one, so that whoever looks for one has to compare.
     Marks markOf(XmlScan::Text name) const;
+    /// Whether all that have the mark have the same name.
+    static bool isOfOneName(Marks mark);
     /// The mark of a property of white space.
     static Marks markOf(std::size_t property) { return Marks{1} << property; }
 
@@ -50,6 +53,7 @@ public:
     void forgetBehind(int position) noexcept;
 
 private:
+    const Level* findLevel(XmlScan::Text text, int element, const std::function<int(int)>& around);
     const Level* find(int element) const;
     const Level* add(XmlScan::Text text, int element, const Level* parent);
     Marks marksOfTag(XmlScan::Text text, int element, XmlScan::Text name);
@@ -58,6 +62,7 @@ private:
     static constexpr std::size_t leastLimit = 1024;
 
     std::map<int, Level> levels_; // by element
+    const Level* last_ = nullptr; // that was asked for
     std::size_t limit_ = leastLimit;
     std::vector<std::wstring> names_; // that have a mark of their own
 };

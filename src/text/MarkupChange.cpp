@@ -18,32 +18,6 @@ int length(Text text) {
     return static_cast<int>(text.size());
 }
 
-/// The offset behind the unit at a valid position; the length of the text where it is not complete.
-int behindUnit(Text text, int position) {
-    const int end = XmlScan::unitEnd(text, position);
-    return end < 0 ? length(text) : end;
-}
-
-int rootStart(Text text) {
-    int at = XmlScan::find(text, L'<', 0);
-    while (at >= 0 && (XmlScan::ignoredAt(text, at) || XmlScan::standsAt(text, L"<!", at)))
-        at = XmlScan::find(text, L'<', behindUnit(text, at));
-    return at;
-}
-
-/// How many units there are from the closing tag of the root at `root` on; -1 where anything but
-/// white space follows it, which is rare enough not to be looked through.
-int countFromRootEnd(Text text, int root) {
-    const int closing = XmlScan::rFind(text, L"</", length(text) - 1);
-    const Text name = XmlScan::tagName(text, root);
-    if (closing < 0 || !XmlScan::standsAt(text, name, closing + 2))
-        return -1;
-    const int end = XmlScan::skipSpaces(text, closing + 2 + length(name));
-    const bool isTag = XmlScan::standsAt(text, L">", end);
-    return isTag && XmlScan::skipSpaces(text, end + 1) == length(text) ? length(text) - closing
-                                                                       : -1;
-}
-
 /// Whether a document with this prolog may use the entities and names that a matcher has met.
 bool knowsNames(Text prolog, const MarkupMatcher& met) {
     if (met.entitiesInText().empty() && met.entitiesInValues().empty() &&
@@ -65,7 +39,7 @@ bool knowsNames(Text prolog, const MarkupMatcher& met) {
 
 /// Whether a whole text is well formed: its root, and what stands around that.
 bool isWhole(Text text) {
-    const int root = rootStart(text);
+    const int root = RootEdges::of(text).root;
     if (root < 0)
         return false;
     const Text prolog = XmlScan::slice(text, 0, root);
@@ -94,9 +68,7 @@ bool joinsPrevious(wchar_t unit) {
 } // namespace
 
 MarkupChange::MarkupChange(const XmlText& text, const TextMark& before)
-    : text_(text), mark_(before), after_(text.view(0, text.length())), root_(rootStart(after_)),
-      content_(root_ < 0 ? length(after_) : behindUnit(after_, root_)),
-      behindContent_(countFromRootEnd(after_, root_)) {
+    : text_(text), mark_(before), after_(text.view(0, text.length())), edges_(text.rootEdges()) {
     findDifference();
     isPlain_ = onlyTextDiffers();
     isAroundRoot_ = !isInRoot();
@@ -124,7 +96,7 @@ void MarkupChange::findDifference() {
 }
 
 bool MarkupChange::isInRoot() const {
-    return content_ <= start_ && 0 <= behindContent_ && behindContent_ <= behind_;
+    return edges_.content <= start_ && 0 <= edges_.behindContent && edges_.behindContent <= behind_;
 }
 
 /// Whether nothing differs but text, from one whole unit to another, so that the markup around it
@@ -165,7 +137,7 @@ Text MarkupChange::newPart() const {
 /// surrogate pair, and what could become the end of a CDATA section, which no text may hold.
 void MarkupChange::widenToWholeUnits() {
     int start = oldUnitStart();
-    while (start > content_ && joinsNext(XmlScan::unitAt(after_, start - 1)))
+    while (start > edges_.content && joinsNext(XmlScan::unitAt(after_, start - 1)))
         --start;
     startAt(start);
     int rest = std::min(behind_, 256);
@@ -188,7 +160,7 @@ bool MarkupChange::widenInto(int rest) {
     const auto pass = [&](Text text, int& end) {
         const bool mayBeCut = behind > 0 && XmlScan::unitAt(text, end) == L'&' &&
                               XmlScan::unitEnd(text, end) == end + 1;
-        end = mayBeCut ? length(text) : behindUnit(text, end);
+        end = mayBeCut ? length(text) : XmlScan::behindUnit(text, end);
     };
     int oldEnd = 0;
     int newEnd = 0;
@@ -225,8 +197,8 @@ void MarkupChange::widenToStartTags() {
     after.readContent();
     int element = start_;
     for (int count = std::max(before.unmatched(), after.unmatched()); count > 0; --count)
-        element = element < content_ ? root_ : text_.elementAround(element);
-    startAt(element < content_ ? root_ : element);
+        element = element < edges_.content ? edges_.root : text_.elementAround(element);
+    startAt(element < edges_.content ? edges_.root : element);
 }
 
 /// Whether the part is well formed, if it was, and leaves the same elements open. One that has come
@@ -240,7 +212,7 @@ bool MarkupChange::partFits() const {
         return true;
     if (!after.readContent() || after.unmatched() > 0 || after.open() != before.open())
         return false;
-    const Text prolog = XmlScan::slice(after_, 0, root_);
+    const Text prolog = XmlScan::slice(after_, 0, edges_.root);
     return knowsNames(prolog, after) || !knowsNames(prolog, before);
 }
 

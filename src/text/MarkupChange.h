@@ -16,8 +16,6 @@ public:
     /// lexically valid if it was. A change of what was neither may be anything, but for what no
     /// document can hold.
     bool keepsWellFormed() const;
-    /// Whether nothing differs but text, so that the markup around it stays what it is.
-    bool isPlain() const { return isPlain_; }
     /// Lets the text know that it is regular, where what changed tells that it still is.
     bool noteRegular() const;
 
@@ -42,13 +40,11 @@ private:
     const XmlText& text_;
     const TextMark& mark_;
     Text after_;
-    int root_;             // where the root element begins, in both texts if the change is in it
-    int content_;          // where its content begins; at the end of the text if it has none
-    int behindContent_;    // how many units there are from its closing tag on; -1 if not known
+    RootEdges edges_;      // the same in both texts if the change is between them
     int start_ = 0;        // where the texts begin to differ
     int behind_ = 0;       // how many units at their ends are the same
     std::wstring oldPart_; // what stood between
-    bool isPlain_ = false;
+    bool isPlain_ = false; // whether nothing differs but text, so that all markup stays what it is
     bool isAroundRoot_ = false;
     bool wasContent_ = true; // whether the old part was well formed before it was widened to tags
 };

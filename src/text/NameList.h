@@ -3,14 +3,12 @@
 #include "text/XmlScan.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
+#include <span>
 
 namespace XmlScan {
 
 /// Whether the list holds the name.
-template <std::size_t Count>
-constexpr bool contains(const std::array<Text, Count>& names, Text name) {
+constexpr bool contains(std::span<const Text> names, Text name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 

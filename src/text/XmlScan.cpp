@@ -218,19 +218,6 @@ int rFind(Text text, Text what, int start) noexcept {
     return start < 0 ? -1 : static_cast<int>(text.rfind(what, static_cast<unsigned>(start)));
 }
 
-bool standsAt(Text text, Text what, int position) noexcept {
-    if (position < 0 || static_cast<std::size_t>(position) > text.size())
-        return false;
-    const Text rest = text.substr(static_cast<std::size_t>(position));
-    // Nearly every question is answered by the first unit, without a call of the library's compare.
-    return what.empty() ||
-           (!rest.empty() && rest.front() == what.front() && rest.starts_with(what));
-}
-
-bool onTagStart(Text text, int position) noexcept {
-    return isValid(text, position) && unitAt(text, position) == L'<';
-}
-
 bool commentAt(Text text, int position) noexcept {
     return standsAt(text, commentStart, position);
 }
@@ -388,6 +375,11 @@ int unitEnd(Text text, int position) noexcept {
     if (unit == L'<' || unit == L'&')
         return markupEnd(text, position);
     return isInsidePair(text, position + 1) ? position + 2 : position + 1;
+}
+
+int behindUnit(Text text, int position) noexcept {
+    const int end = unitEnd(text, position);
+    return end < 0 ? length(text) : end;
 }
 
 int firstPositionInRoot(Text text) noexcept {

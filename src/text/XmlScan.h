@@ -54,10 +54,20 @@ int rFind(Text text, wchar_t unit, int start) noexcept;
 int rFind(Text text, Text what, int start) noexcept;
 
 /// Whether `what` stands at `position`, which may be any number.
-bool standsAt(Text text, Text what, int position) noexcept;
+inline bool standsAt(Text text, Text what, int position) noexcept {
+    if (position < 0 || static_cast<std::size_t>(position) + what.size() > text.size())
+        return false;
+    // Nearly every question is answered by the first unit.
+    std::size_t same = 0;
+    while (same < what.size() && text[static_cast<std::size_t>(position) + same] == what[same])
+        ++same;
+    return same == what.size();
+}
 
 /// Whether a valid position is on `<`, of whatever kind of markup.
-bool onTagStart(Text text, int position) noexcept;
+inline bool onTagStart(Text text, int position) noexcept {
+    return isValid(text, position) && unitAt(text, position) == L'<';
+}
 bool commentAt(Text text, int position) noexcept;
 bool cdataAt(Text text, int position) noexcept;
 bool instructionAt(Text text, int position) noexcept;
@@ -106,6 +116,8 @@ int unitStartInText(Text text, int position, UnitMemo& nameEnds) noexcept;
 /// The offset behind the unit that begins at a valid position, the length of the text included; -1
 /// where the unit is not complete. An "&" that opens no entity is a unit by itself.
 int unitEnd(Text text, int position) noexcept;
+/// The same, with the length of the text where the unit is not complete.
+int behindUnit(Text text, int position) noexcept;
 
 /// The first offset after the root element's start tag.
 int firstPositionInRoot(Text text) noexcept;

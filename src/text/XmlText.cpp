@@ -83,7 +83,20 @@ void XmlText::replace(int start, int count, std::wstring_view with) {
     text_.replace(start, count, with);
     if (version)
         log_->goTo(*version);
+    forget(start, count, with);
+}
+
+/// What a change at one place leaves as it was is kept.
+void XmlText::forget(int start, int count, std::wstring_view with) noexcept {
+    KnownStretch stretch = knownStretch_;
+    std::optional<RootEdges> edges = rootEdges_;
+    stretch.follow(start, count, with);
+    const int oldLength = length() + count - static_cast<int>(with.size());
+    if (edges && !edges->areAround(start, start + count, oldLength))
+        edges.reset();
     forgetFrom(start);
+    knownStretch_ = stretch;
+    rootEdges_ = edges;
 }
 
 void XmlText::assign(const String& content) {
@@ -101,6 +114,8 @@ unsigned XmlText::headVersion() const {
 void XmlText::forgetFrom(int position) noexcept {
     const bool isTypeChanged = precedingTags_.forgetBehind(position);
     elementMemo_.forgetBehind(isTypeChanged ? -1 : position);
+    knownStretch_.forget();
+    rootEdges_.reset();
     ancestors_.forgetBehind(isTypeChanged ? -1 : position);
     closingTags_.forgetFrom(position);
     tagEnds_.forget();
@@ -271,14 +286,23 @@ String XmlText::nextTagName(int position) const {
 
 // The element around a position
 
-/// In a comment, section, instruction or document type what looks like tags counts as tags.
 int XmlText::elementAround(int position) const {
     if (!isValid(position) || !text_.isRegular())
         return elementMemo_.around(all(), position, precedingTags_);
+    return knownStretch_.holds(position) ? knownStretch_.element() : findElementAround(position);
+}
+
+/// In a comment, section, instruction or document type what looks like tags counts as tags.
+int XmlText::findElementAround(int position) const {
     const int markup = text_.markupAround(position);
-    const bool isInTag = markup < 0 || !(standsAt(L"<!", markup) || instructionAt(markup));
-    return isInTag ? text_.elementAround(position)
-                   : elementMemo_.around(all(), position, precedingTags_);
+    if (markup >= 0 && (standsAt(L"<!", markup) || instructionAt(markup)))
+        return elementMemo_.around(all(), position, precedingTags_);
+    const int element = text_.elementAround(position);
+    if (markup < 0) {
+        const auto [start, end] = text_.stretchAround(position);
+        knownStretch_.remember(start, end, element);
+    }
+    return element;
 }
 
 std::vector<int> XmlText::elementsAround(int position) const {
@@ -332,21 +356,33 @@ int XmlText::ancestor(int position, View name) const {
 }
 
 int XmlText::ancestorWithin(int position, View name, View limit) const {
-    const int element = nearestNamed(position, std::array{name, limit});
-    return element >= 0 && tagName(element) == name ? element : -1;
+    const Level* const level = nearestLevel(position, std::array{name, limit});
+    return level && isNamed(*level, name) ? level->element : -1;
 }
 
 int XmlText::nearestNamed(int position, std::span<const View> names) const {
+    const Level* const level = nearestLevel(position, names);
+    return level ? level->element : -1;
+}
+
+const XmlText::Level* XmlText::nearestLevel(int position, std::span<const View> names) const {
     const Level* level = levelAround(position);
     Ancestors::Marks marks = 0;
     for (const View name : names)
         marks |= ancestors_.markOf(name);
     while ((level = Ancestors::nearest(level, marks))) {
-        if (std::find(names.begin(), names.end(), tagName(level->element)) != names.end())
-            return level->element;
+        const Ancestors::Marks met = level->name & marks;
+        if (Ancestors::isOfOneName(met) ||
+            (met != 0 && XmlScan::contains(names, tagName(level->element))))
+            return level;
         level = level->parent;
     }
-    return -1;
+    return nullptr;
+}
+
+bool XmlText::isNamed(const Level& level, View name) const {
+    const Ancestors::Marks mark = ancestors_.markOf(name);
+    return Ancestors::isOfOneName(mark) ? level.name == mark : tagName(level.element) == name;
 }
 
 int XmlText::declaringAround(int position, View prefix) const {
@@ -406,6 +442,12 @@ bool XmlText::elementContains(int element, int position) const {
 }
 
 // Elements in the order of the text
+
+const RootEdges& XmlText::rootEdges() const {
+    if (!rootEdges_)
+        rootEdges_ = RootEdges::of(all());
+    return *rootEdges_;
+}
 
 int XmlText::nextElement(int position) const {
     return nextElementBefore(length(), position);

@@ -5,9 +5,11 @@
 #include "text/Ancestors.h"
 #include "text/ClosingTags.h"
 #include "text/ElementMemo.h"
+#include "text/KnownStretch.h"
 #include "text/MarkupMemo.h"
 #include "text/PrecedingTags.h"
 #include "text/Prolog.h"
+#include "text/RootEdges.h"
 #include "text/SpaceProperties.h"
 #include "text/TagEnds.h"
 #include "text/TextLog.h"
@@ -17,6 +19,7 @@
 #include "text/store/TextStore.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -67,6 +70,8 @@ public:
     void insert(int position, const Core::String& xml);
     /// Removes from `start` up to but excluding `end`, both within the text; answers what went.
     Core::String erase(int start, int end);
+    /// Puts other units in the place of `count` from `start` on, all within the text.
+    void replace(int start, int count, std::wstring_view with);
     /// Takes another text in the place of all.
     void assign(const Core::String& content);
 
@@ -261,6 +266,7 @@ public:
 
     int firstPositionInRoot() const { return XmlScan::firstPositionInRoot(all()); }
     int root() const { return prolog().root; }
+    const RootEdges& rootEdges() const;
     /// Another number after each change of what stands up to the end of the root's start tag.
     unsigned headVersion() const;
     /// The next start tag behind the position, never the one at it; -1 at the root's closing tag.
@@ -338,10 +344,13 @@ private:
         return ancestors_.levelOf(all(), elementAround(position),
                                   [this](int element) { return elementAround(element); });
     }
+    const Level* nearestLevel(int position, std::span<const View> names) const;
+    bool isNamed(const Level& level, View name) const;
     bool isMarked() const { return log_ && log_.use_count() > 1; }
     int endOfStretch(int start) const;
-    void replace(int start, int count, std::wstring_view with);
     void forgetFrom(int position) noexcept;
+    void forget(int start, int count, std::wstring_view with) noexcept;
+    int findElementAround(int position) const;
     int nextElementBefore(int end, int position) const;
     int behindNeighbor(int position, bool useCurrent) const;
     Core::String pathUpTo(int position, int root) const;
@@ -350,11 +359,13 @@ private:
     Core::String rootName_;
     mutable PrecedingTags precedingTags_;
     mutable ElementMemo elementMemo_;
+    mutable KnownStretch knownStretch_; // of a regular text
     mutable Ancestors ancestors_;
     mutable ClosingTags closingTags_;
     mutable TagEnds tagEnds_;
     mutable MarkupMemo markupMemo_;
     mutable UnitMemo nameEnds_{XmlScan::endsEntityName};
+    mutable std::optional<RootEdges> rootEdges_;
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
     mutable bool isKnownRegular_ = false;
     unsigned version_ = 0;

@@ -6,6 +6,7 @@
 #include "document/Document.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/Placeholders.h"
+#include "document/PlainPlace.h"
 #include "document/caret/PageOrder.h"
 #include "document/caret/Stops.h"
 #include "document/caret/Words.h"
@@ -39,6 +40,23 @@ void moveLeftByStop(Document& document, bool extend, bool mergeBoundaries) {
     const int target = PageOrder(document).previous(document.caret(), previous);
     if (document.text().isValid(target))
         document.moveCaret(extend && target == previous, target);
+}
+
+/// Nearly every step passes a character in the midst of text, where nothing else has to be asked: a
+/// shortcut, and no other rule. False, with nothing done, where there may be more to it.
+bool passesText(Document& document, bool forward) {
+    const XmlText& text = document.text();
+    const int caret = document.caret();
+    const bool isInText =
+        forward ? PlainPlace::isPlainAt(text, caret) && PlainPlace::showsAt(text, caret + 1)
+                : PlainPlace::isPlainAt(text, caret - 1);
+    const Document::KnownPlace* const place = isInText ? PlainPlace::ofCaret(document) : nullptr;
+    if (!place || !place->isInRegion || document.isProtected())
+        return false;
+    document.endTyping();
+    document.placeCaret(false, forward ? caret + 1 : caret - 1);
+    PlainPlace::follow(document);
+    return true;
 }
 
 bool isInTextOfRegion(const Document& document, int position, int region) {
@@ -99,6 +117,8 @@ bool Moves::toStopInCell(Document& document) {
 }
 
 void Moves::right(Document& document, bool extend, bool byWord, bool mergeBoundaries) {
+    if (!extend && !byWord && passesText(document, true))
+        return;
     CommandScope scope(document);
     if (!document.text().isValid(document.caret()))
         return;
@@ -124,6 +144,8 @@ bool Moves::rightThroughTable(Document& document, int nextStop) {
 }
 
 void Moves::left(Document& document, bool extend, bool byWord, bool mergeBoundaries) {
+    if (!extend && !byWord && passesText(document, false))
+        return;
     CommandScope scope(document);
     document.endTyping();
     if (!document.text().isValid(document.caret()))

@@ -31,9 +31,11 @@ public:
     const Core::String& getString() const { return text_; }
     bool mustKeepSelection() const { return keepSelection_; }
 
-    /// Adds a unit at the end of the text, or takes the last one off.
-    void append(wchar_t unit) { text_ += unit; }
-    void dropLast() { text_.erase(static_cast<unsigned>(text_.length() - 1), 1); }
+    /// Puts other text in the place of so many units at the end.
+    void replaceEnd(int count, const Core::String& text) {
+        text_.replace(static_cast<unsigned>(text_.length() - count), static_cast<unsigned>(count),
+                      text);
+    }
 
     /// The record that undoes this one: insertion and deletion, group start and end are exchanged.
     EditAction inverse() const;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -92,23 +93,44 @@ void EditActionStack::mergeTyping(std::size_t count, bool isFirst) {
     run.appendTo(undoActions_);
 }
 
-bool EditActionStack::growTyping(int position, wchar_t unit) {
+std::optional<int> EditActionStack::growTyping(const TypedKey& key) {
     EditAction* const caret = undoActions_.ownFromBack(0);
     EditAction* const inserted = undoActions_.ownFromBack(1);
-    if (!inserted || !redoActions_.empty() || !TypingRun::mayGrow(*inserted, *caret, position))
-        return false;
-    inserted->append(unit);
-    *caret = caretRecord(position + 1);
-    const bool isMoved = trackingPos_ >= position && trackingPos_ < std::numeric_limits<int>::max();
-    trackingPos_ += isMoved ? 1 : 0;
-    return true;
+    if (!inserted || !redoActions_.empty() || !TypingRun::mayGrow(*inserted, *caret, key.caret) ||
+        inserted->getString().length() < key.removed)
+        return std::nullopt;
+    inserted->replaceEnd(key.removed, key.text);
+    *caret = caretRecord(key.end());
+    const int trackedBefore = trackingPos_;
+    track(key);
+    return trackedBefore;
 }
 
-void EditActionStack::shrinkTyping() {
-    const int position = undoActions_.back().getCaretPosition() - 1;
-    undoActions_.ownFromBack(1)->dropLast();
-    *undoActions_.ownFromBack(0) = caretRecord(position);
-    trackingPos_ -= trackingPos_ > position ? 1 : 0;
+void EditActionStack::shrinkTyping(const TypedKey& key, const Core::String& removed,
+                                   int trackedBefore) {
+    undoActions_.ownFromBack(1)->replaceEnd(key.text.length(), removed);
+    *undoActions_.ownFromBack(0) = caretRecord(key.caret);
+    trackingPos_ = trackedBefore;
+}
+
+void EditActionStack::beginTyping(const TypedKey& key) {
+    trimTyping(key);
+    const EditAction inserted(EditAction::EditInsert, key.caret, -1, -1, key.text);
+    for (const EditAction& entry :
+         {caretRecord(key.caret), inserted.inverse(), caretRecord(key.end())})
+        push(ActionList::Prepared(entry));
+    track(key);
+    redoActions_.clear();
+}
+
+/// A blank that was an entity is put back first.
+void EditActionStack::track(const TypedKey& key) noexcept {
+    const int blank = key.removed > 0 ? 1 : 0;
+    if (blank > 0) {
+        track(EditAction::EditDelete, key.start(), key.removed);
+        track(EditAction::EditInsert, key.start(), blank);
+    }
+    track(EditAction::EditInsert, key.start() + blank, key.text.length() - blank);
 }
 
 void EditActionStack::addStep(std::vector<Entry> entries, const EditAction& performed) noexcept {
@@ -121,15 +143,19 @@ void EditActionStack::addStep(std::vector<Entry> entries, const EditAction& perf
     redoActions_.clear();
 }
 
-/// Before they are merged, a key makes six records. For each but the markers of its group the
-/// oldest entry goes at the limit.
-void EditActionStack::trimTyping() noexcept {
+/// Before they are merged, a key makes six records, and nine before these if it removes something.
+/// For each but the markers of groups the oldest entry goes at the limit.
+void EditActionStack::trimTyping(const TypedKey& key) noexcept {
+    constexpr std::string_view removal = "(cd(cic))";
+    constexpr std::string_view insertion = "(cic)c";
     std::size_t made = 0;
-    for (const bool isMarker : {true, false, false, false, true, false}) {
-        if (!isMarker && !hasRoomFor(made + 1) && undoActions_.size() > 2)
-            undoActions_.dropFront();
-        ++made;
-    }
+    for (const std::string_view records : {key.removed > 0 ? removal : "", insertion})
+        for (const char record : records) {
+            const bool isMarker = record == '(' || record == ')';
+            if (!isMarker && !hasRoomFor(made + 1) && undoActions_.size() > 2)
+                undoActions_.dropFront();
+            ++made;
+        }
 }
 
 unsigned EditActionStack::openGroup() {
@@ -173,11 +199,14 @@ int EditActionStack::retrieveTrackingPos() {
 }
 
 void EditActionStack::track(const EditAction& performed) {
-    if (trackingPos_ < 0 || trackingPos_ < performed.getActionPosition())
+    track(performed.getType(), performed.getActionPosition(), performed.getString().length());
+}
+
+void EditActionStack::track(EditAction::EditActionType type, int position, int length) noexcept {
+    if (trackingPos_ < 0 || trackingPos_ < position)
         return;
-    if (performed.getType() == EditAction::EditInsert)
-        trackingPos_ += std::min(performed.getString().length(),
-                                 std::numeric_limits<int>::max() - trackingPos_);
-    else if (performed.getType() == EditAction::EditDelete)
-        trackingPos_ -= performed.getString().length();
+    if (type == EditAction::EditInsert)
+        trackingPos_ += std::min(length, std::numeric_limits<int>::max() - trackingPos_);
+    else if (type == EditAction::EditDelete)
+        trackingPos_ -= length;
 }

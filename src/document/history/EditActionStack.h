@@ -5,6 +5,7 @@
 #include "foundation/Api.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 /// Undo and redo as two lists of records. What is stored are inverses: the undo list holds what
@@ -44,14 +45,25 @@ public:
     /// record. Undo and redo bring back the same, the caret included, so that a run costs what its
     /// text does and no limit cuts it in two.
     void mergeTyping(std::size_t count, bool isFirst);
-    /// What recording and merging a key would come to that types a unit behind what the run put in
-    /// last, at a caret with nothing selected. False, with nothing done, where that is not all they
-    /// would do.
-    bool growTyping(int position, wchar_t unit);
-    /// Takes that back.
-    void shrinkTyping();
-    /// Ends it: lets the entries go that recording would have let go.
-    void trimTyping() noexcept;
+    /// A key that types at a caret with nothing selected: so many units before the caret go, and
+    /// the text comes in their place.
+    struct TypedKey {
+        int caret;
+        int removed;
+        Core::String text;
+
+        int start() const { return caret - removed; }
+        int end() const { return start() + text.length(); }
+    };
+    /// What recording and merging such a key would come to, if all that goes was put in last by the
+    /// run; nothing is done where it was not. Answers the tracked offset as it was.
+    std::optional<int> growTyping(const TypedKey& key);
+    /// Takes that back. `removed` are the units that went.
+    void shrinkTyping(const TypedKey& key, const Core::String& removed, int trackedBefore);
+    /// The same for the first key of a run whose group is open, which removes nothing.
+    void beginTyping(const TypedKey& key);
+    /// Ends a key that has grown the run: lets the entries go that recording would have let go.
+    void trimTyping(const TypedKey& key) noexcept;
     /// Whether so many entries can be recorded and the oldest stays.
     bool hasRoomFor(std::size_t count) const {
         return undoActions_.size() + count <= static_cast<std::size_t>(limit_);
@@ -95,6 +107,8 @@ private:
 
     EditAction moveBack(ActionList& from, ActionList& to);
     void track(const EditAction& performed);
+    void track(EditAction::EditActionType type, int position, int length) noexcept;
+    void track(const TypedKey& key) noexcept;
 
     void push(ActionList::Prepared undone) noexcept;
 

@@ -9,7 +9,6 @@
 #include "document/Edit.h"
 #include "document/EditableDocumentBuffer.h"
 #include "document/Placeholders.h"
-#include "document/PlainPlace.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/CaretWalk.h"
 #include "document/caret/Lines.h"
@@ -164,7 +163,6 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
         return;
     }
     document.notifyCaretChanged();
-    PlainPlace::note(document);
 }
 
 bool Deletion::isInErasablePlace(const Document& document) {

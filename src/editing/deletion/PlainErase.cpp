@@ -2,8 +2,12 @@
 
 #include "document/PlainPlace.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
+
+using PlainPlace::showsAt;
+using PlainPlace::showsBefore;
 
 namespace {
 
@@ -30,32 +34,70 @@ Step stepOf(const EditAction& deletion, int caretBefore) {
     return step;
 }
 
-} // namespace
+struct Unit {
+    int start;
+    int end;
+};
 
 /// Text must be left on one side, so that the element still shows something; on the other the
-/// element may begin or end, for the tag keeps its stop beside text.
-bool PlainErase::isPossible(const Document& document, bool forward) {
-    if (!PlainPlace::isKnown(document) || !document.knownPlace.isErasable)
-        return false;
+/// element may begin or end, for the tag keeps its stop beside text. A blank there would become a
+/// non-breaking space.
+bool leavesText(const XmlText& text, const Unit& unit) {
+    if (showsBefore(text, unit.start))
+        return showsAt(text, unit.end) || text.closingAt(unit.end);
+    return showsAt(text, unit.end) && text.standsAt(L">", unit.start - 1);
+}
+
+/// A blank must not have kept what is around it from being an entity.
+bool isBetweenWords(const XmlText& text, const Unit& blank) {
+    const int nameEnd = text.nameEndBefore(blank.start - 1);
+    return showsBefore(text, blank.start) && showsAt(text, blank.end) &&
+           (nameEnd < 0 || text.unitAt(nameEnd) != L'&');
+}
+
+/// Whether it is a character that shows, or an entity of one.
+bool shows(const XmlText& text, const Unit& unit) {
+    const wchar_t first = text.unitAt(unit.start);
+    return showsAt(text, unit.start) && first != L';' &&
+           (first == L'&') == (unit.end > unit.start + 1);
+}
+
+/// The character or entity that can be taken so.
+std::optional<Unit> unitToErase(const Document& document, bool forward) {
     const XmlText& text = document.text();
-    const int position = forward ? document.caret() : document.caret() - 1;
-    if (!PlainPlace::isPlainAt(text, position))
-        return false;
-    const bool isBeforeText = PlainPlace::isPlainAt(text, position + 1);
-    return PlainPlace::isPlainAt(text, position - 1)
-               ? isBeforeText || text.closingAt(position + 1)
-               : isBeforeText && text.standsAt(L">", position - 1);
+    const int caret = document.caret();
+    const auto isMeant = [&text](int position) {
+        return showsAt(text, position) || text.standsAt(L" ", position);
+    };
+    if (!(forward ? isMeant(caret) : isMeant(caret - 1)))
+        return std::nullopt;
+    const Unit unit = forward ? Unit{caret, text.next(caret)} : Unit{text.previous(caret), caret};
+    if (unit.start < 0 || !text.isValid(unit.end))
+        return std::nullopt;
+    const bool isBlank = text.standsAt(L" ", unit.start);
+    if (isBlank ? !isBetweenWords(text, unit) : !shows(text, unit) || !leavesText(text, unit))
+        return std::nullopt;
+    const Document::KnownPlace* const place = PlainPlace::ofCaret(document);
+    const bool isPossible =
+        place && place->isErasable && (place->showsBlanks || !isBlank) && !document.isProtected();
+    return isPossible ? std::optional(unit) : std::nullopt;
+}
+
+} // namespace
+
+bool PlainErase::isPossible(const Document& document, bool forward) {
+    return unitToErase(document, forward).has_value();
 }
 
 bool PlainErase::erase(Document& document, bool forward) {
-    if (!isPossible(document, forward))
+    const std::optional<Unit> unit = unitToErase(document, forward);
+    if (!unit)
         return false;
-    const int position = forward ? document.caret() : document.caret() - 1;
-    const EditAction deletion(EditAction::EditDelete, position, -1, -1,
-                              document.text().slice(position, position + 1));
+    const EditAction deletion(EditAction::EditDelete, unit->start, -1, -1,
+                              document.text().slice(unit->start, unit->end));
     Step step = stepOf(deletion, document.caret());
     const bool isRegular = document.text().isKnownRegular();
-    document.takeUnrecorded(position);
+    document.typeUnrecorded(unit->start, unit->end - unit->start, {});
     if (isRegular)
         document.text().noteRegular();
     document.endTyping();

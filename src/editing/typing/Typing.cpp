@@ -10,7 +10,6 @@
 #include "document/EditableDocumentBufferState.h"
 #include "document/NamespaceBinding.h"
 #include "document/Placeholders.h"
-#include "document/PlainPlace.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
@@ -383,8 +382,7 @@ bool Typing::canInsert(const Document& document, const String& text) {
 }
 
 Insertion Typing::insert(Document& document, const String& text, bool isXml, bool selectInserted) {
-    const bool mayContinueRun = !isXml && !selectInserted;
-    if (mayContinueRun && PlainRun::type(document, text))
+    if (!isXml && !selectInserted && PlainRun::type(document, text))
         return Insertion::Done;
     if (!Typing::canInsert(document, text) || document.isProtected())
         return Insertion::None;
@@ -397,12 +395,9 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
         document.typingGroup = document.history.openGroup();
     const std::size_t recorded = document.history.recordedCount();
     Insertion insertion = insertInPlaceOfSelection(document, text, isXml, selectInserted);
-    bool isPlain = false;
-    if (insertion == Insertion::Done) {
-        const MarkupChange change(document.text(), before->text());
-        isPlain = change.isPlain();
-        insertion = change.keepsWellFormed() ? Insertion::Done : Insertion::RolledBack;
-    }
+    if (insertion == Insertion::Done &&
+        !MarkupChange(document.text(), before->text()).keepsWellFormed())
+        insertion = Insertion::RolledBack;
     if (insertion != Insertion::Done) {
         before->restorePreviousState();
         scope.discardNotices();
@@ -417,8 +412,6 @@ Insertion Typing::insert(Document& document, const String& text, bool isXml, boo
     }
     before.reset(); // the record that grows is then shared with nobody and need not be copied
     document.history.mergeTyping(made, isFirst);
-    if (mayContinueRun && isPlain)
-        PlainPlace::note(document);
     return insertion;
 }
 

@@ -15,13 +15,25 @@ TextStore& TextStore::operator=(TextStore&& other) noexcept {
 }
 
 void TextStore::moveTo(int position) const noexcept {
-    const TextTree::Place place = tree_.chunkAt(position);
+    const TextTree::Place place = placeOf(position);
     const TextUnits& units = place.chunk->units();
     chunk_ = place.chunk;
     bytes_ = units.bytes();
     isWide_ = units.isWide();
     start_ = place.start;
     end_ = place.start + units.size();
+}
+
+TextTree::Place TextStore::placeOf(int position) const noexcept {
+    const auto known =
+        std::find_if(recent_.begin(), recent_.end(), [position](const TextTree::Place& place) {
+            return place.chunk && place.start <= position &&
+                   position < place.start + place.chunk->size();
+        });
+    if (known != recent_.end())
+        return *known;
+    oldest_ = (oldest_ + 1) % recent_.size();
+    return recent_[oldest_] = tree_.chunkAt(position);
 }
 
 const TextChunk& TextStore::chunkAt(int position) const {
@@ -32,6 +44,7 @@ const TextChunk& TextStore::chunkAt(int position) const {
 
 void TextStore::forget() noexcept {
     start_ = end_ = 0;
+    recent_ = {};
 }
 
 void TextStore::copyTo(std::wstring& text, int start, int end) const {
@@ -93,6 +106,14 @@ int TextStore::markupAround(int position) const {
         return mark.isStart() ? start_ + mark.at : -1;
     }
     return chunk.entry().isText() ? -1 : tree_.markupStartBefore(start_);
+}
+
+std::pair<int, int> TextStore::stretchAround(int position) const {
+    const TextChunk& chunk = chunkAt(position);
+    const std::vector<MarkupMark>& marks = chunk.marks();
+    const std::size_t next = chunk.marksBefore(position - start_);
+    return {next > 0 ? start_ + marks[next - 1].at + 1 : start_,
+            next < marks.size() ? start_ + marks[next].at : end_ - 1};
 }
 
 int TextStore::elementAround(int position) const {

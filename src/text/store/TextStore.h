@@ -3,6 +3,8 @@
 #include "text/TextWindow.h"
 #include "text/store/TextTree.h"
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -42,6 +44,9 @@ public:
     /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
     /// markup begins.
     int markupAround(int position) const;
+    /// The first and the last place of the text around one, that with the `<` behind it, as far as
+    /// one chunk goes.
+    std::pair<int, int> stretchAround(int position) const;
     /// The innermost start tag that ends at or before the position and is not closed there; -1 if
     /// none.
     int elementAround(int position) const;
@@ -52,6 +57,7 @@ public:
 private:
     explicit TextStore(const TextTree& tree) : tree_(tree) {}
     void moveTo(int position) const noexcept override;
+    TextTree::Place placeOf(int position) const noexcept;
     /// The chunk that was read last, which is in the window.
     const TextChunk& chunkAt(int position) const;
     void forget() noexcept;
@@ -59,5 +65,8 @@ private:
     int findForward(int start, int end, Find find) const;
 
     TextTree tree_;
+    /// Those that were read before: who asks about one place often looks at another meanwhile.
+    mutable std::array<TextTree::Place, 4> recent_{};
+    mutable std::size_t oldest_ = 0;
     mutable const TextChunk* chunk_ = nullptr;
 };
