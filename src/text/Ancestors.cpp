@@ -52,6 +52,8 @@ const Ancestors::Level* Ancestors::findLevel(Text text, int element,
 }
 
 const Ancestors::Level* Ancestors::find(int element) const {
+    if (last_ && last_->element == element)
+        return last_;
     const auto known = levels_.find(element);
     return known == levels_.end() ? nullptr : &known->second;
 }

@@ -33,6 +33,9 @@ public:
     /// `around` tells the element around another.
     const Level* levelOf(XmlScan::Text text, int element, const std::function<int(int)>& around);
 
+    /// The same if it is known; null if not.
+    const Level* find(int element) const;
+
     /// The mark of a name, or of what declares a prefix, "xmlns:fo" in lower case; none where no
     /// level has it. Names that are many share one, so that whoever looks for one has to compare.
     Marks markOf(XmlScan::Text name) const;
@@ -54,7 +57,6 @@ public:
 
 private:
     const Level* findLevel(XmlScan::Text text, int element, const std::function<int(int)>& around);
-    const Level* find(int element) const;
     const Level* add(XmlScan::Text text, int element, const Level* parent);
     Marks marksOfTag(XmlScan::Text text, int element, XmlScan::Text name);
     Marks newMarkOf(XmlScan::Text name);

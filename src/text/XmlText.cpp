@@ -294,6 +294,8 @@ int XmlText::elementAround(int position) const {
 
 /// In a comment, section, instruction or document type what looks like tags counts as tags.
 int XmlText::findElementAround(int position) const {
+    if (const Level* const level = ancestors_.find(position))
+        return level->parent ? level->parent->element : -1;
     const int markup = text_.markupAround(position);
     if (markup >= 0 && (standsAt(L"<!", markup) || instructionAt(markup)))
         return elementMemo_.around(all(), position, precedingTags_);

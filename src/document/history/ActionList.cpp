@@ -53,7 +53,7 @@ EditAction* ActionList::ownFromBack(std::size_t steps) {
 void ActionList::dropFront() {
     --size_;
     ++dropped_;
-    // Cutting the chain copies it, so that it is done once for as many drops as there are records.
+    // Cutting the chain walks it, so that it is done once for as many drops as there are records.
     if (dropped_ <= size_)
         return;
     try {
@@ -71,6 +71,8 @@ void ActionList::clear() {
 }
 
 void ActionList::cutDropped() {
+    if (cutOwn())
+        return;
     ActionList kept;
     std::shared_ptr<Node>* end = &kept.newest_;
     forEachFromBack([&](const EditAction& action) {
@@ -80,6 +82,18 @@ void ActionList::cutDropped() {
     });
     kept.size_ = size_;
     *this = std::move(kept);
+}
+
+/// Cuts the chain where it is, if nobody else has any of it.
+bool ActionList::cutOwn() noexcept {
+    std::shared_ptr<Node>* end = &newest_;
+    for (std::size_t kept = 0; kept < size_; ++kept, end = &(*end)->older)
+        if (end->use_count() > 1)
+            return false;
+    release(std::move(*end));
+    *end = nullptr;
+    dropped_ = 0;
+    return true;
 }
 
 /// Lets a chain go record by record: left to itself, its end would recurse once for each.

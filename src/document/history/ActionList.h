@@ -50,6 +50,7 @@ private:
 
     static void release(std::shared_ptr<Node> chain);
     void cutDropped();
+    bool cutOwn() noexcept;
 
     std::shared_ptr<Node> newest_;
     std::size_t size_ = 0;

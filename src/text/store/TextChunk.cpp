@@ -74,8 +74,13 @@ bool TextChunk::isPlainText(int at) const {
         return entry_.isPlainText();
     const std::size_t before = marksBefore(at);
     const bool isInText = before > 0 ? !marks_[before - 1].isStart() : entry_.isText();
-    return isInText && entry_.isBehindProlog &&
+    return isInText && isBehindProlog(before) &&
            (MarkupReader::isPlain(units_[at - 1]) || units_[at - 1] == L'>');
+}
+
+/// Whether a place with so many marks before it is.
+bool TextChunk::isBehindProlog(std::size_t marks) const {
+    return entry_.isBehindProlog || (marks > 0 && marks_[marks - 1].kind != Kind::OtherEnd);
 }
 
 bool TextChunk::isPlainIn(int at, int end) const {
@@ -84,15 +89,19 @@ bool TextChunk::isPlainIn(int at, int end) const {
     return at == end;
 }
 
-/// How the unit at an offset is read; known without reading those before it nearly everywhere.
+/// How the unit at an offset is read. Behind markup, text begins anew, so that no more than the
+/// units since then are read.
 LexicalState TextChunk::stateAt(int at) const {
     if (at == 0 || at == size())
         return at == 0 ? entry_ : exit_;
     if (isPlainText(at))
         return {.isBehindProlog = true};
+    const std::size_t marks = marksBefore(at);
+    const bool isKnown = marks > 0 && !marks_[marks - 1].isStart() && isBehindProlog(marks);
     TextUnits before;
-    before.append(units_, 0, at);
-    return TextChunk(std::move(before), entry_).exit_;
+    before.append(units_, isKnown ? marks_[marks - 1].at + 1 : 0, at);
+    return TextChunk(std::move(before), isKnown ? LexicalState{.isBehindProlog = true} : entry_)
+        .exit_;
 }
 
 TextChunk TextChunk::part(int start, int end) const {

@@ -47,6 +47,7 @@ private:
     void shiftMarks(std::size_t first, int distance);
     LexicalState stateAt(int at) const;
     bool isPlainText(int at) const;
+    bool isBehindProlog(std::size_t marks) const;
     bool isPlainIn(int at, int end) const;
     bool keepsMarkup(int at, int count, std::wstring_view with) const;
 
