@@ -10,13 +10,10 @@
 #include <string>
 
 using Core::String;
+using XmlScan::length;
 using XmlScan::Text;
 
 namespace {
-
-int length(Text text) {
-    return static_cast<int>(text.size());
-}
 
 /// The offset behind the unit at a valid position; the length of the text where it is not complete.
 int behindUnit(Text text, int position) {
