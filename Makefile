@@ -20,6 +20,6 @@ fuzz:
 docs:
 	@scripts/docs.sh
 lint:
-	@scripts/packages.sh build spelling test && scripts/build.sh debug && scripts/lint.sh build/debug
+	@scripts/lint.sh
 install:
 	@scripts/install.sh $(PREFIX)

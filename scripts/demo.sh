@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 
 scripts/packages.sh build
 preset=${DEMO_PRESET:-release}
-CONFIGURE=-DFORME_TESTS=OFF scripts/build.sh "$preset" forme_cli
+CONFIGURE="${CONFIGURE:-} -DFORME_TESTS=OFF" scripts/build.sh "$preset" forme_cli
 echo
 mkdir -p build/demo
 for document in letter price-list; do

@@ -8,12 +8,6 @@ using Core::String;
 using Xml::Element;
 using Xml::Node;
 
-namespace {
-
-const String qf = L"qf";
-
-} // namespace
-
 std::list<Node*> Annotations::in(const Element& root) {
     const auto found = Elements::childrenOf(root, L"annotation");
     return {found.begin(), found.end()};

@@ -12,6 +12,9 @@ class Node;
 /// The annotations that are children of a document's root, and the scripts in them.
 namespace Annotations {
 
+/// The prefix of what is in an annotation.
+inline constexpr const wchar_t* qf = L"qf";
+
 std::list<Xml::Node*> in(const Xml::Element& root);
 /// The first that has the id, under whatever prefix; null without one.
 Xml::Element* find(const Xml::Element& root, const Core::String& id);

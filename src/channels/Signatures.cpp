@@ -8,12 +8,12 @@
 
 #include <map>
 
+using Annotations::qf;
 using Core::String;
 using Xml::Element;
 
 namespace {
 
-const String qf = L"qf";
 const String qfAddress = L"urn:forme:qf/1.0";
 const String referenceName = L"annotation-reference";
 

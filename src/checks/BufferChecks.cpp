@@ -8,7 +8,7 @@ using Buffer = EditableDocumentBuffer;
 
 namespace {
 
-constexpr Check checks[] = {
+constexpr Check bufferChecks[] = {
     {L"a loaded text stays as it is",
      L"<B a='b' >x &lt; y|<!-- c --></B><?p?>\n\t<B/>",
      {},
@@ -63,5 +63,5 @@ constexpr Check checks[] = {
 } // namespace
 
 std::span<const Check> Checks::ofBuffer() {
-    return checks;
+    return bufferChecks;
 }

@@ -33,7 +33,7 @@ void flatten(Buffer& document) {
     document.getFormBuffer().applyFlatStyle();
 }
 
-constexpr Check checks[] = {
+constexpr Check formChecks[] = {
     {L"a new form takes the caret", L"<B>|_</B>", {newForm}, L"<B><F><B>|_</B></F>_</B>"},
     {L"Backspace behind a form takes it", L"<B>|_</B>", {newForm, right, backspace}, L"<B>|_</B>"},
     {L"Right leaves a form", L"<B><F><B>|_</B></F>_</B>", {right}, L"<B><F><B>_</B></F>|_</B>"},
@@ -93,5 +93,5 @@ constexpr Check checks[] = {
 } // namespace
 
 std::span<const Check> Checks::ofForms() {
-    return checks;
+    return formChecks;
 }

@@ -21,7 +21,7 @@ void breakItem(Buffer& document) {
 constexpr auto numbers = pressButton<ListType::Numbering>;
 constexpr auto bullets = pressButton<ListType::Bullets>;
 
-constexpr Check checks[] = {
+constexpr Check listChecks[] = {
     {L"a block becomes a list",
      L"<B>a|</B>",
      {numbers},
@@ -84,5 +84,5 @@ constexpr Check checks[] = {
 } // namespace
 
 std::span<const Check> Checks::ofLists() {
-    return checks;
+    return listChecks;
 }

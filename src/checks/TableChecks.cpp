@@ -41,7 +41,7 @@ void tab(Buffer& document) {
     document.moveCaretNextCell(false, true);
 }
 
-constexpr Check checks[] = {
+constexpr Check tableChecks[] = {
     {L"reading changes nothing",
      L"<T ><D><R><C><B>a|</B></C></R></D></T >",
      {readTable, commitUntouched},
@@ -107,5 +107,5 @@ constexpr Check checks[] = {
 } // namespace
 
 std::span<const Check> Checks::ofTables() {
-    return checks;
+    return tableChecks;
 }

@@ -7,7 +7,7 @@ namespace {
 constexpr const wchar_t* accepted = L"accepted";
 constexpr const wchar_t* refused = L"refused";
 
-constexpr Check checks[] = {
+constexpr Check validatorChecks[] = {
     {L"nothing", L"", {}, accepted},
     {L"plain text", L"a & b", {}, accepted},
     {L"an element", L"<a>b</a>", {}, accepted},
@@ -29,5 +29,5 @@ constexpr Check checks[] = {
 } // namespace
 
 std::span<const Check> Checks::ofXmlValidator() {
-    return checks;
+    return validatorChecks;
 }

@@ -12,7 +12,7 @@ namespace {
 using Transcoding::ByteOrder;
 using Transcoding::Progress;
 
-constexpr std::size_t chunkSize = std::size_t{64} * 1024;
+constexpr std::size_t bytesAtOnce = std::size_t{64} * 1024;
 constexpr std::size_t longestText = 0x7FFFFFFF; // offsets in a text are 31 bits wide
 
 } // namespace
@@ -88,10 +88,10 @@ void TextReader::skip(std::size_t count) {
 /// Reads on until the chunk is full or the stream at its end; false when nothing came.
 bool TextReader::fill() {
     const std::size_t before = size_;
-    chunk_.resize(chunkSize);
-    while (size_ < chunkSize) {
+    chunk_.resize(bytesAtOnce);
+    while (size_ < bytesAtOnce) {
         const long long count = stream_->read(&chunk_, static_cast<long long>(size_),
-                                              static_cast<long long>(chunkSize - size_));
+                                              static_cast<long long>(bytesAtOnce - size_));
         if (count <= 0)
             break;
         size_ += static_cast<std::size_t>(count);

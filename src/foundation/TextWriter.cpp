@@ -8,13 +8,13 @@ namespace Core::IO {
 
 namespace {
 
-constexpr std::size_t chunkSize = std::size_t{32} * 1024;
+constexpr std::size_t unitsAtOnce = std::size_t{32} * 1024;
 
 /// How many units of `text` make up the next chunk, which ends with no half of a pair.
 std::size_t nextChunk(std::wstring_view text) {
-    if (text.size() <= chunkSize)
+    if (text.size() <= unitsAtOnce)
         return text.size();
-    return Transcoding::isHighSurrogate(text[chunkSize - 1]) ? chunkSize - 1 : chunkSize;
+    return Transcoding::isHighSurrogate(text[unitsAtOnce - 1]) ? unitsAtOnce - 1 : unitsAtOnce;
 }
 
 } // namespace

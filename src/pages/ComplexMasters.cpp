@@ -4,7 +4,6 @@
 #include "foundation/Exception.h"
 #include "foundation/xml/Element.h"
 #include "foundation/xml/QualifiedName.h"
-#include "trees/DOMBasedBuffer.h"
 #include "trees/Elements.h"
 
 #include <algorithm>
@@ -35,10 +34,6 @@ Element& alternativesOf(Element& master) {
     Element& made = *master.add_child(alternativesName, L"fo");
     made.set_attribute(repeatsName, L"no-limit");
     return made;
-}
-
-String valueOf(const Element& element, const String& name) {
-    return DOMBasedBuffer::getAttributeValue(&element, name, String());
 }
 
 /// The references in their order, those among alternatives in the place of these.
@@ -164,11 +159,11 @@ Core::Vector<ComplexPageMasterEntry> ComplexMasters::entriesOf(const Element& ma
     for (const Element* reference : referencesOf(master)) {
         ComplexPageMasterEntry& entry = entries.emplace_back();
         entry.elementName = reference->get_name();
-        entry.masterName = valueOf(*reference, referenceName);
+        entry.masterName = Elements::valueOf(*reference, referenceName);
         if (entry.elementName == conditionalName)
             readCondition(*reference, entry);
         else if (entry.elementName == repeatingName)
-            entry.attributeName = valueOf(*reference, repeatsName);
+            entry.attributeName = Elements::valueOf(*reference, repeatsName);
     }
     return entries;
 }

@@ -11,10 +11,10 @@ using Core::String;
 
 namespace {
 
-constexpr XmlText::View elementName = L"fo:simple-page-master";
+constexpr XmlText::View simpleMaster = L"fo:simple-page-master";
 
 bool isMasterNamed(const XmlText& text, int element, const String& name) {
-    return text.tagName(element) == elementName &&
+    return text.tagName(element) == simpleMaster &&
            TextElements::attributeOf(text, element, L"master-name") == name;
 }
 
@@ -31,9 +31,9 @@ bool isOneMasterNamed(const String& documentType, const String& markup, const St
 int MasterText::find(const XmlText& text, const String& name) {
     if (name.empty())
         return -1;
-    int master = text.nextNamed(0, elementName);
+    int master = text.nextNamed(0, simpleMaster);
     while (master >= 0 && !isMasterNamed(text, master, name))
-        master = text.nextNamed(text.closingTag(master), elementName);
+        master = text.nextNamed(text.closingTag(master), simpleMaster);
     return master;
 }
 

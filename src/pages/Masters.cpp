@@ -13,7 +13,7 @@ using Xml::Element;
 
 namespace {
 
-const String nameAttribute = L"master-name";
+const String masterName = L"master-name";
 const String simpleName = L"simple-page-master";
 const String complexName = L"page-sequence-master";
 
@@ -62,11 +62,11 @@ Element* Masters::addComplex(Element& set, const String& name) {
 }
 
 void Masters::setName(Element& master, const String& name) {
-    master.set_attribute(nameAttribute, name);
+    master.set_attribute(masterName, name);
 }
 
 String Masters::nameOf(const Element& master) {
-    return DOMBasedBuffer::getAttributeValue(&master, nameAttribute, String());
+    return DOMBasedBuffer::getAttributeValue(&master, masterName, String());
 }
 
 std::vector<String> Masters::namesOf(const std::vector<Element*>& masters) {

@@ -44,15 +44,11 @@ String textIn(const XmlText& text) {
     return text.slice(range.start, range.end);
 }
 
-String trimmed(String text) {
-    return text.trim();
-}
-
 /// What stands behind the page masters when the tree is written.
 String written(const Fragment& fragment) {
     XmlText text;
     text.assign(fragment.tree()->writeToString(L"UTF-8"));
-    return trimmed(textIn(text));
+    return textIn(text).trim();
 }
 
 /// Where the first static content of a sequence belongs: behind its start tag, or the printing
@@ -171,7 +167,7 @@ bool PageSequenceCommit::writeBack(const Fragment& fragment, const AwaitedTexts&
         goHome(*document_);
         return false;
     }
-    const String text = inTree.putInto(spelt(trimmed(source_), asRead_, now));
+    const String text = inTree.putInto(spelt(String(source_).trim(), asRead_, now));
     const bool stands = replace(text);
     if (stands)
         inTree.putIntoTree(*document_);
@@ -186,7 +182,7 @@ bool PageSequenceCommit::replace(const String& with) {
         document.recordDeletion(range.start, source_);
         document.recordInsertion(range.start, with);
         document.rewriteUnrecorded(range.start, range.end, with, -1, -1);
-        declareNamespaces(document, range.start, trimmed(source_), with);
+        declareNamespaces(document, range.start, String(source_).trim(), with);
         Moves::home(document, false);
         document.history.addAction(
             EditAction(EditAction::EditCaret, -1, document.caret(), document.pivot(), with));

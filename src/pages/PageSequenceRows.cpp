@@ -4,6 +4,7 @@
 #include "foundation/xml/Element.h"
 #include "pages/PaginationNodes.h"
 #include "pages/SequenceAttributes.h"
+#include "trees/Elements.h"
 
 #include <map>
 #include <optional>
@@ -15,11 +16,6 @@ using Xml::Element;
 
 namespace {
 
-String valueOf(const Element& element, const wchar_t* name) {
-    const Xml::Attribute* attribute = element.get_attribute(name);
-    return attribute ? attribute->get_value() : String();
-}
-
 /// None for an element that names no master.
 std::optional<PageSequenceInfo> rowOn(const Xml::Attribute* master, int kind,
                                       const Element& element) {
@@ -28,7 +24,7 @@ std::optional<PageSequenceInfo> rowOn(const Xml::Attribute* master, int kind,
     PageSequenceInfo row;
     row.kind = kind;
     row.masterReference = master->get_value();
-    row.id = valueOf(element, L"id");
+    row.id = Elements::valueOf(element, L"id");
     return row;
 }
 
@@ -50,10 +46,10 @@ std::optional<PageSequenceInfo> repeatRow(const Element& element) {
     std::optional<PageSequenceInfo> row = rowOn(element.get_attribute(L"master-reference", L"fo"),
                                                 PageSequenceInfo::pageSequenceRepeat, element);
     if (row) {
-        row->xpath = valueOf(element, L"xpath");
-        row->sort = valueOf(element, L"sort");
-        row->condition = valueOf(element, L"condition");
-        row->parentSequenceId = valueOf(element, L"parent-sequence-id");
+        row->xpath = Elements::valueOf(element, L"xpath");
+        row->sort = Elements::valueOf(element, L"sort");
+        row->condition = Elements::valueOf(element, L"condition");
+        row->parentSequenceId = Elements::valueOf(element, L"parent-sequence-id");
     }
     return row;
 }

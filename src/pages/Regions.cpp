@@ -16,16 +16,16 @@ namespace {
 constexpr std::array<std::wstring_view, 5> names{L"region-before", L"region-after", L"region-start",
                                                  L"region-end", L"region-body"};
 
-const String nameAttribute = L"region-name";
+const String regionName = L"region-name";
 
-struct Attribute {
+struct NewAttribute {
     RegionType type;
     const wchar_t* name;
     const wchar_t* value;
 };
 
 /// What a new region has.
-constexpr std::array<Attribute, 7> newAttributes{{
+constexpr std::array<NewAttribute, 7> newAttributes{{
     {RegionType::REGION_BEFORE, L"extent", L"0.7in"},
     {RegionType::REGION_BEFORE, L"display-align", L"after"},
     {RegionType::REGION_AFTER, L"extent", L"0.7in"},
@@ -62,7 +62,7 @@ std::optional<RegionType> Regions::typeOf(const Element& element) {
 String Regions::flowNameOf(const Element& element) {
     if (!typeOf(element))
         return {};
-    const String name = DOMBasedBuffer::getAttributeValue(&element, nameAttribute, String());
+    const String name = DOMBasedBuffer::getAttributeValue(&element, regionName, String());
     return name.empty() ? L"xsl-" + element.get_name() : name;
 }
 
@@ -73,8 +73,8 @@ String Regions::defaultNameOf(RegionType type, const String& prefix) {
 
 Element& Regions::add(Element& master, RegionType type, const String& flowName) {
     Element& region = *master.add_child(nameOf(type), L"fo");
-    region.set_attribute(nameAttribute, flowName);
-    for (const Attribute& attribute : newAttributes)
+    region.set_attribute(regionName, flowName);
+    for (const NewAttribute& attribute : newAttributes)
         if (attribute.type == type)
             region.set_attribute(attribute.name, attribute.value);
     return region;
@@ -98,7 +98,7 @@ Element* Regions::find(const Element& master, const String& flowName) {
 
 Element* Regions::firstUnnamed(const Element& master) {
     for (Element* child : Elements::childrenOf(master))
-        if (DOMBasedBuffer::getAttributeValue(child, nameAttribute, String()).empty())
+        if (DOMBasedBuffer::getAttributeValue(child, regionName, String()).empty())
             return child;
     return nullptr;
 }

@@ -11,13 +11,7 @@ using Xml::Element;
 
 namespace {
 
-const String reference = L"master-reference";
 const String flowName = L"flow-name";
-
-String valueOf(const Element& element, const String& name) {
-    const Xml::Attribute* attribute = element.get_attribute(name);
-    return attribute ? attribute->get_value() : String();
-}
 
 } // namespace
 
@@ -27,7 +21,7 @@ void SequenceAttributes::requireWritable(const String& master, const RepeatData&
 }
 
 String SequenceAttributes::referenceOf(const Element& element) {
-    return valueOf(element, reference);
+    return Elements::valueOf(element, reference);
 }
 
 void SequenceAttributes::setReference(Element& element, const String& master) {
@@ -43,7 +37,7 @@ void SequenceAttributes::renameReference(Element& element, const String& from, c
 }
 
 String SequenceAttributes::idOf(const Element& element) {
-    return valueOf(element, L"id");
+    return Elements::valueOf(element, L"id");
 }
 
 void SequenceAttributes::setId(Element& element, const String& id) {
@@ -51,7 +45,7 @@ void SequenceAttributes::setId(Element& element, const String& id) {
 }
 
 String SequenceAttributes::sourceOf(const Element& element) {
-    const String source = valueOf(element, L"src");
+    const String source = Elements::valueOf(element, L"src");
     return source.startsWith(L"url(") && source.view().ends_with(L')')
                ? source.subString(4, source.length() - 2)
                : source;
@@ -77,7 +71,7 @@ void SequenceAttributes::setParentId(Element& element, const String& id) {
 Element* SequenceAttributes::staticContent(const Element& sequence, const String& name) {
     if (!name.empty())
         for (Element* content : Elements::childrenOf(sequence, L"static-content"))
-            if (valueOf(*content, flowName) == name)
+            if (Elements::valueOf(*content, flowName) == name)
                 return content;
     return nullptr;
 }

@@ -13,6 +13,9 @@ class Element;
 /// a flow.
 namespace SequenceAttributes {
 
+/// The attribute that names the page master.
+inline constexpr const wchar_t* reference = L"master-reference";
+
 /// Throws Core::Exception where one of the values holds a character that XML has no way to write.
 /// Who changes more than one of them asks before the first.
 void requireWritable(const Core::String& master, const RepeatData& data);

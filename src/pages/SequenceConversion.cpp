@@ -9,12 +9,11 @@
 #include <vector>
 
 using Core::String;
+using SequenceAttributes::reference;
 using Xml::Attribute;
 using Xml::Element;
 
 namespace {
-
-const String reference = L"master-reference";
 
 struct RepeatAttribute {
     const wchar_t* name;

@@ -14,7 +14,7 @@ using Xml::Node;
 
 namespace {
 
-const String elementName = L"static-content";
+const String contentElement = L"static-content";
 
 Element* find(const std::vector<Element*>& staticContents, const String& flowName) {
     const auto found =
@@ -30,7 +30,7 @@ std::vector<Element*> StaticContents::of(const Element& root) {
     std::vector<Element*> found;
     for (const Node* node : PaginationNodes::of(root))
         if (PaginationNodes::hasFlows(*node)) {
-            const std::vector<Element*> own = Elements::childrenOf(*node, elementName);
+            const std::vector<Element*> own = Elements::childrenOf(*node, contentElement);
             found.insert(found.end(), own.begin(), own.end());
         }
     return found;
@@ -41,7 +41,7 @@ Element* StaticContents::named(const Element& root, const String& flowName) {
         return nullptr;
     for (const Node* node : PaginationNodes::of(root))
         if (PaginationNodes::isSequence(*node))
-            if (Element* found = find(Elements::childrenOf(*node, elementName), flowName))
+            if (Element* found = find(Elements::childrenOf(*node, contentElement), flowName))
                 return found;
     return nullptr;
 }
@@ -55,13 +55,13 @@ String StaticContents::masterOf(const Element& staticContent) {
 }
 
 void StaticContents::add(Element& sequence, const String& flowName, const String& text) {
-    if (find(Elements::childrenOf(sequence, elementName), flowName))
+    if (find(Elements::childrenOf(sequence, contentElement), flowName))
         return;
     Xml::requireXmlText(flowName);
     Xml::requireXmlText(text);
     Element* flow = DOMBasedBuffer::getElementByName(&sequence, L"flow");
-    Element* added = flow ? sequence.add_node_as_prev_sibling(flow, elementName, L"fo")
-                          : sequence.add_child(elementName, L"fo");
+    Element* added = flow ? sequence.add_node_as_prev_sibling(flow, contentElement, L"fo")
+                          : sequence.add_child(contentElement, L"fo");
     added->set_attribute(L"flow-name", flowName);
     added->set_attribute(L"font-family", L"Times");
     added->set_attribute(L"font-size", L"12pt");

@@ -7,7 +7,7 @@
 #include <array>
 
 using Core::String;
-using Type = CellBorderType;
+using Border = CellBorderType;
 
 namespace {
 
@@ -17,7 +17,7 @@ struct Names {
     String width;
 };
 
-const Names& namesOf(Type type) {
+const Names& namesOf(Border type) {
     static const std::array<Names, 8> names{{
         {L"border-bottom-style", L"border-bottom-color", L"border-bottom-width"},
         {L"border-top-style", L"border-top-color", L"border-top-width"},
@@ -29,16 +29,16 @@ const Names& namesOf(Type type) {
         {L"border", L"border", L"border"},
     }};
     const auto index = static_cast<std::size_t>(type);
-    return names[index < names.size() ? index : static_cast<std::size_t>(Type::None)];
+    return names[index < names.size() ? index : static_cast<std::size_t>(Border::None)];
 }
 
 /// The other edges in the order in which they are written.
-const std::array<Type, 3>& othersThan(Type edge) {
-    static const std::array<std::array<Type, 3>, 4> others{{
-        {Type::Top, Type::Left, Type::Right},
-        {Type::Bottom, Type::Left, Type::Right},
-        {Type::Top, Type::Bottom, Type::Right},
-        {Type::Top, Type::Left, Type::Bottom},
+const std::array<Border, 3>& othersThan(Border edge) {
+    static const std::array<std::array<Border, 3>, 4> others{{
+        {Border::Top, Border::Left, Border::Right},
+        {Border::Bottom, Border::Left, Border::Right},
+        {Border::Top, Border::Bottom, Border::Right},
+        {Border::Top, Border::Left, Border::Bottom},
     }};
     return others[static_cast<std::size_t>(edge)];
 }
@@ -51,31 +51,31 @@ CellBorders::CellBorders(Xml::Element& cell)
     PropertiesHelper::expandShorthands(properties_);
 }
 
-String CellBorders::styleName(Type type) {
+String CellBorders::styleName(Border type) {
     return namesOf(type).style;
 }
 
-String CellBorders::colorName(Type type) {
+String CellBorders::colorName(Border type) {
     return namesOf(type).color;
 }
 
-String CellBorders::widthName(Type type) {
+String CellBorders::widthName(Border type) {
     return namesOf(type).width;
 }
 
-bool CellBorders::has(Type type) const {
+bool CellBorders::has(Border type) const {
     const String value = properties_.getPropertyValue(styleName(type));
     return !value.empty() && value != L"none";
 }
 
-String CellBorders::styleOf(Type type) const {
-    const Type speaking = has(Type::Style) ? Type::Style : type;
+String CellBorders::styleOf(Border type) const {
+    const Border speaking = has(Border::Style) ? Border::Style : type;
     return has(speaking) ? properties_.getPropertyValue(styleName(speaking)) : String();
 }
 
-void CellBorders::set(Type type, const String& style, const BorderInfo& info) {
+void CellBorders::set(Border type, const String& style, const BorderInfo& info) {
     const Names& names = namesOf(type);
-    if (has(Type::Style) || names.style.empty())
+    if (has(Border::Style) || names.style.empty())
         return;
     put(names.style, style);
     if (!info.color.empty())
@@ -90,7 +90,7 @@ void CellBorders::put(const String& name, const String& value) {
     isChanged_ = true;
 }
 
-void CellBorders::remove(Type type) {
+void CellBorders::remove(Border type) {
     const String name = styleName(type);
     if (!properties_.containsProperty(name))
         return;
@@ -101,22 +101,22 @@ void CellBorders::remove(Type type) {
 }
 
 void CellBorders::removeAll() {
-    for (const Type type :
-         {Type::Border, Type::Style, Type::Top, Type::Bottom, Type::Left, Type::Right})
+    for (const Border type :
+         {Border::Border, Border::Style, Border::Top, Border::Bottom, Border::Left, Border::Right})
         remove(type);
 }
 
-void CellBorders::dissolve(Type edge, const BorderInfo& info) {
-    const Type shorthand = has(Type::Style) ? Type::Style : Type::Border;
+void CellBorders::dissolve(Border edge, const BorderInfo& info) {
+    const Border shorthand = has(Border::Style) ? Border::Style : Border::Border;
     if (!has(shorthand))
         return;
     String style = styleOf(shorthand);
-    if (shorthand == Type::Border)
+    if (shorthand == Border::Border)
         style = BorderShorthand::styleIn(style);
     remove(shorthand);
-    for (const Type other : othersThan(edge))
+    for (const Border other : othersThan(edge))
         set(other, style, info);
-    if (shorthand == Type::Border)
+    if (shorthand == Border::Border)
         set(edge, style, info);
 }
 

@@ -6,32 +6,33 @@
 
 using Xml::Element;
 using Group = TableRowGroupType;
-using Type = CellBorderType;
+using Border = CellBorderType;
 
 namespace {
 
-bool isEdge(Type type) {
-    return type == Type::Bottom || type == Type::Top || type == Type::Left || type == Type::Right;
+bool isEdge(Border type) {
+    return type == Border::Bottom || type == Border::Top || type == Border::Left ||
+           type == Border::Right;
 }
 
-bool isAllEdges(Type type) {
-    return type == Type::All || type == Type::Style;
+bool isAllEdges(Border type) {
+    return type == Border::All || type == Border::Style;
 }
 
-bool isUpright(Type edge) {
-    return edge == Type::Left || edge == Type::Right;
+bool isUpright(Border edge) {
+    return edge == Border::Left || edge == Border::Right;
 }
 
-Type oppositeOf(Type edge) {
+Border oppositeOf(Border edge) {
     switch (edge) {
-    case Type::Bottom:
-        return Type::Top;
-    case Type::Top:
-        return Type::Bottom;
-    case Type::Left:
-        return Type::Right;
+    case Border::Bottom:
+        return Border::Top;
+    case Border::Top:
+        return Border::Bottom;
+    case Border::Left:
+        return Border::Right;
     default:
-        return Type::Left;
+        return Border::Left;
     }
 }
 
@@ -42,19 +43,19 @@ const Element* groupOf(const Element* row) {
 
 } // namespace
 
-void TableBorders::set(const CellPlace& place, Type type) {
-    if (type == Type::None)
-        remove(place, Type::Style);
+void TableBorders::set(const CellPlace& place, Border type) {
+    if (type == Border::None)
+        remove(place, Border::Style);
     else if (isAllEdges(type))
-        for (const Type edge : {Type::Top, Type::Bottom, Type::Left, Type::Right})
+        for (const Border edge : {Border::Top, Border::Bottom, Border::Left, Border::Right})
             setEdge(place, edge);
     else if (isEdge(type))
         setEdge(place, type);
 }
 
-void TableBorders::setEdge(const CellPlace& place, Type edge) {
+void TableBorders::setEdge(const CellPlace& place, Border edge) {
     Element* cell = model_.cellAt(place);
-    if (!cell || !isFirstPlace(place, *cell) || bordersOf(*cell).has(Type::Style))
+    if (!cell || !isFirstPlace(place, *cell) || bordersOf(*cell).has(Border::Style))
         return;
     bordersOf(*cell).set(edge, L"solid", info_);
     const auto spanAlong = isUpright(edge) ? TableTree::rowSpanOf : TableTree::columnSpanOf;
@@ -63,17 +64,17 @@ void TableBorders::setEdge(const CellPlace& place, Type edge) {
             bordersOf(*neighbour).set(oppositeOf(edge), L"solid", info_);
 }
 
-void TableBorders::remove(const CellPlace& place, Type type) {
-    if (type == Type::None)
-        set(place, Type::Style);
+void TableBorders::remove(const CellPlace& place, Border type) {
+    if (type == Border::None)
+        set(place, Border::Style);
     else if (isAllEdges(type))
-        for (const Type edge : {Type::Top, Type::Bottom, Type::Right, Type::Left})
+        for (const Border edge : {Border::Top, Border::Bottom, Border::Right, Border::Left})
             removeEdge(place, edge);
     else if (isEdge(type))
         removeEdge(place, type);
 }
 
-void TableBorders::removeEdge(const CellPlace& place, Type edge) {
+void TableBorders::removeEdge(const CellPlace& place, Border edge) {
     Element* cell = model_.cellAt(place);
     if (!cell || !isFirstPlace(place, *cell))
         return;
@@ -81,45 +82,45 @@ void TableBorders::removeEdge(const CellPlace& place, Type edge) {
     own.dissolve(edge, info_);
     if (own.has(edge))
         own.remove(edge);
-    const Type opposite = oppositeOf(edge);
+    const Border opposite = oppositeOf(edge);
     for (Element* neighbour : neighbours(place, edge)) {
         CellBorders& borders = bordersOf(*neighbour);
-        const bool hasStyle = borders.has(Type::Style);
+        const bool hasStyle = borders.has(Border::Style);
         borders.dissolve(opposite, info_);
         if (!hasStyle)
             borders.remove(opposite);
-        else if (edge != Type::Left)
+        else if (edge != Border::Left)
             return; // Deliberate: the neighbours behind it keep theirs, but to the left they do
                     // not.
     }
 }
 
-bool TableBorders::has(const CellPlace& place, Type type) const {
+bool TableBorders::has(const CellPlace& place, Border type) const {
     Element* cell = model_.cellAt(place);
     if (!cell)
         return false;
     const CellBorders borders(*cell);
-    const auto hasEdge = [&](Type edge) { return borders.has(edge); };
-    constexpr std::array edges{Type::Bottom, Type::Top, Type::Left, Type::Right};
-    const bool hasShorthand = borders.has(Type::Style) || borders.has(Type::Border);
-    if (type == Type::None)
+    const auto hasEdge = [&](Border edge) { return borders.has(edge); };
+    constexpr std::array edges{Border::Bottom, Border::Top, Border::Left, Border::Right};
+    const bool hasShorthand = borders.has(Border::Style) || borders.has(Border::Border);
+    if (type == Border::None)
         return !hasShorthand && std::none_of(edges.begin(), edges.end(), hasEdge);
-    if (type == Type::All)
+    if (type == Border::All)
         return hasShorthand || std::all_of(edges.begin(), edges.end(), hasEdge);
     return hasShorthand || borders.has(type);
 }
 
-void TableBorders::set(const std::vector<CellPlace>& places, Type type) {
+void TableBorders::set(const std::vector<CellPlace>& places, Border type) {
     for (const CellPlace& place : places)
         set(place, type);
 }
 
-void TableBorders::remove(const std::vector<CellPlace>& places, Type type) {
+void TableBorders::remove(const std::vector<CellPlace>& places, Border type) {
     for (const CellPlace& place : places)
         remove(place, type);
 }
 
-bool TableBorders::has(const std::vector<CellPlace>& places, Type type) const {
+bool TableBorders::has(const std::vector<CellPlace>& places, Border type) const {
     return std::all_of(places.begin(), places.end(), [&](const CellPlace& place) {
         return !model_.cellAt(place) || has(place, type);
     });
@@ -144,14 +145,14 @@ bool TableBorders::isFirstPlace(const CellPlace& place, const Element& cell) con
 
 /// The cells on the other side of an edge of the cell that begins at the place; one that is longer
 /// than a coordinate once for each.
-TableTree::Elements TableBorders::neighbours(const CellPlace& place, Type edge) const {
+TableTree::Elements TableBorders::neighbours(const CellPlace& place, Border edge) const {
     const Element& cell = *model_.cellAt(place);
     switch (edge) {
-    case Type::Bottom:
+    case Border::Bottom:
         return neighboursInRow(place, place.row + heightOf(place, cell));
-    case Type::Top:
+    case Border::Top:
         return neighboursInRow(place, place.row - 1);
-    case Type::Left:
+    case Border::Left:
         return neighboursInColumn(place, place.column - 1);
     default:
         return neighboursInColumn(place, place.column + TableTree::columnSpanOf(cell));
@@ -161,7 +162,7 @@ TableTree::Elements TableBorders::neighbours(const CellPlace& place, Type edge) 
 /// Deliberate: where none is, the other group is looked into at the cell's first column.
 TableTree::Elements TableBorders::neighboursInRow(const CellPlace& place, int row) const {
     const Element& cell = *model_.cellAt(place);
-    Element* const across = cellAcrossGroups(place, row < place.row ? Type::Top : Type::Bottom);
+    Element* const across = cellAcrossGroups(place, row < place.row ? Border::Top : Border::Bottom);
     TableTree::Elements found;
     for (int step = 0; step < TableTree::columnSpanOf(cell); ++step) {
         Element* beside = model_.cellAt({place.group, row, place.column + step});
@@ -182,12 +183,12 @@ TableTree::Elements TableBorders::neighboursInColumn(const CellPlace& place, int
 
 /// The cell of the group that is seen above or below, where the body stands between header and
 /// footer.
-Element* TableBorders::cellAcrossGroups(const CellPlace& place, Type edge) const {
+Element* TableBorders::cellAcrossGroups(const CellPlace& place, Border edge) const {
     const auto firstOf = [&](Group group) { return model_.cellAt({group, 0, place.column}); };
     const auto lastOf = [&](Group group) {
         return model_.cellAt({group, model_.group(group).rowCount() - 1, place.column});
     };
-    const bool isBelow = edge == Type::Bottom;
+    const bool isBelow = edge == Border::Bottom;
     if (place.group == Group::Body)
         return isBelow ? firstOf(Group::Footer) : lastOf(Group::Header);
     if (place.group == Group::Header)

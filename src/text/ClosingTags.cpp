@@ -1,18 +1,12 @@
 #include "text/ClosingTags.h"
 
+#include "text/ReadAgain.h"
 #include "text/TagEnds.h"
 
 #include <algorithm>
 #include <utility>
 
 using XmlScan::Text;
-
-namespace {
-
-/// To pass so many tags again is cheaper than to remember them.
-constexpr int few = 16;
-
-} // namespace
 
 /// How far the text was read from an element on.
 struct ClosingTags::Reading {
@@ -71,7 +65,7 @@ int ClosingTags::scan(Text text, int element, TagEnds& ends) {
 
 /// The scan has met the closing tag of what was opened there.
 void ClosingTags::close(Text text, const Opening& opening, int tag, int passed) {
-    if (passed - opening.passed <= few)
+    if (passed - opening.passed <= ReadAgain::tags)
         return;
     far_[opening.tag] = tag;
     const int end = XmlScan::tagEnd(text, tag + 1);

@@ -1,19 +1,13 @@
 #include "text/ElementMemo.h"
 
 #include "text/PrecedingTags.h"
+#include "text/ReadAgain.h"
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
 using XmlScan::Text;
-
-namespace {
-
-/// To pass so many tags again is cheaper than to remember them.
-constexpr int few = 16;
-
-} // namespace
 
 int ElementMemo::around(Text text, int position, PrecedingTags& tags) {
     const bool isAsked = XmlScan::onTagStart(text, position);
@@ -52,7 +46,7 @@ int ElementMemo::search(Text text, int position, PrecedingTags& tags) {
             continue;
         if (const auto known = find(at))
             return *known;
-        if (siblings_.empty() || passed % few == 0)
+        if (siblings_.empty() || passed % ReadAgain::tags == 0)
             siblings_.push_back(at);
     }
     return -1;
@@ -62,7 +56,7 @@ int ElementMemo::search(Text text, int position, PrecedingTags& tags) {
 void ElementMemo::open(int element, int passed) {
     const Closing closing = closed_.back();
     closed_.pop_back();
-    if (passed - closing.passed > few)
+    if (passed - closing.passed > ReadAgain::tags)
         far_[closing.tag] = element;
 }
 

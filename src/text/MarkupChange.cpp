@@ -10,13 +10,10 @@
 #include <string>
 
 using Core::String;
+using XmlScan::length;
 using XmlScan::Text;
 
 namespace {
-
-int length(Text text) {
-    return static_cast<int>(text.size());
-}
 
 /// Whether a document with this prolog may use the entities and names that a matcher has met.
 bool knowsNames(Text prolog, const MarkupMatcher& met) {

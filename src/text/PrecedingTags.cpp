@@ -1,18 +1,13 @@
 #include "text/PrecedingTags.h"
 
+#include "text/ReadAgain.h"
+
 #include <algorithm>
 #include <limits>
 
 using namespace XmlScan;
 
 namespace {
-
-/// To read so many units again is cheaper than to remember them.
-constexpr int shortDistance = 256;
-
-int length(Text text) noexcept {
-    return static_cast<int>(text.size());
-}
 
 /// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
 /// text "a --> b". What looks like another start in a section belongs to it.
@@ -48,7 +43,7 @@ int PrecedingTags::find(Text text, int position) noexcept {
     if (!isValid(text, position))
         return -1;
     const Gap gap = search(text, position);
-    if (gap.last - gap.tag > shortDistance)
+    if (gap.last - gap.tag > ReadAgain::units)
         remember(gap);
     return gap.tag;
 }

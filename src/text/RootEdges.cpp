@@ -2,13 +2,10 @@
 
 #include "text/XmlScan.h"
 
+using XmlScan::length;
 using XmlScan::Text;
 
 namespace {
-
-int length(Text text) {
-    return static_cast<int>(text.size());
-}
 
 int rootStart(Text text) {
     int at = XmlScan::find(text, L'<', 0);

@@ -1,6 +1,7 @@
 #include "text/TagEnds.h"
 
 #include "foundation/String.h"
+#include "text/ReadAgain.h"
 #include "text/TagQuotes.h"
 
 #include <algorithm>
@@ -10,13 +11,6 @@
 using namespace XmlScan;
 
 namespace {
-
-/// To read so many units again is cheaper than to remember them.
-constexpr int shortDistance = 256;
-
-int length(Text text) noexcept {
-    return static_cast<int>(text.size());
-}
 
 /// The first unit from `from` up to `end` that ends the name of a tag; -1 if none.
 int nameEndBetween(Text text, int from, int end) noexcept {
@@ -39,7 +33,7 @@ bool TagEnds::selfClosingAt(Text text, int position) {
 
 int TagEnds::tagEnd(Text text, int from) {
     Quotes quotes = NoQuotes;
-    const int near = std::min(from + shortDistance, length(text));
+    const int near = std::min(from + ReadAgain::units, length(text));
     const int end = tagEndBetween(text, from, near, quotes);
     return end >= 0 || near == length(text) ? end : farTagEnd(text, from);
 }
@@ -80,7 +74,7 @@ Text TagEnds::tagName(Text text, int position) noexcept {
 }
 
 int TagEnds::nameEnd(Text text, int from) noexcept {
-    const int near = std::min(from + shortDistance, length(text));
+    const int near = std::min(from + ReadAgain::units, length(text));
     const int end = nameEndBetween(text, from, near);
     if (end >= 0 || near >= length(text))
         return end;

@@ -5,7 +5,7 @@
 namespace {
 
 /// What is found within so many units is not worth remembering in the place of what is far.
-constexpr int distance = 64;
+constexpr int leastDistance = 64;
 
 } // namespace
 
@@ -19,7 +19,7 @@ int UnitMemo::last(XmlScan::Text text, int position) noexcept {
         --found;
     if (found < unread)
         found = isBehind ? found_ : -1;
-    if (position - found >= distance) {
+    if (position - found >= leastDistance) {
         found_ = found;
         read_ = position;
     }

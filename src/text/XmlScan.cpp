@@ -14,10 +14,6 @@ namespace XmlScan {
 
 namespace {
 
-int length(Text text) noexcept {
-    return static_cast<int>(text.size());
-}
-
 /// `position` where it is valid, else -1.
 int validOrNone(Text text, int position) noexcept {
     return isValid(text, position) ? position : -1;

@@ -34,6 +34,9 @@ constexpr bool endsEntityName(wchar_t unit) noexcept {
            unit == L'\t' || unit == L'\n' || unit == L'\r';
 }
 
+inline int length(Text text) noexcept {
+    return static_cast<int>(text.size());
+}
 inline bool isValid(Text text, int position) noexcept {
     return position >= 0 && static_cast<std::size_t>(position) < text.size();
 }

@@ -9,3 +9,8 @@ std::vector<Xml::Element*> Elements::childrenOf(const Xml::Node& parent, const C
             found.push_back(static_cast<Xml::Element*>(child));
     return found;
 }
+
+Core::String Elements::valueOf(const Xml::Element& element, const Core::String& name) {
+    const Xml::Attribute* attribute = element.get_attribute(name);
+    return attribute ? attribute->get_value() : Core::String();
+}

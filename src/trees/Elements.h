@@ -16,4 +16,7 @@ namespace Elements {
 std::vector<Xml::Element*> childrenOf(const Xml::Node& parent,
                                       const Core::String& name = Core::String());
 
+/// The value of the attribute that has no prefix, or else of the first with any; empty without one.
+Core::String valueOf(const Xml::Element& element, const Core::String& name);
+
 } // namespace Elements

@@ -3,6 +3,7 @@
 #include "foundation/MemoryStream.h"
 #include "foundation/Messages.h"
 #include "foundation/TemporaryFolder.h"
+#include "foundation/Wide.h"
 #include "foundation/XmlReader.h"
 #include "foundation/XmlWriter.h"
 
@@ -40,15 +41,12 @@ std::string utf16(const std::string& text, bool bigEndian = false) {
     return bytes;
 }
 
-std::wstring wide(const std::string& ascii) {
-    return std::wstring(ascii.begin(), ascii.end());
-}
-
 TEST(XmlReader, AByteOrderMarkWinsOverTheDeclaration) {
     const std::string lie = declaring("ISO-8859-1", "x");
-    EXPECT_EQ(read("\xEF\xBB\xBF" + lie + "\xC3\xA9"), wide(lie) + L"\xE9");
-    EXPECT_EQ(read("\xFF\xFE" + utf16(lie) + "\x3D\xD8\x00\xDE"s), wide(lie) + L"\xD83D\xDE00");
-    EXPECT_EQ(read("\xFE\xFF" + utf16(lie, true)), wide(lie));
+    EXPECT_EQ(read("\xEF\xBB\xBF" + lie + "\xC3\xA9"), wide(lie.c_str()) + L"\xE9");
+    EXPECT_EQ(read("\xFF\xFE" + utf16(lie) + "\x3D\xD8\x00\xDE"s),
+              wide(lie.c_str()) + L"\xD83D\xDE00");
+    EXPECT_EQ(read("\xFE\xFF" + utf16(lie, true)), wide(lie.c_str()));
 }
 
 TEST(XmlReader, Utf16IsKnownWithoutAMark) {
@@ -56,7 +54,7 @@ TEST(XmlReader, Utf16IsKnownWithoutAMark) {
         for (const std::string& text :
              {declaring("UTF-16", "x"), declaring(bigEndian ? "UTF-16BE" : "utf-16le", "x"),
               "<a/>"s})
-            EXPECT_EQ(read(utf16(text, bigEndian)), wide(text));
+            EXPECT_EQ(read(utf16(text, bigEndian)), wide(text.c_str()));
 }
 
 TEST(XmlReader, TheDeclarationNamesTheEncoding) {
@@ -133,7 +131,7 @@ std::string utf8(const String& text) {
     return std::string(Encoder::convertStringToUTF8(text).view());
 }
 
-std::string refusalOf(std::string_view bytes) {
+std::string decoderRefusal(std::string_view bytes) {
     return messageOf([&] { Encoder::convertUTF8ToString(bytes); });
 }
 
@@ -153,16 +151,16 @@ TEST(Encoder, EveryCharacterIsWhatItsBytesSay) {
 }
 
 TEST(Encoder, BytesThatAreNoUtf8AreRefusedWithTheirPlace) {
-    EXPECT_EQ(refusalOf("abc\x80"), "byte 3: stray UTF-8 continuation byte");
-    EXPECT_EQ(refusalOf("\xC3"), "byte 0: truncated UTF-8 sequence");
-    EXPECT_EQ(refusalOf("0123456789\xE2\x82z"), "byte 10: truncated UTF-8 sequence");
-    EXPECT_EQ(refusalOf("a\xC0\xAF"), "byte 1: overlong UTF-8 sequence");
-    EXPECT_EQ(refusalOf("\xED\xBF\xBF"), "byte 0: UTF-8 encoded surrogate");
-    EXPECT_EQ(refusalOf("a\xF0\x8F\xBF\xBF"), "byte 1: overlong UTF-8 sequence");
-    EXPECT_EQ(refusalOf("\xED\xA0\x80"), "byte 0: UTF-8 encoded surrogate");
-    EXPECT_EQ(refusalOf("\xF4\x90\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");
-    EXPECT_EQ(refusalOf("\xF8\x88\x80\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");
-    EXPECT_EQ(refusalOf("\xFF"), "byte 0: byte that UTF-8 never uses");
+    EXPECT_EQ(decoderRefusal("abc\x80"), "byte 3: stray UTF-8 continuation byte");
+    EXPECT_EQ(decoderRefusal("\xC3"), "byte 0: truncated UTF-8 sequence");
+    EXPECT_EQ(decoderRefusal("0123456789\xE2\x82z"), "byte 10: truncated UTF-8 sequence");
+    EXPECT_EQ(decoderRefusal("a\xC0\xAF"), "byte 1: overlong UTF-8 sequence");
+    EXPECT_EQ(decoderRefusal("\xED\xBF\xBF"), "byte 0: UTF-8 encoded surrogate");
+    EXPECT_EQ(decoderRefusal("a\xF0\x8F\xBF\xBF"), "byte 1: overlong UTF-8 sequence");
+    EXPECT_EQ(decoderRefusal("\xED\xA0\x80"), "byte 0: UTF-8 encoded surrogate");
+    EXPECT_EQ(decoderRefusal("\xF4\x90\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");
+    EXPECT_EQ(decoderRefusal("\xF8\x88\x80\x80\x80"), "byte 0: UTF-8 sequence beyond U+10FFFF");
+    EXPECT_EQ(decoderRefusal("\xFF"), "byte 0: byte that UTF-8 never uses");
 }
 
 TEST(Encoder, ALoneSurrogateIsShownButNeverWritten) {

@@ -8,7 +8,7 @@
 namespace {
 
 /// How a start tag shows a property of this value.
-std::wstring written(const wchar_t* value) {
+std::wstring inStartTag(const wchar_t* value) {
     PropertyCollection collection;
     collection.addProperty(EditableProperty(L"a", value), false);
     return wide(collection.getPropertiesString());
@@ -31,12 +31,12 @@ TEST(EditableProperty, FormattingIsHowAnElementLooks) {
 }
 
 TEST(PropertyCollection, WritesValuesThatKeepTheTagWellFormed) {
-    EXPECT_EQ(written(L"say \"x\" < 'y' > z"), L"a=\"say &quot;x&quot; &lt; 'y' > z\"");
-    EXPECT_EQ(written(L"R&D & co; &&amp;"), L"a=\"R&amp;D &amp; co; &amp;&amp;\"");
-    EXPECT_EQ(written(L"&#x; &#12x; &#; &; &1; &#x1G; &"),
+    EXPECT_EQ(inStartTag(L"say \"x\" < 'y' > z"), L"a=\"say &quot;x&quot; &lt; 'y' > z\"");
+    EXPECT_EQ(inStartTag(L"R&D & co; &&amp;"), L"a=\"R&amp;D &amp; co; &amp;&amp;\"");
+    EXPECT_EQ(inStartTag(L"&#x; &#12x; &#; &; &1; &#x1G; &"),
               L"a=\"&amp;#x; &amp;#12x; &amp;#; &amp;; &amp;1; &amp;#x1G; &amp;\"");
     for (const wchar_t* asItStands : {L"&amp;&quot;&lt;&#160;&#x00A0;", L"&qf:own-1.2;", L"\n\t"})
-        EXPECT_EQ(written(asItStands), std::wstring(L"a=\"") + asItStands + L"\"");
+        EXPECT_EQ(inStartTag(asItStands), std::wstring(L"a=\"") + asItStands + L"\"");
 }
 
 TEST(PropertyCollection, PrefixesComeAndGoButNeverMakeANameTwice) {

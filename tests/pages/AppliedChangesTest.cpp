@@ -14,8 +14,6 @@ using Core::String;
 
 namespace {
 
-const String text = detachedPages;
-
 /// A document in a host's setup with this text.
 struct Edited : MarkedDocument {
     explicit Edited(const String& content) { face().setContent(content, true); }
@@ -53,10 +51,10 @@ TEST(AppliedChanges, OfAnUntouchedPageKeepEverything) {
 }
 
 TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
-    Edited target(text);
-    target->setCaretPos(false, text.find(L"one", 0));
+    Edited target(detachedPages);
+    target->setCaretPos(false, detachedPages.find(L"one", 0));
     const EditorState before = stateOf(target.face());
-    String edited = text;
+    String edited = detachedPages;
     edited.replaceAll(L"extent=\"2in\"", L"extent=\"3in\" v:a=\"1\"");
     edited.replaceAll(L"xmlns:qf=\"",
                       L"qf:protect-copy=\"yes\" xmlns:w=\"unused\" xmlns:v=\"urn:v\" xmlns:qf=\"");
@@ -81,7 +79,7 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
         changed.find(L"<!-- <fo:static-content flow-name=\"foot\">no</fo:static-content> -->", 0),
         0);
     EXPECT_GT(changed.find(L" qf:protect-copy=\"yes\">", 0), 0);
-    EXPECT_EQ(PageFacts(changed).flows, PageFacts(text).flows);
+    EXPECT_EQ(PageFacts(changed).flows, PageFacts(detachedPages).flows);
     EXPECT_EQ(xmlError(changed), "");
     const std::string heard = target.heard();
     for (const char kind : std::string("bcs"))
@@ -91,10 +89,10 @@ TEST(AppliedChanges, TakeMasterAndStaticContentsOverInOneStep) {
 
     target->undo();
     PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"none", {1});
-    EXPECT_EQ(target.all(), text);
+    EXPECT_EQ(target.all(), detachedPages);
     PGMasterUtilities::applyChanges(&target.face(), &source.face(), L"A & B", {});
     EXPECT_GT(target.all().find(L"3in", 0), 0);
-    EXPECT_EQ(PageFacts(target.all()).statics, PageFacts(text).statics);
+    EXPECT_EQ(PageFacts(target.all()).statics, PageFacts(detachedPages).statics);
     const Edited broken(L"<a>");
     EXPECT_THROW(PGMasterUtilities::applyChanges(&target.face(), &broken.face(), L"A & B", {1}),
                  Core::Exception);
@@ -174,7 +172,7 @@ TEST(AppliedChanges, FindNamesThatAreEntities) {
 }
 
 TEST(AppliedChanges, PagesForEditingHaveALockedFlow) {
-    const Edited document(text);
+    const Edited document(detachedPages);
     const String page = document->getPageSequenceForEditing(1, L"'\"&", L"x & y");
     EXPECT_TRUE(
         page.startsWith(L"<fo:page-sequence master-reference='&apos;&quot;&amp;'>\n\t<fo:"));
@@ -192,7 +190,7 @@ TEST(AppliedChanges, PagesForEditingHaveALockedFlow) {
     EXPECT_EQ(noFlow->getPageSequenceContentWithReplacedFoFlow(1, L"X"), L"-X+");
     EXPECT_EQ(noFlow->getPageSequenceForEditing(2, L"B", L"f"), L"");
 
-    const PGMasterBufferUtilities buffer(text);
+    const PGMasterBufferUtilities buffer(detachedPages);
     const String dummy = buffer.getDummyPage(L"{1} & B", {{L"region-before", L"<"}});
     EXPECT_TRUE(dummy.startsWith(
         L"<fo:page-sequence master-reference=\"{1} &amp; B\">\n\t<fo:static-content "

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "foundation/String.h"
+
 /// A document with what pages are made of: masters with `&` in their names, regions without names,
 /// a repeat, an inserted document, and markup that is none because of where it stands.
-inline constexpr const wchar_t* detachedPages = LR"-(<?xml version="1.0"?>
+inline const Core::String detachedPages = LR"-(<?xml version="1.0"?>
 <fo:root xmlns:fo="http://www.w3.org/1999/XSL/Format" xmlns:qfd="urn:forme:qfd/1.0" xmlns:qf="urn:forme:qf/1.0">
 <fo:layout-master-set><!-- <fo:page-sequence-master master-name="no"></fo:page-sequence-master> -->
 <fo:simple-page-master master-name="A &amp; B"><qf:printing-options/><fo:region-body margin="1in"/><fo:region-before extent="2in"/><fo:region-after region-name="foot"/></fo:simple-page-master>

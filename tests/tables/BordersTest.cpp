@@ -11,7 +11,7 @@ namespace {
 
 using T = EditableTableBuffer;
 using Group = TableRowGroupType;
-using Type = CellBorderType;
+using Border = CellBorderType;
 using Xml::Element;
 
 TEST(TableBorders, OneCellByItself) {
@@ -19,24 +19,24 @@ TEST(TableBorders, OneCellByItself) {
     const auto table = buffer->getEditableTableBuffer(-1);
     Element* cell = table->getCellElementAt(0, 0, Group::Body);
     cell->set_attribute(L"padding", L"1pt");
-    table->setSpecificBorderToCell(cell, Type::Top, L"dashed");
-    table->setSpecificBorderToCell(cell, Type::All, L"dashed");
+    table->setSpecificBorderToCell(cell, Border::Top, L"dashed");
+    table->setSpecificBorderToCell(cell, Border::All, L"dashed");
     EXPECT_EQ(gridOf(*table->getTableElement()), L"(a<padding=1pt; top=dashed>, b)");
-    EXPECT_TRUE(T::cellHasSpecificBorder(cell, Type::Top));
-    EXPECT_FALSE(T::cellHasSpecificBorder(cell, Type::None) ||
-                 T::cellHasSpecificBorder(nullptr, Type::Top));
-    T::removeSpecificBorderFromCell(cell, Type::Top);
+    EXPECT_TRUE(T::cellHasSpecificBorder(cell, Border::Top));
+    EXPECT_FALSE(T::cellHasSpecificBorder(cell, Border::None) ||
+                 T::cellHasSpecificBorder(nullptr, Border::Top));
+    T::removeSpecificBorderFromCell(cell, Border::Top);
     EXPECT_EQ(cell->get_attributes().size(), 4u) << "the padding of each side";
     for (const wchar_t* shorthand : {L"border", L"border-style"}) {
         cell->set_attribute(shorthand, L"dotted");
-        EXPECT_EQ(T::getBorderStyleFromCell(cell, Type::Border), L"dotted");
+        EXPECT_EQ(T::getBorderStyleFromCell(cell, Border::Border), L"dotted");
         cell->remove_attribute(shorthand);
     }
     table->setBordersInfo({L"2pt", L"red", L"dotted"});
-    table->setSpecificBorderToCell(cell, Type::Left, L"ridge");
-    table->setSpecificBorderToCell(cell, Type::Style, L"solid");
+    table->setSpecificBorderToCell(cell, Border::Left, L"ridge");
+    table->setSpecificBorderToCell(cell, Border::Style, L"solid");
     T::removeAllBordersFromCell(cell);
-    EXPECT_EQ(T::getBorderAttributeName(Type::All), L"");
+    EXPECT_EQ(T::getBorderAttributeName(Border::All), L"");
     EXPECT_EQ(gridOf(*table->getTableElement()),
               L"(a<padding-top=1pt; padding-right=1pt; padding-bottom=1pt; padding-left=1pt; "
               L"left-color=red; left-width=2pt; color=red; width=2pt>, b)");

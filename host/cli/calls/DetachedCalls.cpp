@@ -24,7 +24,7 @@ struct Wire<std::pair<int, int>> {
 namespace {
 
 using D = EditableDocumentBuffer;
-using B = PGMasterBuffer;
+using Pages = PGMasterBuffer;
 using U = PGMasterBufferUtilities;
 using P = PGMasterUtilities;
 using Core::String;
@@ -207,38 +207,39 @@ std::vector<Operation> treeRows(const OpenedRows<Buffer>& tree) {
     return {
         tree.openMade(&ofText<Buffer>, &treeOf<Buffer>, {"text"}),
         tree.close(),
-        tree("commitChangesToEditableBuffer", overload<void()>(&B::commitChangesToEditableBuffer)),
-        tree("commit", overload<void()>(&B::commitChangesToEditableBuffer)),
+        tree("commitChangesToEditableBuffer",
+             overload<void()>(&Pages::commitChangesToEditableBuffer)),
+        tree("commit", overload<void()>(&Pages::commitChangesToEditableBuffer)),
         tree.made("commitChangesToEditableBuffer", &textOf<Buffer>, {"text"}),
-        tree("getDocumentBufferStart", &B::getDocumentBufferStart),
-        tree("getDocumentBufferEnd", &B::getDocumentBufferEnd),
-        tree("getAttributeValue", &B::getAttributeValue, {"element", "name", "prefix"}),
-        tree("getElementByName", &B::getElementByName, {"parent", "name"}),
-        tree("getElementProperties", &B::getElementProperties, {"element"}),
-        tree("setElementProperties", &B::setElementProperties, {"element", "properties"}),
-        tree("getPaginationNodes", &B::getPaginationNodes),
-        tree("getPageSequenceByIdx", &B::getPageSequenceByIdx, {"index"}),
-        tree("stringArrayContains", &B::stringArrayContains, {"array", "text"}),
-        tree("parseAttributes", &B::parseAttributes, {"ignored"}),
-        tree("walkDomTree", &B::walkDomTree, {"node", "ignored"}),
+        tree("getDocumentBufferStart", &Pages::getDocumentBufferStart),
+        tree("getDocumentBufferEnd", &Pages::getDocumentBufferEnd),
+        tree("getAttributeValue", &Pages::getAttributeValue, {"element", "name", "prefix"}),
+        tree("getElementByName", &Pages::getElementByName, {"parent", "name"}),
+        tree("getElementProperties", &Pages::getElementProperties, {"element"}),
+        tree("setElementProperties", &Pages::setElementProperties, {"element", "properties"}),
+        tree("getPaginationNodes", &Pages::getPaginationNodes),
+        tree("getPageSequenceByIdx", &Pages::getPageSequenceByIdx, {"index"}),
+        tree("stringArrayContains", &Pages::stringArrayContains, {"array", "text"}),
+        tree("parseAttributes", &Pages::parseAttributes, {"ignored"}),
+        tree("walkDomTree", &Pages::walkDomTree, {"node", "ignored"}),
 
         // Page masters and their regions
-        tree("getSimplePageMasterCount", &B::getSimplePageMasterCount),
-        tree("getSimplePageMasterName", &B::getSimplePageMasterName, {"index"}),
-        tree("getSimplePageMasterElement", &B::getSimplePageMasterElement, {"name"}),
-        tree("getComplexPageMasterByName", &B::getComplexPageMasterByName, {"name"}),
-        tree("getAllSimplePageMasters", &B::getAllSimplePageMasters),
-        tree("getAllComplexPageMasters", &B::getAllComplexPageMasters),
-        tree("getSimplePageMasterByName", &B::getSimplePageMasterByName, {"name"}),
-        tree("renameSimplePageMaster", &B::renameSimplePageMaster, {"oldName", "newName"}),
+        tree("getSimplePageMasterCount", &Pages::getSimplePageMasterCount),
+        tree("getSimplePageMasterName", &Pages::getSimplePageMasterName, {"index"}),
+        tree("getSimplePageMasterElement", &Pages::getSimplePageMasterElement, {"name"}),
+        tree("getComplexPageMasterByName", &Pages::getComplexPageMasterByName, {"name"}),
+        tree("getAllSimplePageMasters", &Pages::getAllSimplePageMasters),
+        tree("getAllComplexPageMasters", &Pages::getAllComplexPageMasters),
+        tree("getSimplePageMasterByName", &Pages::getSimplePageMasterByName, {"name"}),
+        tree("renameSimplePageMaster", &Pages::renameSimplePageMaster, {"oldName", "newName"}),
         tree.made("getComplexPageMasterEntries", &referencesIn<Buffer>, {"name", "references"}),
-        tree("simplePMUsedInComplexPageMaster", &B::simplePMUsedInComplexPageMaster,
+        tree("simplePMUsedInComplexPageMaster", &Pages::simplePMUsedInComplexPageMaster,
              {"simple", "complexName"}),
-        tree("getRegionByNameFromSimplePageMaster", &B::getRegionByNameFromSimplePageMaster,
+        tree("getRegionByNameFromSimplePageMaster", &Pages::getRegionByNameFromSimplePageMaster,
              {"master", "region"}),
-        tree("isRegionVisible", &B::isRegionVisible, {"master", "region"}),
-        tree("setVisibleRegion", &B::setVisibleRegion, {"master", "region", "visible"}),
-        tree("setNameForRegion", &B::setNameForRegion, {"master", "oldName", "newName"}),
+        tree("isRegionVisible", &Pages::isRegionVisible, {"master", "region"}),
+        tree("setVisibleRegion", &Pages::setVisibleRegion, {"master", "region", "visible"}),
+        tree("setNameForRegion", &Pages::setNameForRegion, {"master", "oldName", "newName"}),
         tree.made("getSimplePageMasterRegionList", &regionsIn<Buffer, Texts>,
                   {"regions", "master"}),
         tree.made("getSimplePageMasterRegionList", &regionsIn<Buffer, Names>,
@@ -247,13 +248,14 @@ std::vector<Operation> treeRows(const OpenedRows<Buffer>& tree) {
                   {"ignored", "regions", "master"}),
 
         // Static contents
-        tree("getStaticContentsNodes", &B::getStaticContentsNodes),
-        tree("getStaticContentElementByIdx", &B::getStaticContentElementByIdx, {"index"}),
-        tree("getFlowNameForStaticContent", &B::getFlowNameForStaticContent, {"index"}),
-        tree("getPageSeqRefNameForStaticContent", &B::getPageSeqRefNameForStaticContent, {"index"}),
-        tree("getStaticContentElement", &B::getStaticContentElement, {"flowName"}),
-        tree("setNameForStaticContent", &B::setNameForStaticContent, {"newName", "oldName"}),
-        tree("addNewStaticContent", &B::addNewStaticContent,
+        tree("getStaticContentsNodes", &Pages::getStaticContentsNodes),
+        tree("getStaticContentElementByIdx", &Pages::getStaticContentElementByIdx, {"index"}),
+        tree("getFlowNameForStaticContent", &Pages::getFlowNameForStaticContent, {"index"}),
+        tree("getPageSeqRefNameForStaticContent", &Pages::getPageSeqRefNameForStaticContent,
+             {"index"}),
+        tree("getStaticContentElement", &Pages::getStaticContentElement, {"flowName"}),
+        tree("setNameForStaticContent", &Pages::setNameForStaticContent, {"newName", "oldName"}),
+        tree("addNewStaticContent", &Pages::addNewStaticContent,
              {"flowName", "ignored", "sequenceIndex", "blank"}),
         tree.made("getDocumentStaticContentList", &flowsIn<Buffer>, {"flows", "master"}),
     };
@@ -347,8 +349,8 @@ std::vector<Operation> Calls::detachedPages() {
     const OpenedRows<U> text("detachedText");
     std::vector<Operation> all;
     for (const std::vector<Operation>& rows :
-         {documentTextRows(), functionRows(), treeRows(OpenedRows<B>("detached")), treeRows(text),
-          textRows(text)})
+         {documentTextRows(), functionRows(), treeRows(OpenedRows<Pages>("detached")),
+          treeRows(text), textRows(text)})
         all.insert(all.end(), rows.begin(), rows.end());
     return all;
 }

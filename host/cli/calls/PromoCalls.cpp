@@ -51,30 +51,30 @@ struct Wire<TranspromoInfo> : RecordWire<TranspromoInfo> {
 
 namespace {
 
-using P = TranspromoBuffer;
+using Places = TranspromoBuffer;
 
-SmartPtr<P> ofSequence(Session& session, Core::String master) {
-    return SmartPtr<P>(new P(&session.document(), master));
+SmartPtr<Places> ofSequence(Session& session, Core::String master) {
+    return SmartPtr<Places>(new Places(&session.document(), master));
 }
 
 /// Its nodes are not named by requests.
-OpenedObjects::Tree treeOf(P&) {
+OpenedObjects::Tree treeOf(Places&) {
     return {};
 }
 
 } // namespace
 
 std::vector<Operation> Calls::promoPlaces() {
-    const OpenedRows<P> promo("promo");
+    const OpenedRows<Places> promo("promo");
     return {
         promo.openMade(&ofSequence, &treeOf, {"master"}),
         promo.close(),
-        promo("getTranspromoList", &P::getTranspromoList),
-        promo("overrideTranspromoList", &P::overrideTranspromoList, {"places"}),
-        promo("commitChangesToEditableBuffer", &P::commitChangesToEditableBuffer),
-        promo("commit", &P::commitChangesToEditableBuffer),
-        promo("deleteExistingTranspromo", &P::deleteExistingTranspromo, {"sequence"}),
-        promo("getRegionTypeAsString", &P::getRegionTypeAsString, {"region"}),
-        promo("getRegionType", &P::getRegionType, {"name"}),
+        promo("getTranspromoList", &Places::getTranspromoList),
+        promo("overrideTranspromoList", &Places::overrideTranspromoList, {"places"}),
+        promo("commitChangesToEditableBuffer", &Places::commitChangesToEditableBuffer),
+        promo("commit", &Places::commitChangesToEditableBuffer),
+        promo("deleteExistingTranspromo", &Places::deleteExistingTranspromo, {"sequence"}),
+        promo("getRegionTypeAsString", &Places::getRegionTypeAsString, {"region"}),
+        promo("getRegionType", &Places::getRegionType, {"name"}),
     };
 }

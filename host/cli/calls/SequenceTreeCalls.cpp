@@ -40,11 +40,11 @@ OpenedObjects::Tree treeOf(S& sequences) {
     };
 }
 
-SmartPtr<S> ofDocument(Session& session) {
+SmartPtr<S> sequencesOf(Session& session) {
     return SmartPtr<S>(new S(&session.document()));
 }
 
-SmartPtr<S> ofText(Session&, const String& text) {
+SmartPtr<S> sequencesIn(Session&, const String& text) {
     return SmartPtr<S>(new S(text));
 }
 
@@ -53,8 +53,8 @@ SmartPtr<S> ofText(Session&, const String& text) {
 std::vector<Operation> Calls::pageSequenceTree() {
     const OpenedRows<S> sequences("sequences");
     return {
-        sequences.openMade(&ofDocument, &treeOf),
-        sequences.openMade(&ofText, &treeOf, {"text"}),
+        sequences.openMade(&sequencesOf, &treeOf),
+        sequences.openMade(&sequencesIn, &treeOf, {"text"}),
         sequences.close(),
         sequences("commitChangesToEditableBuffer", &S::commitChangesToEditableBuffer),
         sequences("commit", &S::commitChangesToEditableBuffer),

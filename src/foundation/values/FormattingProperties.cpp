@@ -1,8 +1,9 @@
 #include "foundation/values/FormattingProperties.h"
 
+#include "foundation/values/OneOf.h"
+
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 
 namespace {
 
@@ -211,10 +212,6 @@ constexpr auto sortedProperties = [] {
     std::sort(sorted.begin(), sorted.end(), comesBefore);
     return sorted;
 }();
-
-bool isOneOf(std::wstring_view name, std::initializer_list<std::wstring_view> names) noexcept {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
 
 bool hasComponent(Components components, std::wstring_view name) noexcept {
     switch (components) {

@@ -1,10 +1,10 @@
 #include "foundation/values/PropertiesHelper.h"
 
 #include "foundation/values/BorderStyle.h"
+#include "foundation/values/OneOf.h"
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -26,10 +26,6 @@ Name takeApart(const String& name) {
     if (name.startsWith(L"fo:"))
         return {L"fo:", name.substringAfter(L":")};
     return {L"", name};
-}
-
-bool isOneOf(std::wstring_view word, std::initializer_list<std::wstring_view> words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
 }
 
 /// The length of the word that `text` begins with. White space in parentheses is part of the word,
