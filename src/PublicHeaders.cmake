@@ -112,6 +112,7 @@ set(FORME_PUBLIC_HEADERS
   templates/PropertyValueHandler.h
   templates/QFDTemplateFunctionalBuffer.h
   text/EditableXmlBuffer.h
+  text/TextChange.h
   text/TextView.h
   text/TextWindow.h
   text/XmlCharacters.h

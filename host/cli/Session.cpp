@@ -7,6 +7,7 @@
 #include <forme/document/EditableDocumentBufferState.h>
 
 #include <exception>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -98,6 +99,7 @@ void Session::save(const Core::String& path, DocumentEncoding encoding) {
 template <typename Answer>
 auto Session::undivided(Answer answer) {
     const SmartPtr<EditableDocumentBuffer> document = document_;
+    document->getTextVersion(); // to which, with no other in between, is gone back without a trace
     EditableDocumentBufferState before(document.get());
     OpenedObjects opened = opened_;
     try {
@@ -110,8 +112,19 @@ auto Session::undivided(Answer answer) {
     }
 }
 
+/// What a request did to the text. Where it took up another document, that is all of the text.
+TextChange Session::changeSince(const SmartPtr<EditableDocumentBuffer>& before,
+                                std::uint64_t version) const {
+    if (document_ == before)
+        if (const std::optional<TextChange> change = before->changeSince(version))
+            return *change;
+    return {0, before->getContent().length(), document_->getContent().length()};
+}
+
 Json Session::carryOut(const Json& request) {
     notices_ = {};
+    const SmartPtr<EditableDocumentBuffer> before = document_;
+    const std::uint64_t version = before->getTextVersion();
     const Json result = operationFor(request).invoke(*this, request);
     opened_.forgetLostNodes();
     Json notices = Json::array();
@@ -120,10 +133,13 @@ Json Session::carryOut(const Json& request) {
                                       {notices_.selection, "selection"}})
         if (given)
             notices.push_back(name);
-    return {{"result", result},
-            {"caret", document_->getCaretPos()},
-            {"pivot", document_->getSelectionPivotPos()},
-            {"notices", notices}};
+    Json reply = {{"result", result},
+                  {"caret", document_->getCaretPos()},
+                  {"pivot", document_->getSelectionPivotPos()},
+                  {"notices", notices}};
+    if (const TextChange change = changeSince(before, version); !change.empty())
+        reply["change"] = Wire<TextChange>::write(change);
+    return reply;
 }
 
 Json Session::serve(const Json& request) {

@@ -7,6 +7,7 @@
 #include <forme/document/IEditableBufferMonitor.h>
 #include <forme/foundation/SmartPtr.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -38,8 +39,8 @@ public:
     /// this one in the file.
     void save(const Core::String& path, DocumentEncoding encoding);
 
-    /// Carries out a request and answers {"result", "caret", "pivot", "notices"}, or {"error"}
-    /// saying what was wrong. Never throws for a request.
+    /// Carries out a request and answers {"result", "caret", "pivot", "notices"}, with "change"
+    /// where the text changed, or {"error"} saying what was wrong. Never throws for a request.
     Json serve(const Json& request);
     /// The same for a line of text.
     Json serveLine(std::string_view line);
@@ -61,6 +62,8 @@ private:
     template <typename Answer>
     auto undivided(Answer answer);
     Json carryOut(const Json& request);
+    TextChange changeSince(const SmartPtr<EditableDocumentBuffer>& before,
+                           std::uint64_t version) const;
     void adopt(const SmartPtr<EditableDocumentBuffer>& document) noexcept;
 
     SmartPtr<EditableDocumentBuffer> document_;

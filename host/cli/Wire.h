@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
@@ -40,6 +41,17 @@ struct Wire<int> {
     }
     static int read(const Json& value) { return value.get<int>(); }
     static Json write(int value) { return value; }
+};
+
+template <>
+struct Wire<std::uint64_t> {
+    static constexpr const char* name = "int from 0";
+    static bool matches(const Json& value) {
+        return value.is_number_integer() &&
+               (value.is_number_unsigned() || value.get<std::int64_t>() >= 0);
+    }
+    static std::uint64_t read(const Json& value) { return value.get<std::uint64_t>(); }
+    static Json write(std::uint64_t value) { return value; }
 };
 
 template <>
@@ -142,6 +154,21 @@ struct Wire<BreakType> {
         return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 6;
     }
     static BreakType read(const Json& value) { return static_cast<BreakType>(value.get<int>()); }
+};
+
+template <>
+struct Wire<TextChange> {
+    static Json write(const TextChange& value) {
+        return {{"start", value.start}, {"removed", value.removed}, {"inserted", value.inserted}};
+    }
+};
+
+template <>
+struct Wire<std::optional<TextChange>> {
+    static constexpr const char* name = "change {start, removed, inserted} or null";
+    static Json write(const std::optional<TextChange>& value) {
+        return value ? Wire<TextChange>::write(*value) : Json();
+    }
 };
 
 template <>

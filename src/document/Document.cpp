@@ -77,6 +77,17 @@ void Document::select(int pivot, int caret) {
 
 // Changes
 
+void Document::insert(int position, const String& xml) {
+    text_.insert(position, xml);
+    versions_.add({position, 0, xml.length()});
+}
+
+String Document::erase(int start, int end) {
+    String removed = text_.erase(start, end);
+    versions_.add({start, end - start, 0});
+    return removed;
+}
+
 int Document::offsetAfterDeletion(int offset, int start, int end) {
     if (offset <= start)
         return offset;
@@ -91,14 +102,14 @@ void Document::insertUnrecorded(int position, const String& xml) {
     const auto moved = [&](int offset) {
         return offset >= position ? offset + xml.length() : offset;
     };
-    text_.insert(position, xml);
+    insert(position, xml);
     placeCaretAfterEdit(moved(caret_), moved(pivot_));
 }
 
 String Document::removeUnrecorded(int start, int end) {
     if (!text_.isValid(start) || !text_.isValid(end) || end < start)
         return {};
-    String removed = text_.erase(start, end + 1);
+    String removed = erase(start, end + 1);
     placeCaretAfterEdit(offsetAfterDeletion(caret_, start, end),
                         offsetAfterDeletion(pivot_, start, end));
     return removed;
@@ -106,8 +117,8 @@ String Document::removeUnrecorded(int start, int end) {
 
 void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivot, int caret) {
     if (start < end)
-        text_.erase(start, end);
-    text_.insert(start, xml);
+        erase(start, end);
+    insert(start, xml);
     const bool isNowhere = caret_ == -1 && pivot_ == -1;
     if (isNowhere && caret == -1 && pivot == -1)
         notifyBufferChanged();
@@ -117,10 +128,13 @@ void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivo
 
 void Document::typeUnrecorded(int start, int count, const String& xml) {
     text_.replace(start, count, xml.view());
+    versions_.add({start, count, xml.length()});
     caret_ = pivot_ = start + xml.length();
 }
 
-void Document::goBackTo(const TextMark& text, int caret, int pivot) noexcept {
+void Document::goBackTo(const TextMark& text, const TextVersions::Mark& version, int caret,
+                        int pivot) noexcept {
+    versions_.goBackTo(version, text_.length(), text.text().length());
     text_.goBackTo(text);
     caret_ = caret;
     pivot_ = pivot;
@@ -138,7 +152,9 @@ void Document::placeCaretAfterEdit(int caret, int pivot) {
 
 /// The old caret belongs to the old text and has no say in where the new one goes.
 void Document::replaceText(const String& content) {
+    const int length = text_.length();
     text_.assign(content);
+    versions_.add({0, length, text_.length()});
     if (hasSelection())
         notifySelectionChanged();
     if (caret_ != -1)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/EditableNames.h"
+#include "document/TextVersions.h"
 #include "document/history/EditActionStack.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
@@ -36,6 +37,11 @@ public:
     static std::shared_ptr<XmlText> textOf(const std::shared_ptr<Document>& document);
 
     const XmlText& text() const { return text_; }
+
+    // The versions of the text that a host has asked for
+
+    TextVersions::Number textVersion() noexcept { return versions_.current(); }
+    const TextVersions& versions() const { return versions_; }
 
     // The caret and the selection
 
@@ -82,7 +88,8 @@ public:
     /// Takes another text, in which the caret goes to its first place.
     void replaceText(const Core::String& content);
     /// Goes back to a version of the text, with caret and pivot as they were. It needs no memory.
-    void goBackTo(const TextMark& text, int caret, int pivot) noexcept;
+    void goBackTo(const TextMark& text, const TextVersions::Mark& version, int caret,
+                  int pivot) noexcept;
     /// Where an offset goes when `start` through `end` are removed.
     static int offsetAfterDeletion(int offset, int start, int end);
 
@@ -155,6 +162,8 @@ public:
     bool isInCommand = false;               ///< whether a scope stands around what is being done
 
 private:
+    void insert(int position, const Core::String& xml);
+    Core::String erase(int start, int end);
     void placeCaretAfterEdit(int caret, int pivot);
 
     struct KnownProtection {
@@ -163,6 +172,7 @@ private:
     };
 
     XmlText text_;
+    TextVersions versions_;
     int caret_ = -1;
     int pivot_ = -1;
     mutable std::optional<KnownProtection> knownProtection_;

@@ -92,6 +92,12 @@ String EditableDocumentBuffer::getContent() const {
     return document_->text().content();
 }
 
+String EditableDocumentBuffer::getContent(int start, int end) const {
+    const XmlText& text = document_->text();
+    const bool isRange = text.isValid(start) && start < end && end <= text.length();
+    return isRange ? text.slice(start, end) : String();
+}
+
 int EditableDocumentBuffer::getLayoutMasterSetPosition() const {
     return document_->text().layoutMasterSet();
 }

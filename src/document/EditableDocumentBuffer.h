@@ -13,7 +13,9 @@
 #include "foundation/Vector.h"
 #include "foundation/values/PropertyCollection.h"
 #include "text/EditableXmlBuffer.h"
+#include "text/TextChange.h"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -118,6 +120,18 @@ public:
     // The text
 
     Core::String getContent() const;
+    /// The units from `start` up to but excluding `end`; empty where that is no range of the text.
+    Core::String getContent(int start, int end) const;
+
+    /// The number of the text as it is now, for a host that follows it: another, greater one if
+    /// the text has changed since a number was last given.
+    std::uint64_t getTextVersion() const;
+    /// What has changed in the text since the version of that number, whatever made it: one range
+    /// that holds all changes and parts no pair of surrogates; an empty one if nothing has, as by
+    /// a command that was refused or raised. Nothing if it is none of the last 256 versions that
+    /// were asked for: then the text has to be read anew. It costs as much as versions lie
+    /// between. Neither raises.
+    std::optional<TextChange> changeSince(std::uint64_t version) const;
 
     /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. Whether
     /// the text is well formed is not looked at. With `resetHistory` nothing can be undone

@@ -9,12 +9,13 @@ using Core::String;
 
 struct EditableDocumentBufferState::State {
     explicit State(const Document& document)
-        : text(document.text().mark()), caret(document.caret()), pivot(document.pivot()),
-          history(document.history), typingGroup(document.typingGroup),
-          selectedElementName(document.selectedElementName), search(document.search),
-          modes(document.modes) {}
+        : text(document.text().mark()), version(document.versions().mark()),
+          caret(document.caret()), pivot(document.pivot()), history(document.history),
+          typingGroup(document.typingGroup), selectedElementName(document.selectedElementName),
+          search(document.search), modes(document.modes) {}
 
     TextMark text;
+    TextVersions::Mark version;
     int caret;
     int pivot;
     EditActionStack history;
@@ -43,7 +44,7 @@ const TextMark& EditableDocumentBufferState::text() const {
 
 /// Everything is moved, for it may be a failed allocation that is being taken back.
 void EditableDocumentBufferState::restorePreviousState() noexcept {
-    document_.goBackTo(before_->text, before_->caret, before_->pivot);
+    document_.goBackTo(before_->text, before_->version, before_->caret, before_->pivot);
     document_.history.restore(std::move(before_->history));
     document_.typingGroup = before_->typingGroup;
     document_.selectedElementName = std::move(before_->selectedElementName);

@@ -1,21 +1,10 @@
 #pragma once
 
+#include "text/TextChange.h"
 #include "text/store/TextStore.h"
 
 #include <forward_list>
 #include <memory>
-
-/// Where two versions of a text differ: `removed` units from `start` on gave way to `inserted`.
-struct TextChange {
-    int start = 0;
-    int removed = 0;
-    int inserted = 0;
-
-    bool empty() const { return removed == 0 && inserted == 0; }
-    TextChange undone() const { return {start, inserted, removed}; }
-    /// Takes up a change that was made after this one.
-    void add(const TextChange& later);
-};
 
 /// The changes of a text since the oldest mark that is out. Its versions form a tree, for whoever
 /// goes back and then does something else leaves a branch behind. Each version knows what led to it

@@ -25,10 +25,14 @@ TEST(Session, AnswersWithResultCaretAndNotices) {
     Session session;
     const Json loaded = session.serve({"setContent", document, true});
     const int first = static_cast<int>(document.get<std::string>().find("first"));
-    EXPECT_EQ(loaded, Json({{"result", nullptr},
-                            {"caret", first},
-                            {"pivot", first},
-                            {"notices", {"buffer", "caret"}}}));
+    EXPECT_EQ(
+        loaded,
+        Json({{"result", nullptr},
+              {"caret", first},
+              {"pivot", first},
+              {"change",
+               {{"start", 0}, {"removed", 0}, {"inserted", document.get<std::string>().size()}}},
+              {"notices", {"buffer", "caret"}}}));
     EXPECT_EQ(session.serveLine("[\"setCaretPos\",true," + std::to_string(first + 2) + "]"),
               Json({{"result", nullptr},
                     {"caret", first + 2},

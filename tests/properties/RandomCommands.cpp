@@ -287,6 +287,7 @@ bool isErasure(const std::string& command) {
 WatchedSession::WatchedSession(const std::string& path) {
     session_.open(Core::Encoder::convertUTF8ToString(path));
     first_ = state();
+    followers_.assign(3, TextFollower(document()));
 }
 
 std::string WatchedSession::carryOut(const std::string& command) {
@@ -306,10 +307,23 @@ std::string WatchedSession::carryOut(const std::string& command) {
     const std::set<std::string> kinds(notices.begin(), notices.end());
     if (kinds.size() != notices.size())
         return "a notice twice: " + reply["notices"].dump();
-    return (now.text != before.text && !kinds.contains("buffer")) ||
-                   (now.caret != before.caret && !kinds.contains("caret"))
-               ? "a change without its notice: " + reply["notices"].dump()
-               : "";
+    if (((now.text != before.text || reply.contains("change")) && !kinds.contains("buffer")) ||
+        (now.caret != before.caret && !kinds.contains("caret")))
+        return "a change without its notice: " + reply["notices"].dump();
+    ++carriedOut_;
+    return brokenFollowing();
+}
+
+/// Of those who follow the text one looks after each command, the others after some.
+std::string WatchedSession::brokenFollowing() {
+    std::size_t pause = 1;
+    for (TextFollower& follower : followers_) {
+        if (carriedOut_ % pause == 0 && !follower.keepsUpWith(document()))
+            return "who follows the text has another, looking after commands: " +
+                   std::to_string(pause);
+        pause *= 5;
+    }
+    return {};
 }
 
 std::string WatchedSession::brokenHistory() {
@@ -322,7 +336,9 @@ std::string WatchedSession::brokenHistory() {
     if (const std::string error = xmlError(document().getContent()); !error.empty())
         return "undoing everything gives " + error;
     replayAll(R"(["redo"])");
-    return document().getContent() == last ? "" : "redoing everything gives another text";
+    carriedOut_ = 0; // all look
+    return document().getContent() == last ? brokenFollowing()
+                                           : "redoing everything gives another text";
 }
 
 /// Comments and sections that Backspace met are gone for good. The caret comes back with a change

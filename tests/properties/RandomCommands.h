@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Session.h"
+#include "properties/TextFollower.h"
 #include "support/EditorState.h"
 
 #include <algorithm>
@@ -106,9 +107,12 @@ protected:
 
 private:
     bool isAsAtFirst();
+    std::string brokenFollowing();
     void replayAll(const std::string& command);
 
     Session session_;
+    std::vector<TextFollower> followers_;
+    std::size_t carriedOut_ = 0;
     EditorState first_; // before the first change that can be undone
     bool firstChangedText_ = false;
     bool lostSection_ = false; // which Backspace removed for good

@@ -2,7 +2,7 @@
 
 #include "document/Document.h"
 #include "document/history/Replay.h"
-#include "text/TextLog.h"
+#include "text/TextChange.h"
 
 #include <algorithm>
 #include <optional>
