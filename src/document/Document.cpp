@@ -126,10 +126,10 @@ void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivo
         placeCaretAfterEdit(caret, pivot);
 }
 
-void Document::typeUnrecorded(int start, int count, const String& xml) {
-    text_.replace(start, count, xml.view());
-    versions_.add({start, count, xml.length()});
-    caret_ = pivot_ = start + xml.length();
+void Document::typeUnrecorded(int start, int count, std::wstring_view xml, int caret) {
+    text_.replace(start, count, xml);
+    versions_.add({start, count, static_cast<int>(xml.size())});
+    caret_ = pivot_ = caret;
 }
 
 void Document::goBackTo(const TextMark& text, const TextVersions::Mark& version, int caret,

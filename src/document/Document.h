@@ -82,9 +82,9 @@ public:
     /// Puts `xml` in the place of `start` up to but excluding `end`, after which caret and pivot
     /// stand where the caller has worked out.
     void rewriteUnrecorded(int start, int end, const Core::String& xml, int pivot, int caret);
-    /// Puts `xml` in the place of so many units from `start` on, and the caret behind it. Nothing
-    /// may be selected; whoever types tells the monitor.
-    void typeUnrecorded(int start, int count, const Core::String& xml);
+    /// Puts `xml` in the place of so many units from `start` on, and the caret where it is told.
+    /// Nothing may be selected; whoever types tells the monitor.
+    void typeUnrecorded(int start, int count, std::wstring_view xml, int caret);
     /// Takes another text, in which the caret goes to its first place.
     void replaceText(const Core::String& content);
     /// Goes back to a version of the text, with caret and pivot as they were. It needs no memory.

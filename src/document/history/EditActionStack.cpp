@@ -133,11 +133,14 @@ void EditActionStack::track(const TypedKey& key) noexcept {
     track(EditAction::EditInsert, key.start() + blank, key.text.length() - blank);
 }
 
-void EditActionStack::addStep(std::vector<Entry> entries, const EditAction& performed) noexcept {
-    track(performed);
+void EditActionStack::addStep(std::vector<Entry> entries) noexcept {
     for (Entry& entry : entries) {
-        if (!entry.isMarker && !hasRoomFor(1) && !undoActions_.empty())
+        const EditAction::EditActionType type = entry.performed.getType();
+        const bool isMarker =
+            type == EditAction::EditGroupStart || type == EditAction::EditGroupEnd;
+        if (!isMarker && !hasRoomFor(1) && !undoActions_.empty())
             undoActions_.dropFront();
+        track(entry.performed);
         push(std::move(entry.record));
     }
     redoActions_.clear();

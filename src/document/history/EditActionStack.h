@@ -70,13 +70,13 @@ public:
     }
     /// Whether so many entries can be held at all.
     bool canHold(std::size_t count) const { return count <= static_cast<std::size_t>(limit_); }
-    /// Records a step that has its memory: the entries as the undo list is to hold them, and the
-    /// action on the text that they undo. For a marker no other entry goes.
+    /// Records a step that has its memory: the actions as they were performed, with the records
+    /// that the undo list is to hold. For a marker of a group no other entry goes.
     struct Entry {
         ActionList::Prepared record;
-        bool isMarker;
+        EditAction performed;
     };
-    void addStep(std::vector<Entry> entries, const EditAction& performed) noexcept;
+    void addStep(std::vector<Entry> entries) noexcept;
     /// How many entries were ever put on the undo list by recording.
     std::size_t recordedCount() const { return recorded_; }
 
