@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int entityLength = static_cast<int>(XmlScan::nbspEntity.size());
-
 bool isErasable(const XmlText& text, int position) {
     return !text.isWithin(position, L"fo:list-block") &&
            !XmlScan::contains(Vocabulary::inlineHolders,
@@ -62,7 +60,7 @@ bool PlainPlace::showsBefore(const XmlText& text, int position) {
         return false;
     switch (const wchar_t unit = text.unitAt(position - 1)) {
     case L';':
-        return !text.standsAt(XmlScan::nbspEntity, position - entityLength);
+        return !text.standsAt(XmlScan::nbspEntity, position - nbspLength);
     case L'"':
     case L'\'':
         return true;

@@ -6,6 +6,8 @@
 /// edited.
 namespace PlainPlace {
 
+inline constexpr int nbspLength = static_cast<int>(XmlScan::nbspEntity.size());
+
 /// Whether it is text that no rule of an editing key asks about: it is no white space and no
 /// placeholder, needs no escape, and neither ends an entity or a section nor is half a pair.
 constexpr bool isPlain(wchar_t unit) noexcept {

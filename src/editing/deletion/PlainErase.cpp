@@ -8,6 +8,7 @@
 #include <vector>
 
 using Core::String;
+using PlainPlace::nbspLength;
 using PlainPlace::showsAt;
 using PlainPlace::showsBefore;
 
@@ -30,12 +31,10 @@ struct Unit {
 
 // What is beside the unit
 
-constexpr int entityLength = static_cast<int>(XmlScan::nbspEntity.size());
-
 /// Where a non-breaking space begins that ends before the position; the position if none does.
 int nbspBefore(const XmlText& text, int position) {
-    if (text.standsAt(XmlScan::nbspEntity, position - entityLength))
-        return position - entityLength;
+    if (text.standsAt(XmlScan::nbspEntity, position - nbspLength))
+        return position - nbspLength;
     return text.standsAt(XmlScan::nbspCharacter, position - 1) ? position - 1 : position;
 }
 

@@ -8,15 +8,13 @@
 
 using Core::String;
 using PlainPlace::isPlain;
+using PlainPlace::nbspLength;
 using PlainPlace::showsAt;
 using PlainPlace::showsBefore;
 
 namespace {
 
 using Key = EditActionStack::TypedKey;
-
-constexpr wchar_t entity[] = L"&#x00A0;";
-constexpr int entityLength = 8;
 
 /// What a character is typed as; empty for one that a rule of typing asks about.
 String escaped(const String& text) {
@@ -43,7 +41,7 @@ bool isTagAt(const XmlText& text, int position) {
 /// A blank shows between text; at the end of a line it becomes an entity.
 std::optional<Key> keyOfBlank(const XmlText& text, int caret) {
     static const String blank = L" ";
-    static const String atEnd = entity;
+    static const String atEnd(XmlScan::nbspEntity);
     if (!showsBefore(text, caret))
         return std::nullopt;
     if (showsAt(text, caret))
@@ -54,7 +52,7 @@ std::optional<Key> keyOfBlank(const XmlText& text, int caret) {
 /// Whether the entity before the caret is such a blank, which becomes one again. At the offsets
 /// that are numbers of white space it stays, as turnEntityBeforeCaretIntoBlank tells.
 bool followsTypedBlank(const XmlText& text, int caret) {
-    const int start = caret - entityLength;
+    const int start = caret - nbspLength;
     return text.standsAt(XmlScan::nbspEntity, start) && showsBefore(text, start) &&
            (showsAt(text, caret) || isTagAt(text, caret)) &&
            !String::isSpace(static_cast<wchar_t>(start - 1));
@@ -75,7 +73,7 @@ std::optional<Key> keyOfCharacter(const XmlText& text, int caret, const String& 
     if (typed.empty())
         return std::nullopt;
     if (followsTypedBlank(text, caret))
-        return Key{caret, entityLength, L" " + typed};
+        return Key{caret, nbspLength, L" " + typed};
     return isBesideText(text, caret) ? std::optional(Key{caret, 0, typed}) : std::nullopt;
 }
 
