@@ -10,6 +10,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -77,6 +80,31 @@ void load(benchmark::State& state) {
         buffer->setContentFromFile(path);
     countUnits(state, *buffer);
     std::filesystem::remove(path.c_str());
+}
+
+/// The memory that is in use, in whatever pieces.
+double memoryInUse() {
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
+}
+
+/// What a document takes for each of its units, behind loading and behind many edits all over it.
+/// The host's own text is not part of it.
+void setContent(benchmark::State& state) {
+    constexpr int edits = 10000;
+    const Core::String& content = documentOfSize(state.range(0));
+    const double before = memoryInUse();
+    SmartPtr<Buffer> buffer;
+    for (auto _ : state)
+        buffer = bufferOfSize(state.range(0));
+    countUnits(state, *buffer);
+    const auto bytesPerUnit = [&] { return (memoryInUse() - before) / buffer->length(); };
+    state.counters["bytes/unit"] = bytesPerUnit();
+    for (int edit = 0; edit < edits; ++edit) {
+        const int place = static_cast<int>(1LL * content.length() * edit / edits);
+        buffer->insertXmlTextAtPosition(std::max(0, buffer->text().find(L" ", place)), L" some");
+    }
+    state.counters["edited"] = bytesPerUnit();
 }
 
 void walkForward(benchmark::State& state) {
@@ -182,6 +210,7 @@ void sizes(benchmark::internal::Benchmark* bench) {
 } // namespace
 
 BENCHMARK(load)->Apply(sizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(setContent)->Apply(sizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(save)->Apply(sizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(walkForward)->Apply(sizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(walkBackward)->Apply(sizes)->Unit(benchmark::kMicrosecond);

@@ -1,53 +1,50 @@
 #include "text/ClosingTags.h"
 
-#include "text/ReadAgain.h"
-#include "text/TagEnds.h"
+#include "text/XmlText.h"
+#include "text/torn/ReadAgain.h"
 
 #include <algorithm>
 #include <utility>
 
-using XmlScan::Text;
-
 /// How far the text was read from an element on.
 struct ClosingTags::Reading {
-    Text text;
-    TagEnds& ends;
+    const XmlText& text;
     int element;
     int at;
     int passed = 0;
 
     bool isBefore(int end) const { return at >= 0 && at < end; }
     void step() {
-        at = XmlScan::nextTag(text, XmlScan::stepForward(text, at));
+        at = text.nextTag(text.next(at));
         ++passed;
     }
 };
 
-int ClosingTags::find(Text text, int element, TagEnds& ends) {
-    if (!XmlScan::onTagStart(text, element) || XmlScan::closingAt(text, element) ||
-        XmlScan::ignoredAt(text, element))
+int ClosingTags::find(const XmlText& text, int element) {
+    if (!text.onTagStart(element) || text.closingAt(element) || text.ignoredAt(element))
         return -1;
     if (const auto known = far_.find(element); known != far_.end())
         return known->second;
-    if (ends.selfClosingAt(text, element))
+    if (text.selfClosingAt(element))
         return element;
-    return XmlScan::documentTypeAt(text, element) ? -1 : scan(text, element, ends);
+    return text.documentTypeAt(element) ? -1 : scan(text, element);
 }
 
 /// Goes on from tag to tag, and over an element of the same name that is known as one.
-int ClosingTags::scan(Text text, int element, TagEnds& ends) {
-    const Text name = ends.tagName(text, element);
+int ClosingTags::scan(const XmlText& text, int element) {
+    const Name name = text.tagName(element);
     if (name.empty())
         return -1;
+    const MarkKinds kinds = MarkKinds::named(name) | MarkKinds::named(XmlScan::foRoot);
     opened_.assign(1, {element, 0});
     int passed = 0;
     for (int at = element; at >= 0; ++passed) {
-        at = XmlScan::nextTag(text, XmlScan::stepForward(text, at));
+        at = text.nextTagOf(kinds, text.next(at));
         if (0 <= pairedFrom_ && pairedFrom_ <= at)
             break;
-        const Text found = ends.tagName(text, at);
+        const Name found = text.tagName(at);
         const bool isClosing = found.starts_with(L'/') && found.substr(1) == name;
-        if ((!isClosing && found != name) || ends.selfClosingAt(text, at))
+        if ((!isClosing && found != name) || text.selfClosingAt(at))
             continue;
         if (isClosing) {
             close(text, opened_.back(), at, passed);
@@ -60,27 +57,27 @@ int ClosingTags::scan(Text text, int element, TagEnds& ends) {
             opened_.push_back({at, passed});
         }
     }
-    return pairFrom(text, element, ends);
+    return pairFrom(text, element);
 }
 
 /// The scan has met the closing tag of what was opened there.
-void ClosingTags::close(Text text, const Opening& opening, int tag, int passed) {
+void ClosingTags::close(const XmlText& text, const Opening& opening, int tag, int passed) {
     if (passed - opening.passed <= ReadAgain::tags)
         return;
     far_[opening.tag] = tag;
-    const int end = XmlScan::tagEnd(text, tag + 1);
-    read_ = std::max(read_, end < 0 ? static_cast<int>(text.size()) : end);
+    const int end = text.tagEnd(tag);
+    read_ = std::max(read_, end < 0 ? text.length() : end);
 }
 
 /// Reads on for all names up to where that has been done. So a walk over elements that are left
 /// open reads the text once, however many names they have.
-int ClosingTags::pairFrom(Text text, int element, TagEnds& ends) {
-    const int length = static_cast<int>(text.size());
+int ClosingTags::pairFrom(const XmlText& text, int element) {
+    const int length = text.length();
     const int known = std::exchange(pairedFrom_, -1);
     stray_.clear();
     open_.clear();
     read_ = length;
-    Reading reading{text, ends, element, element};
+    Reading reading{text, element, element};
     pairTags(reading, known);
     if (reading.at != known) {
         unmatched_.clear();
@@ -92,10 +89,10 @@ int ClosingTags::pairFrom(Text text, int element, TagEnds& ends) {
 }
 
 void ClosingTags::pairTags(Reading& reading, int end) {
-    const auto& [text, ends, element, at, passed] = reading;
+    const auto& [text, element, at, passed] = reading;
     for (; reading.isBefore(end); reading.step()) {
-        const Text found = ends.tagName(text, at);
-        if (found.empty() || ends.selfClosingAt(text, at))
+        const Name found = text.tagName(at);
+        if (found.empty() || text.selfClosingAt(at))
             continue;
         if (!found.starts_with(L'/')) {
             open_[found].push_back({at, passed});

@@ -5,14 +5,14 @@
 #include <map>
 #include <vector>
 
-class TagEnds;
+class XmlText;
 
 /// Finds closing tags, and remembers those that a scan found far away or not at all, so that a walk
 /// over elements that are all left open reads the rest of the text once and not for each of them.
 class ClosingTags {
 public:
-    /// As XmlScan::closingTag. `ends` finds the ends of the tags of the same text.
-    int find(XmlScan::Text text, int element, TagEnds& ends);
+    /// As XmlScan::closingTag, of the text that this is a part of.
+    int find(const XmlText& text, int element);
     /// The text has changed from the position on.
     void forgetFrom(int position) noexcept;
 
@@ -26,9 +26,9 @@ private:
     using Name = XmlScan::Text;
     struct Reading;
 
-    int scan(XmlScan::Text text, int element, TagEnds& ends);
-    void close(XmlScan::Text text, const Opening& opening, int tag, int passed);
-    int pairFrom(XmlScan::Text text, int element, TagEnds& ends);
+    int scan(const XmlText& text, int element);
+    void close(const XmlText& text, const Opening& opening, int tag, int passed);
+    int pairFrom(const XmlText& text, int element);
     void pairTags(Reading& reading, int end);
     void pairWithRest();
 

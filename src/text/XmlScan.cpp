@@ -2,9 +2,9 @@
 
 #include "foundation/String.h"
 #include "foundation/UnitSearch.h"
-#include "text/PrecedingTags.h"
 #include "text/TagQuotes.h"
 #include "text/UnitMemo.h"
+#include "text/torn/PrecedingTags.h"
 
 #include <algorithm>
 #include <array>
@@ -111,14 +111,6 @@ bool isInsidePair(Text text, int position) noexcept {
         return isValid(text, at) && (unitAt(text, at) & 0xFC00) == first;
     };
     return isSurrogate(position - 1, 0xD800) && isSurrogate(position, 0xDC00);
-}
-
-/// Whether what begins at the position can be something else than the tag of an element.
-bool declarationAt(Text text, int position) noexcept {
-    if (!isValid(text, position) || !isValid(text, position + 1) || unitAt(text, position) != L'<')
-        return false;
-    const wchar_t second = unitAt(text, position + 1);
-    return second == L'!' || second == L'?';
 }
 
 /// The first unit at or after `from` that ends the name of a tag; -1 if none.
@@ -231,6 +223,13 @@ bool ignoredAt(Text text, int position) noexcept {
            (commentAt(text, position) || cdataAt(text, position) || instructionAt(text, position));
 }
 
+bool declarationAt(Text text, int position) noexcept {
+    if (!isValid(text, position) || !isValid(text, position + 1) || unitAt(text, position) != L'<')
+        return false;
+    const wchar_t second = unitAt(text, position + 1);
+    return second == L'!' || second == L'?';
+}
+
 bool selfClosingAt(Text text, int position) noexcept {
     if (!onTagStart(text, position))
         return false;
@@ -312,10 +311,13 @@ int stepForward(Text text, int position, Source source) noexcept {
 
 int stepBackward(Text text, int position, Text rootName) noexcept {
     PrecedingTags tags;
-    return stepBackward(text, position, rootName, tags);
+    return stepBackward(text, position, rootName, [text, &tags](int bracket) {
+        return tags.isText(text, bracket) ? bracket : tags.find(text, bracket);
+    });
 }
 
-int stepBackward(Text text, int position, Text rootName, PrecedingTags& tags) noexcept {
+int stepBackward(Text text, int position, Text rootName,
+                 const std::function<int(int bracket)>& overBracket) {
     if (position < 1 || !isValid(text, position - 1))
         return -1;
     if (!rootName.empty() && standsAt(text, rootName, position + 1) &&
@@ -325,7 +327,7 @@ int stepBackward(Text text, int position, Text rootName, PrecedingTags& tags) no
     // Deliberate: behind a comment or CDATA section this is the tag before it, while a step forward
     // passes the section as one unit; the deletion commands depend on the difference.
     if (before == L'>')
-        return tags.isText(text, position - 1) ? position - 1 : tags.find(text, position - 1);
+        return overBracket(position - 1);
     if (before != L';')
         return isInsidePair(text, position - 1) ? position - 2 : position - 1;
     for (int start = position - 2; start >= 0; --start) {

@@ -2,7 +2,8 @@
 
 #include "text/TextView.h"
 
-class PrecedingTags;
+#include <functional>
+
 class UnitMemo;
 
 /// The tag level of scanning: pure functions that answer questions about a text of XML from a given
@@ -27,6 +28,8 @@ inline constexpr Text instructionStart = L"<?";
 inline constexpr Text instructionEnd = L"?>";
 inline constexpr Text nbspEntity = L"&#x00A0;";
 inline constexpr Text nbspCharacter = L"\x00A0";
+/// The element with whose closing tag scanning ends.
+inline constexpr Text foRoot = L"fo:root";
 inline constexpr Text foRootEnd = L"</fo:root>";
 /// Whether a unit ends the name of an entity, which is one if that is the ";".
 constexpr bool endsEntityName(wchar_t unit) noexcept {
@@ -80,6 +83,8 @@ bool documentTypeAt(Text text, int position) noexcept;
 int documentTypeEnd(Text text, int position) noexcept;
 /// A comment, CDATA section or processing instruction.
 bool ignoredAt(Text text, int position) noexcept;
+/// Whether what begins at a position can be something else than the tag of an element.
+bool declarationAt(Text text, int position) noexcept;
 bool selfClosingAt(Text text, int position) noexcept;
 /// Whether the tag at a valid `<` begins with "</".
 bool closingAt(Text text, int position) noexcept;
@@ -103,7 +108,9 @@ int stepForward(Text text, int position, Source source = Source::Document) noexc
 /// One step backward. -1 at the start of the text and on the tag named `rootName`, if that is not
 /// empty.
 int stepBackward(Text text, int position, Text rootName) noexcept;
-int stepBackward(Text text, int position, Text rootName, PrecedingTags& tags) noexcept;
+/// The same, where `overBracket` tells for a `>` where the step over it leads.
+int stepBackward(Text text, int position, Text rootName,
+                 const std::function<int(int bracket)>& overBracket);
 
 /// Where the unit that holds a valid position begins: that position itself, unless it lies inside a
 /// tag, an entity, a surrogate pair, a comment, a CDATA section, a processing instruction or a

@@ -112,14 +112,11 @@ unsigned XmlText::headVersion() const {
 }
 
 void XmlText::forgetFrom(int position) noexcept {
-    const bool isTypeChanged = precedingTags_.forgetBehind(position);
-    elementMemo_.forgetBehind(isTypeChanged ? -1 : position);
+    const bool isTypeChanged = scannedTags_.forgetFrom(position);
     knownStretch_.forget();
     rootEdges_.reset();
     ancestors_.forgetBehind(isTypeChanged ? -1 : position);
     closingTags_.forgetFrom(position);
-    tagEnds_.forget();
-    markupMemo_.forgetFrom(position);
     nameEnds_.forgetFrom(position);
     isKnownRegular_ = false;
     ++version_;
@@ -174,9 +171,10 @@ void XmlText::goBackTo(const TextMark& mark) noexcept {
 }
 
 /// A short text is rather copied than kept in pieces.
-String XmlText::content() const {
+String XmlText::contentOf(const TextStore& text) {
     constexpr int isShort = 1024;
-    return length() < isShort ? String(all()) : String(std::make_shared<StoredContent>(text_));
+    return text.length() < isShort ? String(View(text))
+                                   : String(std::make_shared<StoredContent>(text));
 }
 
 int XmlText::endOfStretch(int start) const {
@@ -191,7 +189,7 @@ int XmlText::endOfStretch(int start) const {
 
 bool XmlText::openingAt(int position) const {
     return onTagStart(position) && !closingAt(position) && !ignoredAt(position) &&
-           !XmlScan::documentTypeAt(all(), position) && !selfClosingAt(position);
+           !documentTypeAt(position) && !selfClosingAt(position);
 }
 
 bool XmlText::closingTagFollows(int position) const {
@@ -248,10 +246,23 @@ bool XmlText::isBehindTable(int position) const {
 
 // Units and tags in the order of the text
 
+int XmlText::next(int position) const {
+    if (!onTagStart(position))
+        return XmlScan::stepForward(all(), position);
+    return askTags(position, [=](auto&& tags) { return tags.next(position); });
+}
+
+int XmlText::previous(int position) const {
+    return XmlScan::stepBackward(all(), position, rootName_.view(), [this](int bracket) {
+        const bool isText = askTags(bracket, [=](auto&& tags) { return tags.isText(bracket); });
+        return isText ? bracket : previousTag(bracket);
+    });
+}
+
 int XmlText::markupAround(int position) const {
     if (!isValid(position))
         return -1;
-    return text_.isRegular() ? text_.markupAround(position) : markupMemo_.around(all(), position);
+    return ask(text_.isRegular(), [=](auto&& tags) { return tags.markupAround(position); });
 }
 
 int XmlText::unitStart(int position) const {
@@ -287,20 +298,18 @@ String XmlText::nextTagName(int position) const {
 // The element around a position
 
 int XmlText::elementAround(int position) const {
-    if (!isValid(position) || !text_.isRegular())
-        return elementMemo_.around(all(), position, precedingTags_);
-    return knownStretch_.holds(position) ? knownStretch_.element() : findElementAround(position);
+    if (knownStretch_.holds(position) && text_.isRegular())
+        return knownStretch_.element();
+    return StoredTags(text_).know(position) ? findElementAround(position)
+                                            : scannedTags_.of(all()).elementAround(position);
 }
 
-/// In a comment, section, instruction or document type what looks like tags counts as tags.
+/// Of a place of which the store knows.
 int XmlText::findElementAround(int position) const {
     if (const Level* const level = ancestors_.find(position))
         return level->parent ? level->parent->element : -1;
-    const int markup = text_.markupAround(position);
-    if (markup >= 0 && (standsAt(L"<!", markup) || instructionAt(markup)))
-        return elementMemo_.around(all(), position, precedingTags_);
     const int element = text_.elementAround(position);
-    if (markup < 0) {
+    if (text_.markupAround(position) < 0) {
         const auto [start, end] = text_.stretchAround(position);
         knownStretch_.remember(start, end, element);
     }
@@ -452,15 +461,17 @@ const RootEdges& XmlText::rootEdges() const {
 }
 
 int XmlText::nextElement(int position) const {
-    return nextElementBefore(length(), position);
+    return nextElementOf(MarkKinds::tagStarts(), position, length());
 }
 
-int XmlText::nextElementBefore(int end, int position) const {
-    int tag = nextTag(onTagStart(position) ? next(position) : position);
+/// Passes elements that are not of the kinds, if it can.
+int XmlText::nextElementOf(MarkKinds kinds, int position, int end) const {
+    kinds |= MarkKinds::named(XmlScan::foRoot) | MarkKinds::named(rootName_.view());
+    int tag = nextTagOf(kinds, onTagStart(position) ? next(position) : position);
     while (tag < end && closingAt(tag)) {
         if (!rootName_.empty() && tagName(tag).substr(1) == rootName_.view())
             return -1;
-        tag = nextTag(next(tag));
+        tag = nextTagOf(kinds, next(tag));
     }
     return tag < end ? tag : -1;
 }
@@ -477,23 +488,28 @@ int XmlText::nextNamed(int position, View name) const {
 }
 
 int XmlText::nextNamedBefore(int end, int position, View name) const {
-    int element = nextElementBefore(end, position);
+    const MarkKinds kinds = MarkKinds::named(name);
+    int element = nextElementOf(kinds, position, end);
     while (element >= 0 && tagName(element) != name)
-        element = nextElementBefore(end, element);
+        element = nextElementOf(kinds, element, end);
     return element;
 }
 
 int XmlText::nextNamed(int position, const StringArray& names) const {
-    int element = nextElement(position);
+    MarkKinds kinds;
+    for (const String& name : names)
+        kinds |= MarkKinds::named(name);
+    int element = nextElementOf(kinds, position, length());
     while (element >= 0 && !isAmong(names, tagName(element)))
-        element = nextElement(element);
+        element = nextElementOf(kinds, element, length());
     return element;
 }
 
 int XmlText::previousNamed(int position, View name) const {
-    int tag = previousTag(position);
+    const MarkKinds kinds = MarkKinds::named(name);
+    int tag = previousTagOf(kinds, position);
     while (tag >= 0 && tagName(tag) != name)
-        tag = previousTag(tag);
+        tag = previousTagOf(kinds, tag);
     return tag;
 }
 

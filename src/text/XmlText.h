@@ -4,23 +4,22 @@
 #include "foundation/Vector.h"
 #include "text/Ancestors.h"
 #include "text/ClosingTags.h"
-#include "text/ElementMemo.h"
 #include "text/KnownStretch.h"
-#include "text/MarkupMemo.h"
-#include "text/PrecedingTags.h"
 #include "text/Prolog.h"
 #include "text/RootEdges.h"
 #include "text/SpaceProperties.h"
-#include "text/TagEnds.h"
+#include "text/StoredTags.h"
 #include "text/TextLog.h"
 #include "text/UnitMemo.h"
 #include "text/XmlElementType.h"
 #include "text/XmlScan.h"
 #include "text/store/TextStore.h"
+#include "text/torn/ScannedTags.h"
 
 #include <memory>
 #include <optional>
 #include <span>
+#include <type_traits>
 #include <vector>
 
 /// The text of one document, which it alone owns and stores, and the answers to where things are in
@@ -53,7 +52,7 @@ public:
     /// A copy of the same.
     Core::String slice(int start, int end) const { return Core::String(view(start, end)); }
     /// The whole text, which costs nothing: it stands for the store as it is now.
-    Core::String content() const;
+    Core::String content() const { return contentOf(text_); }
     /// Calls `visit` with one stretch after another of all the text. None ends within a pair of
     /// surrogates.
     template <typename Visit>
@@ -86,8 +85,8 @@ public:
     TextChange changeSince(const TextMark& mark) const;
     /// What stood in the place of such a range, as long as the mark is there.
     static View oldText(const TextMark& mark, const TextChange& change);
-    /// The whole text as it was, copied.
-    static Core::String contentAt(const TextMark& mark) { return Core::String(View(mark.text())); }
+    /// The whole text as it was, which costs as little as content().
+    static Core::String contentAt(const TextMark& mark) { return contentOf(mark.text()); }
     /// Whether the text is what it was.
     bool isAsAt(const TextMark& mark) const;
     /// Whether the elements of that name hold what they held.
@@ -125,9 +124,12 @@ public:
     bool commentAt(int position) const { return XmlScan::commentAt(all(), position); }
     bool cdataAt(int position) const { return XmlScan::cdataAt(all(), position); }
     bool instructionAt(int position) const { return XmlScan::instructionAt(all(), position); }
+    bool documentTypeAt(int position) const { return XmlScan::documentTypeAt(all(), position); }
     /// A comment, CDATA section or processing instruction.
     bool ignoredAt(int position) const { return XmlScan::ignoredAt(all(), position); }
-    bool selfClosingAt(int position) const { return tagEnds_.selfClosingAt(all(), position); }
+    bool selfClosingAt(int position) const {
+        return askTags(position, [=](auto&& tags) { return tags.selfClosingAt(position); });
+    }
     bool closingAt(int position) const { return XmlScan::closingAt(all(), position); }
     /// A start tag that has a closing tag of its own.
     bool openingAt(int position) const;
@@ -149,10 +151,8 @@ public:
     // Units and tags in the order of the text
 
     /// One step over a unit: a character, an entity, a tag, a comment, a section, an instruction.
-    int next(int position) const { return XmlScan::stepForward(all(), position); }
-    int previous(int position) const {
-        return XmlScan::stepBackward(all(), position, rootName_.view(), precedingTags_);
-    }
+    int next(int position) const;
+    int previous(int position) const;
     /// Where the unit that holds a valid position begins.
     int unitStart(int position) const;
     /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
@@ -169,17 +169,31 @@ public:
     }
 
     /// The tag at or after the position; never a comment, CDATA section or instruction.
-    int nextTag(int position) const { return XmlScan::nextTag(all(), position); }
+    int nextTag(int position) const { return nextTagOf(MarkKinds::tagStarts(), position); }
     /// The last tag whose `>` stands at or before the position; instructions included.
-    int previousTag(int position) const { return precedingTags_.find(all(), position); }
+    int previousTag(int position) const {
+        return previousTagOf(MarkKinds::tagStarts() | MarkKinds{MarkKind::InstructionStart},
+                             position);
+    }
+    /// The same of those of some kinds; tags of other kinds are passed where that is quicker.
+    int nextTagOf(MarkKinds kinds, int position) const {
+        return askTags(position, [=](auto&& tags) { return tags.nextTag(position, kinds); });
+    }
+    int previousTagOf(MarkKinds kinds, int position) const {
+        return askTags(position, [=](auto&& tags) { return tags.previousTag(position, kinds); });
+    }
     /// The last tag of the text, which closes the root.
     int lastTag() const;
     /// The first `>` at or after the position that stands in no quotes.
-    int tagEnd(int position) const { return XmlScan::tagEnd(all(), position); }
+    int tagEnd(int position) const {
+        return askTags(position, [=](auto&& tags) { return tags.tagEnd(position); });
+    }
     /// The closing tag of the start tag at the position; a self-closing tag is its own.
-    int closingTag(int position) const { return closingTags_.find(all(), position, tagEnds_); }
+    int closingTag(int position) const { return closingTags_.find(*this, position); }
     /// The start tag of the closing tag at the position, as names pair them.
-    int startTag(int position) const { return XmlScan::startTag(all(), position); }
+    int startTag(int position) const {
+        return askTags(position, [=](auto&& tags) { return tags.startTag(position); });
+    }
     /// The offset behind the element whose start tag stands at the position.
     int behindElement(int element) const { return next(closingTag(element)); }
     /// The last offset of that element.
@@ -190,7 +204,7 @@ public:
     // Names
 
     /// "fo:block", "/fo:block", "?xml", "!--"; empty where no tag stands.
-    View tagName(int position) const { return tagEnds_.tagName(all(), position); }
+    View tagName(int position) const { return scannedTags_.of(all()).tagName(position); }
     Core::String nameAt(int position) const { return Core::String(tagName(position)); }
     /// Without what stands before and with the first ":".
     Core::String localNameAt(int position) const;
@@ -339,6 +353,19 @@ public:
 
 private:
     View all() const { return View(text_); }
+    static Core::String contentOf(const TextStore& text);
+    template <typename Question>
+    using Answer = std::invoke_result_t<Question, StoredTags>;
+    /// Asks the store where it knows the answer, else scans.
+    template <typename Question>
+    Answer<Question> ask(bool doesStoreKnow, Question question) const {
+        return doesStoreKnow ? question(StoredTags(text_)) : question(scannedTags_.of(all()));
+    }
+    /// The same for a question about tags at or around a position.
+    template <typename Question>
+    Answer<Question> askTags(int position, Question question) const {
+        return ask(StoredTags(text_).know(position), question);
+    }
     using Level = Ancestors::Level;
     const Level* levelAround(int position) const {
         return ancestors_.levelOf(all(), elementAround(position),
@@ -351,19 +378,16 @@ private:
     void forgetFrom(int position) noexcept;
     void forget(int start, int count, std::wstring_view with) noexcept;
     int findElementAround(int position) const;
-    int nextElementBefore(int end, int position) const;
+    int nextElementOf(MarkKinds kinds, int position, int end) const;
     int behindNeighbor(int position, bool useCurrent) const;
     Core::String pathUpTo(int position, int root) const;
 
     TextStore text_;
     Core::String rootName_;
-    mutable PrecedingTags precedingTags_;
-    mutable ElementMemo elementMemo_;
+    mutable ScannedTags scannedTags_;
     mutable KnownStretch knownStretch_; // of a regular text
-    mutable Ancestors ancestors_;
     mutable ClosingTags closingTags_;
-    mutable TagEnds tagEnds_;
-    mutable MarkupMemo markupMemo_;
+    mutable Ancestors ancestors_;
     mutable UnitMemo nameEnds_{XmlScan::endsEntityName};
     mutable std::optional<RootEdges> rootEdges_;
     mutable std::shared_ptr<TextLog> log_; // also held by each mark

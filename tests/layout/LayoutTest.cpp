@@ -26,9 +26,16 @@ std::vector<std::string> wordsOf(const std::string& text) {
 
 /// From the ground up: a file includes from its own room and from those before it.
 const std::vector<std::string> rooms = wordsOf(
-    "foundation foundation/xml foundation/values text document editing/formatting "
-    "editing/deletion editing/lists editing/typing editing/breaks editing/objects editing/search "
-    "editing/settings trees templates tables pages forms channels checks");
+    "foundation foundation/xml foundation/values text/store text/torn text document "
+    "editing/formatting editing/deletion editing/lists editing/typing editing/breaks "
+    "editing/objects editing/search editing/settings trees templates tables pages forms channels "
+    "checks");
+
+/// What a room includes of one behind it: the store and the scans of what it cannot tell are read
+/// as any text is.
+const std::map<std::string, std::set<std::string>> reachUp{
+    {"text/store", {"text/TextView.h", "text/TextWindow.h"}},
+    {"text/torn", {"text/TagQuotes.h", "text/UnitMemo.h", "text/XmlScan.h"}}};
 
 /// What may take the whole text at once, and why it must.
 const std::map<std::string, std::string> wholeTextReaders{
@@ -114,8 +121,12 @@ std::string codeOf(const std::string& file) {
 TEST(Layout, IncludesPointDown) {
     for (const std::string& file : sourcesIn(sourcesFolder())) {
         EXPECT_LT(roomOf(file), rooms.size()) << file << " is in no room";
+        std::set<std::string> above;
+        if (const auto known = reachUp.find(path(file).parent_path()); known != reachUp.end())
+            above = known->second;
         for (const std::string& included : ownIncludesOf(file))
-            EXPECT_LE(roomOf(included), roomOf(file)) << file << " includes " << included;
+            EXPECT_TRUE(roomOf(included) <= roomOf(file) || above.count(included))
+                << file << " includes " << included;
     }
 }
 

@@ -1,4 +1,4 @@
-#include "text/PrecedingTags.h"
+#include "text/torn/PrecedingTags.h"
 
 #include "foundation/Wide.h"
 #include "properties/RandomCommands.h"
@@ -67,14 +67,17 @@ namespace {
 void expectAsInANewText(const XmlText& text, int at) {
     const auto all = text.view(0, text.length());
     const bool isRegular = TextStore(std::wstring(all)).isRegular();
-    ASSERT_EQ(text.previousTag(at), XmlScan::previousTag(all, at)) << wide(text.content());
-    ASSERT_EQ(text.previous(at), XmlScan::stepBackward(all, at, L""));
     ASSERT_EQ(text.unitStart(at), XmlScan::unitStart(all, at));
+    ASSERT_EQ(text.nextTag(at), XmlScan::nextTag(all, at));
+    ASSERT_EQ(text.next(at), XmlScan::stepForward(all, at));
     for (const int place : {at, text.previousTag(at), text.unitStart(at)}) {
+        ASSERT_EQ(text.previousTag(place), XmlScan::previousTag(all, place)) << place;
+        ASSERT_EQ(text.previous(place), XmlScan::stepBackward(all, place, L"")) << place;
         if (!isRegular) { // else the store knows, which has a test of its own
             ASSERT_EQ(text.elementAround(place), XmlScan::currentElement(all, place)) << place;
         }
         ASSERT_EQ(text.closingTag(place), XmlScan::closingTag(all, place)) << place;
+        ASSERT_EQ(text.tagEnd(place), XmlScan::tagEnd(all, place)) << place;
         ASSERT_EQ(text.selfClosingAt(place), XmlScan::selfClosingAt(all, place)) << place;
     }
 }

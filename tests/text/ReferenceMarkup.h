@@ -84,23 +84,42 @@ inline bool isInSection(std::wstring_view text, int position) {
            (XmlScan::standsAt(text, L"<!", start) || XmlScan::standsAt(text, L"<?", start));
 }
 
-/// The innermost start tag that ends at or before the position and is not closed there, as tags are
-/// counted and not their names; read from the beginning of the text.
-inline int openElementAt(std::wstring_view text, int position) {
+/// The tags and instructions that end at or before the position, read from the beginning of the
+/// text: what looks like one in a section is none.
+inline std::vector<int> tagsEndingBy(std::wstring_view text, int position) {
     std::vector<int> tags;
     for (int at = XmlScan::find(text, L'<', 0), end = 0; at >= 0;
          at = XmlScan::find(text, L'<', end)) {
         end = XmlScan::unitEnd(text, at);
         if (end < 0 || end > position + 1)
             break;
-        if (XmlScan::closingAt(text, at) || XmlScan::openingAt(text, at))
+        if (!XmlScan::commentAt(text, at) && !XmlScan::cdataAt(text, at))
             tags.push_back(at);
     }
+    return tags;
+}
+
+/// The innermost of those that opens an element which is not closed there, as tags are counted and
+/// not their names.
+inline int openElementIn(std::wstring_view text, const std::vector<int>& tags) {
     int closed = 0;
     for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag)
         if (XmlScan::closingAt(text, *tag))
             ++closed;
-        else if (closed-- == 0)
+        else if (XmlScan::openingAt(text, *tag) && closed-- == 0)
+            return *tag;
+    return -1;
+}
+
+/// The last of those that has the name of the last one, a closing tag, as names pair them, a
+/// self-closing tag and no tag at offset 0 included.
+inline int startTagIn(std::wstring_view text, const std::vector<int>& tags) {
+    const XmlScan::Text closing = XmlScan::tagName(text, tags.back());
+    int closed = 0;
+    for (auto tag = tags.rbegin() + 1; tag != tags.rend() && *tag > 0; ++tag)
+        if (XmlScan::tagName(text, *tag) == closing)
+            ++closed;
+        else if (XmlScan::tagName(text, *tag) == closing.substr(1) && closed-- == 0)
             return *tag;
     return -1;
 }

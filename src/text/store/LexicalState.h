@@ -17,14 +17,24 @@ struct LexicalState {
         DocumentType
     };
     /// What the last units could be the beginning of.
-    enum class Tail : std::uint8_t { None, Dash, Dashes, Bracket, Brackets, Question, Less, Slash };
+    enum class Tail : std::uint8_t {
+        None,
+        Dash,
+        Dashes,
+        Bracket,
+        Brackets,
+        Question,
+        Less,
+        Slash,
+        Reference ///< "&", and perhaps some units behind it
+    };
     enum class Quotes : std::uint8_t { None, Double, Single };
 
     Mode mode = Mode::Text;
     Tail tail = Tail::None;
     Quotes quotes = Quotes::None; ///< of a tag or a document type
     std::uint8_t keyword = 0;     ///< which one is being read, of a declaration
-    std::uint8_t read = 0;        ///< how many of its units
+    std::uint8_t read = 0;        ///< how many units of that, or of a reference
     bool isInType = false;        ///< what is read belongs to a document type
     bool isInBrackets = false;    ///< of a document type
     bool isBehindProlog = false;  ///< no document type may follow

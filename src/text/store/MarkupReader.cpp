@@ -1,13 +1,13 @@
 #include "text/store/MarkupReader.h"
 
 #include "foundation/String.h"
+#include "text/store/StoreWork.h"
 #include "text/store/TextUnits.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-using Kind = MarkupMark::Kind;
 using Mode = LexicalState::Mode;
 using Quotes = LexicalState::Quotes;
 using Tail = LexicalState::Tail;
@@ -49,10 +49,17 @@ bool endsSection(Tail tail) {
 } // namespace
 
 bool MarkupReader::isPlain(wchar_t unit) {
-    return unit != L'<' && unit != L'>' && unit != L'-' && unit != L']' && unit != L'?';
+    return unit != L'<' && unit != L'>' && unit != L'-' && unit != L']' && unit != L'?' &&
+           unit != L'&';
+}
+
+bool MarkupReader::endsReference(wchar_t unit) {
+    return unit == L';' || unit == L'&' || unit == L'<' || unit == L'>' || unit == L'"' ||
+           unit == L'\'' || Core::String::isSpace(unit);
 }
 
 void MarkupReader::read(const unsigned char* bytes, int size, bool isWide) {
+    StoreWork::ofThisThread().units += size;
     if (isWide)
         readAll(size, [bytes](int at) { return TextUnits::wideUnitAt(bytes, at); });
     else
@@ -92,8 +99,12 @@ void MarkupReader::readUnit(std::uint16_t at, wchar_t unit) {
 }
 
 void MarkupReader::readText(std::uint16_t at, wchar_t unit) {
+    if (readReference(unit)) {
+        state_.isBehindProlog = true;
+        return;
+    }
     if (unit == L'<') {
-        marks_.push_back({at, Kind::Start});
+        marks_.push_back({at, MarkKind::CutStart});
         begin(Mode::Markup);
         return;
     }
@@ -153,7 +164,7 @@ void MarkupReader::readSection(std::uint16_t at, wchar_t unit, Tail end) {
         if (state_.isInType)
             begin(Mode::DocumentType);
         else
-            this->end(at, Kind::OtherEnd);
+            this->end(at, end == Tail::Question ? MarkKind::OtherEnd : MarkKind::SectionEnd);
         return;
     }
     faults_ += (unit == L'>' && endsSection(state_.tail)) ||
@@ -164,13 +175,17 @@ void MarkupReader::readSection(std::uint16_t at, wchar_t unit, Tail end) {
 void MarkupReader::readTag(std::uint16_t at, wchar_t unit) {
     const bool isClosing = state_.mode == Mode::ClosingTag;
     faults_ += unit == L'<';
+    if (readReference(unit))
+        return;
     if (readQuotes(unit)) {
         faults_ += isClosing;
         state_.tail = Tail::None;
     } else if (unit == L'>') {
         const bool isSlashed = state_.tail == Tail::Slash;
         faults_ += isClosing && isSlashed;
-        end(at, isClosing ? Kind::ClosingEnd : isSlashed ? Kind::EmptyEnd : Kind::OpeningEnd);
+        end(at, isClosing   ? MarkKind::ClosingEnd
+                : isSlashed ? MarkKind::EmptyEnd
+                            : MarkKind::OpeningEnd);
     } else {
         state_.tail = unit == L'/' ? Tail::Slash : Tail::None;
     }
@@ -180,7 +195,7 @@ void MarkupReader::readDocumentType(std::uint16_t at, wchar_t unit) {
     if (readQuotes(unit)) {
         state_.tail = Tail::None;
     } else if (unit == L'>' && !state_.isInBrackets) {
-        end(at, Kind::OtherEnd);
+        end(at, MarkKind::OtherEnd);
     } else if ((unit == L'!' || unit == L'?') && state_.tail == Tail::Less) {
         begin(unit == L'!' ? Mode::Declaration : Mode::Instruction);
         state_.isInType = true;
@@ -189,6 +204,23 @@ void MarkupReader::readDocumentType(std::uint16_t at, wchar_t unit) {
             state_.isInBrackets = unit == L'[';
         state_.tail = unit == L'<' ? Tail::Less : Tail::None;
     }
+}
+
+/// Whether the unit belongs to a reference, which "&" begins.
+bool MarkupReader::readReference(wchar_t unit) {
+    if (state_.tail == Tail::Reference) {
+        const bool isPart = !endsReference(unit) && state_.read < longestReference;
+        if (isPart) {
+            ++state_.read;
+            return true;
+        }
+        faults_ += unit != L';';
+        state_.tail = Tail::None;
+        state_.read = 0;
+    }
+    if (unit == L'&')
+        state_.tail = Tail::Reference;
+    return unit == L'&';
 }
 
 /// Whether the unit opens or closes quotes or stands in them.
@@ -211,7 +243,7 @@ void MarkupReader::begin(Mode mode) {
     state_.isInType = state_.isInType && mode != Mode::DocumentType;
 }
 
-void MarkupReader::end(std::uint16_t at, Kind kind) {
+void MarkupReader::end(std::uint16_t at, MarkKind kind) {
     marks_.push_back({at, kind});
     state_ = {.isBehindProlog = state_.isBehindProlog};
 }

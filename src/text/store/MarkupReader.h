@@ -1,30 +1,21 @@
 #pragma once
 
 #include "text/store/LexicalState.h"
+#include "text/store/MarkKinds.h"
 
 #include <cstdint>
 #include <vector>
 
 /// Where markup begins or ends in a chunk of text.
 struct MarkupMark {
-    enum class Kind : std::uint8_t {
-        Start,      ///< the "<" of a tag, comment, section, instruction or document type
-        OpeningEnd, ///< the ">" of a start tag
-        ClosingEnd,
-        EmptyEnd, ///< of a self-closing tag
-        OtherEnd  ///< of markup that is no tag of an element
-    };
-
     std::uint16_t at;
-    Kind kind;
-
-    bool isStart() const { return kind == Kind::Start; }
+    MarkKind kind;
 };
 
 /// Reads text unit by unit and notes where markup begins and ends. What is not as XML has it, or
 /// could be taken for something else by who reads it from its end, is a fault: "<" in a tag, a
-/// delimiter of one kind of section in another or in text. Of a text without faults, from both ends
-/// the same is read.
+/// delimiter of one kind of section in another or in text, "&" without a ";". Of a text without
+/// faults, from both ends the same is read.
 class MarkupReader {
 public:
     MarkupReader(LexicalState state, std::vector<MarkupMark>& marks)
@@ -38,6 +29,11 @@ public:
 
     /// Whether the unit is like any other letter of text: it begins or ends nothing.
     static bool isPlain(wchar_t unit);
+    /// More units between "&" and ";" are a fault, so that where a reference is read can be told
+    /// from so many.
+    static constexpr int longestReference = 32;
+    /// Whether the unit ends a reference, which is complete if that is the ";".
+    static bool endsReference(wchar_t unit);
 
 private:
     using Mode = LexicalState::Mode;
@@ -53,9 +49,10 @@ private:
     void readSection(std::uint16_t at, wchar_t unit, Tail end);
     void readTag(std::uint16_t at, wchar_t unit);
     void readDocumentType(std::uint16_t at, wchar_t unit);
+    bool readReference(wchar_t unit);
     bool readQuotes(wchar_t unit);
     void begin(Mode mode);
-    void end(std::uint16_t at, MarkupMark::Kind kind);
+    void end(std::uint16_t at, MarkKind kind);
 
     LexicalState state_;
     std::vector<MarkupMark>& marks_;

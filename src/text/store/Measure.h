@@ -1,22 +1,26 @@
 #pragma once
 
+#include "text/store/MarkKinds.h"
+
 #include <algorithm>
 
 /// What is known of a stretch of text without reading it.
 struct Measure {
     int length = 0;
-    int starts = 0; ///< of markup
     int faults = 0; ///< see MarkupReader
     int net = 0;    ///< the start tags that end in it, less the closing tags
     int rise = 0;   ///< the same of that part at its end for which it is the most; at least 0
+    MarkKinds kinds{};
+    bool endsInText = true;
 
     /// Of this stretch and of what follows it, as one.
     Measure& operator+=(const Measure& next) {
         length += next.length;
-        starts += next.starts;
         faults += next.faults;
         rise = std::max(next.rise, next.net + rise);
         net += next.net;
+        kinds |= next.kinds;
+        endsInText = next.endsInText;
         return *this;
     }
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-using Kind = MarkupMark::Kind;
-
 TextChunk::TextChunk(std::wstring_view units, const LexicalState& entry)
     : TextChunk(TextUnits(units), entry) {}
 
@@ -12,8 +10,31 @@ TextChunk::TextChunk(TextUnits units, const LexicalState& entry)
     : units_(std::move(units)), entry_(entry) {
     MarkupReader reader(entry, marks_);
     reader.read(units_.bytes(), size(), units_.isWide());
+    marks_.shrink_to_fit();
+    for (MarkupMark& mark : marks_)
+        name(mark);
     exit_ = reader.state();
     faults_ = reader.faults();
+}
+
+/// Tells the kind of one that begins markup.
+void TextChunk::name(MarkupMark& mark) {
+    if (isStart(mark.kind))
+        mark.kind = kindOfStart(units_, mark.at);
+}
+
+const MarkupMark* TextChunk::markFrom(int at, MarkKinds kinds) const {
+    for (std::size_t mark = marksBefore(at); mark < marks_.size(); ++mark)
+        if (kinds.has(marks_[mark].kind))
+            return &marks_[mark];
+    return nullptr;
+}
+
+const MarkupMark* TextChunk::markBefore(int at, MarkKinds kinds) const {
+    for (std::size_t mark = marksBefore(at); mark > 0; --mark)
+        if (kinds.has(marks_[mark - 1].kind))
+            return &marks_[mark - 1];
+    return nullptr;
 }
 
 std::size_t TextChunk::marksBefore(int at) const {
@@ -23,10 +44,10 @@ std::size_t TextChunk::marksBefore(int at) const {
 }
 
 Measure TextChunk::measure() const {
-    Measure measure{.length = size(), .faults = faults_};
+    Measure measure{.length = size(), .faults = faults_, .endsInText = exit_.isText()};
     for (auto mark = marks_.rbegin(); mark != marks_.rend(); ++mark) {
-        measure.starts += mark->isStart();
-        measure.net += (mark->kind == Kind::OpeningEnd) - (mark->kind == Kind::ClosingEnd);
+        measure.kinds |= {mark->kind};
+        measure.net += (mark->kind == MarkKind::OpeningEnd) - (mark->kind == MarkKind::ClosingEnd);
         measure.rise = std::max(measure.rise, measure.net);
     }
     return measure;
@@ -43,10 +64,7 @@ TextChunk TextChunk::replaced(int at, int count, std::wstring_view with) const {
 
 TextChunk TextChunk::withPlainText(int at, int count, std::wstring_view with) const {
     TextChunk chunk;
-    chunk.units_.reserve(size() - count + static_cast<int>(with.size()), units_.isWide());
-    chunk.units_.append(units_, 0, at);
-    chunk.units_.append(with);
-    chunk.units_.append(units_, at + count, size());
+    chunk.units_ = units_.replaced(at, count, with);
     chunk.marks_ = marks_;
     chunk.faults_ = faults_;
     chunk.entry_ = entry_;
@@ -73,14 +91,27 @@ bool TextChunk::isPlainText(int at) const {
     if (at == 0)
         return entry_.isPlainText();
     const std::size_t before = marksBefore(at);
-    const bool isInText = before > 0 ? !marks_[before - 1].isStart() : entry_.isText();
+    const bool isInText = before > 0 ? !isStart(marks_[before - 1].kind) : entry_.isText();
     return isInText && isBehindProlog(before) &&
-           (MarkupReader::isPlain(units_[at - 1]) || units_[at - 1] == L'>');
+           (MarkupReader::isPlain(units_[at - 1]) || units_[at - 1] == L'>') && !isInReference(at);
+}
+
+/// Of a place in text.
+bool TextChunk::isInReference(int at) const {
+    int read = 0;
+    while (read < at && read < MarkupReader::longestReference &&
+           !MarkupReader::endsReference(units_[at - read - 1]))
+        ++read;
+    if (read == at)
+        return entry_.tail == LexicalState::Tail::Reference &&
+               entry_.read + read <= MarkupReader::longestReference;
+    return units_[at - read - 1] == L'&';
 }
 
 /// Whether a place with so many marks before it is.
 bool TextChunk::isBehindProlog(std::size_t marks) const {
-    return entry_.isBehindProlog || (marks > 0 && marks_[marks - 1].kind != Kind::OtherEnd);
+    return entry_.isBehindProlog ||
+           (marks > 0 && MarkKinds::elementEnds().has(marks_[marks - 1].kind));
 }
 
 bool TextChunk::isPlainIn(int at, int end) const {
@@ -97,7 +128,7 @@ LexicalState TextChunk::stateAt(int at) const {
     if (isPlainText(at))
         return {.isBehindProlog = true};
     const std::size_t marks = marksBefore(at);
-    const bool isKnown = marks > 0 && !marks_[marks - 1].isStart() && isBehindProlog(marks);
+    const bool isKnown = marks > 0 && !isStart(marks_[marks - 1].kind) && isBehindProlog(marks);
     TextUnits before;
     before.append(units_, isKnown ? marks_[marks - 1].at + 1 : 0, at);
     return TextChunk(std::move(before), isKnown ? LexicalState{.isBehindProlog = true} : entry_)
@@ -118,6 +149,8 @@ TextChunk TextChunk::part(int start, int end) const {
     };
     part.marks_.assign(mark(start), mark(end));
     part.shiftMarks(0, -start);
+    if (!part.marks_.empty())
+        part.name(part.marks_.back());
     return part;
 }
 
@@ -131,6 +164,8 @@ void TextChunk::append(const TextChunk& next) {
     units_.append(next.units_, 0, next.size());
     marks_.insert(marks_.end(), next.marks_.begin(), next.marks_.end());
     shiftMarks(marks, size);
+    if (marks > 0)
+        name(marks_[marks - 1]);
     faults_ += next.faults_;
     exit_ = next.exit_;
 }

@@ -26,6 +26,10 @@ public:
     const LexicalState& entry() const { return entry_; }
     const LexicalState& exit() const { return exit_; }
     const std::vector<MarkupMark>& marks() const { return marks_; }
+    /// The first mark of one of the kinds at or behind an offset, and the last one before it; null
+    /// if none.
+    const MarkupMark* markFrom(int at, MarkKinds kinds) const;
+    const MarkupMark* markBefore(int at, MarkKinds kinds) const;
     /// How many marks stand before an offset.
     std::size_t marksBefore(int at) const;
     Measure measure() const;
@@ -44,10 +48,12 @@ private:
     TextChunk(TextUnits units, const LexicalState& entry);
 
     TextChunk withPlainText(int at, int count, std::wstring_view with) const;
+    void name(MarkupMark& mark);
     void shiftMarks(std::size_t first, int distance);
     LexicalState stateAt(int at) const;
     bool isPlainText(int at) const;
     bool isBehindProlog(std::size_t marks) const;
+    bool isInReference(int at) const;
     bool isPlainIn(int at, int end) const;
     bool keepsMarkup(int at, int count, std::wstring_view with) const;
 

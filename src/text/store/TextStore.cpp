@@ -1,5 +1,7 @@
 #include "text/store/TextStore.h"
 
+#include "text/store/StoreWork.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -15,6 +17,7 @@ TextStore& TextStore::operator=(TextStore&& other) noexcept {
 }
 
 void TextStore::moveTo(int position) const noexcept {
+    ++StoreWork::ofThisThread().chunks;
     const TextTree::Place place = placeOf(position);
     const TextUnits& units = place.chunk->units();
     chunk_ = place.chunk;
@@ -98,14 +101,30 @@ void TextStore::replace(int start, int count, std::wstring_view with) {
     tree_.replace(start, count, with);
 }
 
+// Nearly all that is asked for lies in the chunk that is read.
+
+int TextStore::markFrom(int position, MarkKinds kinds) const {
+    if (position >= length())
+        return -1;
+    const MarkupMark* const near = chunkAt(position).markFrom(position - start_, kinds);
+    return near ? start_ + near->at : tree_.markFrom(end_, kinds);
+}
+
+int TextStore::markBefore(int position, MarkKinds kinds) const {
+    if (position <= 0)
+        return -1;
+    const MarkupMark* const near = chunkAt(position - 1).markBefore(position - start_, kinds);
+    return near ? start_ + near->at : tree_.markBefore(start_, kinds);
+}
+
 int TextStore::markupAround(int position) const {
     const TextChunk& chunk = chunkAt(position);
     const std::size_t before = chunk.marksBefore(position - start_);
     if (before > 0) {
         const MarkupMark mark = chunk.marks()[before - 1];
-        return mark.isStart() ? start_ + mark.at : -1;
+        return isStart(mark.kind) ? start_ + mark.at : -1;
     }
-    return chunk.entry().isText() ? -1 : tree_.markupStartBefore(start_);
+    return chunk.entry().isText() ? -1 : tree_.markBefore(start_, MarkKinds::starts());
 }
 
 std::pair<int, int> TextStore::stretchAround(int position) const {
@@ -118,5 +137,5 @@ std::pair<int, int> TextStore::stretchAround(int position) const {
 
 int TextStore::elementAround(int position) const {
     const int end = tree_.openTagEndBefore(position + 1);
-    return end < 0 ? -1 : tree_.markupStartBefore(end);
+    return end < 0 ? -1 : tree_.markBefore(end, MarkKinds::starts());
 }

@@ -37,10 +37,15 @@ public:
     /// happened.
     void replace(int start, int count, std::wstring_view with);
 
-    // Markup, of which the answers are those of XmlScan where the text is regular
+    // Markup. In a regular text it is what a scan meets from whatever place.
 
-    /// Whether tags, comments and sections are the same read from both ends of the text.
+    /// Whether tags, comments, sections and references are the same read from both ends of the
+    /// text.
     bool isRegular() const { return tree_.isRegular(); }
+    /// The first mark of one of the kinds at or behind a position that may be the length of the
+    /// text, and the last one before it; -1 if none.
+    int markFrom(int position, MarkKinds kinds) const;
+    int markBefore(int position, MarkKinds kinds) const;
     /// The `<` of the markup that holds the position and begins before it; -1 where text stands or
     /// markup begins.
     int markupAround(int position) const;

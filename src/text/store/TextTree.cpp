@@ -1,10 +1,11 @@
 #include "text/store/TextTree.h"
 
+#include "text/store/StoreWork.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-using Kind = MarkupMark::Kind;
 using Part = TextTree::Part;
 
 /// A chunk, or parts one level lower.
@@ -128,6 +129,16 @@ Part join(Part first, Part second) {
     return treeOf(joinParts(first, second));
 }
 
+/// The part that holds a position, or the last one; from whose start on the position counts then.
+template <typename Children>
+auto childAt(Children& parts, int& position) {
+    ++StoreWork::ofThisThread().nodes;
+    auto child = parts.begin();
+    for (; child + 1 != parts.end() && position >= child->measure.length; ++child)
+        position -= child->measure.length;
+    return child;
+}
+
 /// The parts before and from a position on.
 std::pair<Part, Part> split(const Part& part, int position) {
     if (position <= 0 || !part.node)
@@ -138,9 +149,7 @@ std::pair<Part, Part> split(const Part& part, int position) {
     if (node.isLeaf())
         return {leafOf(node.chunk.part(0, position)),
                 leafOf(node.chunk.part(position, node.chunk.size()))};
-    auto cut = node.parts.begin();
-    for (; position >= cut->measure.length; ++cut)
-        position -= cut->measure.length;
+    const auto cut = childAt(node.parts, position);
     auto [before, behind] = split(*cut, position);
     Part front = treeOf(Parts(node.parts.begin(), cut));
     Part back = treeOf(Parts(cut + 1, node.parts.end()));
@@ -158,15 +167,12 @@ Node& ownNode(Part& part) {
 
 /// Exchanges the chunk that holds a position, on the way to which all nodes become the tree's own.
 void exchangeChunk(Part& part, int position, TextChunk&& chunk) {
-    Node& node = ownNode(part);
-    if (node.isLeaf()) {
-        node.chunk = std::move(chunk);
-        part.measure = node.chunk.measure();
+    if (part.node->isLeaf()) {
+        part = leafOf(std::move(chunk));
         return;
     }
-    auto child = node.parts.begin();
-    for (; child + 1 != node.parts.end() && position >= child->measure.length; ++child)
-        position -= child->measure.length;
+    Node& node = ownNode(part);
+    const auto child = childAt(node.parts, position);
     exchangeChunk(*child, position, std::move(chunk));
     part.measure = {};
     for (const Part& each : node.parts)
@@ -175,17 +181,15 @@ void exchangeChunk(Part& part, int position, TextChunk&& chunk) {
 
 TextTree::Place chunkIn(const Part& root, int position) {
     const Node* node = root.node.get();
-    int start = 0;
-    while (node && !node->isLeaf()) {
-        auto child = node->parts.begin();
-        for (; child + 1 != node->parts.end() && position - start >= child->measure.length; ++child)
-            start += child->measure.length;
-        node = child->node.get();
-    }
-    return {node ? &node->chunk : nullptr, start};
+    int within = position;
+    while (node && !node->isLeaf())
+        node = childAt(node->parts, within)->node.get();
+    return {node ? &node->chunk : nullptr, position - within};
 }
 
 /// Reads chunks anew behind the one that ends at or holds a position, until one begins as it did.
+/// Those of which units may have been joined to others there agree with each other and prove
+/// nothing.
 void readOn(Part& root, int position) {
     LexicalState state;
     int start = 0;
@@ -196,12 +200,16 @@ void readOn(Part& root, int position) {
     }
     while (start < root.measure.length) {
         const TextTree::Place place = chunkIn(root, start);
-        if (place.chunk->entry() == state)
+        start += place.chunk->size();
+        if (place.chunk->entry() != state) {
+            TextChunk chunk = place.chunk->readFrom(state);
+            state = chunk.exit();
+            exchangeChunk(root, place.start, std::move(chunk));
+        } else if (place.start < position + TextChunk::most) {
+            state = place.chunk->exit();
+        } else {
             return;
-        TextChunk chunk = place.chunk->readFrom(state);
-        state = chunk.exit();
-        start += chunk.size();
-        exchangeChunk(root, place.start, std::move(chunk));
+        }
     }
 }
 
@@ -224,16 +232,33 @@ int lastIn(const Node& node, int position, Ask ask) {
     return -1;
 }
 
-int lastMarkupStart(const Part& part, int position) {
-    if (part.measure.starts == 0)
+int firstMark(const Part& part, int position, MarkKinds kinds) {
+    if (!part.measure.kinds.hasAnyOf(kinds))
         return -1;
-    if (!part.node->isLeaf())
-        return lastIn(*part.node, position, lastMarkupStart);
-    const std::vector<MarkupMark>& marks = part.node->chunk.marks();
-    for (std::size_t mark = part.node->chunk.marksBefore(position); mark > 0; --mark)
-        if (marks[mark - 1].isStart())
-            return marks[mark - 1].at;
+    ++StoreWork::ofThisThread().nodes;
+    if (part.node->isLeaf()) {
+        const MarkupMark* const mark = part.node->chunk.markFrom(position, kinds);
+        return mark ? mark->at : -1;
+    }
+    int start = 0;
+    for (const Part& child : part.node->parts) {
+        if (position < start + child.measure.length)
+            if (const int found = firstMark(child, position - start, kinds); found >= 0)
+                return start + found;
+        start += child.measure.length;
+    }
     return -1;
+}
+
+int lastMark(const Part& part, int position, MarkKinds kinds) {
+    if (!part.measure.kinds.hasAnyOf(kinds))
+        return -1;
+    ++StoreWork::ofThisThread().nodes;
+    if (!part.node->isLeaf())
+        return lastIn(*part.node, position,
+                      [kinds](const Part& child, int end) { return lastMark(child, end, kinds); });
+    const MarkupMark* const mark = part.node->chunk.markBefore(position, kinds);
+    return mark ? mark->at : -1;
 }
 
 /// `closed` counts the closing tags that were met behind the part and whose start tags were not.
@@ -242,16 +267,17 @@ int lastOpenTagEnd(const Part& part, int position, int& closed) {
         closed -= part.measure.net;
         return -1;
     }
+    ++StoreWork::ofThisThread().nodes;
     if (!part.node->isLeaf())
         return lastIn(*part.node, position, [&closed](const Part& child, int end) {
             return lastOpenTagEnd(child, end, closed);
         });
     const std::vector<MarkupMark>& marks = part.node->chunk.marks();
     for (std::size_t mark = part.node->chunk.marksBefore(position); mark > 0; --mark) {
-        const Kind kind = marks[mark - 1].kind;
-        if (kind == Kind::OpeningEnd && closed-- == 0)
+        const MarkKind kind = marks[mark - 1].kind;
+        if (kind == MarkKind::OpeningEnd && closed-- == 0)
             return marks[mark - 1].at;
-        closed += kind == Kind::ClosingEnd;
+        closed += kind == MarkKind::ClosingEnd;
     }
     return -1;
 }
@@ -289,16 +315,16 @@ std::string_view faultIn(const Part& part, LexicalState& state) {
 
 TextTree::TextTree(std::wstring_view text) : root_(treeOf(text, {})) {}
 
-bool TextTree::isRegular() const {
-    return root_.measure.faults == 0 && exitOf(root_).isText();
-}
-
 TextTree::Place TextTree::chunkAt(int position) const {
     return chunkIn(root_, position);
 }
 
-int TextTree::markupStartBefore(int position) const {
-    return root_.node ? lastMarkupStart(root_, position) : -1;
+int TextTree::markFrom(int position, MarkKinds kinds) const {
+    return root_.node ? firstMark(root_, position, kinds) : -1;
+}
+
+int TextTree::markBefore(int position, MarkKinds kinds) const {
+    return root_.node ? lastMark(root_, position, kinds) : -1;
 }
 
 int TextTree::openTagEndBefore(int position) const {
@@ -306,27 +332,32 @@ int TextTree::openTagEndBefore(int position) const {
     return root_.node ? lastOpenTagEnd(root_, position, closed) : -1;
 }
 
-/// What stays within a chunk is done there; all else by cutting the text and joining it anew.
 void TextTree::replace(int start, int count, std::wstring_view with) {
-    const Place place = chunkAt(start);
-    const int at = start - place.start;
-    const int grown = static_cast<int>(with.size()) - count;
-    if (place.chunk && at + count <= place.chunk->size() &&
-        place.chunk->size() + grown <= TextChunk::most &&
-        (place.chunk->size() + grown >= TextChunk::least || root_.node->isLeaf()) &&
-        place.chunk->size() + grown > 0) {
-        TextChunk chunk = place.chunk->replaced(at, count, with);
-        if (chunk.exit() == place.chunk->exit()) {
-            exchangeChunk(root_, start, std::move(chunk));
-            return;
-        }
-    }
+    if (replaceInChunk(start, count, with))
+        return;
     auto [front, rest] = split(root_, start);
     Part back = split(rest, count).second;
     const LexicalState state = exitOf(front);
     Part root = join(join(std::move(front), treeOf(with, state)), std::move(back));
     readOn(root, start + static_cast<int>(with.size()));
     root_ = std::move(root);
+}
+
+/// Answers whether it is done: all else needs the text to be cut and joined anew.
+bool TextTree::replaceInChunk(int start, int count, std::wstring_view with) {
+    const Place place = chunkAt(start);
+    const int at = start - place.start;
+    if (!place.chunk || at + count > place.chunk->size())
+        return false;
+    const int size = place.chunk->size() - count + static_cast<int>(with.size());
+    const int least = root_.node->isLeaf() ? 1 : TextChunk::least;
+    if (size < least || size > TextChunk::most)
+        return false;
+    TextChunk chunk = place.chunk->replaced(at, count, with);
+    if (chunk.exit() != place.chunk->exit())
+        return false;
+    exchangeChunk(root_, start, std::move(chunk));
+    return true;
 }
 
 std::string_view TextTree::fault() const {

@@ -17,7 +17,7 @@ public:
 
     const Measure& measure() const { return root_.measure; }
     /// Whether the text is read the same from both its ends, up to its end.
-    bool isRegular() const;
+    bool isRegular() const { return root_.measure.faults == 0 && root_.measure.endsInText; }
 
     struct Place {
         const TextChunk* chunk; ///< null in an empty text
@@ -26,8 +26,10 @@ public:
     /// The chunk that holds a position; the last one at the length of the text.
     Place chunkAt(int position) const;
 
-    /// The last "<" before a position that markup begins with; -1 if none.
-    int markupStartBefore(int position) const;
+    /// The first mark of one of the kinds at or behind a position, and the last one before it; -1
+    /// if none.
+    int markFrom(int position, MarkKinds kinds) const;
+    int markBefore(int position, MarkKinds kinds) const;
     /// The ">" of the innermost start tag that ends before a position and is not closed there; -1
     /// if none.
     int openTagEndBefore(int position) const;
@@ -47,5 +49,7 @@ public:
     };
 
 private:
+    bool replaceInChunk(int start, int count, std::wstring_view with);
+
     Part root_;
 };

@@ -1,5 +1,7 @@
 #include "text/store/TextUnits.h"
 
+#include "text/store/StoreWork.h"
+
 #include <algorithm>
 
 void TextUnits::reserve(int more, bool isWide) {
@@ -22,6 +24,7 @@ void TextUnits::putWide(std::size_t at, wchar_t unit) {
 }
 
 void TextUnits::append(std::wstring_view units) {
+    StoreWork::ofThisThread().units += static_cast<int>(units.size());
     reserve(static_cast<int>(units.size()), std::any_of(units.begin(), units.end(), isWideUnit));
     if (isWide_) {
         bytes_.resize((static_cast<std::size_t>(size_) + units.size()) * sizeof(char16_t));
@@ -34,20 +37,39 @@ void TextUnits::append(std::wstring_view units) {
     size_ += static_cast<int>(units.size());
 }
 
+bool TextUnits::isWideIn(int start, int end) const {
+    while (isWide_ && start < end && !isWideUnit((*this)[start]))
+        ++start;
+    return isWide_ && start < end;
+}
+
 void TextUnits::append(const TextUnits& units, int start, int end) {
     if (start == end)
         return;
-    reserve(end - start, units.isWide_);
+    reserve(end - start, units.isWideIn(start, end));
     if (isWide_ != units.isWide_) {
         std::wstring widened;
         units.copyTo(widened, start, end);
         append(widened);
         return;
     }
+    StoreWork::ofThisThread().units += end - start;
     const auto unitSize = static_cast<std::ptrdiff_t>(isWide_ ? sizeof(char16_t) : 1);
     bytes_.insert(bytes_.end(), units.bytes_.begin() + start * unitSize,
                   units.bytes_.begin() + end * unitSize);
     size_ += end - start;
+}
+
+TextUnits TextUnits::replaced(int at, int count, std::wstring_view with) const {
+    const int behind = at + count;
+    TextUnits units;
+    units.reserve(size_ - count + static_cast<int>(with.size()),
+                  isWideIn(0, at) || isWideIn(behind, size_) ||
+                      std::any_of(with.begin(), with.end(), isWideUnit));
+    units.append(*this, 0, at);
+    units.append(with);
+    units.append(*this, behind, size_);
+    return units;
 }
 
 void TextUnits::copyTo(std::wstring& text, int start, int end) const {

@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// Few units of text, a byte each, or two bytes where one of them needs two.
+/// Few units of text, a byte each, or two bytes where one of them needs two or did when it was put
+/// to the others.
 class TextUnits {
 public:
     TextUnits() = default;
@@ -25,12 +26,12 @@ public:
         return unit;
     }
 
-    /// Makes room for so many more, as wide as all of them then are.
-    void reserve(int more, bool isWide);
     void append(std::wstring_view units);
     /// Those from `start` up to but excluding `end` of others.
     void append(const TextUnits& units, int start, int end);
-    /// The same put at the end of a text.
+    /// Those with others in the place of `count` from `at` on.
+    TextUnits replaced(int at, int count, std::wstring_view with) const;
+    /// The units put at the end of a text.
     void copyTo(std::wstring& text, int start, int end) const;
 
     /// The first or the last match from `start` up to but excluding `end`; -1 if none.
@@ -38,6 +39,9 @@ public:
     int rFind(wchar_t unit, int start, int end) const;
 
 private:
+    /// Makes room for so many more, as wide as all of them then are.
+    void reserve(int more, bool isWide);
+    bool isWideIn(int start, int end) const;
     void putWide(std::size_t at, wchar_t unit);
 
     std::vector<unsigned char> bytes_;

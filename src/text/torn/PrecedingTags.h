@@ -59,7 +59,6 @@ private:
     bool isInKnownGap(int position) noexcept;
     void remember(Gap gap) noexcept;
     Markup endingAt(Text text, int bracket) noexcept;
-    int goOnBefore(int bracket) const noexcept;
     void findTagBefore(Text text, int bracket) noexcept;
     const DocumentType& documentType(Text text) noexcept;
 

@@ -1,7 +1,7 @@
-#include "text/ElementMemo.h"
+#include "text/torn/ElementMemo.h"
 
-#include "text/PrecedingTags.h"
-#include "text/ReadAgain.h"
+#include "text/torn/PrecedingTags.h"
+#include "text/torn/ReadAgain.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "text/MarkupMemo.h"
+#include "text/torn/MarkupMemo.h"
 
 #include <algorithm>
 

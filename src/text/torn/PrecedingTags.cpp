@@ -1,6 +1,6 @@
-#include "text/PrecedingTags.h"
+#include "text/torn/PrecedingTags.h"
 
-#include "text/ReadAgain.h"
+#include "text/torn/ReadAgain.h"
 
 #include <algorithm>
 #include <limits>
@@ -62,7 +62,7 @@ PrecedingTags::Gap PrecedingTags::search(Text text, int position) noexcept {
         const Markup markup = endingAt(text, bracket);
         if (markup.kind == Kind::Tag)
             return endAt(bracket, markup.start);
-        position = markup.kind == Kind::Text ? goOnBefore(bracket) : markup.start;
+        position = markup.kind == Kind::Text ? bracket - 1 : markup.start;
         // What is passed over at once would answer for itself.
         if (position != bracket - 1)
             gap = endAt(bracket, -1);
@@ -121,12 +121,6 @@ PrecedingTags::Markup PrecedingTags::endingAt(Text text, int bracket) noexcept {
     if (bracket < type.end)
         return {bracket + 1 == type.end ? Kind::Tag : Kind::Skipped, type.start};
     return {Kind::Text, bracket};
-}
-
-/// The last position before a `>` that is text where markup may end. No `<` stands between it and
-/// the end of the tag before, but that `<` may belong to a section.
-int PrecedingTags::goOnBefore(int bracket) const noexcept {
-    return 0 <= tag_.end && tag_.end < bracket ? tag_.end : bracket - 1;
 }
 
 /// Looks for the end of the tag only up to the `>`: where a quote is left open it may be far.

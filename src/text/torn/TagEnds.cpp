@@ -1,8 +1,8 @@
-#include "text/TagEnds.h"
+#include "text/torn/TagEnds.h"
 
 #include "foundation/String.h"
-#include "text/ReadAgain.h"
 #include "text/TagQuotes.h"
+#include "text/torn/ReadAgain.h"
 
 #include <algorithm>
 #include <utility>
