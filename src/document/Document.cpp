@@ -127,7 +127,10 @@ void Document::rewriteUnrecorded(int start, int end, const String& xml, int pivo
 }
 
 void Document::typeUnrecorded(int start, int count, std::wstring_view xml, int caret) {
+    const bool isWhole = text_.isKnownWhole();
     text_.replace(start, count, xml);
+    if (isWhole)
+        text_.noteWhole();
     versions_.add({start, count, static_cast<int>(xml.size())});
     caret_ = pivot_ = caret;
 }

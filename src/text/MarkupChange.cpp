@@ -213,23 +213,12 @@ bool MarkupChange::partFits() const {
     return knowsNames(prolog, after) || !knowsNames(prolog, before);
 }
 
-bool MarkupChange::noteRegular() const {
-    const bool isRegular =
-        mark_.isRegular() && (isPlain_ || (!isAroundRoot_ && XmlValidator::isRegular(newPart())));
-    if (isRegular)
-        text_.noteRegular();
-    return isRegular;
-}
-
-/// A document type that declares something does not pass for tags; such a text is only parsed.
+/// Of what is regular a part tells for the whole. A document type that declares something does not
+/// pass for tags; what is put around such a root is only parsed.
 bool MarkupChange::keepsLexicallyValid() const {
-    const bool isLocal = mark_.isRegular() && !isAroundRoot_;
-    if (isLocal && noteRegular())
+    const bool isLocal = mark_.text().isRegular() && !isAroundRoot_;
+    if (XmlValidator::isRegular(isLocal ? newPart() : after_))
         return true;
-    if (!isLocal && XmlValidator::isRegular(after_)) {
-        text_.noteRegular();
-        return true;
-    }
     const Core::String now(after_);
     return XmlValidator(now).validate() || !XmlValidator(oldContent()).validate();
 }
@@ -238,14 +227,32 @@ bool MarkupChange::keepsToCharacters() const {
     return XmlCharacters::countForbidden(newPart()) <= XmlCharacters::countForbidden(oldPart_);
 }
 
-bool MarkupChange::keepsWellFormed() const {
-    if (isPlain_) {
-        noteRegular();
-        return true;
-    }
-    if (!keepsToCharacters() || !keepsLexicallyValid())
+/// That a text was well formed is found out once.
+bool MarkupChange::wasWhole() const {
+    if (!mark_.isKnownWhole() && isWhole(Text(mark_.text())))
+        mark_.noteWhole();
+    return mark_.isKnownWhole();
+}
+
+bool MarkupChange::fitsAroundRoot() const {
+    if (!keepsLexicallyValid())
         return false;
-    if (isAroundRoot_)
-        return isWhole(after_) || !isWhole(oldContent());
-    return partFits() || isWhole(after_);
+    if (isWhole(after_))
+        text_.noteWhole();
+    return text_.isKnownWhole() || !wasWhole();
+}
+
+/// Where the part does not fit it may still mend a text that was not well formed.
+bool MarkupChange::fitsInRoot() const {
+    if (partFits())
+        return keepsLexicallyValid();
+    return !wasWhole() && keepsLexicallyValid() && isWhole(after_);
+}
+
+bool MarkupChange::keepsWellFormed() const {
+    const bool keeps =
+        isPlain_ || (keepsToCharacters() && (isAroundRoot_ ? fitsAroundRoot() : fitsInRoot()));
+    if (keeps && mark_.isKnownWhole())
+        text_.noteWhole();
+    return keeps;
 }

@@ -16,8 +16,6 @@ public:
     /// lexically valid if it was. A change of what was neither may be anything, but for what no
     /// document can hold.
     bool keepsWellFormed() const;
-    /// Lets the text know that it is regular, where what changed tells that it still is.
-    bool noteRegular() const;
 
 private:
     using Text = XmlScan::Text;
@@ -32,7 +30,10 @@ private:
     bool onlyTextDiffers() const;
     int oldUnitStart() const;
     Text newPart() const;
+    bool fitsAroundRoot() const;
+    bool fitsInRoot() const;
     bool partFits() const;
+    bool wasWhole() const;
     bool keepsLexicallyValid() const;
     bool keepsToCharacters() const;
     Core::String oldContent() const { return text_.contentAt(mark_); }

@@ -16,8 +16,8 @@ void TextLog::clear() noexcept {
     current_ = &oldest_;
 }
 
-TextMark::TextMark(std::shared_ptr<TextLog> log, const TextStore& text, bool isRegular)
-    : log_(std::move(log)), version_(&log_->current()), text_(text), isRegular_(isRegular) {}
+TextMark::TextMark(std::shared_ptr<TextLog> log, const TextStore& text, bool isKnownWhole)
+    : log_(std::move(log)), version_(&log_->current()), text_(text), isKnownWhole_(isKnownWhole) {}
 
 /// The last mark but for the text itself takes the log along.
 TextMark::~TextMark() {

@@ -61,14 +61,15 @@ private:
 class TextMark {
 public:
     /// Marks the current version of the log, which is that of the text.
-    TextMark(std::shared_ptr<TextLog> log, const TextStore& text, bool isRegular);
+    TextMark(std::shared_ptr<TextLog> log, const TextStore& text, bool isKnownWhole);
     ~TextMark();
 
     TextMark(const TextMark&) = delete;
     TextMark& operator=(const TextMark&) = delete;
 
-    /// Whether that version was known to be regular.
-    bool isRegular() const { return isRegular_; }
+    /// Whether that version is known to be well formed.
+    bool isKnownWhole() const { return isKnownWhole_; }
+    void noteWhole() const { isKnownWhole_ = true; }
     /// What the text was.
     const TextStore& text() const { return text_; }
     /// The version, for the text that owns the log.
@@ -78,5 +79,5 @@ private:
     std::shared_ptr<TextLog> log_;
     TextLog::Version* version_;
     TextStore text_;
-    bool isRegular_;
+    mutable bool isKnownWhole_;
 };

@@ -118,7 +118,7 @@ void XmlText::forgetFrom(int position) noexcept {
     ancestors_.forgetBehind(isTypeChanged ? -1 : position);
     closingTags_.forgetFrom(position);
     nameEnds_.forgetFrom(position);
-    isKnownRegular_ = false;
+    isKnownWhole_ = false;
     ++version_;
     if (position <= headEnd_ || headEnd_ < 0) {
         headEnd_ = -1;
@@ -131,7 +131,7 @@ void XmlText::forgetFrom(int position) noexcept {
 TextMark XmlText::mark() const {
     if (!log_)
         log_ = std::make_shared<TextLog>();
-    return TextMark(log_, text_, isKnownRegular_);
+    return TextMark(log_, text_, isKnownWhole_);
 }
 
 TextChange XmlText::changeSince(const TextMark& mark) const {
@@ -167,7 +167,7 @@ void XmlText::goBackTo(const TextMark& mark) noexcept {
     text_ = mark.text();
     log_->goTo(mark.version());
     forgetFrom(first);
-    isKnownRegular_ = mark.isRegular();
+    isKnownWhole_ = mark.isKnownWhole();
 }
 
 /// A short text is rather copied than kept in pieces.

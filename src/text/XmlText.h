@@ -95,9 +95,11 @@ public:
     /// being taken back.
     void goBackTo(const TextMark& mark) noexcept;
 
-    /// Whether the text is known to be regular, as XmlValidator tells it; each change forgets that.
-    bool isKnownRegular() const { return isKnownRegular_; }
-    void noteRegular() const { isKnownRegular_ = true; }
+    /// Whether all markup is read the same from both ends of the text, as it is in nearly every one.
+    bool isRegular() const { return text_.isRegular(); }
+    /// Whether the text is known to be well formed; each change forgets that.
+    bool isKnownWhole() const { return isKnownWhole_; }
+    void noteWhole() const { isKnownWhole_ = true; }
 
     /// Names the root element, with prefix. Walks that climb stop there.
     void setRootName(const Core::String& name) {
@@ -391,7 +393,7 @@ private:
     mutable UnitMemo nameEnds_{XmlScan::endsEntityName};
     mutable std::optional<RootEdges> rootEdges_;
     mutable std::shared_ptr<TextLog> log_; // also held by each mark
-    mutable bool isKnownRegular_ = false;
+    mutable bool isKnownWhole_ = false;
     unsigned version_ = 0;
     unsigned headVersion_ = 0;
     mutable int headEnd_ = -1; // the `>` of the root's start tag; -1 while it is not known

@@ -61,7 +61,7 @@ public:
         ASSERT_EQ(document.history.hasMoreRedoActions(), longer.history.hasMoreRedoActions());
         for (std::size_t count = 1; count < 12; ++count)
             ASSERT_EQ(document.history.hasRoomFor(count), longer.history.hasRoomFor(count));
-        ASSERT_TRUE(longer.text().isKnownRegular() || !document.text().isKnownRegular()) << request;
+        ASSERT_TRUE(longer.text().isKnownWhole() || !document.text().isKnownWhole()) << request;
     }
 
     void expectSameLength() {

@@ -29,11 +29,12 @@ std::wstring anyMarkup(Random& random, bool mayBeTorn) {
         L"x y ", L"\x2014 ", L"&amp;",     L"a > b",     L"\xD83D\xDE00", L"- ",
         L"] ",   L"a;",      L"<fo:root>", L"</fo:root>"};
     static const std::vector<std::wstring> rare{
-        L"<!-- a > <b> -->", L"<![CDATA[ <a> ]]>", L"<?p <a>?>", L"<!---->", L"'", L"\""};
+        L"<!-- a > <b> -->", L"<![CDATA[ <a> ]]>", L"<?p <a?>", L"<!---->", L"'", L"\""};
     static const std::vector<std::wstring> torn{
-        L"<",      L">",         L"<!",        L"<!-",       L"<!--",        L"--", L"-->",
-        L"<![CDA", L"<![CDATA[", L"]]>",       L"<?",        L"?>",          L"/>", L"</",
-        L"&",      L"&a",        L"<a b='<'>", L"<!DOCTYPE", L"<!DOCTYPE [", L"<>", L"<!x>"};
+        L"<",           L">",      L"<!",        L"<!-",       L"<!--",      L"--",
+        L"-->",         L"<![CDA", L"<![CDATA[", L"]]>",       L"<?",        L"?>",
+        L"/>",          L"</",     L"&",         L"&a",        L"<a b='<'>", L"<!DOCTYPE",
+        L"<!DOCTYPE [", L"<>",     L"<!x>",      L"<?p <a>?>", L"<a =>",     L"<a '>'>"};
     return random.oneOf(mayBeTorn && random.oneIn(40) ? torn : random.oneIn(12) ? rare : whole);
 }
 

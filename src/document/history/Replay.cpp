@@ -7,7 +7,6 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/caret/Moves.h"
 #include "document/history/StepReplay.h"
-#include "text/MarkupChange.h"
 
 #include <utility>
 #include <vector>
@@ -49,16 +48,6 @@ void undoStep(Document& document) {
 void redoStep(Document& document) {
     StepReplay::replay(document, takeStep(document, &EditActionStack::getRedoAction,
                                           &EditActionStack::hasMoreRedoActions));
-}
-
-/// Notes that the text is still known to be regular, so that the next command need not read it all.
-/// A step that touched more is read then.
-void keepRegular(Document& document, const TextMark& before) {
-    constexpr int mostUnits = 16 * 1024;
-    const XmlText& text = document.text();
-    const TextChange change = before.isRegular() ? text.changeSince(before) : TextChange();
-    if (!change.empty() && change.removed < mostUnits && change.inserted < mostUnits)
-        MarkupChange(text, before).noteRegular();
 }
 
 } // namespace
@@ -115,9 +104,7 @@ void EditableDocumentBuffer::undo() {
         document.history.clearUndoActionList();
         return;
     }
-    const TextMark before = document.text().mark();
     undoStep(document);
-    keepRegular(document, before);
 }
 
 void EditableDocumentBuffer::redo() {
@@ -126,7 +113,5 @@ void EditableDocumentBuffer::redo() {
     document.endTyping();
     if (!document.history.hasMoreRedoActions())
         return;
-    const TextMark before = document.text().mark();
     redoStep(document);
-    keepRegular(document, before);
 }

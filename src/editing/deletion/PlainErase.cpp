@@ -174,12 +174,9 @@ bool PlainErase::erase(Document& document, bool forward) {
         return false;
     static const String blanks(L'\x00A0', 2);
     Step step = StepWriter(document, *erasure).take();
-    const bool isRegular = document.text().isKnownRegular();
     document.typeUnrecorded(erasure->start, erasure->end - erasure->start,
                             blanks.view().substr(0, static_cast<std::size_t>(erasure->blanks)),
                             erasure->caretBehind);
-    if (isRegular)
-        document.text().noteRegular();
     document.endTyping();
     document.history.addStep(std::move(step));
     PlainPlace::follow(document);

@@ -90,10 +90,7 @@ std::optional<Key> keyOf(const Document& document, const String& typed) {
 }
 
 void change(Document& document, const Key& key) {
-    const bool isRegular = document.text().isKnownRegular();
     document.typeUnrecorded(key.start(), key.removed, key.text, key.end());
-    if (isRegular)
-        document.text().noteRegular();
 }
 
 void begin(Document& document, const Key& key) {

@@ -32,11 +32,13 @@ struct LexicalState {
 
     Mode mode = Mode::Text;
     Tail tail = Tail::None;
-    Quotes quotes = Quotes::None; ///< of a tag or a document type
+    Quotes quotes = Quotes::None; ///< of a tag, an instruction or a document type
     std::uint8_t keyword = 0;     ///< which one is being read, of a declaration
-    std::uint8_t read = 0;        ///< how many units of that, or of a reference
-    bool isInType = false;        ///< what is read belongs to a document type
-    bool isInBrackets = false;    ///< of a document type
+    std::uint8_t read = 0;     ///< how many units of that, of a reference or, up to two, a comment
+    bool isValueDue = false;   ///< behind the "=" of a tag or an instruction
+    bool isInType = false;     ///< what is read belongs to a document type
+    bool isInBrackets = false; ///< of a document type
+    bool hasDeclarations = false; ///< a document type
     bool isBehindProlog = false;  ///< no document type may follow
 
     bool isText() const { return mode == Mode::Text; }

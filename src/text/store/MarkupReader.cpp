@@ -85,10 +85,12 @@ void MarkupReader::readUnit(std::uint16_t at, wchar_t unit) {
     case Mode::Declaration:
         return readDeclaration(at, unit);
     case Mode::Comment:
+        faults_ += endsByOpener(unit);
         return readSection(at, unit, Tail::Dashes);
     case Mode::CData:
         return readSection(at, unit, Tail::Brackets);
     case Mode::Instruction:
+        faults_ += endsUnlikeTag(unit);
         return readSection(at, unit, Tail::Question);
     case Mode::Tag:
     case Mode::ClosingTag:
@@ -177,16 +179,19 @@ void MarkupReader::readTag(std::uint16_t at, wchar_t unit) {
     faults_ += unit == L'<';
     if (readReference(unit))
         return;
+    const bool isQuoted = state_.quotes != Quotes::None;
     if (readQuotes(unit)) {
-        faults_ += isClosing;
+        faults_ += isClosing || (!isQuoted && !state_.isValueDue);
+        state_.isValueDue = false;
         state_.tail = Tail::None;
     } else if (unit == L'>') {
         const bool isSlashed = state_.tail == Tail::Slash;
-        faults_ += isClosing && isSlashed;
+        faults_ += (isClosing && isSlashed) || state_.isValueDue;
         end(at, isClosing   ? MarkKind::ClosingEnd
                 : isSlashed ? MarkKind::EmptyEnd
                             : MarkKind::OpeningEnd);
     } else {
+        state_.isValueDue = state_.isValueDue || unit == L'=';
         state_.tail = unit == L'/' ? Tail::Slash : Tail::None;
     }
 }
@@ -202,6 +207,8 @@ void MarkupReader::readDocumentType(std::uint16_t at, wchar_t unit) {
     } else {
         if (unit == L'[' || unit == L']')
             state_.isInBrackets = unit == L'[';
+        state_.hasDeclarations = state_.hasDeclarations || unit == L'<';
+        faults_ += unit == L'=' || (unit == L'>' && !state_.hasDeclarations);
         state_.tail = unit == L'<' ? Tail::Less : Tail::None;
     }
 }
@@ -233,6 +240,34 @@ bool MarkupReader::readQuotes(wchar_t unit) {
     else
         return true;
     return quotes != Quotes::None;
+}
+
+/// In "<!-->" or "<!--->" the hyphens that open the comment would close it, too.
+bool MarkupReader::endsByOpener(wchar_t unit) {
+    const bool isAllHyphens = state_.read == 0 || (state_.read == 1 && state_.tail == Tail::Dash);
+    state_.read = static_cast<std::uint8_t>(std::min(state_.read + 1, 2));
+    return isAllHyphens && unit == L'>';
+}
+
+/// Reads the values of an instruction like those of a tag. Whether a ">" ends the one and not the
+/// other.
+bool MarkupReader::endsUnlikeTag(wchar_t unit) {
+    if (state_.isInType)
+        return false;
+    const Quotes quotes = quotesOf(unit);
+    const bool isQuoted = state_.quotes != Quotes::None;
+    const bool ends = state_.tail == Tail::Question;
+    if (unit == L'>')
+        return isQuoted ? ends : !ends || state_.isValueDue;
+    if (isQuoted && quotes == state_.quotes) {
+        state_.quotes = Quotes::None;
+    } else if (state_.isValueDue && quotes != Quotes::None) {
+        state_.quotes = quotes;
+        state_.isValueDue = false;
+    } else if (!isQuoted) {
+        state_.isValueDue = state_.isValueDue || unit == L'=';
+    }
+    return false;
 }
 
 void MarkupReader::begin(Mode mode) {

@@ -14,8 +14,9 @@ struct MarkupMark {
 
 /// Reads text unit by unit and notes where markup begins and ends. What is not as XML has it, or
 /// could be taken for something else by who reads it from its end, is a fault: "<" in a tag, a
-/// delimiter of one kind of section in another or in text, "&" without a ";". Of a text without
-/// faults, from both ends the same is read.
+/// delimiter of one kind of section in another or in text, "&" without a ";". So is what a check
+/// that takes each markup for a tag would see end elsewhere. Of a text without faults, from both
+/// ends the same is read.
 class MarkupReader {
 public:
     MarkupReader(LexicalState state, std::vector<MarkupMark>& marks)
@@ -51,6 +52,8 @@ private:
     void readDocumentType(std::uint16_t at, wchar_t unit);
     bool readReference(wchar_t unit);
     bool readQuotes(wchar_t unit);
+    bool endsByOpener(wchar_t unit);
+    bool endsUnlikeTag(wchar_t unit);
     void begin(Mode mode);
     void end(std::uint16_t at, MarkKind kind);
 

@@ -37,6 +37,10 @@ const MarkupMark* TextChunk::markBefore(int at, MarkKinds kinds) const {
     return nullptr;
 }
 
+int TextChunk::tornName() const {
+    return marks_.empty() || marks_.back().kind != MarkKind::CutStart ? -1 : marks_.back().at;
+}
+
 std::size_t TextChunk::marksBefore(int at) const {
     const auto found = std::partition_point(marks_.begin(), marks_.end(),
                                             [at](const MarkupMark& mark) { return mark.at < at; });

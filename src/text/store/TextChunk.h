@@ -30,6 +30,8 @@ public:
     /// if none.
     const MarkupMark* markFrom(int at, MarkKinds kinds) const;
     const MarkupMark* markBefore(int at, MarkKinds kinds) const;
+    /// The "<" of the markup before whose name ends the chunk does; -1 if none.
+    int tornName() const;
     /// How many marks stand before an offset.
     std::size_t marksBefore(int at) const;
     Measure measure() const;

@@ -60,11 +60,19 @@ Part treeOf(Parts parts) {
     return parts.empty() ? Part() : std::move(parts.front());
 }
 
+/// Without a torn name at the end, which would count as any name; unless little else is there.
+TextChunk withWholeNames(TextChunk chunk) {
+    const int torn = chunk.tornName();
+    return torn < TextChunk::least ? std::move(chunk) : chunk.part(0, torn);
+}
+
 Part treeOf(std::wstring_view text, LexicalState entry) {
     Parts leaves;
-    for (std::size_t start = 0; start < text.size(); start += TextChunk::most) {
-        leaves.push_back(leafOf(TextChunk(text.substr(start, TextChunk::most), entry)));
-        entry = leaves.back().node->chunk.exit();
+    for (std::size_t start = 0; start < text.size();) {
+        TextChunk chunk = withWholeNames({text.substr(start, TextChunk::most), entry});
+        start += static_cast<std::size_t>(chunk.size());
+        entry = chunk.exit();
+        leaves.push_back(leafOf(std::move(chunk)));
     }
     return treeOf(std::move(leaves));
 }
@@ -90,7 +98,9 @@ Parts joinLeaves(Part first, Part second) {
     joined.append(behind);
     if (size <= TextChunk::most)
         return {leafOf(std::move(joined))};
-    return {leafOf(joined.part(0, size / 2)), leafOf(joined.part(size / 2, size))};
+    TextChunk half = withWholeNames(joined.part(0, size / 2));
+    TextChunk rest = joined.part(half.size(), size);
+    return {leafOf(std::move(half)), leafOf(std::move(rest))};
 }
 
 /// One part or two of so many, of which none has few.
