@@ -54,6 +54,14 @@ bool isPlainText(Text part) {
            matcher.entitiesInText().empty();
 }
 
+/// The names of what is open behind a part, of which some elements around it are told.
+std::vector<Text> openBehind(const MarkupMatcher& part, const std::vector<Text>& around) {
+    std::vector<Text> names(around.rbegin(),
+                            around.rend() - static_cast<std::ptrdiff_t>(part.closed().size()));
+    names.insert(names.end(), part.open().begin(), part.open().end());
+    return names;
+}
+
 bool joinsNext(wchar_t unit) {
     return unit == L']' || (unit >= 0xD800 && unit < 0xDC00);
 }
@@ -72,7 +80,6 @@ MarkupChange::MarkupChange(const XmlText& text, const TextMark& before)
     if (isPlain_ || isAroundRoot_)
         return;
     widenToWholeUnits();
-    widenToStartTags();
 }
 
 void MarkupChange::findDifference() {
@@ -185,6 +192,36 @@ bool MarkupChange::widenInto(int rest) {
     return true;
 }
 
+/// Whether the part is well formed and was, and leaves the same elements open, by the names of
+/// those that begin before it. So it is with nearly every command, and no more than the part is
+/// read.
+bool MarkupChange::fitsBetweenTags() const {
+    MarkupMatcher before(oldPart_);
+    MarkupMatcher after(newPart());
+    if (!before.readContent() || !after.readContent())
+        return false;
+    const std::vector<Text> around =
+        namesAround(std::max(before.closed().size(), after.closed().size()));
+    const auto closes = [&around](const MarkupMatcher& part) {
+        return part.closed().size() <= around.size() &&
+               std::equal(part.closed().begin(), part.closed().end(), around.begin());
+    };
+    return closes(before) && closes(after) &&
+           openBehind(before, around) == openBehind(after, around) && knowsNames(prolog(), after);
+}
+
+/// Of at most so many elements around the part, the innermost first; the root is not told.
+std::vector<Text> MarkupChange::namesAround(std::size_t most) const {
+    std::vector<Text> names;
+    for (int element = start_; names.size() < most;) {
+        element = text_.elementAround(element);
+        if (element < edges_.content)
+            break;
+        names.push_back(text_.tagName(element));
+    }
+    return names;
+}
+
 /// The elements that the part closes belong to it from their start tags on, so that their names can
 /// be compared.
 void MarkupChange::widenToStartTags() {
@@ -193,7 +230,8 @@ void MarkupChange::widenToStartTags() {
     before.readContent();
     after.readContent();
     int element = start_;
-    for (int count = std::max(before.unmatched(), after.unmatched()); count > 0; --count)
+    for (std::size_t count = std::max(before.closed().size(), after.closed().size()); count > 0;
+         --count)
         element = element < edges_.content ? edges_.root : text_.elementAround(element);
     startAt(element < edges_.content ? edges_.root : element);
 }
@@ -205,12 +243,20 @@ bool MarkupChange::partFits() const {
         return !wasContent_;
     MarkupMatcher before(oldPart_);
     MarkupMatcher after(newPart());
-    if (!before.readContent() || before.unmatched() > 0)
+    if (!before.readContent() || !before.closed().empty())
         return true;
-    if (!after.readContent() || after.unmatched() > 0 || after.open() != before.open())
+    if (!after.readContent() || !after.closed().empty() || after.open() != before.open())
         return false;
-    const Text prolog = XmlScan::slice(after_, 0, edges_.root);
-    return knowsNames(prolog, after) || !knowsNames(prolog, before);
+    return knowsNames(prolog(), after) || !knowsNames(prolog(), before);
+}
+
+/// The same, if the part does not tell it, by reading on from the start tags of what it closes.
+bool MarkupChange::fits() const {
+    if (fitsBetweenTags())
+        return true;
+    MarkupChange wide = *this;
+    wide.widenToStartTags();
+    return wide.partFits();
 }
 
 /// Of what is regular a part tells for the whole. A document type that declares something does not
@@ -244,7 +290,7 @@ bool MarkupChange::fitsAroundRoot() const {
 
 /// Where the part does not fit it may still mend a text that was not well formed.
 bool MarkupChange::fitsInRoot() const {
-    if (partFits())
+    if (fits())
         return keepsLexicallyValid();
     return !wasWhole() && keepsLexicallyValid() && isWhole(after_);
 }

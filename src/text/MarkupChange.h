@@ -2,7 +2,9 @@
 
 #include "text/XmlText.h"
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 /// What has changed in a text since a mark, and whether it keeps the document well formed: names of
 /// tags matched, entities complete, attributes unique. As a rule only what changed is looked at,
@@ -30,8 +32,12 @@ private:
     bool onlyTextDiffers() const;
     int oldUnitStart() const;
     Text newPart() const;
+    Text prolog() const { return XmlScan::slice(after_, 0, edges_.root); }
+    std::vector<Text> namesAround(std::size_t most) const;
     bool fitsAroundRoot() const;
     bool fitsInRoot() const;
+    bool fits() const;
+    bool fitsBetweenTags() const;
     bool partFits() const;
     bool wasWhole() const;
     bool keepsLexicallyValid() const;

@@ -134,7 +134,7 @@ bool MarkupMatcher::readClosingTag() {
     if (name.empty() || !read(L">"))
         return false;
     if (open_.empty()) {
-        ++unmatched_;
+        closed_.push_back(name);
         return true;
     }
     const bool matches = open_.back() == name;

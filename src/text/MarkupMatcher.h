@@ -26,9 +26,9 @@ public:
     int position() const { return at_; }
     /// The names of the elements that are open there, the outermost first.
     const std::vector<Text>& open() const { return open_; }
-    /// How many closing tags belong to elements that begin before the part. A part with such tags
-    /// may be well formed; their names are not compared.
-    int unmatched() const { return unmatched_; }
+    /// The names of the elements that begin before the part and end in it, the innermost first. A
+    /// part with such closing tags may be well formed; what they are to be is not known here.
+    const std::vector<Text>& closed() const { return closed_; }
 
     /// Entities that are not predefined, as they are used in text and in values of attributes.
     const std::set<Text>& entitiesInText() const { return entitiesInText_; }
@@ -61,7 +61,7 @@ private:
     Text text_;
     int at_ = 0;
     std::vector<Text> open_;
-    int unmatched_ = 0;
+    std::vector<Text> closed_;
     std::set<Text> entitiesInText_;
     std::set<Text> entitiesInValues_;
     std::set<Text> foreignNames_;

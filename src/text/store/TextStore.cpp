@@ -3,6 +3,7 @@
 #include "text/store/StoreWork.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 TextStore& TextStore::operator=(const TextStore& other) {
@@ -99,6 +100,8 @@ int TextStore::rFind(wchar_t unit, int start, int end) const {
 void TextStore::replace(int start, int count, std::wstring_view with) {
     forget();
     tree_.replace(start, count, with);
+    constexpr int mostToCheck = 4096; // of a longer text some tests check all from time to time
+    assert(length() > mostToCheck || tree_.fault().empty());
 }
 
 // Nearly all that is asked for lies in the chunk that is read.
