@@ -58,23 +58,15 @@ Measure TextChunk::measure() const {
 }
 
 TextChunk TextChunk::replaced(int at, int count, std::wstring_view with) const {
-    if (keepsMarkup(at, count, with))
-        return withPlainText(at, count, with);
     TextChunk chunk = part(0, at);
     chunk.append(TextChunk(with, chunk.exit_));
     chunk.append(part(at + count, size()));
     return chunk;
 }
 
-TextChunk TextChunk::withPlainText(int at, int count, std::wstring_view with) const {
-    TextChunk chunk;
-    chunk.units_ = units_.replaced(at, count, with);
-    chunk.marks_ = marks_;
-    chunk.faults_ = faults_;
-    chunk.entry_ = entry_;
-    chunk.exit_ = exit_;
-    chunk.shiftMarks(marksBefore(at), static_cast<int>(with.size()) - count);
-    return chunk;
+void TextChunk::replacePlain(int at, int count, std::wstring_view with) {
+    units_.replace(at, count, with);
+    shiftMarks(marksBefore(at), static_cast<int>(with.size()) - count);
 }
 
 void TextChunk::shiftMarks(std::size_t first, int distance) {

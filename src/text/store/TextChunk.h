@@ -36,6 +36,12 @@ public:
     std::size_t marksBefore(int at) const;
     Measure measure() const;
 
+    /// Whether so many units from `at` on can give way to others where they stand, as all else is
+    /// read as before.
+    bool canReplacePlain(int at, int count, std::wstring_view with) const {
+        return keepsMarkup(at, count, with) && units_.canReplace(at, count, with);
+    }
+    void replacePlain(int at, int count, std::wstring_view with);
     /// What becomes of it when so many units from `at` on give way to others.
     TextChunk replaced(int at, int count, std::wstring_view with) const;
     /// The part from `start` up to but excluding `end`.
@@ -49,7 +55,6 @@ public:
 private:
     TextChunk(TextUnits units, const LexicalState& entry);
 
-    TextChunk withPlainText(int at, int count, std::wstring_view with) const;
     void name(MarkupMark& mark);
     void shiftMarks(std::size_t first, int distance);
     LexicalState stateAt(int at) const;

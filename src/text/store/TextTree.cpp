@@ -175,6 +175,18 @@ Node& ownNode(Part& part) {
     return *part.node;
 }
 
+/// Changes plain text of one chunk where it stands.
+void changePlain(Part& part, int position, int count, std::wstring_view with) {
+    Node& node = ownNode(part);
+    if (node.isLeaf()) {
+        node.chunk.replacePlain(position, count, with);
+    } else {
+        const auto child = childAt(node.parts, position);
+        changePlain(*child, position, count, with);
+    }
+    part.measure.length += static_cast<int>(with.size()) - count;
+}
+
 /// Exchanges the chunk that holds a position, on the way to which all nodes become the tree's own.
 void exchangeChunk(Part& part, int position, TextChunk&& chunk) {
     if (part.node->isLeaf()) {
@@ -363,6 +375,10 @@ bool TextTree::replaceInChunk(int start, int count, std::wstring_view with) {
     const int least = root_.node->isLeaf() ? 1 : TextChunk::least;
     if (size < least || size > TextChunk::most)
         return false;
+    if (place.chunk->canReplacePlain(at, count, with)) {
+        changePlain(root_, start, count, with);
+        return true;
+    }
     TextChunk chunk = place.chunk->replaced(at, count, with);
     if (chunk.exit() != place.chunk->exit())
         return false;

@@ -60,16 +60,28 @@ void TextUnits::append(const TextUnits& units, int start, int end) {
     size_ += end - start;
 }
 
-TextUnits TextUnits::replaced(int at, int count, std::wstring_view with) const {
-    const int behind = at + count;
-    TextUnits units;
-    units.reserve(size_ - count + static_cast<int>(with.size()),
-                  isWideIn(0, at) || isWideIn(behind, size_) ||
-                      std::any_of(with.begin(), with.end(), isWideUnit));
-    units.append(*this, 0, at);
-    units.append(with);
-    units.append(*this, behind, size_);
-    return units;
+bool TextUnits::canReplace(int at, int count, std::wstring_view with) const {
+    return isWide_ ? !isWideIn(at, at + count) : std::none_of(with.begin(), with.end(), isWideUnit);
+}
+
+void TextUnits::replace(int at, int count, std::wstring_view with) {
+    const std::size_t unitSize = isWide_ ? sizeof(char16_t) : 1;
+    const auto start = static_cast<std::size_t>(at);
+    const auto removed = static_cast<std::size_t>(count);
+    const auto first = bytes_.begin() + static_cast<std::ptrdiff_t>(start * unitSize);
+    if (with.size() > removed)
+        bytes_.insert(first, (with.size() - removed) * unitSize, 0);
+    else
+        bytes_.erase(first,
+                     first + static_cast<std::ptrdiff_t>((removed - with.size()) * unitSize));
+    size_ += static_cast<int>(with.size()) - count;
+    StoreWork::ofThisThread().units += size_ - at;
+    for (std::size_t i = 0; i < with.size(); ++i) {
+        if (isWide_)
+            putWide(start + i, with[i]);
+        else
+            bytes_[start + i] = static_cast<unsigned char>(with[i]);
+    }
 }
 
 void TextUnits::copyTo(std::wstring& text, int start, int end) const {

@@ -29,8 +29,9 @@ public:
     void append(std::wstring_view units);
     /// Those from `start` up to but excluding `end` of others.
     void append(const TextUnits& units, int start, int end);
-    /// Those with others in the place of `count` from `at` on.
-    TextUnits replaced(int at, int count, std::wstring_view with) const;
+    /// Whether others can take the place of `count` from `at` on without another width for all.
+    bool canReplace(int at, int count, std::wstring_view with) const;
+    void replace(int at, int count, std::wstring_view with);
     /// The units put at the end of a text.
     void copyTo(std::wstring& text, int start, int end) const;
 
