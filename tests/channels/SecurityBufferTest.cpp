@@ -117,6 +117,7 @@ TEST(ProtectedDocument, KeepsEveryByteAndForgetsItsProtectionWhenThatIsLifted) {
         for (Session* session : {&free, &held}) {
             session->serve({"setCaretPos", false, -1});
             session->serve({"resetfindReplaceStartPos"});
+            session->serve({"resetSelectionOfElement"});
             session->serve({"moveCaretHome", false});
         }
         for (std::size_t i = 0; i < perDocument; ++i) {
