@@ -118,4 +118,8 @@ set(FORME_PUBLIC_HEADERS
   text/XmlCharacters.h
   text/XmlElementType.h
   text/XmlValidator.h
-  trees/DOMBasedBuffer.h)
+  trees/DOMBasedBuffer.h
+  view/Drawn.h
+  view/EditingState.h
+  view/ElementPlace.h
+  view/StopSide.h)

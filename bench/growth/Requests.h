@@ -35,7 +35,7 @@ inline const char* const argumentTable = R"json({
 "buildSpanMatrix.columns": 1, "buildSpanMatrix.table": "table",
 "pages.text": "$content", "detached.text": "$content", "detachedText.text": "$content",
 "sequences.text": "$content", "buffer": "$content", "range": [0, 1], "region": "xsl-region-before",
-"masters.position": "left"
+"masters.position": "left", "getDrawn.count": 200, "getComputedProperty.name": "fo:border-top-width"
 })json";
 
 /// For any other parameter, the first that fits.

@@ -1,16 +1,17 @@
 // Presses a few buttons of a toolbar: bold, centred and a colour on the first words of a document.
 #include <forme/document/EditableDocumentBuffer.h>
 #include <forme/foundation/Encoder.h>
+#include <forme/view/EditingState.h>
 
-#include <algorithm>
 #include <iostream>
 
 namespace {
 
-/// What the toolbar shows for the caret or the start of the selection.
+/// What the toolbar shows for the caret or the selection.
 Core::String shownValue(const EditableDocumentBuffer& document, const Core::String& name) {
-    const int start = std::min(document.getCaretPos(), document.getSelectionPivotPos());
-    return document.getInheritablePropertyValueAtPosition(name, start);
+    const EditingState state = document.getEditingState();
+    const Format* const format = state.format(name);
+    return format ? format->value : Core::String();
 }
 
 /// Buttons for bold, italic, a font or a colour: a format of text.

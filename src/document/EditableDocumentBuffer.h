@@ -28,7 +28,11 @@ class EditableTableBuffer;
 class FormBuffer;
 class ListBuffer;
 class TextRewrite;
+enum class StopSide;
 enum class TableRowGroupType;
+struct Drawn;
+struct EditingState;
+struct ElementPlace;
 
 /// How a document is saved.
 enum class DocumentEncoding {
@@ -255,6 +259,38 @@ public:
     void moveCaretToFirstStaticRegion();
     /// To the static content with that flow name in the page sequence with that index.
     void moveCaretToStaticRegion(const Core::String& flowName, int sequenceIndex);
+
+    // What a host draws, and where a click on it leads to. Include the header of the result.
+
+    /// The stop nearest to an offset on that side (view/StopSide.h), or with StopSide::Either on
+    /// any; -1 if there is none, and outside the text.
+    int getNearestStop(int position, StopSide side) const;
+    /// The element whose tag holds the offset, or else the innermost around it, with its path
+    /// (view/ElementPlace.h).
+    ElementPlace getElementAt(int position) const;
+    /// What is drawn from an offset on, in the order of the text, in at most so many pieces
+    /// (view/Drawn.h). It begins with the piece that holds the offset, and goes on at the `end` of
+    /// the last; none are left at the end of the text. It costs what it passes over, however long
+    /// the text is; a text without markup comes in pieces of about 1000 units. What stands outside
+    /// the flows and static contents shows nothing but its elements.
+    std::vector<Drawn> getDrawn(int position, int count) const;
+    /// The value that a property, given with or without "fo:", has in the element at the offset, as
+    /// getElementAt() tells it, or with -1 in the one around the caret: its own, or one that a
+    /// shorthand gives it, else an inherited one, else XSL's initial value. Empty where XSL leaves
+    /// that to the formatter, as the font, and for a name that XSL does not know and the element
+    /// does not have.
+    ///
+    /// Resolved are "inherit"; the shorthands of borders, padding, margins, background, font, white
+    /// space, position, language and page breaks; the sides that are called before, after, start
+    /// and end, for the writing modes lr-tb, rl-tb and tb-rl; a component as in
+    /// "space-before.optimum"; the size of the font by em, percentages and words, of which "medium"
+    /// is 12pt; and any other length in em, and percentages of line-height, by that size. The rest
+    /// is as written: other percentages, which a layout knows, ex, the weights bolder and lighter,
+    /// expressions and functions; and what XSL derives from other properties, as an indent from a
+    /// margin, is not looked for.
+    Core::String getComputedProperty(const Core::String& name, int position) const;
+    /// All that a toolbar shows, in one call (view/EditingState.h).
+    EditingState getEditingState() const;
 
     // Words. A word is a run of units that are no separators; a punctuation mark or an entity is a
     // word of its own. Words go on across the edges of inlines as far as the steps below tell, and

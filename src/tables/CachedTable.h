@@ -26,6 +26,7 @@ public:
     void followText() override;
 
     int start() const { return buffer_->getDocumentBufferStart(); }
+    const EditableTableBuffer& buffer() const { return *buffer_; }
 
 private:
     CachedTable(Document& document, int table);

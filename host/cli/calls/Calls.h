@@ -58,5 +58,7 @@ std::vector<Operation> security();
 std::vector<Operation> promoPlaces();
 /// Bookmarks, annotations with the signature, and sections with conditions.
 std::vector<Operation> channels();
+/// What is drawn and where, and what a toolbar shows.
+std::vector<Operation> view();
 
 } // namespace Calls

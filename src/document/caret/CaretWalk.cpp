@@ -133,9 +133,18 @@ bool CaretWalk::isSkippedInElement(int position) {
     if (text.isValid(position) && !text.onTagStart(position) &&
         !Core::String::isSpace(text.unitAt(position)))
         return false; // whatever the properties are, which are not looked for then
-    if (loaded_ != element()) {
-        whitespace_.load(outer_, entered_);
-        loaded_ = element();
-    }
+    loadProperties();
     return whitespace_.isSkipped(position, element());
+}
+
+bool CaretWalk::keepsLinefeeds() {
+    loadProperties();
+    return whitespace_.keepsLinefeeds();
+}
+
+void CaretWalk::loadProperties() {
+    if (loaded_ == element())
+        return;
+    whitespace_.load(outer_, entered_);
+    loaded_ = element();
 }

@@ -40,8 +40,11 @@ public:
     /// The same for another position that has the same element around it.
     bool isSkippedInElement(int position);
     bool isStop() { return canHoldCaret() && !isSkipped(); }
+    /// Whether white space shows there as it stands, so that a line feed begins a line.
+    bool keepsLinefeeds();
 
 private:
+    void loadProperties();
     void enterElement(int element);
     void leaveElement();
     bool isClosedToCaret(int element) const;

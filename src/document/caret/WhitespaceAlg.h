@@ -31,6 +31,9 @@ public:
     /// The same for a caller that knows the element current there.
     bool isSkipped(int position, int element) const;
 
+    /// Whether a line feed begins a line.
+    bool keepsLinefeeds() const { return linefeed_ == PreserveLinefeed; }
+
 private:
     enum Treatment {
         IgnoreSpaces = 0,

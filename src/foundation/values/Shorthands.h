@@ -1,0 +1,21 @@
+#pragma once
+
+#include "foundation/String.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+/// The shorthands of XSL, and what each says of one property. Names have no prefix, but for
+/// "xml:lang".
+namespace Shorthands {
+
+/// Those that a property can be set by, the one that says most about it first.
+std::vector<std::wstring_view> of(std::wstring_view property);
+
+/// What the shorthand with that value gives the property: its initial value where the shorthand
+/// sets it without a word. Nothing where the value makes no sense.
+std::optional<Core::String> valueIn(std::wstring_view shorthand, const Core::String& value,
+                                    std::wstring_view property);
+
+} // namespace Shorthands
