@@ -462,9 +462,10 @@ private:
         default:
             const std::string name =
                 resultOf({"getPreviousControlAttribute", "radiobutton", "qf:name"});
-            ask({"insertFormControl", 3, true, true, ""});
-            ask({"uncheckRadioButtonGroup", name});
-            return {};
+            if (std::string broken = carryOutLogged({"insertFormControl", 3, true, true, ""});
+                !broken.empty())
+                return broken;
+            return carryOutLogged({"uncheckRadioButtonGroup", name});
         }
     }
 
