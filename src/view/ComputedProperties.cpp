@@ -174,13 +174,22 @@ std::optional<String> ComputedProperties::specified(int element, Name name) {
 std::optional<String> ComputedProperties::specifiedByName(const Level& level, Name name) const {
     if (auto value = attribute(level, name))
         return value;
-    for (const Name shorthand : Shorthands::of(name))
-        if (const auto whole = attribute(level, shorthand))
-            if (auto value = Shorthands::valueIn(shorthand, *whole, name))
-                return value;
-    for (const wchar_t* component : {L".optimum", L".length"})
-        if (auto value = attribute(level, (String(name) + component).view()))
-            return value;
+    if (level.hasShorthands)
+        for (const Name shorthand : Shorthands::of(name))
+            if (const auto whole = attribute(level, shorthand))
+                if (auto value = Shorthands::valueIn(shorthand, *whole, name))
+                    return value;
+    return componentOf(level, name);
+}
+
+/// A property of which only a component is told.
+std::optional<String> ComputedProperties::componentOf(const Level& level, Name name) {
+    for (const auto& [attribute, value] : level.attributes) {
+        const bool isComponent = attribute.size() > name.size() && attribute.starts_with(name);
+        const Text component = isComponent ? attribute.substr(name.size()) : Text();
+        if (component == L".optimum" || component == L".length")
+            return String(value);
+    }
     return std::nullopt;
 }
 
@@ -228,12 +237,12 @@ std::size_t ComputedProperties::enter(int element) {
         return static_cast<std::size_t>(kept - levels_.begin()) - 1;
     levels_.erase(kept, levels_.end());
     for (auto inner = entered.rbegin(); inner != entered.rend(); ++inner)
-        levels_.push_back({*inner, attributesOf(*inner)});
+        levels_.push_back(read(*inner));
     return levels_.size() - 1;
 }
 
 /// One without a prefix counts as its element's, but gives way to one written out.
-std::vector<ComputedProperties::Attribute> ComputedProperties::attributesOf(int element) const {
+ComputedProperties::Level ComputedProperties::read(int element) const {
     const XmlText& text = document_.text();
     const bool isFo = text.tagName(element).starts_with(foPrefix);
     std::vector<Attribute> written;
@@ -246,7 +255,12 @@ std::vector<ComputedProperties::Attribute> ComputedProperties::attributesOf(int 
             implied.emplace_back(name, text.attributeValue(at));
     }
     written.insert(written.end(), implied.begin(), implied.end());
-    return written;
+    const bool hasShorthands =
+        std::any_of(written.begin(), written.end(), [](const Attribute& attribute) {
+            return std::find(Shorthands::names.begin(), Shorthands::names.end(), attribute.first) !=
+                   Shorthands::names.end();
+        });
+    return {element, std::move(written), hasShorthands};
 }
 
 String EditableDocumentBuffer::getComputedProperty(const String& name, int position) const {

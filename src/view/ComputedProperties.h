@@ -35,6 +35,7 @@ private:
     struct Level {
         int element;
         std::vector<Attribute> attributes;
+        bool hasShorthands; ///< whether one of them is a shorthand
     };
     /// A value and the element that says it.
     struct Origin {
@@ -47,8 +48,9 @@ private:
     std::optional<Core::String> specifiedByName(const Level& level, Name name) const;
     std::optional<Core::String> specifiedOnSide(const Level& level, const SideName& name);
     static std::optional<Core::String> attribute(const Level& level, Name name);
+    static std::optional<Core::String> componentOf(const Level& level, Name name);
     std::size_t enter(int element);
-    std::vector<Attribute> attributesOf(int element) const;
+    Level read(int element) const;
 
     Core::String initialValue(int element, Name name, const XslProperty* property);
     Core::String resolved(const Origin& origin, Name name);

@@ -76,16 +76,14 @@ private:
     /// An element decorates all that it holds; the innermost that says something of the line
     /// counts.
     String styleOfLine(const Row& row, int element) {
-        const String word(row.word);
         for (; element >= 0; element = properties_.parentOf(element)) {
             if (const auto style = properties_.specified(element, row.name);
                 style && *style != L"inherit")
                 return *style;
-            const String decoration =
-                properties_.specified(element, L"text-decoration").value_or(String());
-            if (holdsWord(decoration, word))
+            const auto decoration = properties_.specified(element, L"text-decoration");
+            if (decoration && holdsWord(*decoration, String(row.word)))
                 return L"solid";
-            if (holdsWord(decoration, L"no-" + word))
+            if (decoration && holdsWord(*decoration, L"no-" + String(row.word)))
                 break;
         }
         return L"none";
@@ -95,11 +93,19 @@ private:
     ComputedProperties properties_;
 };
 
-std::vector<Format> formatsOf(Reader& reader, int element) {
+/// The formats by name, without values.
+std::vector<Format> emptyFormats() {
     std::vector<Format> formats;
-    formats.reserve(rows.size());
     for (const Row& row : rows)
-        formats.push_back({L"fo:" + String(row.name), reader.valueOf(row, element)});
+        formats.push_back({L"fo:" + String(row.name), {}});
+    return formats;
+}
+
+std::vector<Format> formatsOf(Reader& reader, int element) {
+    static const std::vector<Format> empty = emptyFormats();
+    std::vector<Format> formats = empty;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        formats[i].value = reader.valueOf(rows[i], element);
     return formats;
 }
 
