@@ -36,6 +36,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/Exception.h
   foundation/FileStream.h
   foundation/Format.h
+  foundation/HtmlParser.h
   foundation/MemoryStream.h
   foundation/Object.h
   foundation/ObjectId.h

@@ -3,6 +3,7 @@
 #include "document/EditableNames.h"
 #include "document/TextVersions.h"
 #include "document/history/EditActionStack.h"
+#include "foundation/HtmlParser.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
 #include "foundation/String.h"
@@ -157,6 +158,7 @@ public:
     };
     RunningSearch search;
     SmartPtr<Drawing::SpellChecker> spellChecker;
+    SmartPtr<HtmlParser> htmlParser;
     Core::String selectedElementName;       ///< what growing the selection reached last
     std::unique_ptr<TableCache> tableCache; ///< null while no table is kept
     bool isInCommand = false;               ///< whether a scope stands around what is being done

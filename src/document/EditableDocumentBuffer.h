@@ -5,6 +5,7 @@
 #include "document/history/EditAction.h"
 #include "document/history/EditActionStack.h"
 #include "foundation/Api.h"
+#include "foundation/HtmlParser.h"
 #include "foundation/Object.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
@@ -375,6 +376,34 @@ public:
     /// The markup pretty-printed for insertion at the position: each tag on a line of its own,
     /// indented by as many tabs as elements are around it.
     Core::String indentXmlText(const Core::String& xml, int position) const;
+
+    // The clipboard, as people know it. What is pasted takes the place of what is selected and is
+    // one undo step; the caret stands behind it. False where nothing can go: no caret, a list
+    // label, nothing to paste, or a place for parts of a line only where more is pasted.
+
+    /// Pastes markup. Parts of a line, and a single paragraph, join the line at the caret. Of
+    /// several blocks the first paragraph joins what stands before the caret and the last one what
+    /// stands behind it, each under the block that is there; lists, tables and paragraphs between
+    /// them stand as they are. Where nothing stands on that side the pasted paragraph keeps its own
+    /// properties. Markup that is not well formed is refused.
+    bool pasteMarkup(const Core::String& xml);
+    /// Pastes plain text, each line of it a paragraph and each tab a "qf:tab".
+    bool pasteText(const Core::String& text);
+    /// Pastes HTML, as browsers and office programs give it, by pasteMarkup(): paragraphs, headings
+    /// (which keep their level as the property role), lists, tables, links and the formatting of
+    /// text that stands in the HTML itself. Images, form controls, scripts and whatever acts are
+    /// left out. Raises Core::NullPointerException without a parser, and what the parser raises;
+    /// then nothing has changed.
+    bool pasteHtml(const Core::String& html);
+    void setHtmlParser(const SmartPtr<HtmlParser>& parser);
+    /// The selected text as a reader sees it: characters and no entities, a line feed between
+    /// paragraphs and lines and none at the end, labels before the items of lists, and the cells of
+    /// a row with tabs between them. Empty without a selection.
+    Core::String getSelectionAsText() const;
+    /// The selected content as HTML that another program pastes: p, h1 to h6, b, i, u, s, sup, sub,
+    /// a, br, pre, ul, ol, table, and span with a style for colours and fonts. Empty without a
+    /// selection.
+    Core::String getSelectionAsHtml() const;
 
     // Deleting. Tags are never left unmatched: what a range holds whole goes, and of an element
     // that it cuts only content goes. What is emptied keeps a place for the caret.
