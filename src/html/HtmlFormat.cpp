@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
@@ -71,7 +72,7 @@ String hexColor(const std::vector<double>& parts) {
 
 /// The size of text in points or relative to what is around; empty for what tells none.
 String fontSize(const String& value) {
-    const String small = value.toLower();
+    String small = value.toLower();
     const Units text = small.view();
     if (isOneOf(text, {L"xx-small", L"x-small", L"small", L"medium", L"large", L"x-large",
                        L"xx-large", L"smaller", L"larger"}))
@@ -81,7 +82,7 @@ String fontSize(const String& value) {
     if (number <= 0 || number > 1000)
         return {};
     if (unit == L"px") { // of which an inch has 96
-        const auto tenths = static_cast<int>(number * 7.5 + 0.5);
+        const auto tenths = static_cast<int>(std::lround(number * 7.5));
         String points = String::formatS(tenths / 10);
         if (tenths % 10 != 0)
             points += L"." + String::formatS(tenths % 10);
@@ -253,7 +254,7 @@ String HtmlValues::styleValue(const String& style, const wchar_t* name) {
 }
 
 String HtmlValues::color(const String& value) {
-    const String small = value.toLower();
+    String small = value.toLower();
     const Units text = small.view();
     const bool isHex =
         text.size() > 1 && text[0] == L'#' && std::all_of(text.begin() + 1, text.end(), isHexDigit);

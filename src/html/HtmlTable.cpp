@@ -45,51 +45,71 @@ private:
 };
 
 /// Clips the spans to what is there, and takes out rows without a cell of their own, which the
-/// cells above then span no more. Answers how many columns there are.
-template <typename Rows>
-std::size_t fitSpans(Rows& rows) {
-    Rows kept;
-    std::vector<std::pair<std::size_t, std::size_t>> spanning; // row and cell
-    std::vector<int> rowsLeft;                                 // of each of these
-    Grid grid;
-    for (std::size_t r = 0; r < rows.size(); ++r) {
-        const int most = static_cast<int>(std::min<std::size_t>(rows.size() - r, 65534));
-        for (std::size_t i = 0; i < spanning.size(); ++i)
-            if (rows[r].empty())
-                --kept[spanning[i].first][spanning[i].second].rows;
-        std::size_t column = 0;
-        for (std::size_t c = 0; c < rows[r].size(); ++c) {
-            auto& cell = rows[r][c];
-            cell.rows = cell.rows == 0 ? most : std::clamp(cell.rows, 1, most);
-            column = grid.firstFree(column);
-            const std::size_t asked = static_cast<std::size_t>(std::max(cell.columns, 1));
-            const std::size_t count =
-                grid.freeFrom(column, column + asked > mostSpanned ? 1 : asked);
-            cell.columns = static_cast<int>(count);
-            grid.take(column, count, cell.rows);
-            column += count;
-            if (cell.rows > 1) {
-                spanning.emplace_back(kept.size(), c);
-                rowsLeft.push_back(cell.rows);
-            }
+/// cells above then span no more.
+class SpanFitting {
+public:
+    using Rows = std::vector<std::vector<HtmlTable::Cell>>;
+
+    explicit SpanFitting(Rows& rows) : rows_(rows) {}
+
+    /// Answers how many columns there are.
+    std::size_t run() {
+        for (std::size_t row = 0; row < rows_.size(); ++row) {
+            if (rows_[row].empty())
+                shortenSpans();
+            rowsLeft_ = static_cast<int>(std::min<std::size_t>(rows_.size() - row, 65534));
+            placeCells(rows_[row]);
+            endRow();
+            if (!rows_[row].empty())
+                kept_.push_back(std::move(rows_[row]));
         }
-        grid.nextRow();
-        for (std::size_t i = 0; i < spanning.size();) {
-            if (--rowsLeft[i] > 0) {
-                ++i;
-                continue;
-            }
-            spanning[i] = spanning.back();
-            rowsLeft[i] = rowsLeft.back();
-            spanning.pop_back();
-            rowsLeft.pop_back();
-        }
-        if (!rows[r].empty())
-            kept.push_back(std::move(rows[r]));
+        rows_ = std::move(kept_);
+        return grid_.columns();
     }
-    rows = std::move(kept);
-    return grid.columns();
-}
+
+private:
+    /// A cell that goes on below its row.
+    struct Spanning {
+        std::size_t row;
+        std::size_t cell;
+        int rowsLeft;
+    };
+
+    void shortenSpans() {
+        for (const Spanning& cell : spanning_)
+            --kept_[cell.row][cell.cell].rows;
+    }
+
+    void placeCells(std::vector<HtmlTable::Cell>& row) {
+        std::size_t column = 0;
+        for (HtmlTable::Cell& cell : row) {
+            column = grid_.firstFree(column);
+            const auto asked = static_cast<std::size_t>(std::max(cell.columns, 1));
+            const std::size_t count =
+                grid_.freeFrom(column, column + asked > mostSpanned ? 1 : asked);
+            cell.columns = static_cast<int>(count);
+            cell.rows = cell.rows == 0 ? rowsLeft_ : std::clamp(cell.rows, 1, rowsLeft_);
+            grid_.take(column, count, cell.rows);
+            column += count;
+            if (cell.rows > 1)
+                spanning_.push_back(
+                    {kept_.size(), static_cast<std::size_t>(&cell - row.data()), cell.rows});
+        }
+    }
+
+    void endRow() {
+        grid_.nextRow();
+        for (Spanning& cell : spanning_)
+            --cell.rowsLeft;
+        std::erase_if(spanning_, [](const Spanning& cell) { return cell.rowsLeft == 0; });
+    }
+
+    Rows& rows_;
+    Rows kept_;
+    std::vector<Spanning> spanning_;
+    Grid grid_;
+    int rowsLeft_ = 0; // in the group, from this one on
+};
 
 std::wstring spans(std::size_t columns, std::size_t rows) {
     std::wstring attributes;
@@ -146,7 +166,7 @@ void HtmlTable::add(Cell cell) {
 std::wstring HtmlTable::markup() {
     std::size_t columns = 0;
     for (Rows& rows : groups_)
-        columns = std::max(columns, fitSpans(rows));
+        columns = std::max(columns, SpanFitting(rows).run());
     if (columns == 0)
         return caption_;
     // Rows stand in the body if nowhere else, for a table has one.
