@@ -40,6 +40,7 @@ SmartPtr<EditableDocumentBuffer> makeDocument() {
     setUpAsHost(*document);
     document->setSpellChecker(systemSpellChecker());
     document->setHtmlParser(builtInHtmlParser());
+    document->setTextSegmenter(builtInTextSegmenter());
     return document;
 }
 

@@ -2,6 +2,7 @@
 
 #include "document/ElementInfo.h"
 #include "document/IEditableBufferMonitor.h"
+#include "document/TextRange.h"
 #include "document/history/EditAction.h"
 #include "document/history/EditActionStack.h"
 #include "foundation/Api.h"
@@ -11,6 +12,7 @@
 #include "foundation/SpellChecker.h"
 #include "foundation/SpellingError.h"
 #include "foundation/String.h"
+#include "foundation/TextSegmenter.h"
 #include "foundation/Vector.h"
 #include "foundation/values/PropertyCollection.h"
 #include "text/EditableXmlBuffer.h"
@@ -280,6 +282,22 @@ public:
     /// The text from there up to but excluding the caret, markup included.
     Core::String getPreviousWord() const;
 
+    // Units of text as a reader knows them
+
+    /// What knows where characters, words and sentences end in all scripts; null, as at first, for
+    /// rules of the document's own that know blanks and punctuation marks.
+    void setTextSegmenter(const SmartPtr<TextSegmenter>& segmenter);
+    /// Whether moves of the caret, Backspace and Delete take what a reader sees as one character as
+    /// one: a letter with its accents, an emoji of several code points, a flag. Off at first; they
+    /// then take one code point, as they always do without a segmenter.
+    void setClusterSteps(bool on);
+    bool hasClusterSteps() const;
+    /// The unit of that kind that holds the position, or ends at it where none begins there: a
+    /// character as a reader sees it, a word without the blanks behind it, a sentence with its
+    /// punctuation, a paragraph. Markup within is part of the range; none at its ends is, but for
+    /// a paragraph's. Nothing where the position is in no paragraph or, for a word, at none.
+    std::optional<TextRange> getRangeAround(TextUnit unit, int position) const;
+
     // Finding and replacing. A search runs over the text between tags, in flows and static contents
     // alike, and goes on from the other end of the document. It is running from the first call on
     // until the host ends it: when the user changes the text, the caret or what is searched for.
@@ -316,6 +334,11 @@ public:
     /// suggestions and then an empty text.
     SmartPtr<Drawing::SpellingError> getNextSpellingError(const Core::String& defaultDictionaries,
                                                           bool restart);
+    /// The words from `start` up to but excluding `end` that no dictionary knows, in the order of
+    /// the text, words that begin before it and go on in it included. Neither caret nor selection
+    /// moves. The dictionaries are told by `start`, as for the caret above.
+    std::vector<SmartPtr<Drawing::SpellingError>>
+    getSpellingErrors(int start, int end, const Core::String& defaultDictionaries) const;
     /// The dictionaries that the root names; empty if it names none.
     Core::String getSpellingDictionaries() const;
     /// Lets the root name them. One undo step.
