@@ -4,6 +4,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build spelling test bench
+scripts/packages.sh build html spelling unicode test bench
 scripts/build.sh bench forme_growth
 exec build/bench/bench/forme_growth "$@"

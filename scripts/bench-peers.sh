@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build spelling test bench
+scripts/packages.sh build html spelling unicode test bench
 scripts/packages.sh peers || true # then Forme is measured alone, and that is told
 scripts/build.sh bench forme_peers
 exec build/bench/bench/forme_peers "$@"

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build spelling test bench
+scripts/packages.sh build html spelling unicode test bench
 if ! compgen -G 'bench/*.cpp' >/dev/null; then
     echo "bench.sh: there are no benchmarks in bench/ yet" >&2
     exit 1

@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build spelling clang lint
+scripts/packages.sh build html spelling unicode clang lint
 
 check_format() {
     find src host tests bench docs -name '*.h' -o -name '*.cpp' | sort |

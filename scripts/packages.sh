@@ -1,13 +1,15 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|spelling|test|formatter|bench|peers|clang|lint|docs ...
+#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs ...
 set -euo pipefail
 
 packages_for() {
     case "$1" in
         build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev ;;
+        html) echo libgumbo-dev ;;
         spelling) echo libhunspell-dev ;;
-        test) echo libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
+        unicode) echo libicu-dev ;;
+        test) echo unicode-data libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         formatter) echo fop ;;
         bench) echo libbenchmark-dev ;;
         peers) echo qt6-base-dev ;;

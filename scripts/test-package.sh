@@ -1,7 +1,7 @@
 #!/bin/bash
 # Installs a build into a temporary prefix and builds an example of the guide outside the tree
 # against it, once through find_package(Forme) and once through pkg-config; the same for a program
-# with the spell checker, if the build has it.
+# with each component that the build has.
 #   scripts/test-package.sh BUILD
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -28,13 +28,16 @@ ${CXX:-g++} -std=c++20 "$work/consumer/edit.cpp" -o "$work/by-pkg-config" \
     $(pkg-config --cflags --libs forme)
 LD_LIBRARY_PATH=$library "$work/by-pkg-config" samples/letter.xml "$work/out.xml"
 
-if [ -e "$library/pkgconfig/forme-hunspell.pc" ]; then
-    echo "A program with the spell checker, in both ways:"
-    "$work/build/spelling" samples/letter.xml
-    ${CXX:-g++} -std=c++20 "$work/consumer/spelling.cpp" -o "$work/spelling-by-pkg-config" \
-        $(pkg-config --cflags --libs forme-hunspell)
-    LD_LIBRARY_PATH=$library "$work/spelling-by-pkg-config" samples/letter.xml
-fi
+with_component() { # COMPONENT PROGRAM
+    [ -e "$library/pkgconfig/forme-$1.pc" ] || return 0
+    echo "A program with the component $1, in both ways:"
+    "$work/build/$2" samples/letter.xml
+    ${CXX:-g++} -std=c++20 "$work/consumer/$2.cpp" -o "$work/$2-by-pkg-config" \
+        $(pkg-config --cflags --libs "forme-$1")
+    LD_LIBRARY_PATH=$library "$work/$2-by-pkg-config" samples/letter.xml
+}
+with_component html html
+with_component hunspell spelling
 
 echo "All the headers, with nothing but what is installed:"
 (cd "$prefix/include" && find forme -name '*.h' -printf '#include <%p>\n') >"$work/all.cpp"

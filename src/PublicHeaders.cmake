@@ -18,6 +18,7 @@ set(FORME_PUBLIC_HEADERS
   document/FreezeNotifications.h
   document/IEditableBufferMonitor.h
   document/PageSequenceAlg.h
+  document/TextRange.h
   document/history/ActionList.h
   document/history/EditAction.h
   document/history/EditActionGroup.h
@@ -36,6 +37,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/Exception.h
   foundation/FileStream.h
   foundation/Format.h
+  foundation/HtmlParser.h
   foundation/MemoryStream.h
   foundation/Object.h
   foundation/ObjectId.h
@@ -47,6 +49,7 @@ set(FORME_PUBLIC_HEADERS
   foundation/String.h
   foundation/StringFormatStream.h
   foundation/TextReader.h
+  foundation/TextSegmenter.h
   foundation/TextWriter.h
   foundation/Vector.h
   foundation/XmlReader.h

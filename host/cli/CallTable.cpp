@@ -11,13 +11,15 @@ namespace {
 std::vector<Operation> everyTable() {
     std::vector<Operation> all;
     for (const auto table : {
-             Calls::session,       Calls::document,   Calls::history,       Calls::caret,
-             Calls::search,        Calls::selection,  Calls::typing,        Calls::deletion,
-             Calls::breaks,        Calls::formatting, Calls::objects,       Calls::lists,
-             Calls::settings,      Calls::content,    Calls::pageSequences, Calls::pageSequenceTree,
-             Calls::detachedPages, Calls::tables,     Calls::masters,       Calls::templateData,
-             Calls::values,        Calls::security,   Calls::promoPlaces,   Calls::forms,
-             Calls::channels,      Calls::view,
+             Calls::session,       Calls::document,         Calls::history,
+             Calls::caret,         Calls::search,           Calls::selection,
+             Calls::typing,        Calls::clipboard,        Calls::deletion,
+             Calls::breaks,        Calls::formatting,       Calls::objects,
+             Calls::lists,         Calls::settings,         Calls::content,
+             Calls::pageSequences, Calls::pageSequenceTree, Calls::detachedPages,
+             Calls::tables,        Calls::masters,          Calls::templateData,
+             Calls::values,        Calls::security,         Calls::promoPlaces,
+             Calls::forms,         Calls::channels,         Calls::view,
          }) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));

@@ -1,6 +1,7 @@
 #include "Session.h"
 
 #include "CallTable.h"
+#include "Components.h"
 #include "MemoryReserve.h"
 #include "Spelling.h"
 
@@ -38,6 +39,8 @@ SmartPtr<EditableDocumentBuffer> makeDocument() {
     SmartPtr<EditableDocumentBuffer> document(new EditableDocumentBuffer);
     setUpAsHost(*document);
     document->setSpellChecker(systemSpellChecker());
+    document->setHtmlParser(builtInHtmlParser());
+    document->setTextSegmenter(builtInTextSegmenter());
     return document;
 }
 

@@ -123,6 +123,35 @@ struct Wire<SmartPtr<Drawing::SpellingError>> {
 };
 
 template <>
+struct Wire<std::vector<SmartPtr<Drawing::SpellingError>>> {
+    static constexpr const char* name = "array of spelling errors";
+    static Json write(const std::vector<SmartPtr<Drawing::SpellingError>>& value) {
+        Json errors = Json::array();
+        for (const auto& error : value)
+            errors.push_back(Wire<SmartPtr<Drawing::SpellingError>>::write(error));
+        return errors;
+    }
+};
+
+template <>
+struct Wire<TextUnit> {
+    static constexpr const char* name =
+        "unit of text (0 character, 1 word, 2 sentence, 3 paragraph)";
+    static bool matches(const Json& value) {
+        return Wire<int>::matches(value) && value.get<int>() >= 0 && value.get<int>() <= 3;
+    }
+    static TextUnit read(const Json& value) { return static_cast<TextUnit>(value.get<int>()); }
+};
+
+template <>
+struct Wire<std::optional<TextRange>> {
+    static constexpr const char* name = "[start, end] or null";
+    static Json write(const std::optional<TextRange>& value) {
+        return value ? Json{value->start, value->end} : Json();
+    }
+};
+
+template <>
 struct Wire<ListType> {
     static constexpr const char* name = "list type (0 numbering, 1 bullets, 2 none)";
     static bool matches(const Json& value) {

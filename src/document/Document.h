@@ -3,9 +3,11 @@
 #include "document/EditableNames.h"
 #include "document/TextVersions.h"
 #include "document/history/EditActionStack.h"
+#include "foundation/HtmlParser.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
 #include "foundation/String.h"
+#include "foundation/TextSegmenter.h"
 #include "text/XmlText.h"
 
 #include <memory>
@@ -132,8 +134,9 @@ public:
 
     EditableNames names;
     struct Modes {
-        bool pageMasters = false; ///< the caret may only stand in static content
-        bool dummyPage = false;   ///< the caret may stand nowhere
+        bool pageMasters = false;  ///< the caret may only stand in static content
+        bool dummyPage = false;    ///< the caret may stand nowhere
+        bool clusterSteps = false; ///< keys take what a reader sees as one character as one
     };
     Modes modes;
 
@@ -157,6 +160,8 @@ public:
     };
     RunningSearch search;
     SmartPtr<Drawing::SpellChecker> spellChecker;
+    SmartPtr<HtmlParser> htmlParser;
+    SmartPtr<TextSegmenter> textSegmenter;
     Core::String selectedElementName;       ///< what growing the selection reached last
     std::unique_ptr<TableCache> tableCache; ///< null while no table is kept
     bool isInCommand = false;               ///< whether a scope stands around what is being done

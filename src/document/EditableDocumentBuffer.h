@@ -2,14 +2,17 @@
 
 #include "document/ElementInfo.h"
 #include "document/IEditableBufferMonitor.h"
+#include "document/TextRange.h"
 #include "document/history/EditAction.h"
 #include "document/history/EditActionStack.h"
 #include "foundation/Api.h"
+#include "foundation/HtmlParser.h"
 #include "foundation/Object.h"
 #include "foundation/SmartPtr.h"
 #include "foundation/SpellChecker.h"
 #include "foundation/SpellingError.h"
 #include "foundation/String.h"
+#include "foundation/TextSegmenter.h"
 #include "foundation/Vector.h"
 #include "foundation/values/PropertyCollection.h"
 #include "text/EditableXmlBuffer.h"
@@ -315,6 +318,22 @@ public:
     /// The text from there up to but excluding the caret, markup included.
     Core::String getPreviousWord() const;
 
+    // Units of text as a reader knows them
+
+    /// What knows where characters, words and sentences end in all scripts; null, as at first, for
+    /// rules of the document's own that know blanks and punctuation marks.
+    void setTextSegmenter(const SmartPtr<TextSegmenter>& segmenter);
+    /// Whether moves of the caret, Backspace and Delete take what a reader sees as one character as
+    /// one: a letter with its accents, an emoji of several code points, a flag. Off at first; they
+    /// then take one code point, as they always do without a segmenter.
+    void setClusterSteps(bool on);
+    bool hasClusterSteps() const;
+    /// The unit of that kind that holds the position, or ends at it where none begins there: a
+    /// character as a reader sees it, a word without the blanks behind it, a sentence with its
+    /// punctuation, a paragraph. Markup within is part of the range; none at its ends is, but for
+    /// a paragraph's. Nothing where the position is in no paragraph or, for a word, at none.
+    std::optional<TextRange> getRangeAround(TextUnit unit, int position) const;
+
     // Finding and replacing. A search runs over the text between tags, in flows and static contents
     // alike, and goes on from the other end of the document. It is running from the first call on
     // until the host ends it: when the user changes the text, the caret or what is searched for.
@@ -351,6 +370,11 @@ public:
     /// suggestions and then an empty text.
     SmartPtr<Drawing::SpellingError> getNextSpellingError(const Core::String& defaultDictionaries,
                                                           bool restart);
+    /// The words from `start` up to but excluding `end` that no dictionary knows, in the order of
+    /// the text, words that begin before it and go on in it included. Neither caret nor selection
+    /// moves. The dictionaries are told by `start`, as for the caret above.
+    std::vector<SmartPtr<Drawing::SpellingError>>
+    getSpellingErrors(int start, int end, const Core::String& defaultDictionaries) const;
     /// The dictionaries that the root names; empty if it names none.
     Core::String getSpellingDictionaries() const;
     /// Lets the root name them. One undo step.
@@ -411,6 +435,34 @@ public:
     /// The markup pretty-printed for insertion at the position: each tag on a line of its own,
     /// indented by as many tabs as elements are around it.
     Core::String indentXmlText(const Core::String& xml, int position) const;
+
+    // The clipboard, as people know it. What is pasted takes the place of what is selected and is
+    // one undo step; the caret stands behind it. False where nothing can go: no caret, a list
+    // label, nothing to paste, or a place for parts of a line only where more is pasted.
+
+    /// Pastes markup. Parts of a line, and a single paragraph, join the line at the caret. Of
+    /// several blocks the first paragraph joins what stands before the caret and the last one what
+    /// stands behind it, each under the block that is there; lists, tables and paragraphs between
+    /// them stand as they are. Where nothing stands on that side the pasted paragraph keeps its own
+    /// properties. Markup that is not well formed is refused.
+    bool pasteMarkup(const Core::String& xml);
+    /// Pastes plain text, each line of it a paragraph and each tab a "qf:tab".
+    bool pasteText(const Core::String& text);
+    /// Pastes HTML, as browsers and office programs give it, by pasteMarkup(): paragraphs, headings
+    /// (which keep their level as the property role), lists, tables, links and the formatting of
+    /// text that stands in the HTML itself. Images, form controls, scripts and whatever acts are
+    /// left out. Raises Core::NullPointerException without a parser, and what the parser raises;
+    /// then nothing has changed.
+    bool pasteHtml(const Core::String& html);
+    void setHtmlParser(const SmartPtr<HtmlParser>& parser);
+    /// The selected text as a reader sees it: characters and no entities, a line feed between
+    /// paragraphs and lines and none at the end, labels before the items of lists, and the cells of
+    /// a row with tabs between them. Empty without a selection.
+    Core::String getSelectionAsText() const;
+    /// The selected content as HTML that another program pastes: p, h1 to h6, b, i, u, s, sup, sub,
+    /// a, br, pre, ul, ol, table, and span with a style for colours and fonts. Empty without a
+    /// selection.
+    Core::String getSelectionAsHtml() const;
 
     // Deleting. Tags are never left unmatched: what a range holds whole goes, and of an element
     // that it cuts only content goes. What is emptied keeps a place for the caret.

@@ -72,6 +72,24 @@ TEST(Spelling, SelectsEachWordThatIsNotKnown) {
     EXPECT_EQ(buffer.marked(), L"<B>one, tow &amp; three</B><B>^oen|</B>");
 }
 
+TEST(Spelling, ListsTheMisspeltWordsOfARangeAndMovesNothing) {
+    SpelledDocument buffer(L"<B>on|e, tow &amp; thr<I>ee</I> one</B><B>oen</B><B>tew</B>");
+    const auto wordsBetween = [&](int start, int end) {
+        std::wstring words;
+        for (const auto& error : buffer->getSpellingErrors(start, end, L""))
+            words += inShort(std::wstring(buffer.text().view(error->start, error->end))) + L" ";
+        return words;
+    };
+    const EditorState before = stateOf(buffer.face());
+    EXPECT_EQ(wordsBetween(0, buffer.find(L"tew")), L"tow thr<I>ee</I> oen ");
+    EXPECT_EQ(wordsBetween(buffer.find(L"e</I>"), buffer.find(L"one<")), L"thr<I>ee</I> ");
+    EXPECT_EQ(wordsBetween(buffer.find(L" &"), buffer.find(L"thr")), L"");
+    EXPECT_EQ(stateOf(buffer.face()), before);
+    EXPECT_EQ(buffer.heard(), "");
+    buffer->setSpellChecker(nullptr);
+    EXPECT_THROW(buffer->getSpellingErrors(0, 1, L""), Core::NullPointerException);
+}
+
 TEST(Spelling, TakesAWordAcrossInlinesButNotOutOfItsBlock) {
     SpelledDocument known(L"<B>|b<I>o<fo:wrapper>ld</fo:wrapper></I>er</B>");
     EXPECT_EQ(errorsIn(known, L""), Errors{});

@@ -30,9 +30,16 @@ std::set<std::string> publicOperations(const std::string& header) {
 }
 
 /// What deals in pointers and references of the host's own and has no meaning in a request.
-const std::set<std::string> notForRequests{
-    "setMonitor",    "getMonitor",    "getEditActionStack",     "setSpellChecker",
-    "getListBuffer", "getFormBuffer", "getEditableTableBuffer", "table"};
+const std::set<std::string> notForRequests{"setMonitor",
+                                           "getMonitor",
+                                           "getEditActionStack",
+                                           "setSpellChecker",
+                                           "setHtmlParser",
+                                           "setTextSegmenter",
+                                           "getListBuffer",
+                                           "getFormBuffer",
+                                           "getEditableTableBuffer",
+                                           "table"};
 
 } // namespace
 

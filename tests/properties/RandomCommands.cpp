@@ -34,6 +34,7 @@ const char* const commandTable = R"json([
     [2, ["insertTextAtPosition", "$position", "$markup", true, "$1 in 4"], ["insertTab"]],
     [3, ["replaceXmlText", "$position", "$behind 20", "$markup"]],
     [1, ["endKeyTypingSequence"]],
+    [5, ["pasteMarkup", "$blocks"], ["pasteMarkup", "$markup"], ["pasteText", "$text"]],
     // Deleting
     [2, ["deleteContentAtPosition", "$1 in 2", "$position", "$position"]],
     [4, ["deleteContentAtPosition", "$1 in 2", "$position", "$behind 60"]],
@@ -106,6 +107,10 @@ const char* const choiceTable = R"json({
     "<a", "<a></b>", "</B>", "<B>", "&", "&nbsp;", "a & b", "]]>", "]]", ">", "<",
     "<x a=\"1\" a=\"2\"/>", "<x a=1/>", "<!-- a -- b -->", "<!-->", "-->", "<![CDATA[", "<?xml?>",
     "</B><!-- ", "\"", "<1/>", "</part><part>", "<!DOCTYPE a>"],
+"$blocks": [
+    "<B>x</B><B fo:color=\"red\">y <I>z</I></B>", "<B>_</B>\n<B></B><B>x<B/>y</B>", "x<B>y</B>z",
+    "<T><D><R><C><B>c</B></C></R></D></T>", "<B>x</B><T><D><R><C><B>c</B></C></R></D></T><B>y</B>",
+    "<B><fo:list-block><fo:list-item><fo:list-item-label><B>1)</B></fo:list-item-label><fo:list-item-body><B>i</B></fo:list-item-body></fo:list-item></fo:list-block></B>"],
 "$stored text": [
     "a\rb", "a\r\r\n", "one  two   three", "\r", "xml:<I>x</I>", " xml:<B>"],
 "$sought": ["e", "an", " ", "&amp;", "amp", "&#x00A0;", "0A0", "x", ">", "<fo", "\n", ""],

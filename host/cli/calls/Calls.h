@@ -22,6 +22,8 @@ std::vector<Operation> search();
 std::vector<Operation> selection();
 /// Insertion of text and markup.
 std::vector<Operation> typing();
+/// What is copied and pasted.
+std::vector<Operation> clipboard();
 /// Backspace, Delete and what goes with them.
 std::vector<Operation> deletion();
 /// Breaks of lines, pages and columns.

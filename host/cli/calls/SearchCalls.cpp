@@ -11,6 +11,8 @@ std::vector<Operation> Calls::search() {
         document("findReplace", &D::findReplace,
                  {"find", "replacement", "matchCase", "wholeWord", "direction", "replace"}),
         document("resetfindReplaceStartPos", &D::resetfindReplaceStartPos),
+        document("getSpellingErrors", &D::getSpellingErrors,
+                 {"start", "end", "defaultDictionaries"}),
         document("getNextSpellingError", &D::getNextSpellingError,
                  {"defaultDictionaries", "restart"}),
         document("getSpellingDictionaries", &D::getSpellingDictionaries),

@@ -7,6 +7,8 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/Placeholders.h"
 #include "document/PlainPlace.h"
+#include "document/caret/CaretWalk.h"
+#include "document/caret/Clusters.h"
 #include "document/caret/PageOrder.h"
 #include "document/caret/Stops.h"
 #include "document/caret/Words.h"
@@ -42,14 +44,40 @@ void moveLeftByStop(Document& document, bool extend, bool mergeBoundaries) {
         document.moveCaret(extend && target == previous, target);
 }
 
+/// Whether the unit at the position is certainly a cluster by itself.
+bool passesWholeCluster(const XmlText& text, int position) {
+    return PlainPlace::isPlainAt(text, position - 1) && PlainPlace::isPlainAt(text, position + 1) &&
+           Clusters::areApart(text.unitAt(position - 1), text.unitAt(position)) &&
+           Clusters::areApart(text.unitAt(position), text.unitAt(position + 1));
+}
+
+/// A step that has passed a character goes on to the end of the cluster that this is of.
+void completeStepRight(Document& document, bool extend, int from) {
+    const int now = document.caret();
+    const auto reach = Clusters::behind(document, from);
+    if (!reach || !reach->isLonger() || now < reach->character || reach->cluster <= now)
+        return;
+    const int end = reach->cluster;
+    document.moveCaret(extend,
+                       CaretWalk(document, end).isStop() ? end : Stops::next(document, end));
+}
+
+void completeStepLeft(Document& document, bool extend, int from) {
+    const int now = document.caret();
+    const auto reach = Clusters::before(document, from);
+    if (reach && reach->isLonger() && now <= reach->character && reach->cluster < now)
+        document.moveCaret(extend, reach->cluster);
+}
+
 /// Nearly every step passes a character in the midst of text, where nothing else has to be asked: a
 /// shortcut, and no other rule. False, with nothing done, where there may be more to it.
 bool passesText(Document& document, bool forward) {
     const XmlText& text = document.text();
     const int caret = document.caret();
     const bool isInText =
-        forward ? PlainPlace::isPlainAt(text, caret) && PlainPlace::showsAt(text, caret + 1)
-                : PlainPlace::isPlainAt(text, caret - 1);
+        (forward ? PlainPlace::isPlainAt(text, caret) && PlainPlace::showsAt(text, caret + 1)
+                 : PlainPlace::isPlainAt(text, caret - 1)) &&
+        (!Clusters::areSteps(document) || passesWholeCluster(text, forward ? caret : caret - 1));
     const Document::KnownPlace* const place = isInText ? PlainPlace::ofCaret(document) : nullptr;
     if (!place || !place->isInRegion || document.isProtected())
         return false;
@@ -57,6 +85,20 @@ bool passesText(Document& document, bool forward) {
     document.placeCaret(false, forward ? caret + 1 : caret - 1);
     PlainPlace::follow(document);
     return true;
+}
+
+void stepRight(Document& document, bool extend, bool mergeBoundaries) {
+    const int from = document.caret();
+    moveRightByStop(document, extend, mergeBoundaries);
+    if (Clusters::areSteps(document))
+        completeStepRight(document, extend, from);
+}
+
+void stepLeft(Document& document, bool extend, bool mergeBoundaries) {
+    const int from = document.caret();
+    moveLeftByStop(document, extend, mergeBoundaries);
+    if (Clusters::areSteps(document))
+        completeStepLeft(document, extend, from);
 }
 
 bool isInTextOfRegion(const Document& document, int position, int region) {
@@ -130,7 +172,7 @@ void Moves::right(Document& document, bool extend, bool byWord, bool mergeBounda
     else if (byWord)
         Words::stepRight(document, extend);
     else
-        moveRightByStop(document, extend, mergeBoundaries);
+        stepRight(document, extend, mergeBoundaries);
 }
 
 bool Moves::rightThroughTable(Document& document, int nextStop) {
@@ -157,7 +199,7 @@ void Moves::left(Document& document, bool extend, bool byWord, bool mergeBoundar
     else if (byWord)
         Words::stepLeft(document, extend);
     else
-        moveLeftByStop(document, extend, mergeBoundaries);
+        stepLeft(document, extend, mergeBoundaries);
 }
 
 bool Moves::leftThroughTable(Document& document) {

@@ -23,10 +23,6 @@ String placeholder() {
 constexpr std::array<const wchar_t*, 3> decorations{
     L"fo:text-underline-style", L"fo:text-overline-style", L"fo:text-line-through-style"};
 
-/// What belongs to one block alone.
-constexpr std::array<const wchar_t*, 3> ownProperties{L"fo:break-before", L"fo:break-after",
-                                                      L"fo:id"};
-
 } // namespace
 
 HardBreak::HardBreak(Document& document)
@@ -83,7 +79,8 @@ bool HardBreak::endsBlockAtCaret() const {
 
 String HardBreak::splittingText() const {
     String text = isFirstInBlock() ? placeholder() : String();
-    text += closing_ + L"</" + nameOf(holder_) + L">\n" + indentation() + newStartTag();
+    text += closing_ + L"</" + nameOf(holder_) + L">\n" + indentation() +
+            startTagOfSecondHalf(document_, holder_);
     // What stands before a soft break is a line of its own.
     if (isBeforeSoftBreak())
         text += placeholder();
@@ -107,9 +104,9 @@ String HardBreak::indentation() const {
     return String(document_.text().view(start, holder_));
 }
 
-String HardBreak::newStartTag() const {
-    const String name = nameOf(holder_);
-    PropertyCollection properties = Attributes::of(document_, holder_);
+String HardBreak::startTagOfSecondHalf(const Document& document, int block) {
+    const String name = document.text().nameAt(block);
+    PropertyCollection properties = Attributes::of(document, block);
     for (const wchar_t* property : ownProperties)
         properties.removePropertyByName(property);
     properties.removeNamespaceForPropertiesWith(name.substringBefore(L":"));

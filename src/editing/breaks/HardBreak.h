@@ -2,6 +2,8 @@
 
 #include "foundation/String.h"
 
+#include <array>
+
 class Document;
 
 /// A hard break at the caret: what is open around the caret, up to its block, is closed there and
@@ -15,6 +17,13 @@ public:
     /// nothing was split, which is so also where loose content was put in a block, but in a form.
     int run();
 
+    /// What belongs to one block alone.
+    static constexpr std::array<const wchar_t*, 3> ownProperties{L"fo:break-before",
+                                                                 L"fo:break-after", L"fo:id"};
+    /// The start tag of the block that what is split from another begins: with all properties but
+    /// those.
+    static Core::String startTagOfSecondHalf(const Document& document, int block);
+
 private:
     void climb();
     Core::String startTag(int element) const;
@@ -25,7 +34,6 @@ private:
     bool isBeforeSoftBreak() const;
     bool isFirstInBlock() const;
     Core::String indentation() const;
-    Core::String newStartTag() const;
 
     void repairHalves(int end);
     void fillNewLine();

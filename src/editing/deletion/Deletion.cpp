@@ -11,6 +11,7 @@
 #include "document/Placeholders.h"
 #include "document/RecordedCommand.h"
 #include "document/caret/CaretWalk.h"
+#include "document/caret/Clusters.h"
 #include "document/caret/Lines.h"
 #include "document/caret/Moves.h"
 #include "document/caret/Stops.h"
@@ -137,9 +138,31 @@ private:
     int pivot_;
 };
 
+/// Removes the cluster beside the caret that is more than a character. False, with nothing done,
+/// where there is none.
+bool eraseCluster(Document& document, bool forward) {
+    if (document.hasSelection() || !Clusters::areSteps(document) ||
+        !Deletion::isInErasablePlace(document))
+        return false;
+    const int caret = document.caret();
+    const auto reach =
+        forward ? Clusters::behind(document, caret) : Clusters::before(document, caret);
+    if (!reach || !reach->isLonger())
+        return false;
+    RecordedCommand command(document);
+    document.recordCaret();
+    document.select(reach->cluster, caret);
+    Deletion::erase(document, forward, false);
+    if (document.hasSelection() || !command.mayStand())
+        command.takeBack();
+    return true;
+}
+
 } // namespace
 
 void Deletion::erase(Document& document, bool forward, bool wholeWord) {
+    if (!wholeWord && eraseCluster(document, forward))
+        return;
     if (!wholeWord && PlainErase::erase(document, forward))
         return;
     if (!isInErasablePlace(document))

@@ -26,10 +26,7 @@ String blockTag(ListType type) {
 }
 
 void wrapBlock(Document& document, int block, ListType type) {
-    const String opening =
-        L"<fo:block><fo:list-block><fo:list-item><fo:list-item-label end-indent=\"label-end()\">" +
-        blockTag(type) + Lists::firstLabel(type) +
-        L"</fo:block></fo:list-item-label><fo:list-item-body start-indent=\"body-start()\">";
+    const String opening = L"<fo:block><fo:list-block>" + Lists::openingOfItem(type, 1);
     document.recordCaret();
     Edit(document).insert(document.text().behindElement(block),
                           L"</fo:list-item-body></fo:list-item></fo:list-block></fo:block>");
@@ -86,6 +83,12 @@ void rewriteLabels(Document& document, int list, ListType type) {
 }
 
 } // namespace
+
+String Lists::openingOfItem(ListType type, std::size_t number) {
+    return L"<fo:list-item><fo:list-item-label end-indent=\"label-end()\">" + blockTag(type) +
+           labelFor(type, number) +
+           L"</fo:block></fo:list-item-label><fo:list-item-body start-indent=\"body-start()\">";
+}
 
 void Lists::createList(Document& document, ListType type) {
     const int block = document.text().ancestor(document.caret(), L"fo:block");

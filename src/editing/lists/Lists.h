@@ -106,6 +106,9 @@ void getNextLabel(const Core::String& label, Core::String& next, int& number);
 
 // Markup
 
+/// What stands before the content of an item with that number, counted from 1, its label included.
+/// Behind it, "</fo:list-item-body></fo:list-item>" closes the item.
+Core::String openingOfItem(ListType type, std::size_t number);
 /// An item of what stands behind the position in its body, in the tags that are open there, with
 /// that label. Empty for a position in no body.
 Core::String createNewItem(const Document& document, const Core::String& label, int position);

@@ -13,6 +13,7 @@
 #include "editing/formatting/Formatting.h"
 
 #include <bitset>
+#include <vector>
 
 using Core::String;
 using Core::StringArray;
@@ -171,10 +172,29 @@ SmartPtr<SpellingError> selectMisspeltWord(Document& document, SpellChecker& che
     return nullptr;
 }
 
-StringArray dictionariesAtCaret(const Document& document, const String& defaultDictionaries) {
+std::vector<SmartPtr<SpellingError>> misspeltWords(const Document& document, int start, int end,
+                                                   const StringArray& dictionaries) {
+    SpellChecker& checker = *document.spellChecker;
+    SpellingWalk walk(document, start, wordCharsOf(checker, dictionaries));
+    std::vector<SmartPtr<SpellingError>> errors;
+    walk.toWordStart();
+    for (int word = walk.toNextWord(); word >= 0 && word < end; word = walk.toNextWord()) {
+        const int wordEnd = walk.toWordEnd();
+        if (wordEnd < 0)
+            break;
+        if (wordEnd <= start)
+            continue; // which ends where the range begins
+        if (auto error =
+                check(checker, dictionaries, wordBetween(document, word, wordEnd), word, wordEnd))
+            errors.push_back(error);
+    }
+    return errors;
+}
+
+StringArray dictionariesAt(const Document& document, int position,
+                           const String& defaultDictionaries) {
     for (const String& list :
-         {Formatting::inherited(document, dictionariesProperty, document.caret()),
-          defaultDictionaries})
+         {Formatting::inherited(document, dictionariesProperty, position), defaultDictionaries})
         if (StringArray names = dictionaryNames(list); !names.empty())
             return names;
     return {lastResort};
@@ -210,7 +230,15 @@ EditableDocumentBuffer::getNextSpellingError(const String& defaultDictionaries, 
     if (restart)
         Moves::toFirstFlow(document);
     return selectMisspeltWord(document, checker,
-                              dictionariesAtCaret(document, defaultDictionaries));
+                              dictionariesAt(document, document.caret(), defaultDictionaries));
+}
+
+std::vector<SmartPtr<SpellingError>>
+EditableDocumentBuffer::getSpellingErrors(int start, int end,
+                                          const String& defaultDictionaries) const {
+    const Document& document = *document_;
+    return misspeltWords(document, start, end,
+                         dictionariesAt(document, start, defaultDictionaries));
 }
 
 String EditableDocumentBuffer::getSpellingDictionaries() const {

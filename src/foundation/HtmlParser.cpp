@@ -1,0 +1,5 @@
+#include "foundation/HtmlParser.h"
+
+HtmlEvents::~HtmlEvents() = default;
+
+HtmlParser::~HtmlParser() = default;

@@ -1,0 +1,3 @@
+#include "foundation/TextSegmenter.h"
+
+TextSegmenter::~TextSegmenter() = default;
