@@ -32,7 +32,7 @@ const wchar_t* const placeholder = L"&#x00A0;";
 
 bool isWellFormed(XmlScan::Text text) {
     MarkupMatcher matcher(text);
-    return matcher.readContent() && matcher.open().empty() && matcher.unmatched() == 0;
+    return matcher.readContent() && matcher.open().empty() && matcher.closed().empty();
 }
 
 /// A block whose placeholder is all that it shows has nothing that could join another.
