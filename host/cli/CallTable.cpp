@@ -17,7 +17,7 @@ std::vector<Operation> everyTable() {
              Calls::settings,      Calls::content,    Calls::pageSequences, Calls::pageSequenceTree,
              Calls::detachedPages, Calls::tables,     Calls::masters,       Calls::templateData,
              Calls::values,        Calls::security,   Calls::promoPlaces,   Calls::forms,
-             Calls::channels,
+             Calls::channels,      Calls::exports,
          }) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));

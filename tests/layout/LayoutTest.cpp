@@ -28,7 +28,7 @@ std::vector<std::string> wordsOf(const std::string& text) {
 const std::vector<std::string> rooms = wordsOf(
     "foundation foundation/xml foundation/values text document editing/formatting "
     "editing/deletion editing/lists editing/typing editing/breaks editing/objects editing/search "
-    "editing/settings trees templates tables pages forms channels checks");
+    "editing/settings trees templates tables pages forms channels export checks");
 
 /// What may take the whole text at once, and why it must.
 const std::map<std::string, std::string> wholeTextReaders{

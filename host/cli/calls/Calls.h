@@ -58,5 +58,7 @@ std::vector<Operation> security();
 std::vector<Operation> promoPlaces();
 /// Bookmarks, annotations with the signature, and sections with conditions.
 std::vector<Operation> channels();
+/// The document in other languages.
+std::vector<Operation> exports();
 
 } // namespace Calls
