@@ -26,6 +26,7 @@ set(FORME_PUBLIC_HEADERS
   editing/lists/ListBuffer.h
   editing/lists/ListType.h
   editing/objects/InlineRepeatAlg.h
+  export/XslFoExport.h
   forms/FormBuffer.h
   forms/FormControlType.h
   foundation/Allocator.h

@@ -20,6 +20,7 @@ std::vector<Operation> everyTable() {
              Calls::tables,        Calls::masters,          Calls::templateData,
              Calls::values,        Calls::security,         Calls::promoPlaces,
              Calls::forms,         Calls::channels,         Calls::view,
+             Calls::exports,
          }) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));

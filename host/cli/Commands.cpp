@@ -1,13 +1,16 @@
 #include "Commands.h"
 
 #include "CallTable.h"
+#include "Formatter.h"
 #include "ReadableText.h"
 #include "Session.h"
 #include "Spelling.h"
 #include "StopList.h"
 
 #include <forme/checks/SelfChecks.h>
+#include <forme/export/XslFoExport.h>
 #include <forme/foundation/Encoder.h>
+#include <forme/foundation/xml/ParseException.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -201,6 +204,23 @@ int runScript(const RunOptions& options) {
         if (!options.output.empty()) {
             session.save(wide(options.output), static_cast<DocumentEncoding>(options.encoding));
             std::cout << "written to " << options.output << '\n';
+        }
+        return 0;
+    });
+}
+
+int exportDocument(const ExportOptions& options) {
+    return statusOf(1, [&] {
+        Session session;
+        session.open(wide(options.document));
+        const XslFoExport document(&session.document());
+        try {
+            if (options.asPdf)
+                saveAsPdf(document.getText(), options.document, options.output);
+            else
+                document.saveToFile(wide(options.output));
+        } catch (const Xml::ParseException& failure) {
+            throw std::runtime_error(options.document + ":" + failure.what());
         }
         return 0;
     });

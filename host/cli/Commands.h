@@ -15,6 +15,16 @@ struct RunOptions {
 
 int runScript(const RunOptions& options);
 
+struct ExportOptions {
+    std::string document;
+    std::string output;
+    bool asFo = false; ///< one of the two
+    bool asPdf = false;
+};
+
+/// Writes a document in another language. The file is there whole or as it was before.
+int exportDocument(const ExportOptions& options);
+
 /// Serves requests from standard input until it ends: one reply for each line.
 int serveRequests(const std::string& document);
 

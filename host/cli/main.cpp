@@ -26,6 +26,15 @@ int main(int argc, char** argv) {
         ->check(CLI::Range(1, 3));
     run->add_flag("--show", options.show, "Print the readable text before and after");
 
+    ExportOptions exported;
+    CLI::App* exporting = app.add_subcommand("export", "Write a document in another language");
+    CLI::Option* asFo = exporting->add_flag("--fo", exported.asFo, "As plain XSL-FO");
+    CLI::Option* asPdf = exporting->add_flag(
+        "--pdf", exported.asPdf, "As PDF, by the formatter fop, which must be installed");
+    asFo->excludes(asPdf);
+    exporting->add_option("document", exported.document, "The document")->required();
+    exporting->add_option("output", exported.output, "The file to write")->required();
+
     std::string document;
     CLI::App* serve =
         app.add_subcommand("serve", "Answer requests, one on a line, from standard input");
@@ -50,12 +59,16 @@ int main(int argc, char** argv) {
 
     try {
         app.parse(argc, argv);
+        if (exporting->parsed() && !exported.asFo && !exported.asPdf)
+            throw CLI::RequiredError("--fo or --pdf");
     } catch (const CLI::ParseError& outcome) { // a call for help is one too
         const bool isHelp = app.exit(outcome) == 0;
         return isHelp && std::cout.flush() ? 0 : 2;
     }
     if (run->parsed())
         return runScript(options);
+    if (exporting->parsed())
+        return exportDocument(exported);
     if (serve->parsed())
         return serveRequests(document);
     if (stops->parsed())

@@ -29,7 +29,7 @@ const std::vector<std::string> rooms = wordsOf(
     "foundation foundation/xml foundation/values text/store text/torn text document "
     "editing/formatting editing/deletion editing/lists editing/typing editing/breaks "
     "editing/objects editing/search editing/settings editing/clipboard html trees templates "
-    "tables pages forms channels view checks");
+    "tables pages forms channels view export checks");
 
 /// What a room includes of one behind it: the store and the scans of what it cannot tell are read
 /// as any text is.

@@ -2,47 +2,15 @@
 // before. FORME_FORMATTED_DOCUMENTS sets how many are tried, FORME_RANDOM_SEED where the streams of
 // commands begin.
 
+#include "support/Formatter.h"
 #include "properties/PageCommands.h"
 #include "support/Documents.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
-
-#include <unistd.h>
-
-namespace {
-
-bool hasFormatter() {
-    return std::system("command -v fop >/dev/null 2>&1") == 0;
-}
-
-/// What it calls an error, without names and places.
-std::set<std::string> errorsIn(const std::filesystem::path& document) {
-    static const std::regex place("edited-|[0-9:]+");
-    const std::string command = "fop -q -fo '" + document.string() +
-                                "' -at application/X-fop-areatree '" + document.string() +
-                                ".at' 2>&1";
-    FILE* output = popen(command.c_str(), "r");
-    std::set<std::string> errors;
-    std::array<char, 4096> line{};
-    while (std::fgets(line.data(), line.size(), output)) {
-        const std::string text = line.data();
-        if (text.find("ERROR") != std::string::npos || text.find("SEVERE") != std::string::npos ||
-            text.find("xception") != std::string::npos)
-            errors.insert(std::regex_replace(text, place, ""));
-    }
-    if (pclose(output) != 0)
-        errors.insert("it is refused");
-    return errors;
-}
-
-} // namespace
 
 TEST(Formatter, TakesDocumentsWhosePagesWereEdited) {
     if (!hasFormatter())
@@ -54,9 +22,7 @@ TEST(Formatter, TakesDocumentsWhosePagesWereEdited) {
     const std::size_t count = std::min(setting("FORME_FORMATTED_DOCUMENTS", 8), documents.size());
     const auto seed = static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1));
     // Where neither finds the images that the original is beside of.
-    const auto folder =
-        std::filesystem::temp_directory_path() / ("forme-formatter-" + std::to_string(getpid()));
-    std::filesystem::create_directory(folder);
+    const auto folder = newFolder("forme-formatter");
     for (std::size_t i = 0; i < count; ++i) {
         const auto& path = documents[(seed + i * documents.size() / count) % documents.size()];
         SCOPED_TRACE(path.filename().string() + ", seed " + std::to_string(seed));
@@ -64,12 +30,12 @@ TEST(Formatter, TakesDocumentsWhosePagesWereEdited) {
         const auto edited = folder / ("edited-" + path.filename().string());
         const auto original = folder / path.filename();
         std::ofstream(edited) << withPagesEdited(path.string(), random, 8);
-        const std::set<std::string> errors = errorsIn(edited);
+        const std::set<std::string> errors = formatterErrorsIn(edited);
         if (errors.empty())
             continue;
         std::filesystem::copy_file(path, original,
                                    std::filesystem::copy_options::overwrite_existing);
-        const std::set<std::string> before = errorsIn(original);
+        const std::set<std::string> before = formatterErrorsIn(original);
         for (const std::string& error : errors)
             EXPECT_TRUE(before.contains(error)) << error;
     }

@@ -584,3 +584,11 @@ std::string tableFailureOn(const std::string& document, Random& random, std::siz
         document, count, [](const std::string& path) { return Checker(path); },
         [&](Checker& checker) { return Steps(random, checker).next(); });
 }
+
+std::string withTablesEdited(const std::string& document, Random& random, std::size_t count) {
+    Checker checker(document);
+    Steps steps(random, checker);
+    for (std::size_t i = 0; i < count; ++i)
+        checker.carryOut(steps.next());
+    return Core::Encoder::toDisplayText(checker.document().getContent());
+}

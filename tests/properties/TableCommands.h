@@ -48,3 +48,6 @@ struct TableCommand {
 /// Tries random commands on the tables of a document, each committed, with typing, Tab, undo and
 /// redo between them. Answers which promise was broken and the shrunk script, or nothing.
 std::string tableFailureOn(const std::string& document, Random& random, std::size_t count);
+
+/// The document after some commands on its tables, whatever they did.
+std::string withTablesEdited(const std::string& document, Random& random, std::size_t count);

@@ -62,5 +62,7 @@ std::vector<Operation> promoPlaces();
 std::vector<Operation> channels();
 /// What is drawn and where, and what a toolbar shows.
 std::vector<Operation> view();
+/// The document in other languages.
+std::vector<Operation> exports();
 
 } // namespace Calls
