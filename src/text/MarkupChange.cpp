@@ -262,7 +262,7 @@ bool MarkupChange::fits() const {
 /// Of what is regular a part tells for the whole. A document type that declares something does not
 /// pass for tags; what is put around such a root is only parsed.
 bool MarkupChange::keepsLexicallyValid() const {
-    const bool isLocal = mark_.text().isRegular() && !isAroundRoot_;
+    const bool isLocal = mark_.text().isRegularAsTags() && !isAroundRoot_;
     if (XmlValidator::isRegular(isLocal ? newPart() : after_))
         return true;
     const Core::String now(after_);

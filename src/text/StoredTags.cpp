@@ -16,6 +16,11 @@ int StoredTags::next(int markup) const {
     return behind < store_.length() ? behind : -1;
 }
 
+// Deliberate: what stands before all markup is no text.
+bool StoredTags::isText(int bracket) const {
+    return markupEnd(bracket) != bracket && store_.markBefore(bracket, MarkKinds::starts()) >= 0;
+}
+
 // Deliberate: a section is read as a tag there.
 
 int StoredTags::tagEnd(int position) const {

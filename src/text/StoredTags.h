@@ -21,7 +21,7 @@ public:
     int next(int markup) const;
     int tagEnd(int position) const;
     bool selfClosingAt(int position) const;
-    bool isText(int bracket) const { return markupEnd(bracket) != bracket; }
+    bool isText(int bracket) const;
     int nextTag(int position, MarkKinds kinds) const;
     int previousTag(int position, MarkKinds kinds) const;
     int startTag(int tag) const;

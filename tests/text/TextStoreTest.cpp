@@ -87,7 +87,8 @@ std::string differenceAt(const TextStore& store, const std::wstring& text, int p
     if (unit == L'>') {
         const int start = XmlScan::unitStart(text, place);
         const bool endsMarkup = start < place && XmlScan::unitEnd(text, start) == place + 1;
-        answers.emplace_back("text", tags.isText(place), !endsMarkup);
+        const bool isBehindMarkup = text.find(L'<') < static_cast<std::size_t>(place);
+        answers.emplace_back("text", tags.isText(place), !endsMarkup && isBehindMarkup);
     }
     for (const auto& [question, stored, scanned] : answers)
         if (stored != scanned)

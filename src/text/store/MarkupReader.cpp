@@ -85,12 +85,12 @@ void MarkupReader::readUnit(std::uint16_t at, wchar_t unit) {
     case Mode::Declaration:
         return readDeclaration(at, unit);
     case Mode::Comment:
-        faults_ += endsByOpener(unit);
+        faults_.tags += endsByOpener(unit);
         return readSection(at, unit, Tail::Dashes);
     case Mode::CData:
         return readSection(at, unit, Tail::Brackets);
     case Mode::Instruction:
-        faults_ += endsUnlikeTag(unit);
+        faults_.tags += endsUnlikeTag(unit);
         return readSection(at, unit, Tail::Question);
     case Mode::Tag:
     case Mode::ClosingTag:
@@ -110,7 +110,7 @@ void MarkupReader::readText(std::uint16_t at, wchar_t unit) {
         begin(Mode::Markup);
         return;
     }
-    faults_ += unit == L'>' && endsSection(state_.tail);
+    faults_.ends += unit == L'>' && endsSection(state_.tail);
     state_.tail = tailBehind(state_.tail, unit);
     state_.isBehindProlog = state_.isBehindProlog || !Core::String::isSpace(unit);
 }
@@ -126,7 +126,7 @@ void MarkupReader::readMarkup(std::uint16_t at, wchar_t unit) {
         state_.tail = Tail::Slash;
         return;
     }
-    faults_ += unit == L'>' || Core::String::isSpace(unit);
+    faults_.ends += unit == L'>' || Core::String::isSpace(unit);
     readTag(at, unit);
 }
 
@@ -149,14 +149,14 @@ void MarkupReader::readDeclaration(std::uint16_t at, wchar_t unit) {
         state_.isInBrackets = state_.isInBrackets || hasOpenedBracket;
         readDocumentType(at, unit);
     } else {
-        ++faults_;
+        ++faults_.ends;
         begin(Mode::Tag);
         readTag(at, unit);
     }
 }
 
 void MarkupReader::beginDeclared(Mode mode) {
-    faults_ += mode == Mode::DocumentType && state_.isBehindProlog && !state_.isInType;
+    faults_.ends += mode == Mode::DocumentType && state_.isBehindProlog && !state_.isInType;
     begin(mode);
     state_.isBehindProlog = state_.isBehindProlog || mode == Mode::DocumentType;
 }
@@ -169,24 +169,26 @@ void MarkupReader::readSection(std::uint16_t at, wchar_t unit, Tail end) {
             this->end(at, end == Tail::Question ? MarkKind::OtherEnd : MarkKind::SectionEnd);
         return;
     }
-    faults_ += (unit == L'>' && endsSection(state_.tail)) ||
-               ((unit == L'!' || unit == L'?') && state_.tail == Tail::Less);
+    faults_.ends += (unit == L'>' && endsSection(state_.tail)) ||
+                    ((unit == L'!' || unit == L'?') && state_.tail == Tail::Less);
     state_.tail = tailBehind(state_.tail, unit);
 }
 
 void MarkupReader::readTag(std::uint16_t at, wchar_t unit) {
     const bool isClosing = state_.mode == Mode::ClosingTag;
-    faults_ += unit == L'<';
+    faults_.ends += unit == L'<';
     if (readReference(unit))
         return;
     const bool isQuoted = state_.quotes != Quotes::None;
     if (readQuotes(unit)) {
-        faults_ += isClosing || (!isQuoted && !state_.isValueDue);
+        faults_.ends += isClosing;
+        faults_.tags += !isQuoted && !state_.isValueDue;
         state_.isValueDue = false;
         state_.tail = Tail::None;
     } else if (unit == L'>') {
         const bool isSlashed = state_.tail == Tail::Slash;
-        faults_ += (isClosing && isSlashed) || state_.isValueDue;
+        faults_.ends += isClosing && isSlashed;
+        faults_.tags += state_.isValueDue;
         end(at, isClosing   ? MarkKind::ClosingEnd
                 : isSlashed ? MarkKind::EmptyEnd
                             : MarkKind::OpeningEnd);
@@ -208,7 +210,7 @@ void MarkupReader::readDocumentType(std::uint16_t at, wchar_t unit) {
         if (unit == L'[' || unit == L']')
             state_.isInBrackets = unit == L'[';
         state_.hasDeclarations = state_.hasDeclarations || unit == L'<';
-        faults_ += unit == L'=' || (unit == L'>' && !state_.hasDeclarations);
+        faults_.tags += unit == L'=' || (unit == L'>' && !state_.hasDeclarations);
         state_.tail = unit == L'<' ? Tail::Less : Tail::None;
     }
 }
@@ -221,7 +223,7 @@ bool MarkupReader::readReference(wchar_t unit) {
             ++state_.read;
             return true;
         }
-        faults_ += unit != L';';
+        faults_.ends += unit != L';';
         state_.tail = Tail::None;
         state_.read = 0;
     }

@@ -2,6 +2,7 @@
 
 #include "text/store/LexicalState.h"
 #include "text/store/MarkKinds.h"
+#include "text/store/MarkupFaults.h"
 
 #include <cstdint>
 #include <vector>
@@ -14,9 +15,8 @@ struct MarkupMark {
 
 /// Reads text unit by unit and notes where markup begins and ends. What is not as XML has it, or
 /// could be taken for something else by who reads it from its end, is a fault: "<" in a tag, a
-/// delimiter of one kind of section in another or in text, "&" without a ";". So is what a check
-/// that takes each markup for a tag would see end elsewhere. Of a text without faults, from both
-/// ends the same is read.
+/// delimiter of one kind of section in another or in text, "&" without a ";". Of a text without
+/// such faults, from both ends the same is read.
 class MarkupReader {
 public:
     MarkupReader(LexicalState state, std::vector<MarkupMark>& marks)
@@ -26,7 +26,7 @@ public:
     void read(const unsigned char* bytes, int size, bool isWide);
 
     const LexicalState& state() const { return state_; }
-    int faults() const { return faults_; }
+    const MarkupFaults& faults() const { return faults_; }
 
     /// Whether the unit is like any other letter of text: it begins or ends nothing.
     static bool isPlain(wchar_t unit);
@@ -59,5 +59,5 @@ private:
 
     LexicalState state_;
     std::vector<MarkupMark>& marks_;
-    int faults_ = 0;
+    MarkupFaults faults_;
 };

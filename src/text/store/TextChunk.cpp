@@ -134,7 +134,7 @@ LexicalState TextChunk::stateAt(int at) const {
 TextChunk TextChunk::part(int start, int end) const {
     TextUnits units;
     units.append(units_, start, end);
-    if (faults_ > 0)
+    if (faults_.any())
         return {std::move(units), stateAt(start)};
     TextChunk part;
     part.units_ = std::move(units);

@@ -66,7 +66,7 @@ private:
 
     TextUnits units_;
     std::vector<MarkupMark> marks_;
-    int faults_ = 0;
+    MarkupFaults faults_;
     LexicalState entry_;
     LexicalState exit_;
 };

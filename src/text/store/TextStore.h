@@ -42,6 +42,8 @@ public:
     /// Whether tags, comments, sections and references are the same read from both ends of the
     /// text.
     bool isRegular() const { return tree_.isRegular(); }
+    /// Whether they are so, too, for XmlValidator, which takes nearly all markup for tags.
+    bool isRegularAsTags() const { return tree_.isRegularAsTags(); }
     /// The first mark of one of the kinds at or behind a position that may be the length of the
     /// text, and the last one before it; -1 if none.
     int markFrom(int position, MarkKinds kinds) const;

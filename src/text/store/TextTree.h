@@ -17,7 +17,9 @@ public:
 
     const Measure& measure() const { return root_.measure; }
     /// Whether the text is read the same from both its ends, up to its end.
-    bool isRegular() const { return root_.measure.faults == 0 && root_.measure.endsInText; }
+    bool isRegular() const { return root_.measure.faults.ends == 0 && root_.measure.endsInText; }
+    /// Whether it is read so, too, by who takes each markup for a tag.
+    bool isRegularAsTags() const { return isRegular() && root_.measure.faults.tags == 0; }
 
     struct Place {
         const TextChunk* chunk; ///< null in an empty text

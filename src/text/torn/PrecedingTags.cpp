@@ -10,15 +10,21 @@ using namespace XmlScan;
 namespace {
 
 /// The start of the section whose last unit stands at `last`; -1 where none ends there, as in the
-/// text "a --> b". What looks like another start in a section belongs to it.
-int sectionEndingAt(Text text, int last, Text start, Text end) noexcept {
+/// text "a --> b". What looks like another start in a section belongs to it. `depth` bounds how
+/// many in a row are looked at of which each seems to begin within the end of the one before.
+int sectionEndingAt(Text text, int last, Text start, Text end, int depth = 8) noexcept {
     const int delimiter = last + 1 - length(end);
     if (!standsAt(text, end, delimiter))
         return -1;
     const Text read = slice(text, 0, last + 1);
     const int endBefore = rFind(read, end, delimiter - 1);
-    // In "<!-->" the start has units in common with what looks like an end.
-    const int section = find(read, start, std::max(0, endBefore - length(start) + 1));
+    // In "<!-->" the start has units in common with what looks like an end, and is none if that
+    // ends another.
+    int section = find(read, start, std::max(0, endBefore - length(start) + 1));
+    const int behindEnd = endBefore + length(end);
+    if (0 <= section && section < endBefore && depth > 0 &&
+        sectionEndingAt(text, behindEnd - 1, start, end, depth - 1) >= 0)
+        section = find(read, start, behindEnd);
     return section >= 0 && find(read, end, section + length(start)) == delimiter ? section : -1;
 }
 
