@@ -250,8 +250,8 @@ void FoWriter::placeCell(Frame& cell, FoProperties& properties) {
                                  std::max(numberOf(properties["number-columns-spanned"]), 1),
                                  std::max(numberOf(properties["number-rows-spanned"]), 1)};
     const TableGrid::Cell placed = group.grid->place(wanted);
-    if (wanted.rows > 1)
-        cell.rows = std::to_string(wanted.rows);
+    if (placed.rows > 1)
+        cell.rows = std::to_string(placed.rows);
     if (wanted.rows > 1 || numberOf(properties["number-rows-spanned"]) < 1)
         properties.erase("number-rows-spanned");
     if (numberOf(properties["number-columns-spanned"]) < 1)
@@ -270,7 +270,7 @@ void FoWriter::placeCell(Frame& cell, FoProperties& properties) {
 void FoWriter::addColumns(const FoProperties& properties) {
     Frame& table = open_.back();
     const int count = std::max(numberOf(properties["number-columns-repeated"]), 1);
-    const int number = numberOf(properties["column-number"]);
+    const int number = std::min(numberOf(properties["column-number"]), TableGrid::mostColumns);
     const int before = number > 0 ? number - 1 : table.columns;
     table.columns = std::max(table.columns, before + std::min(count, TableGrid::mostColumns));
     // Widths can be in proportion only where they are fixed.

@@ -20,7 +20,7 @@ std::string ForeignMarkup::start(std::string_view name, const char** attributes)
 }
 
 std::string ForeignMarkup::end() {
-    const std::string tag = "</" + open_.back().name + ">";
+    std::string tag = "</" + open_.back().name + ">";
     open_.pop_back();
     return tag;
 }

@@ -1,28 +1,29 @@
 #include "export/Namespaces.h"
 
 #include <algorithm>
+#include <cstddef>
 
 void Namespaces::enter(const char** attributes) {
-    ++depth_;
+    declared_.emplace_back();
     for (; *attributes; attributes += 2) {
         const std::string_view name = attributes[0];
-        if (name == "xmlns")
-            declarations_.push_back({"", attributes[1], depth_});
-        else if (name.starts_with("xmlns:"))
-            declarations_.push_back({std::string(name.substr(6)), attributes[1], depth_});
+        if (name != "xmlns" && !name.starts_with("xmlns:"))
+            continue;
+        declared_.back().emplace_back(name.substr(std::min<std::size_t>(name.size(), 6)));
+        meanings_[declared_.back().back()].emplace_back(attributes[1]);
     }
 }
 
 void Namespaces::leave() {
-    while (!declarations_.empty() && declarations_.back().depth == depth_)
-        declarations_.pop_back();
-    --depth_;
+    for (const std::string& prefix : declared_.back())
+        meanings_[prefix].pop_back();
+    declared_.pop_back();
 }
 
 std::string_view Namespaces::of(std::string_view prefix) const {
-    const auto found = std::find_if(declarations_.rbegin(), declarations_.rend(),
-                                    [&](const auto& each) { return each.prefix == prefix; });
-    return found == declarations_.rend() ? std::string_view() : found->uri;
+    const auto found = meanings_.find(prefix);
+    return found == meanings_.end() || found->second.empty() ? std::string_view()
+                                                             : found->second.back();
 }
 
 bool Namespaces::isFormattingObjects(std::string_view prefix) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,14 +23,10 @@ public:
     bool isFormattingObjects(std::string_view prefix) const;
 
 private:
-    struct Declaration {
-        std::string prefix;
-        std::string uri;
-        int depth;
-    };
+    using Meanings = std::map<std::string, std::vector<std::string>, std::less<>>;
 
-    std::vector<Declaration> declarations_;
-    int depth_ = 0;
+    Meanings meanings_;                              // of each prefix, the innermost last
+    std::vector<std::vector<std::string>> declared_; // the prefixes, by each open element
 };
 
 /// A name as it is written, taken apart.

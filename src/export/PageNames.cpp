@@ -101,8 +101,8 @@ const std::string& PageNames::masterFor(const std::string& reference) const {
 }
 
 const std::string& PageNames::flowFor(const std::string& master, const std::string& flow) const {
-    const std::vector<std::string>& bodies = bodies_.at(masterFor(master));
-    return std::ranges::count(bodies, flow) ? flow : bodies.front();
+    const Bodies& bodies = bodies_.at(masterFor(master));
+    return bodies.all.contains(flow) ? flow : bodies.first;
 }
 
 bool PageNames::hasRegion(const std::string& master, const std::string& name) const {
@@ -132,7 +132,7 @@ void PageNames::addRegion(const std::string& master, const std::string& region,
     const std::string known = hasName ? name : usualName(region);
     regions_.emplace(known, region);
     if (region == regionKinds[0])
-        bodies_[master].push_back(known);
+        bodies_[master].add(known);
     else
         sides_[master].insert(known);
 }
@@ -143,8 +143,8 @@ void PageNames::addSequenceMaster(const std::string& name,
         return;
     for (const std::string& reference : references)
         if (isSimpleMaster(reference)) {
-            const std::vector<std::string>& bodies = bodies_[reference];
-            bodies_[name].insert(bodies_[name].end(), bodies.begin(), bodies.end());
+            for (const std::string& body : bodies_[reference].all)
+                bodies_[name].add(body);
             sides_[name].insert(sides_[reference].begin(), sides_[reference].end());
         }
 }
@@ -156,6 +156,6 @@ void PageNames::addMasterWhereNoneIs() {
     }
     // A page without a body is given one.
     for (auto& [master, bodies] : bodies_)
-        if (bodies.empty())
-            bodies.push_back(usualName(regionKinds[0]));
+        if (bodies.all.empty())
+            bodies.add(usualName(regionKinds[0]));
 }

@@ -32,6 +32,16 @@ public:
 private:
     class Reader;
 
+    struct Bodies {
+        std::string first;
+        std::set<std::string> all;
+
+        void add(const std::string& name) {
+            first = all.empty() ? name : first;
+            all.insert(name);
+        }
+    };
+
     void addSimpleMaster(const std::string& name);
     void addRegion(const std::string& master, const std::string& region, const std::string& name);
     void addSequenceMaster(const std::string& name, const std::vector<std::string>& references);
@@ -40,7 +50,7 @@ private:
     std::string first_; // of the simple masters
     bool hasMaster_ = true;
     std::set<std::string> simple_;
-    std::map<std::string, std::vector<std::string>> bodies_; // of all masters
-    std::map<std::string, std::set<std::string>> sides_;     // the regions around them
-    std::map<std::string, std::string> regions_;             // from name to kind
+    std::map<std::string, Bodies> bodies_;               // of all masters
+    std::map<std::string, std::set<std::string>> sides_; // the regions around them
+    std::map<std::string, std::string> regions_;         // from name to kind
 };

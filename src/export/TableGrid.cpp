@@ -4,7 +4,7 @@
 
 TableGrid::Cell TableGrid::place(const Cell& wanted) {
     Cell cell = wanted;
-    if (cell.column <= 0 || isTaken(cell.column)) {
+    if (cell.column <= 0 || cell.column > mostColumns || isTaken(cell.column)) {
         cell.column = next_;
         while (isTaken(cell.column))
             ++cell.column;
@@ -14,6 +14,8 @@ TableGrid::Cell TableGrid::place(const Cell& wanted) {
            !isTaken(cell.column + columns))
         ++columns;
     cell.columns = columns;
+    if (cell.column > mostColumns)
+        cell.rows = 1;
     next_ = cell.column + columns;
     columns_ = std::max(columns_, next_ - 1);
     const auto behind = static_cast<std::size_t>(std::min(next_ - 1, mostColumns));

@@ -22,7 +22,7 @@ public:
     void endRow(bool stays);
     void endGroup();
 
-    /// No table that can be read has more columns: no span reaches further.
+    /// No table that can be read has more columns: no span reaches further, or is there.
     static constexpr int mostColumns = 1000;
 
     /// How many columns there are, as far as a cell has reached.
