@@ -95,7 +95,8 @@ public:
     /// being taken back.
     void goBackTo(const TextMark& mark) noexcept;
 
-    /// Whether all markup is read the same from both ends of the text, as it is in nearly every one.
+    /// Whether all markup is read the same from both ends of the text, as it is in nearly every
+    /// one.
     bool isRegular() const { return text_.isRegular(); }
     /// Whether the text is known to be well formed; each change forgets that.
     bool isKnownWhole() const { return isKnownWhole_; }

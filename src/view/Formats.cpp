@@ -64,9 +64,9 @@ public:
 
 private:
     String shownThrough(Name name, int element) {
-        const String initial(XslProperties::find(name)->initial);
+        String initial(XslProperties::find(name)->initial);
         for (; element >= 0; element = properties_.parentOf(element)) {
-            const String value = properties_.value(element, name);
+            String value = properties_.value(element, name);
             if (value != initial || !document_.names.isInline(document_.text().tagName(element)))
                 return value;
         }
@@ -96,6 +96,7 @@ private:
 /// The formats by name, without values.
 std::vector<Format> emptyFormats() {
     std::vector<Format> formats;
+    formats.reserve(rows.size());
     for (const Row& row : rows)
         formats.push_back({L"fo:" + String(row.name), {}});
     return formats;

@@ -83,7 +83,8 @@ TEST_P(HtmlRoundTrip, KeepsWhatItHolds) {
         String copied = original->getSelectionAsHtml();
         copied.replaceAll(L"</tbody><tbody>", L""); // a table has one body here
         const std::string html = Encoder::toDisplayText(copied);
-        // A flow that shows no text; and lines whose blanks are kept come back as lines with breaks.
+        // A flow that shows no text; and lines whose blanks are kept come back as lines with
+        // breaks.
         if (html.empty() || html.find("<pre>") != html.npos)
             continue;
         Page copy;

@@ -66,7 +66,7 @@ std::optional<NearText::Character> NearText::behind(int position) const {
         if (text.onTagStart(position)) {
             if (isEdge(position))
                 return std::nullopt;
-            if (const auto character = markupBehind(position))
+            if (auto character = markupBehind(position))
                 return character;
             continue;
         }
@@ -101,7 +101,7 @@ std::optional<NearText::Character> NearText::before(int position) const {
         if (text.onTagStart(start)) {
             if (isEdge(text.closingAt(start) && !isHidden(start) ? text.startTag(start) : start))
                 return std::nullopt;
-            if (const auto character = markupBefore(position))
+            if (auto character = markupBefore(position))
                 return character;
             continue;
         }
