@@ -4,7 +4,7 @@ import type { Attributes } from "../markup/Markup.ts";
 import { pixels, round } from "../markup/Lengths.ts";
 
 const same = new Set([
-  "color", "background-color", "font-family", "font-size", "font-style", "font-weight", "font-variant",
+  "color", "background-color", "font-size", "font-style", "font-weight", "font-variant",
   "font-stretch", "text-indent", "text-decoration", "text-transform", "text-align-last", "vertical-align",
   "direction", "unicode-bidi", "visibility", "min-height", "min-width", "max-height", "max-width", "height",
   "width", "padding", "padding-top",
@@ -35,6 +35,7 @@ const lines: [property: string, line: string][] = [
 type Declare = (name: string, value: string) => void;
 
 const special: Record<string, (value: string, declare: Declare) => void> = {
+  "font-family": (value, declare) => declare("font-family", `${value}, ${fallbackFor(value)}`),
   "text-align": (value, declare) => declare("text-align", alignments[value] ?? value),
   "display-align": (value, declare) => declare("vertical-align", displayAlignments[value] ?? "top"),
   "baseline-shift": (value, declare) => {
@@ -50,6 +51,14 @@ const special: Record<string, (value: string, declare: Declare) => void> = {
   "writing-mode": (value, declare) => declare("direction", value.startsWith("rl") ? "rtl" : "ltr"),
   "background": (value, declare) => declare("background-color", value),
 };
+
+/** Fonts of the same widths, for readers who have not the one that is asked for. */
+function fallbackFor(families: string): string {
+  if (/mono|courier/i.test(families))
+    return '"Liberation Mono", "Courier New", monospace';
+  return /sans|arial|helvetica|verdana|calibri/i.test(families)
+    ? '"Liberation Sans", Arial, Helvetica, sans-serif' : '"Liberation Serif", "Times New Roman", serif';
+}
 
 function safe(value: string): string {
   return value.replace(/[;{}\\]/g, "").replace(/url\s*\(/gi, "");
