@@ -1,0 +1,98 @@
+// What commands and the parts of the interface know of: the document, what is drawn of it, and the
+// state that a toolbar shows.
+
+import type { FormeDocument, Reply } from "../library/FormeDocument.js";
+import { text } from "../texts/texts.js";
+import type { View } from "../view/View.js";
+import { formatOf, type EditingState, type Format } from "./EditingState.js";
+import { announce } from "./LiveRegion.js";
+
+export type Property = [name: string, value: string];
+
+export class Editor {
+    state: EditingState;
+    private readonly listeners: (() => void)[] = [];
+    private isRefreshDue = false;
+    /** Where the caret was when formats were chosen for what is typed next. */
+    private typingCaret = -1;
+
+    constructor(
+        readonly document: FormeDocument,
+        readonly view: View,
+        readonly page: HTMLElement,
+    ) {
+        this.state = this.call<EditingState>("getEditingState");
+        document.listen((reply) => this.onReply(reply));
+    }
+
+    call<T = unknown>(name: string, ...args: unknown[]): T {
+        return this.document.call<T>(name, ...args);
+    }
+
+    /** All that happens in there is one undo step; where it fails, what was done stays undoable. */
+    step<T>(work: () => T): T {
+        this.call("history.startActionGroup");
+        try {
+            return work();
+        } finally {
+            this.call("history.endActionGroup");
+        }
+    }
+
+    /** Called when the state has changed, at most once a frame and after what was typed shows. */
+    onState(listener: () => void): void {
+        this.listeners.push(listener);
+    }
+
+    refresh(): void {
+        if (this.isRefreshDue) return;
+        this.isRefreshDue = true;
+        requestAnimationFrame(() => setTimeout(() => this.refreshNow()));
+    }
+
+    refreshNow(): void {
+        this.isRefreshDue = false;
+        this.state = this.call<EditingState>("getEditingState");
+        for (const listener of this.listeners) listener();
+    }
+
+    /** The format at the caret, or what was chosen for the text that is typed next. */
+    format(name: string): Format | undefined {
+        const chosen = this.document.typingFormats.find((each) => each[0] === name);
+        return chosen ? { name, value: chosen[1], isMixed: false } : formatOf(this.state, name);
+    }
+
+    /** Formats what is selected, or else what is typed next. */
+    setFormats(...formats: Property[]): void {
+        if (this.state.hasSelection) {
+            this.call("setProperties", formats, "");
+        } else {
+            const others = this.document.typingFormats.filter(
+                ([name]) => !formats.some((each) => each[0] === name),
+            );
+            this.document.typingFormats = [...others, ...formats];
+            this.typingCaret = this.document.caret;
+            this.refresh();
+        }
+    }
+
+    /** What the nearest element of that name says itself. */
+    properties(element: string, position = this.document.caret): Map<string, string> {
+        return new Map(this.call<Property[]>("getProperties", element, position));
+    }
+
+    /** Says in words what a sighted user sees happen. */
+    say(what: string): void {
+        announce(what);
+    }
+
+    sayRefused(): void {
+        announce(text("say.refused"));
+    }
+
+    private onReply(reply: Reply): void {
+        if (this.document.typingFormats.length && reply.caret !== this.typingCaret)
+            this.document.typingFormats = [];
+        this.refresh();
+    }
+}

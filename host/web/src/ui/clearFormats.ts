@@ -1,0 +1,42 @@
+// Takes what was set on the text itself away; paragraphs stay as they are.
+
+import type { Editor, Property } from "./Editor.js";
+import { ancestors, drawn, DrawnKind, keepingSelection, selection, type Range } from "./markup.js";
+
+const initial: Property[] = [
+    ["fo:font-weight", "normal"],
+    ["fo:font-style", "normal"],
+    ["fo:text-decoration", "none"],
+    ["fo:baseline-shift", "baseline"],
+];
+
+export function clearFormats(editor: Editor): void {
+    editor.step(() => {
+        if (isCutFromInline(editor)) editor.call("setProperties", initial, "");
+        keepingSelection(editor, () => {
+            for (const tag of tagsOfInlines(editor)) editor.call("deleteXmlText", tag.start, tag.end - 1);
+        });
+    });
+}
+
+/** Whether an inline goes on beyond what is selected, so that it cannot go. */
+function isCutFromInline(editor: Editor): boolean {
+    const { start, end } = selection(editor);
+    return [start, end].some((edge) =>
+        ancestors(editor, edge).some((each) => each.name === "fo:inline" && each.start < edge),
+    );
+}
+
+/** The tags of all inlines that lie in the selection, the last one first. */
+function tagsOfInlines(editor: Editor): Range[] {
+    const { start, end } = selection(editor);
+    const tags: Range[] = [];
+    const open: Range[] = [];
+    for (const piece of drawn(editor, start, end)) {
+        if (piece.text !== "fo:inline") continue;
+        if (piece.kind === DrawnKind.Start) open.push(piece);
+        const begun = piece.kind === DrawnKind.End && open.pop();
+        if (begun) tags.push(begun, piece);
+    }
+    return tags.sort((a, b) => b.start - a.start);
+}

@@ -1,0 +1,107 @@
+// Builds the interface around the pages.
+
+import "./ui.css";
+
+import type { FormeDocument } from "../library/FormeDocument.js";
+import { language, text } from "../texts/texts.js";
+import type { View } from "../view/View.js";
+import { applyAppearance } from "./appearance.js";
+import type { Command } from "./Command.js";
+import { ContextMenu } from "./ContextMenu.js";
+import { openKeyboardHelp } from "./dialogs/keyboardHelp.js";
+import { Editor } from "./Editor.js";
+import { h } from "./elements.js";
+import { Files } from "./files/Files.js";
+import { FindBar } from "./find/FindBar.js";
+import { commandNamed, commandsByMenu, makeCommands, menusOf, tools } from "./layout.js";
+import { attachLiveRegion } from "./LiveRegion.js";
+import { MenuBar } from "./MenuBar.js";
+import type { Parts } from "./Parts.js";
+import { sayStates } from "./sayStates.js";
+import { listenToKeys } from "./Shortcuts.js";
+import { Spelling } from "./Spelling.js";
+import { StatusBar } from "./StatusBar.js";
+import { ColumnDrag } from "./tables/ColumnDrag.js";
+import { Toolbar } from "./Toolbar.js";
+import { WordCount } from "./WordCount.js";
+import { Zoom } from "./Zoom.js";
+
+/** What is built anew when the language changes. */
+interface Frame {
+    commands: Command[];
+    update(): void;
+    remove(): void;
+    focusMenuBar(): void;
+}
+
+export function startInterface(document: FormeDocument, view: View, page: HTMLElement): void {
+    const editor = new Editor(document, view, page);
+    const spelling = new Spelling(editor);
+    const contextMenu = new ContextMenu(editor, spelling);
+    const parts: Parts = {
+        files: new Files(editor),
+        findBar: new FindBar(editor),
+        spelling,
+        zoom: new Zoom(page),
+        words: new WordCount(editor),
+        speak() {
+            frame.remove();
+            parts.findBar = new FindBar(editor);
+            frame = buildFrame(editor, parts);
+            view.focus();
+        },
+        focusMenuBar: () => frame.focusMenuBar(),
+        showKeys: () => void openKeyboardHelp(commandsByMenu(parts)),
+        openContextMenu: () => void contextMenu.openAtCaret(),
+    };
+    applyAppearance();
+    attachLiveRegion();
+    new ColumnDrag(editor);
+    globalThis.document.documentElement.lang = language();
+    let frame = buildFrame(editor, parts);
+    editor.onState(() => frame.update());
+    listenToKeys(editor, () => frame.commands);
+    sayStates(editor, () => frame.commands);
+}
+
+function buildFrame(editor: Editor, parts: Parts): Frame {
+    const commands = makeCommands(parts);
+    const menuBar = new MenuBar(editor, menusOf(parts));
+    const toolbar = new Toolbar(editor, tools());
+    const title = h("span", { class: "ui-title" });
+    const status = new StatusBar(editor, parts.words, parts.zoom, {
+        zoomIn: commandNamed("zoomIn"),
+        zoomOut: commandNamed("zoomOut"),
+        words: commandNamed("words"),
+    });
+    const header = h(
+        "header",
+        { class: "ui-header" },
+        h("div", { class: "ui-top" }, menuBar.element, title),
+        toolbar.element,
+        parts.findBar.element,
+    );
+    editor.page.before(header);
+    editor.page.after(status.element);
+
+    const showTitle = (): void => {
+        const { name, isChanged } = parts.files;
+        const shown = isChanged ? `${name} – ${text("file.changed")}` : name;
+        if (title.textContent !== shown) title.textContent = document.title = shown;
+    };
+    parts.files.onChange(showTitle);
+    showTitle();
+    return {
+        commands,
+        update() {
+            toolbar.update();
+            status.update();
+            showTitle();
+        },
+        remove() {
+            header.remove();
+            status.element.remove();
+        },
+        focusMenuBar: () => menuBar.focus(),
+    };
+}
