@@ -30,6 +30,13 @@ export function labelOf(command: Command): string {
 }
 
 export class Menu {
+    /** The one that is open, if any, without those that were opened from it. */
+    private static shown: Menu | undefined;
+
+    static closeShown(): void {
+        Menu.shown?.close();
+    }
+
     readonly element: HTMLElement;
     private child: Menu | undefined;
 
@@ -49,6 +56,8 @@ export class Menu {
         this.element.append(...entries.map((entry) => this.item(entry)));
         document.body.append(this.element);
         if (!parent) {
+            Menu.closeShown();
+            Menu.shown = this;
             this.onOutside = this.onOutside.bind(this);
             document.addEventListener("pointerdown", this.onOutside, true);
         }
@@ -73,6 +82,7 @@ export class Menu {
             if (all) this.parent.close();
             return;
         }
+        if (Menu.shown === this) Menu.shown = undefined;
         document.removeEventListener("pointerdown", this.onOutside, true);
         this.options.onClose?.();
     }

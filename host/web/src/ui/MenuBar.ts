@@ -37,19 +37,29 @@ export class MenuBar {
                 "aria-expanded": "false",
                 onclick: (event: MouseEvent) => (this.open ? this.open.close() : this.show(i, event.detail === 0)),
                 onpointerenter: () => this.open && this.show(i, false),
-                onkeydown: (event: KeyboardEvent) => {
-                    if (event.key !== "ArrowDown" && event.key !== "ArrowUp") return;
-                    event.preventDefault();
-                    this.show(i, true);
-                },
+                onkeydown: (event: KeyboardEvent) => this.onKey(event, i),
             },
             text(menu.text),
         );
     }
 
+    /** A menu that the mouse has opened leaves the focus on its button. */
+    private onKey(event: KeyboardEvent, i: number): void {
+        const step = { ArrowLeft: -1, ArrowRight: 1 }[event.key];
+        if (event.key === "ArrowDown" || event.key === "ArrowUp") this.show(i, true);
+        else if (this.open && event.key === "Escape") this.open.close();
+        else if (this.open && step) this.showBeside(i, step);
+        else return;
+        event.preventDefault();
+        event.stopPropagation();
+    }
+
+    private showBeside(i: number, step: number): void {
+        this.show((i + step + this.buttons.length) % this.buttons.length, true);
+    }
+
     private show(i: number, byKey: boolean): void {
         this.open?.close();
-        const count = this.buttons.length;
         const button = this.buttons[i]!;
         const menu = new Menu(
             this.editor,
@@ -62,7 +72,7 @@ export class MenuBar {
                 },
                 onKey: (key) => {
                     const step = { ArrowLeft: -1, ArrowRight: 1 }[key];
-                    if (step) this.show((i + step + count) % count, true);
+                    if (step) this.showBeside(i, step);
                     return step !== undefined;
                 },
             },

@@ -2,6 +2,7 @@
 
 import { isEnabled, type Command } from "./Command.js";
 import type { Editor } from "./Editor.js";
+import { Menu } from "./Menu.js";
 import { keysOf } from "./keys.js";
 
 /** Keys that more than one combination stands for. */
@@ -22,6 +23,7 @@ export function listenToKeys(editor: Editor, commands: () => Command[]): void {
             if (!command) return;
             event.preventDefault();
             event.stopPropagation();
+            Menu.closeShown();
             if (isEnabled(command, editor)) void command.run(editor);
             else editor.sayRefused();
         },

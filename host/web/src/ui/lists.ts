@@ -8,6 +8,7 @@ import {
     DrawnKind,
     elementRange,
     paragraphs,
+    select,
     type Drawn,
     type Range,
 } from "./markup.js";
@@ -38,16 +39,18 @@ function makeListOf(editor: Editor, blocks: Range[], type: ListType): void {
     const { start } = blocks[0]!;
     const end = blocks[blocks.length - 1]!.end;
     let label = editor.call<string>("getFirstListLabel", type);
-    const items = blocks.map((block) => {
-        const item = itemOf(label, type, editor.call("getContent", block.start, block.end));
+    const contents = blocks.map((block) => editor.call<string>("getContent", block.start, block.end));
+    const items = contents.map((each) => {
+        const item = itemOf(label, type, each);
         label = editor.call<[string, number]>("getNextLabel", label)[0];
         return item;
     });
     const list = `<fo:block><fo:list-block>${items.join("")}</fo:list-block></fo:block>`;
     editor.step(() => {
         editor.call("replaceXmlText", start, end - 1, list);
-        const last = drawnIn(editor, start, list.length).findLast((piece) => piece.isStop);
-        if (last) editor.call("setCaretPos", false, last.kind === DrawnKind.Text ? last.end : last.start);
+        const lastBody = start + list.lastIndexOf("</fo:list-item-body>");
+        const stop = (offset: number, side: number): number => editor.call("getNearestStop", offset, side);
+        select(editor, stop(start + list.indexOf(contents[0]!), 1), stop(lastBody, 0));
     });
 }
 
@@ -108,7 +111,7 @@ function liftItem(editor: Editor): void {
     const item = around(editor, "fo:list-item");
     const list = editor.call<number>("getListPos", item);
     const outer = around(editor, "fo:list-item", list);
-    if (outer < 0 || outer === item) return editor.call("makeList", editor.state.list);
+    if (outer < 0 || outer === item) return leaveList(editor, item, elementRange(editor, list));
     const isOnly = editor.call<number>("getCurrentListSize") === 1;
     const caret = editor.document.caret - item;
     editor.step(() => {
@@ -116,6 +119,26 @@ function liftItem(editor: Editor): void {
         cut(editor, elementRange(editor, isOnly ? list : item));
         insertItem(editor, elementRange(editor, outer).end, markup, caret);
         renumber(editor, outer);
+    });
+}
+
+/** The paragraphs of the item stand by themselves; items on both sides stay lists. */
+function leaveList(editor: Editor, item: number, list: Range): void {
+    if (editor.call<number>("getCurrentListSize") === 1) return editor.call("makeList", editor.state.list);
+    const isFirst = editor.call<number>("getPreviousItemPos", item) < 0;
+    const isLast = editor.call<number>("getNextItemPos", item) < 0;
+    const body = elementRange(editor, editor.call<number>("getItemBodyPos", item));
+    const markup = editor.call<string>("getContent", body.start, body.end);
+    const inside = markup.indexOf(">") + 1;
+    const content = markup.slice(inside, -bodyEnd.length);
+    const caret = editor.document.caret - body.start - inside;
+    const tag = editor.call<string>("getContent", list.start, list.end).split(">")[0] + ">";
+    editor.step(() => {
+        const removed = cut(editor, elementRange(editor, item)).length;
+        if (isFirst) return insertItem(editor, list.start, content, caret);
+        if (isLast) return insertItem(editor, list.end - removed, content, caret);
+        insertItem(editor, item, listEnd + content + tag, listEnd.length + caret);
+        renumber(editor, item + listEnd.length + content.length + tag.length);
     });
 }
 

@@ -11,6 +11,12 @@ import { deleteTable, Edge, equalColumns, onTable, toggleBorder } from "../table
 
 const isInTable = (editor: Editor): boolean => editor.state.isInTable;
 
+function isInMergedCell(editor: Editor): boolean {
+    if (!isInTable(editor)) return false;
+    const cell = editor.properties("fo:table-cell");
+    return cell.has("fo:number-columns-spanned") || cell.has("fo:number-rows-spanned");
+}
+
 type Simple = [id: string, text: TextKey, icon: IconName | undefined, request: string, ...args: unknown[]];
 
 const simple: Simple[] = [
@@ -56,7 +62,7 @@ export const tableCommands: Command[] = [
     { id: "deleteTable", text: "table.deleteTable", edits: true, isEnabled: isInTable, run: deleteTable },
     { id: "selectTable", text: "table.selectTable", isEnabled: isInTable, run: (editor) => editor.call("selectTable", "") },
     { id: "merge", text: "table.merge", icon: "merge", edits: true, isEnabled: (editor) => isInTable(editor) && editor.state.hasSelection, run: merge },
-    { id: "split", text: "table.split", icon: "split", edits: true, isEnabled: (editor) => isInTable(editor), run: split },
+    { id: "split", text: "table.split", icon: "split", edits: true, isEnabled: isInMergedCell, run: split },
     { id: "equalColumns", text: "table.equalColumns", edits: true, isEnabled: isInTable, run: equalColumns },
     { id: "tableProperties", text: "table.properties", edits: true, isEnabled: isInTable, run: openTableProperties },
     ...borderCommands,

@@ -77,7 +77,7 @@ function groups(shown: Values): FieldGroup[] {
             value: shown[`${of}-${side}`]!,
         }));
     return [
-        { legend: "page.size", fields: paperFields(shown) },
+        { fields: paperFields(shown) },
         { legend: "page.margins", fields: margin("page") },
         { legend: "page.bodyMargins", fields: margin("body") },
         {

@@ -108,7 +108,7 @@ export class ColumnDrag {
     /** What one column gains the next one gives, so that the table stays as wide. */
     private resize({ table, column }: ColumnEdge, widths: (number | undefined)[], moved: number): void {
         const { editor } = this;
-        editor.call("table.open", table.start);
+        editor.call("table.open", table.cells[0]!.inside);
         for (const [each, change] of [[column, moved], [column + 1, -moved]] as const) {
             const width = widths[each];
             if (width === undefined || each >= table.columns) continue;
