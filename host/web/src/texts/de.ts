@@ -34,7 +34,7 @@ export const de: Texts = {
     "file.changed": "geändert",
     "file.saved": "Gespeichert",
     "file.opened": "{name} geöffnet",
-    "file.unsaved": "Das Dokument hat Änderungen, die nicht gespeichert sind. Ohne Speichern fortfahren?",
+    "file.unsaved": "Das Dokument hat Änderungen, die nicht gespeichert sind. Vorher speichern?",
     "file.unsaved.title": "Nicht gespeicherte Änderungen",
     "file.discard": "Nicht speichern",
     "file.failed": "{name} kann nicht geöffnet werden",

@@ -32,7 +32,7 @@ export const en = {
     "file.changed": "changed",
     "file.saved": "Saved",
     "file.opened": "{name} opened",
-    "file.unsaved": "The document has changes that were not saved. Go on without saving them?",
+    "file.unsaved": "The document has changes that were not saved. Save them first?",
     "file.unsaved.title": "Unsaved changes",
     "file.discard": "Don’t save",
     "file.failed": "{name} cannot be opened",

@@ -51,19 +51,31 @@ export function askFields(title: TextKey, groups: FieldGroup[], ok: TextKey = "d
 }
 
 /** Whether the user said yes. Without `ok` there is nothing but a button to close it. */
-export function showDialog(
+export async function showDialog(
     title: TextKey,
     body: (Node | string)[],
     ok: TextKey | null = "dialog.ok",
     isValid = () => true,
 ): Promise<boolean> {
+    return (await showChoice(title, body, ok ? [ok] : [], isValid)) !== null;
+}
+
+/** Which of the buttons was pressed, of which Enter is the first; null where the user gave it up. */
+export function showChoice(
+    title: TextKey,
+    body: (Node | string)[],
+    choices: TextKey[],
+    isValid = () => true,
+): Promise<TextKey | null> {
     const focused = document.activeElement;
     const heading = h("h2", { id: freshId() }, text(title));
-    const confirm = ok && h("button", { class: "ui-primary", value: "ok" }, text(ok));
+    const buttons = choices.map((choice, i) =>
+        h("button", { class: i ? "" : "ui-primary", value: choice }, text(choice)),
+    );
     const cancel = h(
         "button",
-        { type: "button", class: ok ? "" : "ui-primary", onclick: () => dialog.close("") },
-        text(ok ? "dialog.cancel" : "dialog.close"),
+        { type: "button", class: choices.length ? "" : "ui-primary", onclick: () => dialog.close("") },
+        text(choices.length ? "dialog.cancel" : "dialog.close"),
     );
     const form = h(
         "form",
@@ -75,17 +87,19 @@ export function showDialog(
         },
         heading,
         h("div", { class: "ui-dialog-body" }, ...body),
-        h("div", { class: "ui-dialog-buttons" }, confirm || null, cancel),
+        h("div", { class: "ui-dialog-buttons" }, ...buttons, cancel),
     );
     const dialog = h("dialog", { class: "ui-dialog", "aria-labelledby": heading.id }, form);
     document.body.append(dialog);
     dialog.showModal();
-    dialog.querySelector<HTMLElement>("input, select, textarea, [data-first]")?.focus();
+    const first = dialog.querySelector<HTMLElement>("input, select, textarea, [data-first]");
+    first?.focus();
+    if (first instanceof HTMLInputElement) first.select();
     return new Promise((done) => {
         dialog.addEventListener("close", () => {
             dialog.remove();
             if (focused instanceof HTMLElement) focused.focus();
-            done(dialog.returnValue === "ok");
+            done((dialog.returnValue || null) as TextKey | null);
         });
     });
 }

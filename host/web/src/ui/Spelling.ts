@@ -116,8 +116,9 @@ export class Spelling {
         const version = this.editor.call<number>("getTextVersion");
         const misspelt = await this.misspeltIn([...paragraphsOf(this.editor, start, end)]);
         if (version !== this.editor.call<number>("getTextVersion")) return; // another round is due
-        const { caret } = this.editor.document;
-        this.misspelt = misspelt.filter((each) => each.end !== caret); // it is still being typed
+        const { caret, pivot } = this.editor.document;
+        const isTyped = (each: Misspelt): boolean => caret === pivot && each.end === caret;
+        this.misspelt = misspelt.filter((each) => !isTyped(each));
         mark(this.editor, "misspelt", this.misspelt);
     }
 

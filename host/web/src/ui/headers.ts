@@ -2,7 +2,7 @@
 
 import type { Editor } from "./Editor.js";
 import { currentMaster } from "./dialogs/pageSetup.js";
-import { around, enter } from "./markup.js";
+import { around, elementRange, enter } from "./markup.js";
 import { lengthInMm, mm } from "./lengths.js";
 
 /** Where on the page; `type` is the number that requests know the region by. */
@@ -75,19 +75,41 @@ export function backToText(editor: Editor): void {
     editor.view.scrollToCaret();
 }
 
-/** A section at the end of this one, with pages like those around the caret. */
+/** A section behind this one, with pages, headers and footers like those around the caret. */
 export function addSection(editor: Editor): void {
     const here = editor.call<number>("getCurrentPageSequenceIdx");
     const name = editor.properties("fo:page-sequence").get("fo:master-reference");
     if (here < 0 || !name) return editor.sayRefused();
     editor.step(() => {
-        editor.call("sequences.open");
-        editor.call("sequences.addNewPageSequence", { name, references: [] });
-        let last = editor.call<unknown[]>("sequences.getPageSequenceInfo").length - 1;
-        for (; last > here + 1; --last) editor.call("sequences.movePageSequenceUp", last);
-        editor.call("sequences.commit");
-        editor.call("sequences.close");
+        const last = onSequences(editor, () => {
+            editor.call("sequences.addNewPageSequence", { name, references: [{ kind: 1, master: name }] });
+            return editor.call<unknown[]>("sequences.getPageSequenceInfo").length - 1;
+        });
+        dropPresetFont(editor, last);
+        onSequences(editor, () => {
+            for (let i = last; i > here + 1; --i) editor.call("sequences.movePageSequenceUp", i);
+        });
         editor.call("moveCaretToPageSequence", here + 1);
     });
     editor.view.scrollToCaret();
+}
+
+function onSequences<T>(editor: Editor, work: () => T): T {
+    editor.call("sequences.open");
+    try {
+        const result = work();
+        editor.call("sequences.commit");
+        return result;
+    } finally {
+        editor.call("sequences.close");
+    }
+}
+
+/** What is new comes with a font of its own; that of the document is what people expect. */
+function dropPresetFont(editor: Editor, index: number): void {
+    const { start, end } = elementRange(editor, editor.call<number>("getPageSequencePosition", index));
+    const preset = ' font-size="12pt" font-family="Times"';
+    const markup = editor.call<string>("getContent", start, end);
+    for (let at = markup.lastIndexOf(preset); at >= 0; at = markup.lastIndexOf(preset, at - 1))
+        editor.call("deleteXmlText", start + at, start + at + preset.length - 1);
 }

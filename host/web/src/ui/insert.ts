@@ -86,19 +86,26 @@ export async function editLink(editor: Editor): Promise<void> {
         },
     ]);
     if (!values?.["address"]) return;
-    const destination = `url('${values["address"].replace(/'/g, "%27")}')`;
+    const address = completed(values["address"].trim());
+    const destination = `url('${address.replace(/'/g, "%27")}')`;
     if (link >= 0) {
         keepingSelection(editor, () => setAttributes(editor, link, { "external-destination": destination }));
         return;
     }
     const content = editor.state.hasSelection
         ? inlineContent(editor.call<string>("getSelectionAs", 2))
-        : escaped(values["text"] || values["address"]);
+        : escaped(values["text"] || address);
     const look = 'color="#1c5d99" text-decoration="underline"';
     insertMarkup(
         editor,
         `<fo:basic-link external-destination="${escaped(destination)}" ${look}>${content}</fo:basic-link>`,
     );
+}
+
+/** What people leave out of an address. */
+function completed(address: string): string {
+    if (/^[\w.+-]+@[\w-]+(\.[\w-]+)+$/.test(address)) return `mailto:${address}`;
+    return /^[\w-]+(\.[\w-]+)+([/?#:].*)?$/.test(address) ? `https://${address}` : address;
 }
 
 /** What a selection holds, without the paragraphs around it. */

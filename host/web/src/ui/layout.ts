@@ -48,7 +48,7 @@ const menuTables: [TextKey, (parts: Parts) => Line[]][] = [
         "menu.insert",
         () => [
             { text: "insert.table", entries: () => [], panel: tableGrid },
-            "insertTable", "image", "link", "-", "pageBreak", "section", "-", "header", "footer", "body", "-",
+            "insertTable", "image", "link", "removeLink", "-", "pageBreak", "section", "-", "header", "footer", "body", "-",
             "pageNumber", "footnote", "rule", "date",
         ],
     ],

@@ -2,7 +2,7 @@
 // that was opened; elsewhere it is a download.
 
 import { text } from "../../texts/texts.js";
-import { showDialog, tell } from "../Dialog.js";
+import { showChoice, showDialog, tell } from "../Dialog.js";
 import type { Editor } from "../Editor.js";
 import { h } from "../elements.js";
 import { contentOf, templates, type Template } from "./templates.js";
@@ -139,7 +139,9 @@ export class Files {
 
     private async mayLeave(): Promise<boolean> {
         if (!this.isChanged) return true;
-        return showDialog("file.unsaved.title", [h("p", {}, text("file.unsaved"))], "file.discard");
+        const question = [h("p", {}, text("file.unsaved"))];
+        const choice = await showChoice("file.unsaved.title", question, ["file.save", "file.discard"]);
+        return choice === "file.save" ? this.save() : choice !== null;
     }
 
     private version(): number {
