@@ -1,6 +1,6 @@
 // Asks the worker that knows the dictionaries, and remembers what it said of each word.
 
-import type { Answer, Question } from "./messages.js";
+import type { Answer, Question } from "./messages.ts";
 
 type Unnumbered<T> = T extends unknown ? Omit<T, "id"> : never;
 

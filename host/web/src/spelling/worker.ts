@@ -1,7 +1,7 @@
 // Checks words with Hunspell, beside the page, so that typing never waits for it.
 
 import { loadModule, type Hunspell, type HunspellFactory } from "hunspell-asm";
-import type { Answer, Question } from "./messages.js";
+import type { Answer, Question } from "./messages.ts";
 
 let factory: Promise<HunspellFactory> | undefined;
 const dictionaries = new Map<string, Promise<Hunspell>>();

@@ -1,6 +1,6 @@
 // Die Texte der Oberfläche auf Deutsch.
 
-import type { Texts } from "./texts.js";
+import type { Texts } from "./texts.ts";
 
 export const de: Texts = {
     "language.name": "Deutsch",

@@ -1,7 +1,7 @@
 // The texts of the interface in the language that is chosen.
 
-import { de } from "./de.js";
-import { en } from "./en.js";
+import { de } from "./de.ts";
+import { en } from "./en.ts";
 
 export type TextKey = keyof typeof en;
 export type Texts = Record<TextKey, string>;

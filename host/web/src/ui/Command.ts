@@ -1,9 +1,9 @@
 // What the user can tell the editor to do. Menus, toolbar and keys are built from one table of these.
 
-import type { TextKey } from "../texts/texts.js";
-import type { Editor } from "./Editor.js";
-import type { Pressed } from "./EditingState.js";
-import type { IconName } from "./icons.js";
+import type { TextKey } from "../texts/texts.ts";
+import type { Editor } from "./Editor.ts";
+import type { Pressed } from "./EditingState.ts";
+import type { IconName } from "./icons.ts";
 
 export interface Command {
     id: string;

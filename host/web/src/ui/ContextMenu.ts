@@ -1,12 +1,12 @@
 // What can be done at the place of a click, or of the caret.
 
-import { text } from "../texts/texts.js";
-import type { Command } from "./Command.js";
-import type { Editor } from "./Editor.js";
-import { contextEntries } from "./layout.js";
-import { around, selection } from "./markup.js";
-import { Menu, type MenuEntry } from "./Menu.js";
-import type { Misspelt, Spelling } from "./Spelling.js";
+import { text } from "../texts/texts.ts";
+import type { Command } from "./Command.ts";
+import type { Editor } from "./Editor.ts";
+import { contextEntries } from "./layout.ts";
+import { around, selection } from "./markup.ts";
+import { Menu, type MenuEntry } from "./Menu.ts";
+import type { Misspelt, Spelling } from "./Spelling.ts";
 
 const mostSuggestions = 6;
 
@@ -46,7 +46,6 @@ export class ContextMenu {
     }
 
     private async open(x: number, y: number, byKey: boolean): Promise<void> {
-        this.editor.refreshNow();
         const misspelt = this.spelling.at(this.editor.document.caret);
         const entries: MenuEntry[] = [
             ...(misspelt ? await this.spellingEntries(misspelt) : []),

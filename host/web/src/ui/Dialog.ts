@@ -1,9 +1,9 @@
 // Dialogs that are described by their fields. The browser's own <dialog> keeps the focus inside; it
 // goes back to where it was when the dialog closes.
 
-import { text, type TextKey } from "../texts/texts.js";
-import { freshId, h } from "./elements.js";
-import { asLength } from "./lengths.js";
+import { text, type TextKey } from "../texts/texts.ts";
+import { freshId, h } from "./elements.ts";
+import { asLength } from "./lengths.ts";
 
 export interface Field {
     name: string;

@@ -1,16 +1,17 @@
 // What commands and the parts of the interface know of: the document, what is drawn of it, and the
 // state that a toolbar shows.
 
-import type { FormeDocument, Reply } from "../library/FormeDocument.js";
-import { text } from "../texts/texts.js";
-import type { View } from "../view/View.js";
-import { formatOf, type EditingState, type Format } from "./EditingState.js";
-import { announce } from "./LiveRegion.js";
+import type { FormeDocument, Reply } from "../library/FormeDocument.ts";
+import { text } from "../texts/texts.ts";
+import type { View } from "../view/View.ts";
+import { formatOf, type EditingState, type Format } from "./EditingState.ts";
+import { announce } from "./LiveRegion.ts";
 
 export type Property = [name: string, value: string];
 
 export class Editor {
-    state: EditingState;
+    /** As it was asked for last; undefined where the document has changed since. */
+    private known: EditingState | undefined;
     private readonly listeners: (() => void)[] = [];
     private isRefreshDue = false;
     /** Where the caret was when formats were chosen for what is typed next. */
@@ -21,8 +22,11 @@ export class Editor {
         readonly view: View,
         readonly page: HTMLElement,
     ) {
-        this.state = this.call<EditingState>("getEditingState");
         document.listen((reply) => this.onReply(reply));
+    }
+
+    get state(): EditingState {
+        return (this.known ??= this.call<EditingState>("getEditingState"));
     }
 
     call<T = unknown>(name: string, ...args: unknown[]): T {
@@ -52,7 +56,6 @@ export class Editor {
 
     refreshNow(): void {
         this.isRefreshDue = false;
-        this.state = this.call<EditingState>("getEditingState");
         for (const listener of this.listeners) listener();
     }
 
@@ -91,6 +94,7 @@ export class Editor {
     }
 
     private onReply(reply: Reply): void {
+        this.known = undefined;
         if (this.document.typingFormats.length && reply.caret !== this.typingCaret)
             this.document.typingFormats = [];
         this.refresh();

@@ -1,6 +1,6 @@
 // What a screen reader is told of what happens, beside the text of the caret's line.
 
-import { h } from "./elements.js";
+import { h } from "./elements.ts";
 
 const region = h("div", { class: "ui-live", role: "status", "aria-live": "polite" });
 let pending: ReturnType<typeof setTimeout> | undefined;

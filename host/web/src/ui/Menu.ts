@@ -1,11 +1,11 @@
 // Menus that open at a place, with menus in them, driven by mouse and keys.
 
-import { text, type TextKey } from "../texts/texts.js";
-import { isEnabled, type Command } from "./Command.js";
-import type { Editor } from "./Editor.js";
-import { h, placeBox } from "./elements.js";
-import { icon } from "./icons.js";
-import { shownKeys } from "./keys.js";
+import { text, type TextKey } from "../texts/texts.ts";
+import { isEnabled, type Command } from "./Command.ts";
+import type { Editor } from "./Editor.ts";
+import { h, placeBox } from "./elements.ts";
+import { icon } from "./icons.ts";
+import { shownKeys } from "./keys.ts";
 
 export type MenuEntry = Command | Submenu | "-";
 

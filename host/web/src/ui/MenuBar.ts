@@ -1,10 +1,10 @@
 // The menus above the text.
 
-import { text } from "../texts/texts.js";
-import type { Editor } from "./Editor.js";
-import { h } from "./elements.js";
-import { Menu, type Submenu } from "./Menu.js";
-import { rove } from "./roving.js";
+import { text } from "../texts/texts.ts";
+import type { Editor } from "./Editor.ts";
+import { h } from "./elements.ts";
+import { Menu, type Submenu } from "./Menu.ts";
+import { rove } from "./roving.ts";
 
 export class MenuBar {
     readonly element: HTMLElement;

@@ -1,11 +1,11 @@
 // The parts of the interface that commands speak to.
 
-import type { Language } from "../texts/texts.js";
-import type { Files } from "./files/Files.js";
-import type { FindBar } from "./find/FindBar.js";
-import type { Spelling } from "./Spelling.js";
-import type { WordCount } from "./WordCount.js";
-import type { Zoom } from "./Zoom.js";
+import type { Language } from "../texts/texts.ts";
+import type { Files } from "./files/Files.ts";
+import type { FindBar } from "./find/FindBar.ts";
+import type { Spelling } from "./Spelling.ts";
+import type { WordCount } from "./WordCount.ts";
+import type { Zoom } from "./Zoom.ts";
 
 export interface Parts {
     files: Files;

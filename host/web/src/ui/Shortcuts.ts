@@ -1,9 +1,9 @@
 // Keys that are commands, ahead of what the text makes of keys.
 
-import { isEnabled, type Command } from "./Command.js";
-import type { Editor } from "./Editor.js";
-import { Menu } from "./Menu.js";
-import { keysOf } from "./keys.js";
+import { isEnabled, type Command } from "./Command.ts";
+import type { Editor } from "./Editor.ts";
+import { Menu } from "./Menu.ts";
+import { keysOf } from "./keys.ts";
 
 /** Keys that more than one combination stands for. */
 const others: Record<string, string> = {

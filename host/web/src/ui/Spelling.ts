@@ -1,11 +1,11 @@
 // Red lines under the misspelt words that are shown, and what is offered in their place.
 
-import { Checker } from "../spelling/Checker.js";
-import { language, text } from "../texts/texts.js";
-import type { Editor } from "./Editor.js";
-import { paragraphsOf, type Paragraph } from "./find/Paragraphs.js";
-import { mark } from "./marks.js";
-import { select, type Range } from "./markup.js";
+import { Checker } from "../spelling/Checker.ts";
+import { language, text } from "../texts/texts.ts";
+import type { Editor } from "./Editor.ts";
+import { paragraphsOf, type Paragraph } from "./find/Paragraphs.ts";
+import { mark } from "./marks.ts";
+import { select, type Range } from "./markup.ts";
 
 export const dictionaries = ["en_US", "de_DE"] as const;
 

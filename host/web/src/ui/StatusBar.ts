@@ -1,14 +1,14 @@
 // What stands below the pages: words, the place of the caret, spelling, zoom.
 
-import { language, text } from "../texts/texts.js";
-import type { Command } from "./Command.js";
-import type { Editor } from "./Editor.js";
-import { h } from "./elements.js";
-import { icon } from "./icons.js";
-import { around } from "./markup.js";
-import { titleOf } from "./Toolbar.js";
-import type { WordCount } from "./WordCount.js";
-import type { Zoom } from "./Zoom.js";
+import { language, text } from "../texts/texts.ts";
+import type { Command } from "./Command.ts";
+import type { Editor } from "./Editor.ts";
+import { h } from "./elements.ts";
+import { icon } from "./icons.ts";
+import { around } from "./markup.ts";
+import { titleOf } from "./Toolbar.ts";
+import type { WordCount } from "./WordCount.ts";
+import type { Zoom } from "./Zoom.ts";
 
 export class StatusBar {
     readonly element: HTMLElement;

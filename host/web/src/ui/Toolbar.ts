@@ -1,12 +1,12 @@
 // The buttons above the text. What they show follows the caret.
 
-import { text } from "../texts/texts.js";
-import { isEnabled, type Command } from "./Command.js";
-import type { Editor } from "./Editor.js";
-import { h } from "./elements.js";
-import { icon } from "./icons.js";
-import { shownKeys } from "./keys.js";
-import { rove } from "./roving.js";
+import { text } from "../texts/texts.ts";
+import { isEnabled, type Command } from "./Command.ts";
+import type { Editor } from "./Editor.ts";
+import { h } from "./elements.ts";
+import { icon } from "./icons.ts";
+import { shownKeys } from "./keys.ts";
+import { rove } from "./roving.ts";
 
 /** A part of a toolbar that keeps itself up to date. */
 export interface Control {

@@ -1,11 +1,11 @@
 // Counts words when nothing else is to be done.
 
-import { text, language } from "../texts/texts.js";
-import { showDialog } from "./Dialog.js";
-import type { Editor } from "./Editor.js";
-import { h } from "./elements.js";
-import { beginOfPages, paragraphsOf } from "./find/Paragraphs.js";
-import { selection } from "./markup.js";
+import { text, language } from "../texts/texts.ts";
+import { showDialog } from "./Dialog.ts";
+import type { Editor } from "./Editor.ts";
+import { h } from "./elements.ts";
+import { beginOfPages, paragraphsOf } from "./find/Paragraphs.ts";
+import { selection } from "./markup.ts";
 
 interface Counts {
     words: number;

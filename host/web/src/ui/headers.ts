@@ -1,9 +1,9 @@
 // Headers and footers: to them, and made where the pages have none.
 
-import type { Editor } from "./Editor.js";
-import { currentMaster } from "./dialogs/pageSetup.js";
-import { around, elementRange, enter } from "./markup.js";
-import { lengthInMm, mm } from "./lengths.js";
+import type { Editor } from "./Editor.ts";
+import { currentMaster } from "./dialogs/pageSetup.ts";
+import { around, elementRange, enter } from "./markup.ts";
+import { lengthInMm, mm } from "./lengths.ts";
 
 /** Where on the page; `type` is the number that requests know the region by. */
 export const regions = {

@@ -1,10 +1,10 @@
 // What is inserted at the caret: images, links, notes, lines.
 
-import { language, text } from "../texts/texts.js";
-import { askFields, showDialog } from "./Dialog.js";
-import type { Editor } from "./Editor.js";
-import { around, elementRange, escaped, keepingSelection, select, selection, setAttributes } from "./markup.js";
-import { lengthInMm, mm } from "./lengths.js";
+import { language, text } from "../texts/texts.ts";
+import { askFields, showDialog } from "./Dialog.ts";
+import type { Editor } from "./Editor.ts";
+import { around, elementRange, escaped, keepingSelection, select, selection, setAttributes } from "./markup.ts";
+import { lengthInMm, mm } from "./lengths.ts";
 
 /** Markup in the place of what is selected. */
 export function insertMarkup(editor: Editor, markup: string): void {

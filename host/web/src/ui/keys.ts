@@ -1,6 +1,6 @@
 // Combinations of keys, as commands name them, as events tell them and as people read them.
 
-import { language } from "../texts/texts.js";
+import { language } from "../texts/texts.ts";
 
 const isMac = /Mac|iPhone|iPad/.test(navigator.platform);
 

@@ -1,17 +1,17 @@
 // Which commands stand in which menu and where in the toolbar.
 
-import type { TextKey } from "../texts/texts.js";
-import type { Command } from "./Command.js";
-import { editCommands } from "./commands/editCommands.js";
-import { fileCommands } from "./commands/fileCommands.js";
-import { formatCommands, lineSpacingCommands } from "./commands/formatCommands.js";
-import { insertCommands } from "./commands/insertCommands.js";
-import { borderCommands, tableCommands } from "./commands/tableCommands.js";
-import { appearanceCommands, languageCommands, spellingCommands, viewCommands } from "./commands/viewCommands.js";
-import type { MenuEntry, Submenu } from "./Menu.js";
-import type { Parts } from "./Parts.js";
-import { tableGrid } from "./tables/tableGrid.js";
-import type { ControlMaker } from "./Toolbar.js";
+import type { TextKey } from "../texts/texts.ts";
+import type { Command } from "./Command.ts";
+import { editCommands } from "./commands/editCommands.ts";
+import { fileCommands } from "./commands/fileCommands.ts";
+import { formatCommands, lineSpacingCommands } from "./commands/formatCommands.ts";
+import { insertCommands } from "./commands/insertCommands.ts";
+import { borderCommands, tableCommands } from "./commands/tableCommands.ts";
+import { appearanceCommands, languageCommands, spellingCommands, viewCommands } from "./commands/viewCommands.ts";
+import type { MenuEntry, Submenu } from "./Menu.ts";
+import type { Parts } from "./Parts.ts";
+import { tableGrid } from "./tables/tableGrid.ts";
+import type { ControlMaker } from "./Toolbar.ts";
 import {
     backgroundColor,
     fontPicker,
@@ -20,7 +20,7 @@ import {
     stylePicker,
     tableOpener,
     textColor,
-} from "./toolbarControls.js";
+} from "./toolbarControls.ts";
 
 type Line = string | Submenu;
 

@@ -1,7 +1,7 @@
 // Lists of several paragraphs, and items that go in and out. One item at the caret is the library's.
 
-import type { Editor } from "./Editor.js";
-import { ListType } from "./EditingState.js";
+import type { Editor } from "./Editor.ts";
+import { ListType } from "./EditingState.ts";
 import {
     around,
     drawn,
@@ -11,9 +11,9 @@ import {
     select,
     type Drawn,
     type Range,
-} from "./markup.js";
-import { lengthInMm, mm } from "./lengths.js";
-import { setOnParagraphs } from "./styles.js";
+} from "./markup.ts";
+import { lengthInMm, mm } from "./lengths.ts";
+import { setOnParagraphs } from "./styles.ts";
 
 const indentStep = 10; // mm
 const listEnd = "</fo:list-block>";

@@ -1,7 +1,7 @@
 // Colours stretches of the drawn text without touching what draws it.
 
-import type { Editor } from "./Editor.js";
-import type { Range as Stretch } from "./markup.js";
+import type { Editor } from "./Editor.ts";
+import type { Range as Stretch } from "./markup.ts";
 
 /** The colours are in ui.css, under `::highlight(name)`. */
 export type MarkName = "found" | "misspelt";

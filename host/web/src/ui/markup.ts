@@ -1,6 +1,6 @@
 // Where things are in the document's markup, and edits of it that no request makes by itself.
 
-import type { Editor } from "./Editor.js";
+import type { Editor } from "./Editor.ts";
 
 export const enum DrawnKind {
     Start = 0,

@@ -1,7 +1,7 @@
 // The colours that are offered, and the way to any other.
 
-import { text, type TextKey } from "../texts/texts.js";
-import { h } from "./elements.js";
+import { text, type TextKey } from "../texts/texts.ts";
+import { h } from "./elements.ts";
 
 const colors: [TextKey, string][] = [
     ["color.black", "#000000"], ["color.grey", "#606060"], ["color.silver", "#c0c0c0"], ["color.white", "#ffffff"],

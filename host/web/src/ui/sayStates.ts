@@ -1,9 +1,9 @@
 // Tells a screen reader which format a key has switched on or off.
 
-import { text } from "../texts/texts.js";
-import { labelOf } from "./Menu.js";
-import type { Command } from "./Command.js";
-import type { Editor } from "./Editor.js";
+import { text } from "../texts/texts.ts";
+import { labelOf } from "./Menu.ts";
+import type { Command } from "./Command.ts";
+import type { Editor } from "./Editor.ts";
 
 const said = new Set(["bold", "italic", "underline", "strike", "superscript", "subscript", "bullets", "numbers"]);
 

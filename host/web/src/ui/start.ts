@@ -2,29 +2,29 @@
 
 import "./ui.css";
 
-import type { FormeDocument } from "../library/FormeDocument.js";
-import { language, text } from "../texts/texts.js";
-import type { View } from "../view/View.js";
-import { applyAppearance } from "./appearance.js";
-import type { Command } from "./Command.js";
-import { ContextMenu } from "./ContextMenu.js";
-import { openKeyboardHelp } from "./dialogs/keyboardHelp.js";
-import { Editor } from "./Editor.js";
-import { h } from "./elements.js";
-import { Files } from "./files/Files.js";
-import { FindBar } from "./find/FindBar.js";
-import { commandNamed, commandsByMenu, makeCommands, menusOf, tools } from "./layout.js";
-import { attachLiveRegion } from "./LiveRegion.js";
-import { MenuBar } from "./MenuBar.js";
-import type { Parts } from "./Parts.js";
-import { sayStates } from "./sayStates.js";
-import { listenToKeys } from "./Shortcuts.js";
-import { Spelling } from "./Spelling.js";
-import { StatusBar } from "./StatusBar.js";
-import { ColumnDrag } from "./tables/ColumnDrag.js";
-import { Toolbar } from "./Toolbar.js";
-import { WordCount } from "./WordCount.js";
-import { Zoom } from "./Zoom.js";
+import type { FormeDocument } from "../library/FormeDocument.ts";
+import { language, text } from "../texts/texts.ts";
+import type { View } from "../view/View.ts";
+import { applyAppearance } from "./appearance.ts";
+import type { Command } from "./Command.ts";
+import { ContextMenu } from "./ContextMenu.ts";
+import { openKeyboardHelp } from "./dialogs/keyboardHelp.ts";
+import { Editor } from "./Editor.ts";
+import { h } from "./elements.ts";
+import { Files } from "./files/Files.ts";
+import { FindBar } from "./find/FindBar.ts";
+import { commandNamed, commandsByMenu, makeCommands, menusOf, tools } from "./layout.ts";
+import { attachLiveRegion } from "./LiveRegion.ts";
+import { MenuBar } from "./MenuBar.ts";
+import type { Parts } from "./Parts.ts";
+import { sayStates } from "./sayStates.ts";
+import { listenToKeys } from "./Shortcuts.ts";
+import { Spelling } from "./Spelling.ts";
+import { StatusBar } from "./StatusBar.ts";
+import { ColumnDrag } from "./tables/ColumnDrag.ts";
+import { Toolbar } from "./Toolbar.ts";
+import { WordCount } from "./WordCount.ts";
+import { Zoom } from "./Zoom.ts";
 
 /** What is built anew when the language changes. */
 interface Frame {

@@ -1,9 +1,9 @@
 // Paragraph styles: what a document says of a paragraph, as a set of attributes. The attribute
 // `role` tells readers of the PDF, and this editor, which style it is.
 
-import type { TextKey } from "../texts/texts.js";
-import type { Editor } from "./Editor.js";
-import { around, keepingSelection, paragraphs, setAttributes, type Attributes } from "./markup.js";
+import type { TextKey } from "../texts/texts.ts";
+import type { Editor } from "./Editor.ts";
+import { around, keepingSelection, paragraphs, setAttributes, type Attributes } from "./markup.ts";
 
 export interface ParagraphStyle {
     id: string;

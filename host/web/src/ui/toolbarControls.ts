@@ -1,16 +1,16 @@
 // The controls of the toolbar that are more than a button.
 
-import { text, type TextKey } from "../texts/texts.js";
-import type { Command } from "./Command.js";
-import { hexColor } from "./Dialog.js";
-import type { Editor } from "./Editor.js";
-import { h, placeBox } from "./elements.js";
-import { icon, type IconName } from "./icons.js";
-import { Menu, type MenuEntry } from "./Menu.js";
-import { palette } from "./palette.js";
-import { applyStyle, currentStyle, styles } from "./styles.js";
-import { setAttribute, type Control, type ControlMaker } from "./Toolbar.js";
-import { tableGrid } from "./tables/tableGrid.js";
+import { text, type TextKey } from "../texts/texts.ts";
+import type { Command } from "./Command.ts";
+import { hexColor } from "./Dialog.ts";
+import type { Editor } from "./Editor.ts";
+import { h, placeBox } from "./elements.ts";
+import { icon, type IconName } from "./icons.ts";
+import { Menu, type MenuEntry } from "./Menu.ts";
+import { palette } from "./palette.ts";
+import { applyStyle, currentStyle, styles } from "./styles.ts";
+import { setAttribute, type Control, type ControlMaker } from "./Toolbar.ts";
+import { tableGrid } from "./tables/tableGrid.ts";
 
 type Option = readonly [value: string, label: string];
 

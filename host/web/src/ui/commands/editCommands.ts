@@ -1,9 +1,9 @@
 // Undo, the clipboard and what is found.
 
-import { text } from "../../texts/texts.js";
-import type { Command } from "../Command.js";
-import type { Editor } from "../Editor.js";
-import type { Parts } from "../Parts.js";
+import { text } from "../../texts/texts.ts";
+import type { Command } from "../Command.ts";
+import type { Editor } from "../Editor.ts";
+import type { Parts } from "../Parts.ts";
 
 export function editCommands(parts: Parts): Command[] {
     const { findBar, spelling } = parts;

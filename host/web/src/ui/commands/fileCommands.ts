@@ -1,10 +1,10 @@
 // Documents as wholes.
 
-import { askFields } from "../Dialog.js";
-import type { Command } from "../Command.js";
-import type { Editor, Property } from "../Editor.js";
-import { escaped } from "../markup.js";
-import type { Parts } from "../Parts.js";
+import { askFields } from "../Dialog.ts";
+import type { Command } from "../Command.ts";
+import type { Editor, Property } from "../Editor.ts";
+import { escaped } from "../markup.ts";
+import type { Parts } from "../Parts.ts";
 
 export function fileCommands({ files }: Parts): Command[] {
     return [

@@ -1,14 +1,14 @@
 // How text and paragraphs look.
 
-import type { TextKey } from "../../texts/texts.js";
-import { clearFormats } from "../clearFormats.js";
-import type { Command } from "../Command.js";
-import { openParagraphDialog } from "../dialogs/paragraph.js";
-import type { Editor, Property } from "../Editor.js";
-import { ListType, type Pressed } from "../EditingState.js";
-import type { IconName } from "../icons.js";
-import { indent, toggleList } from "../lists.js";
-import { applyStyle, currentStyle, setOnParagraphs, styles } from "../styles.js";
+import type { TextKey } from "../../texts/texts.ts";
+import { clearFormats } from "../clearFormats.ts";
+import type { Command } from "../Command.ts";
+import { openParagraphDialog } from "../dialogs/paragraph.ts";
+import type { Editor, Property } from "../Editor.ts";
+import { ListType, type Pressed } from "../EditingState.ts";
+import type { IconName } from "../icons.ts";
+import { indent, toggleList } from "../lists.ts";
+import { applyStyle, currentStyle, setOnParagraphs, styles } from "../styles.ts";
 
 interface Toggle {
     id: string;

@@ -1,11 +1,11 @@
 // What is put into the text, and the pages it stands on.
 
-import type { Command } from "../Command.js";
-import { openPageSetup } from "../dialogs/pageSetup.js";
-import { openInsertTable } from "../dialogs/tableProperties.js";
-import { addSection, backToText, editRegion } from "../headers.js";
-import { editLink, insertDate, insertFootnote, insertImage, insertMarkup, linkAddress, removeLink } from "../insert.js";
-import { around } from "../markup.js";
+import type { Command } from "../Command.ts";
+import { openPageSetup } from "../dialogs/pageSetup.ts";
+import { openInsertTable } from "../dialogs/tableProperties.ts";
+import { addSection, backToText, editRegion } from "../headers.ts";
+import { editLink, insertDate, insertFootnote, insertImage, insertMarkup, linkAddress, removeLink } from "../insert.ts";
+import { around } from "../markup.ts";
 
 const rule = '<fo:leader leader-pattern="rule" leader-length="100%" rule-thickness="0.5pt"/>';
 

@@ -1,13 +1,13 @@
 // Rows, columns and cells of the table around the caret.
 
-import { text, type TextKey } from "../../texts/texts.js";
-import type { Command } from "../Command.js";
-import { tell } from "../Dialog.js";
-import { openTableProperties } from "../dialogs/tableProperties.js";
-import type { Editor } from "../Editor.js";
-import type { IconName } from "../icons.js";
-import { canMerge, mergeCells, selectedArea, splitCell, tableAtCaret } from "../tables/mergeCells.js";
-import { deleteTable, Edge, equalColumns, onTable, toggleBorder } from "../tables/tables.js";
+import { text, type TextKey } from "../../texts/texts.ts";
+import type { Command } from "../Command.ts";
+import { tell } from "../Dialog.ts";
+import { openTableProperties } from "../dialogs/tableProperties.ts";
+import type { Editor } from "../Editor.ts";
+import type { IconName } from "../icons.ts";
+import { canMerge, mergeCells, selectedArea, splitCell, tableAtCaret } from "../tables/mergeCells.ts";
+import { deleteTable, Edge, equalColumns, onTable, toggleBorder } from "../tables/tables.ts";
 
 const isInTable = (editor: Editor): boolean => editor.state.isInTable;
 

@@ -1,11 +1,11 @@
 // How the editor itself looks, and help.
 
-import { language, languageNames, setLanguage } from "../../texts/texts.js";
-import type { Command } from "../Command.js";
-import type { Parts } from "../Parts.js";
-import { dictionaries } from "../Spelling.js";
-import { text } from "../../texts/texts.js";
-import { appearance, setAppearance, type Appearance } from "../appearance.js";
+import { language, languageNames, setLanguage } from "../../texts/texts.ts";
+import type { Command } from "../Command.ts";
+import type { Parts } from "../Parts.ts";
+import { dictionaries } from "../Spelling.ts";
+import { text } from "../../texts/texts.ts";
+import { appearance, setAppearance, type Appearance } from "../appearance.ts";
 
 const appearances: Appearance[] = ["system", "light", "dark"];
 

@@ -1,10 +1,10 @@
 // All keys, in one list.
 
-import { text, type TextKey } from "../../texts/texts.js";
-import type { Command } from "../Command.js";
-import { showDialog } from "../Dialog.js";
-import { h } from "../elements.js";
-import { shownKeys } from "../keys.js";
+import { text, type TextKey } from "../../texts/texts.ts";
+import type { Command } from "../Command.ts";
+import { showDialog } from "../Dialog.ts";
+import { h } from "../elements.ts";
+import { shownKeys } from "../keys.ts";
 
 /** What the text's own input carries out. */
 const typed: [TextKey, [TextKey, string][]][] = [

@@ -1,9 +1,9 @@
 // Paper, margins and columns of the pages around the caret.
 
-import { text } from "../../texts/texts.js";
-import { askFields, type Field, type FieldGroup, type Fields, type Values } from "../Dialog.js";
-import type { Editor } from "../Editor.js";
-import { lengthInMm, mm } from "../lengths.js";
+import { text } from "../../texts/texts.ts";
+import { askFields, type Field, type FieldGroup, type Fields, type Values } from "../Dialog.ts";
+import type { Editor } from "../Editor.ts";
+import { lengthInMm, mm } from "../lengths.ts";
 
 const papers: [name: string, width: number, height: number][] = [
     ["A3", 297, 420],

@@ -1,9 +1,9 @@
 // Spacing, indents and page breaks of the paragraphs that are selected.
 
-import type { Editor } from "../Editor.js";
-import { askFields, type FieldGroup, type Values } from "../Dialog.js";
-import { around, type Attributes } from "../markup.js";
-import { setOnParagraphs } from "../styles.js";
+import type { Editor } from "../Editor.ts";
+import { askFields, type FieldGroup, type Values } from "../Dialog.ts";
+import { around, type Attributes } from "../markup.ts";
+import { setOnParagraphs } from "../styles.ts";
 
 const keepNext = "keep-with-next.within-page";
 const keepTogether = "keep-together.within-page";

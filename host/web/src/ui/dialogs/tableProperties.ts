@@ -1,10 +1,10 @@
 // How the selected cells, their column and row look.
 
-import { text } from "../../texts/texts.js";
-import { askFields, type Values } from "../Dialog.js";
-import type { Editor } from "../Editor.js";
-import { asLength } from "../lengths.js";
-import { insertTable, openTable } from "../tables/tables.js";
+import { text } from "../../texts/texts.ts";
+import { askFields, type Values } from "../Dialog.ts";
+import type { Editor } from "../Editor.ts";
+import { asLength } from "../lengths.ts";
+import { insertTable, openTable } from "../tables/tables.ts";
 
 const cells = 0; // of `getPropertyFromSelectedElements`
 const all = 5; // edges

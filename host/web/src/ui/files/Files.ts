@@ -1,11 +1,11 @@
 // Opening, saving and new documents. Where the browser can write files itself, "Save" writes the one
 // that was opened; elsewhere it is a download.
 
-import { text } from "../../texts/texts.js";
-import { showChoice, showDialog, tell } from "../Dialog.js";
-import type { Editor } from "../Editor.js";
-import { h } from "../elements.js";
-import { contentOf, templates, type Template } from "./templates.js";
+import { text } from "../../texts/texts.ts";
+import { showChoice, showDialog, tell } from "../Dialog.ts";
+import type { Editor } from "../Editor.ts";
+import { h } from "../elements.ts";
+import { contentOf, templates, type Template } from "./templates.ts";
 
 interface FileHandle {
     name: string;

@@ -1,6 +1,6 @@
 // What a new document can begin with. All but the blank one lie beside the page.
 
-import type { TextKey } from "../../texts/texts.js";
+import type { TextKey } from "../../texts/texts.ts";
 
 export interface Template {
     text: TextKey;

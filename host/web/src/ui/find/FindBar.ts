@@ -1,14 +1,14 @@
 // The bar to find and replace, above the text.
 
-import { text } from "../../texts/texts.js";
-import { showDialog } from "../Dialog.js";
-import type { Editor } from "../Editor.js";
-import { h } from "../elements.js";
-import { icon } from "../icons.js";
-import { keysOf } from "../keys.js";
-import { selection } from "../markup.js";
-import { mark } from "../marks.js";
-import { Search, type Wanted } from "./Search.js";
+import { text } from "../../texts/texts.ts";
+import { showDialog } from "../Dialog.ts";
+import type { Editor } from "../Editor.ts";
+import { h } from "../elements.ts";
+import { icon } from "../icons.ts";
+import { keysOf } from "../keys.ts";
+import { selection } from "../markup.ts";
+import { mark } from "../marks.ts";
+import { Search, type Wanted } from "./Search.ts";
 
 const askFrom = 500; // replacements
 

@@ -1,7 +1,7 @@
 // The text of a document as a reader sees it, paragraph by paragraph, and where its characters stand.
 
-import type { Editor } from "../Editor.js";
-import { DrawnKind, type Drawn } from "../markup.js";
+import type { Editor } from "../Editor.ts";
+import { DrawnKind, type Drawn } from "../markup.ts";
 
 /** The character at `i` stands in the document from `starts[i]` up to `ends[i]`, which is excluded. */
 export interface Paragraph {

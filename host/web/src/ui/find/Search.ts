@@ -1,8 +1,8 @@
 // Finds text as people read it: across tags, with or without the case of letters.
 
-import type { Editor } from "../Editor.js";
-import { escaped, select, type Range } from "../markup.js";
-import { beginOfPages, paragraphsOf } from "./Paragraphs.js";
+import type { Editor } from "../Editor.ts";
+import { escaped, select, type Range } from "../markup.ts";
+import { beginOfPages, paragraphsOf } from "./Paragraphs.ts";
 
 export interface Wanted {
     text: string;

@@ -1,10 +1,10 @@
 // Widths of columns, by dragging the edge between two of them.
 
-import type { Editor } from "../Editor.js";
-import { h } from "../elements.js";
-import { around } from "../markup.js";
-import { mm } from "../lengths.js";
-import { TableModel, type Cell } from "./TableModel.js";
+import type { Editor } from "../Editor.ts";
+import { h } from "../elements.ts";
+import { around } from "../markup.ts";
+import { mm } from "../lengths.ts";
+import { TableModel, type Cell } from "./TableModel.ts";
 
 const reach = 4; // pixels on either side of an edge
 const smallest = 12; // pixels

@@ -1,7 +1,7 @@
 // The cells of a table in their columns and rows, and where they stand in the text.
 
-import type { Editor } from "../Editor.js";
-import { attributeOf, drawn, DrawnKind, type Range } from "../markup.js";
+import type { Editor } from "../Editor.ts";
+import { attributeOf, drawn, DrawnKind, type Range } from "../markup.ts";
 
 export interface Cell extends Range {
     /** Where the content begins, behind the start tag. */

@@ -1,8 +1,8 @@
 // Merges the cells of a rectangle into one, and takes one apart again.
 
-import type { Editor } from "../Editor.js";
-import { around, enter, selection, setAttributes } from "../markup.js";
-import { areaOf, cellsIn, TableModel, type Area, type Cell } from "./TableModel.js";
+import type { Editor } from "../Editor.ts";
+import { around, enter, selection, setAttributes } from "../markup.ts";
+import { areaOf, cellsIn, TableModel, type Area, type Cell } from "./TableModel.ts";
 
 /** The table around the caret, as it stands in the text now. */
 export function tableAtCaret(editor: Editor): TableModel | undefined {

@@ -1,10 +1,10 @@
 // The size of a new table, picked on a grid of cells.
 
-import { text } from "../../texts/texts.js";
-import type { Editor } from "../Editor.js";
-import { h } from "../elements.js";
-import { moveInGrid } from "../palette.js";
-import { insertTable } from "./tables.js";
+import { text } from "../../texts/texts.ts";
+import type { Editor } from "../Editor.ts";
+import { h } from "../elements.ts";
+import { moveInGrid } from "../palette.ts";
+import { insertTable } from "./tables.ts";
 
 const width = 8;
 const height = 8;

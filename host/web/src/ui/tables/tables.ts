@@ -1,8 +1,8 @@
 // A table from nothing, and the commands of the table menu that the library carries out.
 
-import type { Editor } from "../Editor.js";
-import { around, enter } from "../markup.js";
-import { TableModel } from "./TableModel.js";
+import type { Editor } from "../Editor.ts";
+import { around, enter } from "../markup.ts";
+import { TableModel } from "./TableModel.ts";
 
 const cell =
     '<fo:table-cell border="0.5pt solid #808080" padding="1mm"><fo:block>&#x00A0;</fo:block></fo:table-cell>';
