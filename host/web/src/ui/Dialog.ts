@@ -68,7 +68,7 @@ export function showChoice(
     isValid = () => true,
 ): Promise<TextKey | null> {
     const focused = document.activeElement;
-    const heading = h("h2", { id: freshId() }, text(title));
+    const heading = h("h2", { id: freshId() }, text(title).replace("…", ""));
     const buttons = choices.map((choice, i) =>
         h("button", { class: i ? "" : "ui-primary", value: choice }, text(choice)),
     );
