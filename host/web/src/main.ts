@@ -1,0 +1,4 @@
+import { FormeDocument } from "./library/FormeDocument.ts";
+
+const document = await FormeDocument.load();
+Object.assign(window, { forme: { document } });
