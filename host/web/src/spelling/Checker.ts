@@ -62,7 +62,7 @@ export class Checker {
 
     private started(): Worker {
         if (this.worker) return this.worker;
-        this.worker = new Worker("spelling.js");
+        this.worker = new Worker("spelling.js", { type: "module" });
         this.worker.addEventListener("message", ({ data }: MessageEvent<Answer>) => {
             this.waiting.get(data.id)?.(data);
             this.waiting.delete(data.id);
