@@ -171,6 +171,7 @@ function valueInput(element: HTMLInputElement | HTMLSelectElement | HTMLTextArea
 /** What is empty is no length and allowed. */
 function lengthInput(field: Field): Input {
     const input = h("input", { type: "text", value: field.value, class: "ui-length" });
+    input.addEventListener("input", () => input.setCustomValidity(""));
     return {
         ...valueInput(input),
         read: () => (input.value.trim() ? (asLength(input.value) ?? input.value) : ""),

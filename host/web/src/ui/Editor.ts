@@ -5,6 +5,7 @@ import type { FormeDocument, Reply } from "../library/FormeDocument.ts";
 import { text } from "../texts/texts.ts";
 import type { View } from "../view/View.ts";
 import { formatOf, type EditingState, type Format } from "./EditingState.ts";
+import { leaveInline } from "./typing.ts";
 import { announce } from "./LiveRegion.ts";
 
 export type Property = [name: string, value: string];
@@ -35,6 +36,7 @@ export class Editor {
 
     /** All that happens in there is one undo step; where it fails, what was done stays undoable. */
     step<T>(work: () => T): T {
+        this.call("endKeyTypingSequence"); // else the step would be a part of what was typed before
         this.call("history.startActionGroup");
         try {
             return work();
@@ -73,7 +75,8 @@ export class Editor {
             const others = this.document.typingFormats.filter(
                 ([name]) => !formats.some((each) => each[0] === name),
             );
-            this.document.typingFormats = [...others, ...formats];
+            const chosen = [...others, ...formats];
+            this.document.typingFormats = leaveInline(this, chosen) ? [] : chosen;
             this.typingCaret = this.document.caret;
             this.refresh();
         }

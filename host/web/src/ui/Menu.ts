@@ -112,7 +112,7 @@ export class Menu {
                 tabindex: -1,
                 "data-command": command.id,
                 onclick: () => enabled && this.run(command),
-                onpointerenter: () => this.hover(item),
+                onpointermove: (event: PointerEvent) => this.hover(event, item),
             },
             h("span", { class: "ui-mark" }, pressed === true ? icon("check") : command.icon ? icon(command.icon) : null),
             h("span", { class: "ui-label" }, labelOf(command)),
@@ -129,7 +129,8 @@ export class Menu {
                 "aria-haspopup": "menu",
                 tabindex: -1,
                 onclick: () => this.openChild(entry, item, true),
-                onpointerenter: () => (this.hover(item), this.openChild(entry, item, false)),
+                onpointermove: (event: PointerEvent) =>
+                    this.hover(event, item) && this.openChild(entry, item, false),
             },
             h("span", { class: "ui-mark" }),
             h("span", { class: "ui-label" }, text(entry.text)),
@@ -144,9 +145,13 @@ export class Menu {
         return item;
     }
 
-    private hover(item: HTMLElement): void {
-        if (!item.hasAttribute("aria-haspopup")) this.child?.close(false);
+    /** Whether the pointer has come to the item; a menu that opens below it does not count. */
+    private hover(event: PointerEvent, item: HTMLElement): boolean {
+        const isThere = document.activeElement === item || this.child?.opener === item;
+        if (isThere || !(event.movementX || event.movementY)) return false;
+        this.child?.close(false);
         item.focus({ preventScroll: true });
+        return true;
     }
 
     private openChild(entry: Submenu, item: HTMLElement, focus: boolean): void {

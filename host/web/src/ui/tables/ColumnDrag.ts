@@ -3,7 +3,7 @@
 import type { Editor } from "../Editor.ts";
 import { h } from "../elements.ts";
 import { around } from "../markup.ts";
-import { mm } from "../lengths.ts";
+import { lengthInMm, mm } from "../lengths.ts";
 import { TableModel, type Cell } from "./TableModel.ts";
 
 const reach = 4; // pixels on either side of an edge
@@ -120,12 +120,12 @@ export class ColumnDrag {
     }
 }
 
-/** A width in the kind that it was written in: a share, a percentage or a length. */
+/** A width in the kind that it was written in: a share, a percentage or a length; shown ones are pixels. */
 function scaled(written: string, from: number, to: number): string {
     const share = /^proportional-column-width\(([\d.]+)\)$/.exec(written);
     const percent = /^([\d.]+)%$/.exec(written);
     const round = (value: number): number => Math.round(value * 1000) / 1000;
     if (share) return `proportional-column-width(${round((Number(share[1]) * to) / from)})`;
     if (percent) return `${round((Number(percent[1]) * to) / from)}%`;
-    return mm((to / 96) * 25.4);
+    return mm(((lengthInMm(written) ?? lengthInMm(`${from}px`)!) * to) / from);
 }
