@@ -16,7 +16,6 @@ export const de: Texts = {
     "menu.align": "Ausrichtung",
     "menu.theme": "Erscheinungsbild",
     "menu.language": "Sprache der Oberfläche",
-    "menu.zoom": "Zoom",
     "menu.borders": "Rahmen",
     "menu.spelling": "Sprache der Rechtschreibung",
     "bar.menu": "Menüs",
@@ -73,7 +72,7 @@ export const de: Texts = {
     "insert.pageNumber": "Seitenzahl",
     "insert.footnote": "Fußnote",
     "insert.rule": "Waagerechte Linie",
-    "insert.symbol": "Sonderzeichen…",
+    "insert.symbol": "Sonderzeichen",
     "insert.date": "Heutiges Datum",
     "insert.image.alt": "Beschreibung für alle, die es nicht sehen",
     "insert.image.large": "Das Bild hat {size} MB und wird Teil des Dokuments. Trotzdem einfügen?",
@@ -105,7 +104,6 @@ export const de: Texts = {
     "format.paragraph": "Absatz…",
     "format.lineSpacing": "Zeilenabstand",
     "format.pageSetup": "Seite einrichten…",
-    "format.defaultFont": "Standard",
 
     "style.body": "Textkörper",
     "style.title": "Titel",
@@ -135,6 +133,7 @@ export const de: Texts = {
     "color.brown": "Braun",
     "color.sky": "Himmelblau",
 
+    "table.insert": "Tabelle einfügen",
     "table.rowAbove": "Zeile darüber einfügen",
     "table.rowBelow": "Zeile darunter einfügen",
     "table.columnBefore": "Spalte links einfügen",
@@ -188,7 +187,6 @@ export const de: Texts = {
     "find.wrapped": "Die Suche ging am Anfang weiter",
 
     "page.title": "Seite einrichten",
-    "page.master": "Seiten",
     "page.size": "Papier",
     "page.custom": "Anderes",
     "page.width": "Breite",
@@ -261,8 +259,6 @@ export const de: Texts = {
 
     "status.words": "{count} Wörter",
     "status.selected": "{count} von {total} Wörtern",
-    "status.page": "Seite {page} von {pages}",
-    "status.zoom": "Zoom {percent} %",
     "status.header": "Kopfzeile",
     "status.footer": "Fußzeile",
     "status.protected": "Geschützt",
@@ -289,6 +285,5 @@ export const de: Texts = {
 
     "say.on": "{what} an",
     "say.off": "{what} aus",
-    "say.done": "{what}",
     "say.refused": "Hier nicht möglich",
 };

@@ -14,7 +14,6 @@ export const en = {
     "menu.align": "Alignment",
     "menu.theme": "Appearance",
     "menu.language": "Language of the interface",
-    "menu.zoom": "Zoom",
     "menu.borders": "Borders",
     "menu.spelling": "Spelling language",
     "bar.menu": "Menus",
@@ -71,7 +70,7 @@ export const en = {
     "insert.pageNumber": "Page number",
     "insert.footnote": "Footnote",
     "insert.rule": "Horizontal line",
-    "insert.symbol": "Special character…",
+    "insert.symbol": "Special character",
     "insert.date": "Today’s date",
     "insert.image.alt": "Description for those who cannot see it",
     "insert.image.large": "The image has {size} MB and will be a part of the document. Insert it all the same?",
@@ -103,7 +102,6 @@ export const en = {
     "format.paragraph": "Paragraph…",
     "format.lineSpacing": "Line spacing",
     "format.pageSetup": "Page setup…",
-    "format.defaultFont": "Default",
 
     "style.body": "Body text",
     "style.title": "Title",
@@ -133,6 +131,7 @@ export const en = {
     "color.brown": "Brown",
     "color.sky": "Sky blue",
 
+    "table.insert": "Insert table",
     "table.rowAbove": "Insert row above",
     "table.rowBelow": "Insert row below",
     "table.columnBefore": "Insert column left",
@@ -185,7 +184,6 @@ export const en = {
     "find.wrapped": "The search went on at the beginning",
 
     "page.title": "Page setup",
-    "page.master": "Pages",
     "page.size": "Paper",
     "page.custom": "Other",
     "page.width": "Width",
@@ -258,8 +256,6 @@ export const en = {
 
     "status.words": "{count} words",
     "status.selected": "{count} of {total} words",
-    "status.page": "Page {page} of {pages}",
-    "status.zoom": "Zoom {percent} %",
     "status.header": "Header",
     "status.footer": "Footer",
     "status.protected": "Protected",
@@ -286,6 +282,5 @@ export const en = {
 
     "say.on": "{what} on",
     "say.off": "{what} off",
-    "say.done": "{what}",
     "say.refused": "Not possible here",
 } as const;

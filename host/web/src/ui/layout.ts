@@ -10,6 +10,7 @@ import { borderCommands, tableCommands } from "./commands/tableCommands.ts";
 import { appearanceCommands, languageCommands, spellingCommands, viewCommands } from "./commands/viewCommands.ts";
 import type { MenuEntry, Submenu } from "./Menu.ts";
 import type { Parts } from "./Parts.ts";
+import { symbolGrid } from "./symbols.ts";
 import { tableGrid } from "./tables/tableGrid.ts";
 import type { ControlMaker } from "./Toolbar.ts";
 import {
@@ -50,6 +51,7 @@ const menuTables: [TextKey, (parts: Parts) => Line[]][] = [
             { text: "insert.table", entries: () => [], panel: tableGrid },
             "insertTable", "image", "link", "removeLink", "-", "pageBreak", "section", "-", "header", "footer", "body", "-",
             "pageNumber", "footnote", "rule", "date",
+            { text: "insert.symbol", entries: () => [], panel: symbolGrid },
         ],
     ],
     [
@@ -65,7 +67,7 @@ const menuTables: [TextKey, (parts: Parts) => Line[]][] = [
     [
         "menu.table",
         () => [
-            { text: "insert.table", entries: () => [], panel: tableGrid },
+            { text: "table.insert", entries: () => [], panel: tableGrid },
             "-", "rowAbove", "rowBelow", "columnBefore", "columnAfter", "headerRow", "footerRow", "-",
             "deleteRows", "deleteColumn", "deleteTable", "-", "merge", "split", "selectTable", "-",
             { text: "menu.borders", entries: () => borderCommands },

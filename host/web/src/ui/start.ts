@@ -17,7 +17,9 @@ import { commandNamed, commandsByMenu, makeCommands, menusOf, tools } from "./la
 import { attachLiveRegion } from "./LiveRegion.ts";
 import { MenuBar } from "./MenuBar.ts";
 import type { Parts } from "./Parts.ts";
+import { readAtCaret } from "./reading.ts";
 import { sayStates } from "./sayStates.ts";
+import { takeFiles } from "./files/takeFiles.ts";
 import { listenToKeys } from "./Shortcuts.ts";
 import { Spelling } from "./Spelling.ts";
 import { StatusBar } from "./StatusBar.ts";
@@ -62,6 +64,8 @@ export function startInterface(document: FormeDocument, view: View, page: HTMLEl
     editor.onState(() => frame.update());
     listenToKeys(editor, () => frame.commands);
     sayStates(editor, () => frame.commands);
+    readAtCaret(editor);
+    takeFiles(editor, parts.files);
 }
 
 function buildFrame(editor: Editor, parts: Parts): Frame {

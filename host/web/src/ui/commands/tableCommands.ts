@@ -7,7 +7,7 @@ import { openTableProperties } from "../dialogs/tableProperties.ts";
 import type { Editor } from "../Editor.ts";
 import type { IconName } from "../icons.ts";
 import { canMerge, mergeCells, selectedArea, splitCell, tableAtCaret } from "../tables/mergeCells.ts";
-import { deleteTable, Edge, equalColumns, onTable, toggleBorder } from "../tables/tables.ts";
+import { deleteTable, Edge, equalColumns, hasBorder, onTable, toggleBorder } from "../tables/tables.ts";
 
 const isInTable = (editor: Editor): boolean => editor.state.isInTable;
 
@@ -42,6 +42,7 @@ export const borderCommands: Command[] = edges.map(([id, label, edge]) => ({
     text: label,
     edits: true,
     isEnabled: isInTable,
+    ...(edge < Edge.None && { pressed: (editor: Editor) => isInTable(editor) && hasBorder(editor, edge) }),
     run: (editor) => toggleBorder(editor, edge),
 }));
 

@@ -25,12 +25,13 @@ const types = [
 ];
 
 export class Files {
-    name = text("file.untitled");
+    name: string;
     private handle: FileHandle | undefined;
     private savedVersion: number;
     private readonly listeners: (() => void)[] = [];
 
     constructor(private readonly editor: Editor) {
+        this.name = editor.document.fileName || text("file.untitled");
         this.savedVersion = this.version();
         addEventListener("beforeunload", (event) => {
             if (this.isChanged) event.preventDefault();
@@ -57,7 +58,11 @@ export class Files {
         if (picked) await this.openFile(picked.file, picked.handle);
     }
 
-    async openFile(file: File, handle?: FileHandle): Promise<void> {
+    async openDropped(file: File): Promise<void> {
+        if (await this.mayLeave()) await this.openFile(file);
+    }
+
+    private async openFile(file: File, handle?: FileHandle): Promise<void> {
         const bytes = async (): Promise<Uint8Array> => new Uint8Array(await file.arrayBuffer());
         if (await this.take(file.name, bytes)) this.handle = handle;
     }

@@ -54,6 +54,11 @@ export interface Pen {
     color: string;
 }
 
+export function hasBorder(editor: Editor, edge: Edge): boolean {
+    openTable(editor);
+    return editor.call("table.selectedCellsHasBorder", edge);
+}
+
 /** Draws an edge of the selected cells, or takes it away where all of them have it. */
 export function toggleBorder(editor: Editor, edge: Edge, pen: Pen = { width: "0.5pt", color: "#808080" }): void {
     openTable(editor);
