@@ -12,13 +12,14 @@ const module = join(root, "build/web/module");
 const page = join(root, "build/web/page");
 
 const options = {
-  entryPoints: { main: join(here, "src/main.ts") },
+  entryPoints: { main: join(here, "src/main.ts"), spelling: join(here, "src/spelling/worker.ts") },
   outdir: page,
   bundle: true,
   minify: true,
   sourcemap: true,
   format: "esm",
   target: "es2022",
+  mainFields: ["browser", "main"], // hunspell-asm's modules call a name space as a function
   alias: { "forme-module": join(module, "forme.mjs") },
   external: ["fs", "path", "module"],
   logLevel: "warning",
