@@ -6,9 +6,9 @@ set -euo pipefail
 packages_for() {
     case "$1" in
         build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev ;;
-        html) echo libgumbo-dev ;;
-        spelling) echo libhunspell-dev ;;
-        unicode) echo libicu-dev ;;
+        html) echo pkg-config libgumbo-dev ;;
+        spelling) echo pkg-config libhunspell-dev ;;
+        unicode) echo pkg-config libicu-dev ;;
         test) echo unicode-data libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         formatter) echo fop ;;
         bench) echo libbenchmark-dev ;;
