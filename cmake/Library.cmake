@@ -11,6 +11,12 @@ endif()
 set(FORME_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Forme)
 set(FORME_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+# Below 1.0 every middle number is an interface of its own.
+set(FORME_SOVERSION ${PROJECT_VERSION_MAJOR})
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(FORME_SOVERSION 0.${PROJECT_VERSION_MINOR})
+endif()
+
 # Where nothing is shared, nothing is exported either.
 function(forme_exports objects building)
   target_compile_definitions(${objects} PRIVATE $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,${building},FORME_STATIC>)
@@ -59,7 +65,7 @@ function(forme_library_of_kind kind target name output suffix)
     target_compile_definitions(${target}${suffix} INTERFACE FORME_STATIC)
   endif()
   set_target_properties(${target}${suffix} PROPERTIES OUTPUT_NAME ${output} EXPORT_NAME ${name}${suffix}
-    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH $ORIGIN)
+    VERSION ${PROJECT_VERSION} SOVERSION ${FORME_SOVERSION} INSTALL_RPATH $ORIGIN)
   install(TARGETS ${target}${suffix} EXPORT Forme-${name}-${kind})
   install(EXPORT Forme-${name}-${kind} NAMESPACE Forme:: DESTINATION ${FORME_CMAKE_DIR})
 endfunction()

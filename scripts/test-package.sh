@@ -32,7 +32,7 @@ fi
 
 require_kind() { # KIND PROGRAM
     local kind=static
-    ! ldd "$2" | grep -q libforme || kind=shared
+    [[ "$(ldd "$2")" != *libforme* ]] || kind=shared
     [ $kind = "$1" ] || { echo "$2 is linked to the $kind library."; exit 1; }
 }
 
