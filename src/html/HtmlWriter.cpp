@@ -217,7 +217,9 @@ void HtmlWriter::inheritFormat(int element, Level& level, bool isParagraph) cons
     if (!isParagraph)
         return;
     const String align = properties.getPropertyValue(L"fo:text-align");
-    level.paragraph = heading > 0 ? "h" + std::to_string(heading) : std::string();
+    level.paragraph.clear();
+    if (heading > 0)
+        level.paragraph.append("h").append(std::to_string(heading));
     level.style.clear();
     if (align == L"right" || align == L"center" || align == L"justify" || align == L"end")
         level.style = declaration("text-align", align);
