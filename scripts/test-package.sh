@@ -4,7 +4,8 @@
 # static library, where the build has them, once through find_package(Forme) and once through
 # pkg-config.
 #   scripts/test-package.sh BUILD
-# --installed in the place of BUILD tests what is installed where the system looks for libraries.
+# In the place of BUILD may stand a prefix where something is installed, or --installed for where the
+# system looks for libraries.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -22,9 +23,12 @@ if [ "$1" = --installed ]; then
     include=$(pkg-config --variable=includedir forme)
     library=$(pkg-config --variable=libdir forme)
 else
-    prefix=$work/prefix
-    quietly cmake --install "$1" --prefix "$prefix"
-    forme=$prefix/bin/forme
+    prefix=$(realpath "$1")
+    if [ -e "$1/CMakeCache.txt" ]; then
+        prefix=$work/prefix
+        quietly cmake --install "$1" --prefix "$prefix"
+    fi
+    forme=$(find "$prefix" -name forme -type f)
     include=$prefix/include
     library=$(dirname "$(find "$prefix" -name pkgconfig)")
     export CMAKE_PREFIX_PATH=$prefix PKG_CONFIG_PATH=$library/pkgconfig LD_LIBRARY_PATH=$library
@@ -68,13 +72,13 @@ through_pkg_config() { # FOLDER ARGUMENT...
     run_programs "$1"
 }
 
-if [ -e "$library/libforme.so" ]; then
-    echo "Programs with the shared library, through find_package(Forme):"
-    through_cmake "$work/shared"
-    require_kind shared "$work/shared/edit"
-    echo "The same through pkg-config:"
-    through_pkg_config "$work/shared-by-pkg-config"
-fi
+kind=static
+[ ! -e "$library/libforme.so" ] || kind=shared
+echo "Programs with the $kind library, through find_package(Forme):"
+through_cmake "$work/plain"
+require_kind $kind "$work/plain/edit"
+echo "The same through pkg-config:"
+through_pkg_config "$work/plain-by-pkg-config"
 if [ -e "$library/libforme.a" ]; then
     echo "Programs with the static library, through find_package(Forme COMPONENTS static):"
     through_cmake "$work/static" _static
