@@ -46,6 +46,11 @@ TEST(View, WhatIsDrawnTellsStopsEntitiesAndObjects) {
               L" <fo:flow <fo:block|ta |tb|c&|x <fo:inline|tc|>fo:inline|ofo:page-number|>fo:block "
               L"/fo:block <fo:block|_\xA0 >fo:block <fo:block|td\n|>fo:block "
               L">fo:flow >fo:page-sequence >qfd:document");
+    EXPECT_EQ(
+        drawnIn(MarkedDocument(L"<B> <fo:page-number/>\n of <I>a</I> <qfd:field>b</qfd:field>"
+                               L" <B>c</B></B>")),
+        L" <fo:flow <fo:block|ofo:page-number|t |tof |<fo:inline|ta|>fo:inline t |oqfd:field|<"
+        L"fo:block|tc|>fo:block >fo:block >fo:flow >fo:page-sequence >qfd:document");
 }
 
 TEST(View, PlacesAreFoundFromWithinMarkup) {
