@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs|debian ...
+#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs|debian|web|test-web ...
 set -euo pipefail
 
 packages_for() {
@@ -17,6 +17,9 @@ packages_for() {
         lint) echo clang-format clang-tidy ;;
         docs) echo doxygen ;;
         debian) echo debhelper dpkg-dev lintian ;;
+        web) echo cmake ninja-build emscripten nlohmann-json3-dev hunspell-en-us hunspell-de-de
+             command -v npm >/dev/null || echo npm ;;
+        test-web) echo chromium poppler-utils fonts-liberation ;;
         *) echo "packages.sh: no task is called '$1'" >&2; return 1 ;;
     esac
 }
