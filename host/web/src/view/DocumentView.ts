@@ -218,6 +218,21 @@ export class DocumentView implements View {
     }, { timeout: 500 });
   }
 
+  /** Behind the frame that shows what was drawn, so that nobody who listens makes a key wait. */
+  #tellDrawn(): void {
+    if (this.#isTelling)
+      return;
+    this.#isTelling = true;
+    requestAnimationFrame(() => setTimeout(() => {
+      this.#isTelling = false;
+      this.onPhase("listeners");
+      for (const listener of this.#listeners)
+        listener();
+      this.onPhase("");
+    }));
+  }
+
+  #isTelling = false;
   #isFilling = false;
 
   /** Pieces that were shown are shown anew; others come with the pages. */
@@ -233,10 +248,8 @@ export class DocumentView implements View {
     this.#pages.draw();
     this.onPhase("caret");
     this.caret.draw();
-    this.#fillWhenIdle();
-    this.onPhase("listeners");
-    for (const listener of this.#listeners)
-      listener();
     this.onPhase("");
+    this.#fillWhenIdle();
+    this.#tellDrawn();
   }
 }
