@@ -194,7 +194,7 @@ export class DocumentView implements View {
     for (const piece of pieces)
       piece.refresh(this.#measuring.boxOf(piece));
     if (!region.isFlow)
-      return this.#redrawStatics(region);
+      return this.#pages.updateStatics();
     this.onPhase("pages");
     this.#pager.refill(region, pieces, Math.min(this.#changedFrom, ...pieces.map(each => each.start)), this.#enough());
   }
@@ -234,13 +234,6 @@ export class DocumentView implements View {
 
   #isTelling = false;
   #isFilling = false;
-
-  /** Pieces that were shown are shown anew; others come with the pages. */
-  #redrawStatics(region: Region): void {
-    if (region.pieces.every(each => each.mounts.size > 0))
-      return this.#pages.updateStatics();
-    this.#pages.clear();
-  }
 
   #drawPages(): void {
     this.flush();
