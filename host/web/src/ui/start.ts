@@ -19,6 +19,7 @@ import { MenuBar } from "./MenuBar.ts";
 import type { Parts } from "./Parts.ts";
 import { readAtCaret } from "./reading.ts";
 import { sayStates } from "./sayStates.ts";
+import { Draft } from "./files/Draft.ts";
 import { takeFiles } from "./files/takeFiles.ts";
 import { listenToKeys } from "./Shortcuts.ts";
 import { Spelling } from "./Spelling.ts";
@@ -66,6 +67,8 @@ export function startInterface(document: FormeDocument, view: View, page: HTMLEl
     sayStates(editor, () => frame.commands);
     readAtCaret(editor);
     takeFiles(editor, parts.files);
+    new Draft(editor, parts.files);
+    void parts.files.offerDrafts();
 }
 
 function buildFrame(editor: Editor, parts: Parts): Frame {
