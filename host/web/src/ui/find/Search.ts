@@ -25,11 +25,21 @@ export class Search {
         const version = this.editor.call<number>("getTextVersion");
         const key = JSON.stringify(wanted);
         if (version !== this.version || key !== this.wanted) {
-            this.matches = wanted.text ? find(this.editor, wanted) : [];
+            this.matches = wanted.text ? this.between(wanted, beginOfPages(this.editor)) : [];
             this.version = version;
             this.wanted = key;
         }
         return this.matches;
+    }
+
+    /** The places in the paragraphs of a stretch; costs no more than that is long. */
+    between(wanted: Wanted, start: number, end = Infinity): Range[] {
+        const pattern = patternOf(wanted);
+        const found: Range[] = [];
+        for (const { text, starts, ends } of paragraphsOf(this.editor, start, end))
+            for (const { 0: match, index } of text.matchAll(pattern))
+                found.push({ start: starts[index]!, end: ends[index + match.length - 1]! });
+        return found;
     }
 
     /** Selects the next place behind the caret, or before it, and from the other end on; its index. */
@@ -83,17 +93,6 @@ export class Search {
             this.editor.call("replaceXmlText", match.start, match.end - 1, escaped(replacement));
         }
     }
-}
-
-function find(editor: Editor, wanted: Wanted): Range[] {
-    const pattern = patternOf(wanted);
-    const found: Range[] = [];
-    for (const { text, starts, ends } of paragraphsOf(editor, beginOfPages(editor)))
-        for (const match of text.matchAll(pattern)) {
-            const from = match.index;
-            found.push({ start: starts[from]!, end: ends[from + match[0].length - 1]! });
-        }
-    return found;
 }
 
 /** A blank finds a non-breaking one too. */
