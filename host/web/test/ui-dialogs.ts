@@ -21,6 +21,7 @@ test("the page is set up without a mouse, and the focus comes back to the text",
   await editor.type("1.5cm");
   await editor.key("Enter");
   await editor.page.waitForSelector("dialog", { state: "detached" });
+  await editor.settle();
   assert.match(await editor.text(), /page-width="210mm" page-height="148mm"[^>]*"1.5cm /);
   await editor.type("typed");
   assert.equal(await editor.flow(), "<fo:block>typed</fo:block>");

@@ -68,7 +68,7 @@ export function startInterface(document: FormeDocument, view: View, page: HTMLEl
     readAtCaret(editor);
     takeFiles(editor, parts.files);
     new Draft(editor, parts.files);
-    void parts.files.offerDrafts();
+    void parts.files.begin();
 }
 
 function buildFrame(editor: Editor, parts: Parts): Frame {

@@ -59,8 +59,15 @@ export class Files {
         if (picked) await this.openFile(picked.file, picked.handle);
     }
 
+    /** An empty page to write on, and what was not saved the last time. */
+    async begin(): Promise<void> {
+        if (!this.editor.call<string>("getContent"))
+            await this.take(text("file.untitled"), () => contentOf(templates[0]!));
+        await this.offerDrafts();
+    }
+
     /** What a window left behind that went away before it was saved. */
-    async offerDrafts(): Promise<void> {
+    private async offerDrafts(): Promise<void> {
         for (const [id, kept] of await Draft.leftBehind().catch(() => new Map<string, Kept>())) {
             const when = new Date(kept.time).toLocaleString(language(), { dateStyle: "medium", timeStyle: "short" });
             const question = [h("p", {}, text("file.draft", { name: kept.name, when }))];
