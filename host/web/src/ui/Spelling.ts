@@ -35,7 +35,7 @@ export class Spelling {
         if (chosen) void this.use(chosen);
         editor.document.listen((reply) => {
             // Who writes wants to see faults; who reads needs no dictionary.
-            if (chosen === null && reply.change && !this.isUsed) void this.use(defaultDictionary());
+            if (chosen === null && !this.isUsed && reply.change && editor.state.canUndo) void this.use(defaultDictionary());
             this.markLater();
         });
     }

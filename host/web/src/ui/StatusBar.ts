@@ -57,13 +57,18 @@ export class StatusBar {
         this.showPage();
         const { state } = this.editor;
         const button = this.words.firstElementChild!;
-        const total = this.count.words;
-        const shown = state.hasSelection
-            ? text("status.selected", { count: this.count.selectedWords(), total })
-            : text("status.words", { count: total });
+        const shown = this.wordsShown();
         if (button.textContent !== shown) button.textContent = shown;
         this.place.textContent = state.isProtected ? text("status.protected") : state.isInStaticContent ? this.region() : "";
         this.percent.textContent = `${this.zoom.percent.toLocaleString(language())} %`;
+    }
+
+    private wordsShown(): string {
+        const total = this.count.words;
+        if (total === undefined) return "";
+        return this.editor.state.hasSelection
+            ? text("status.selected", { count: this.count.selectedWords(), total })
+            : text("status.words", { count: total });
     }
 
     private region(): string {

@@ -19,7 +19,8 @@ const slice = 8; // ms at a time
 const selectionToCount = 50_000; // units; a longer one is counted in the dialog only
 
 export class WordCount {
-    words = 0;
+    /** Of the whole document; undefined until they were counted first. */
+    words: number | undefined;
     private version = -1;
     private readonly listeners: (() => void)[] = [];
     private due: ReturnType<typeof setTimeout> | undefined;
