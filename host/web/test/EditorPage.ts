@@ -9,10 +9,11 @@ import { pathToFileURL } from "node:url";
 import { join } from "node:path";
 
 import type { FormeDocument } from "../src/library/FormeDocument.ts";
+import type { DocumentView } from "../src/view/DocumentView.ts";
 
 declare global {
   interface Window {
-    forme: { document: FormeDocument };
+    forme: { document: FormeDocument; view: DocumentView };
   }
 }
 

@@ -2,7 +2,7 @@
 
 import type { FormeDocument } from "../library/FormeDocument.ts";
 import { attributesOf, type Attributes } from "../markup/Markup.ts";
-import { isBox, type Box, type BreakKind, type PieceBox, type Run } from "./Box.ts";
+import type { Box, BreakKind, PieceBox, Run } from "./Box.ts";
 import { lookOfElement, roleOf } from "./ElementLooks.ts";
 import { lookOf } from "./ObjectLabels.ts";
 import { cssOf, fontSizeOf, insetOf, spaceOf } from "./Properties.ts";
@@ -32,8 +32,6 @@ export class BoxBuilder {
   #open: Open[] = [];
   #footnotes: Box[] = [];
   #spaces = new Spaces();
-  /** Behind what was drawn last. */
-  #drawnTo = 0;
 
   constructor(private readonly document: FormeDocument, private readonly start: number,
     private readonly end: number, private readonly fontSize: number) {}
@@ -44,11 +42,8 @@ export class BoxBuilder {
     this.#open = [{
       name: pieceOf, box: root, attributes: new Map(), fontSize: this.fontSize, startIndent: 0, endIndent: 0, columns: [],
     }];
-    this.#drawnTo = this.start;
-    for (const drawn of this.#drawn()) {
+    for (const drawn of this.#drawn())
       this.#take(drawn);
-      this.#drawnTo = drawn.end;
-    }
     return { root, footnotes: this.#footnotes, ...this.#spaces.settle(root), ...this.#breaks(root) };
   }
 
@@ -95,7 +90,6 @@ export class BoxBuilder {
     const look = lookOf(drawn.text, markup);
     const [start, end] = [drawn.start - this.start, drawn.end - this.start];
     const css = look.style + cssOf(attributesOf(markup.slice(0, markup.indexOf(">") + 1)));
-    this.#addBlankBefore(drawn);
     const isShown = look.className === "image" && /^(data:image\/|https?:)/.test(look.text);
     this.#around.box.children.push({
       tag: isShown ? "img" : "span", className: `object ${look.className}`, style: css, start, end,
@@ -104,15 +98,6 @@ export class BoxBuilder {
         : drawn.text === "fo:page-number-citation" ? "page-citation" : "other",
       children: isShown ? [] : [{ text: look.text, start, end, isPlain: false, isStop: false }],
     });
-  }
-
-  /** Between text and an object the caret stands nowhere, but there is a blank all the same. */
-  #addBlankBefore(drawn: Drawn): void {
-    const { children } = this.#around.box;
-    const between = this.#text.slice(this.#drawnTo - this.start, drawn.start - this.start);
-    const last = children[children.length - 1];
-    if (last && (!isBox(last) || last.tag === "span") && /^\s+$/.test(between))
-      children.push({ text: " ", start: this.#drawnTo - this.start, end: drawn.start - this.start, isPlain: false, isStop: false });
   }
 
   #begin(drawn: Drawn): void {
