@@ -8,6 +8,7 @@ import { icon } from "../icons.ts";
 import { keysOf } from "../keys.ts";
 import { selection } from "../markup.ts";
 import { mark } from "../marks.ts";
+import type { DocumentText } from "./DocumentText.ts";
 import { Search, type Wanted } from "./Search.ts";
 
 const askFrom = 500; // replacements
@@ -28,8 +29,11 @@ export class FindBar {
     private readonly replaceRow: HTMLElement;
     private due: ReturnType<typeof setTimeout> | undefined;
 
-    constructor(private readonly editor: Editor) {
-        this.search = new Search(editor);
+    constructor(
+        private readonly editor: Editor,
+        documentText: DocumentText,
+    ) {
+        this.search = new Search(editor, documentText);
         this.replaceRow = h(
             "div",
             { class: "ui-find-row" },

@@ -2,7 +2,8 @@
 
 import type { Editor } from "../Editor.ts";
 import { escaped, select, type Range } from "../markup.ts";
-import { beginOfPages, paragraphsOf } from "./Paragraphs.ts";
+import type { DocumentText } from "./DocumentText.ts";
+import { paragraphsOf, type Paragraph } from "./Paragraph.ts";
 
 export interface Wanted {
     text: string;
@@ -18,14 +19,17 @@ export class Search {
     private version = -1;
     private wanted = "";
 
-    constructor(private readonly editor: Editor) {}
+    constructor(
+        private readonly editor: Editor,
+        private readonly text: DocumentText,
+    ) {}
 
     /** All places, in the order of the text; found anew only when text or question have changed. */
     all(wanted: Wanted): Range[] {
         const version = this.editor.call<number>("getTextVersion");
         const key = JSON.stringify(wanted);
         if (version !== this.version || key !== this.wanted) {
-            this.matches = wanted.text ? this.between(wanted, beginOfPages(this.editor)) : [];
+            this.matches = wanted.text ? matchesIn(this.text.all(), wanted) : [];
             this.version = version;
             this.wanted = key;
         }
@@ -33,13 +37,8 @@ export class Search {
     }
 
     /** The places in the paragraphs of a stretch; costs no more than that is long. */
-    between(wanted: Wanted, start: number, end = Infinity): Range[] {
-        const pattern = patternOf(wanted);
-        const found: Range[] = [];
-        for (const { text, starts, ends } of paragraphsOf(this.editor, start, end))
-            for (const { 0: match, index } of text.matchAll(pattern))
-                found.push({ start: starts[index]!, end: ends[index + match.length - 1]! });
-        return found;
+    between(wanted: Wanted, start: number, end: number): Range[] {
+        return matchesIn(paragraphsOf(this.editor, start, end), wanted);
     }
 
     /** Selects the next place behind the caret, or before it, and from the other end on; its index. */
@@ -93,6 +92,15 @@ export class Search {
             this.editor.call("replaceXmlText", match.start, match.end - 1, escaped(replacement));
         }
     }
+}
+
+function matchesIn(paragraphs: Iterable<Paragraph>, wanted: Wanted): Range[] {
+    const pattern = patternOf(wanted);
+    const found: Range[] = [];
+    for (const paragraph of paragraphs)
+        for (const { 0: match, index } of paragraph.text.matchAll(pattern))
+            found.push(paragraph.range(index, index + match.length));
+    return found;
 }
 
 /** A blank finds a non-breaking one too. */
