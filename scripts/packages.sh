@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs|debian ...
+#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs
+#   or debian|libc++|emscripten ...
 set -euo pipefail
 
 packages_for() {
@@ -16,6 +17,8 @@ packages_for() {
         clang) echo clang libclang-rt-dev llvm ;;
         lint) echo clang-format clang-tidy ;;
         docs) echo doxygen ;;
+        libc++) echo libc++-dev libc++abi-dev ;;
+        emscripten) echo emscripten nodejs ;;
         debian) echo debhelper dpkg-dev lintian ;;
         *) echo "packages.sh: no task is called '$1'" >&2; return 1 ;;
     esac
