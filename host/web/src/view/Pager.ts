@@ -30,26 +30,51 @@ interface Place { sequence: number; piece: Piece | null; index: number; from: nu
 
 const tolerance = 0.6;
 
+/** Whether to stop ahead of a page, for now. */
+export type Enough = (page: number) => boolean;
+
 export class Pager {
   pages: Page[] = [];
+  /** Pieces that have changed and stand on no page yet. */
+  #pending = new Set<Piece>();
+  /** Where filling stopped; the pages from there on are as they were before. */
+  #rest: { page: number; place: Place } | null = null;
 
   constructor(private readonly outline: Outline, private readonly measuring: Measuring, public shapes: PageShapes) {}
 
-  fillAll(): void {
+  /** Fills all pages, as many as there is time for: `fillOn` goes on behind them. */
+  fillAll(enough: Enough): void {
     this.pages = [];
-    this.#fill(0, { sequence: 0, piece: null, index: 0, from: 0, number: 1, pageInSequence: 0 }, []);
+    this.#rest = null;
+    this.#pending.clear();
+    this.#fill(0, { sequence: 0, piece: null, index: 0, from: 0, number: 1, pageInSequence: 0 }, [], enough);
   }
 
-  /** Fills anew around pieces that have changed; answers the first page that may differ. */
-  refill(region: Region, changed: Piece[], at: number): number {
+  /** Fills anew around pieces that have changed. */
+  refill(region: Region, changed: Piece[], at: number, enough: Enough): void {
     const sequence = this.outline.sequences.indexOf(region.sequence);
     const first = Math.max(0, this.#pageBefore(sequence, at) - 1);
     const place = this.pages[first]?.begin;
-    if (!place || !region.isFlow)
-      return 0;
-    const old = this.pages.splice(first);
-    this.#fill(first, this.#found(place), old, new Set(changed));
-    return first;
+    if (!place)
+      return this.fillAll(enough);
+    for (const piece of changed)
+      this.#pending.add(piece);
+    if (this.#rest && this.#rest.page <= first)
+      return;
+    this.#fill(first, this.#found(place), this.pages.splice(first), enough);
+  }
+
+  get isFilled(): boolean {
+    return this.#rest === null;
+  }
+
+  /** Goes on where the filling of pages stopped. */
+  fillOn(enough: Enough): void {
+    if (!this.#rest)
+      return;
+    const { page, place } = this.#rest;
+    this.#rest = null;
+    this.#fill(page, this.#found(place), this.pages.splice(page), enough);
   }
 
   /** The pages that show a piece. */
@@ -97,23 +122,31 @@ export class Pager {
     return index >= 0 ? { ...place, index } : { ...place, index: Math.min(place.index, pieces.length), piece: null };
   }
 
-  #fill(first: number, begin: Place, old: Page[], pending?: Set<Piece>): void {
-    let place: Place | null = begin;
-    while (place) {
-      const behind = old[this.pages.length - first];
-      if (pending && pending.size === 0 && behind && isSame(behind.begin, place)) {
-        this.pages.push(...old.slice(this.pages.length - first));
+  /** `old` are the pages as they were; where a page begins as it did, they still hold. */
+  #fill(first: number, begin: Place, old: Page[], enough: Enough): void {
+    const rest = this.#rest;
+    this.#rest = null;
+    for (let place: Place | null = begin; place;) {
+      const index = this.pages.length;
+      const before = old[index - first];
+      if (this.#pending.size === 0 && before && isSame(before.begin, place)) {
+        this.pages.push(...old.slice(index - first));
+        this.#rest = rest && rest.page > index ? rest : null;
         return;
       }
-      const before: Page | undefined = old[this.pages.length - first];
+      if (index > first && enough(index)) {
+        this.pages.push(...old.slice(index - first));
+        this.#rest = { page: index, place };
+        return;
+      }
       const filled: Filled = new PageFiller(this, this.outline, this.measuring, place).fill();
       this.pages.push(before && isSamePage(before, filled.page) ? Object.assign(before, filled.page) : filled.page);
-      if (pending)
-        for (const slice of filled.page.columns.flat())
-          if (slice.isWhole || filled.next?.piece !== slice.piece)
-            pending.delete(slice.piece);
+      for (const slice of filled.page.columns.flat())
+        if (filled.next?.piece !== slice.piece)
+          this.#pending.delete(slice.piece);
       place = filled.next;
     }
+    this.#pending.clear();
   }
 }
 
