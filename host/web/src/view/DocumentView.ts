@@ -27,6 +27,8 @@ export class DocumentView implements View {
   #mustScroll = false;
   #goalX: number | null = null;
   onFocus = () => {};
+  /** Told when a phase of drawing begins, so that it can be measured; "" ends the last one. */
+  onPhase = (_name: "markup" | "pages" | "elements" | "caret" | "listeners" | "") => {};
 
   constructor(private readonly doc: FormeDocument, readonly scroller: HTMLElement) {
     this.#outline = new Outline(doc);
@@ -138,8 +140,11 @@ export class DocumentView implements View {
       this.caret.atLineEnd = false;
       this.#mustScroll = true;
     }
-    if (reply.change)
+    if (reply.change) {
+      this.onPhase("markup");
       this.#takeUp(reply.change);
+      this.onPhase("");
+    }
     this.#schedule();
   }
 
@@ -185,10 +190,12 @@ export class DocumentView implements View {
   }
 
   #refill(region: Region, pieces: Piece[]): void {
+    this.onPhase("elements");
     for (const piece of pieces)
       piece.refresh(this.#measuring.boxOf(piece));
     if (!region.isFlow)
-      return this.#redrawStatics(region);
+      return this.#pages.updateStatics();
+    this.onPhase("pages");
     this.#pager.refill(region, pieces, Math.min(this.#changedFrom, ...pieces.map(each => each.start)), this.#enough());
   }
 
@@ -211,21 +218,31 @@ export class DocumentView implements View {
     }, { timeout: 500 });
   }
 
-  #isFilling = false;
-
-  /** Pieces that were shown are shown anew; others come with the pages. */
-  #redrawStatics(region: Region): void {
-    if (region.pieces.every(each => each.mounts.size > 0))
-      return this.#pages.updateStatics();
-    this.#pages.clear();
+  /** Behind the frame that shows what was drawn, so that nobody who listens makes a key wait. */
+  #tellDrawn(): void {
+    if (this.#isTelling)
+      return;
+    this.#isTelling = true;
+    requestAnimationFrame(() => setTimeout(() => {
+      this.#isTelling = false;
+      this.onPhase("listeners");
+      for (const listener of this.#listeners)
+        listener();
+      this.onPhase("");
+    }));
   }
+
+  #isTelling = false;
+  #isFilling = false;
 
   #drawPages(): void {
     this.flush();
+    this.onPhase("elements");
     this.#pages.draw();
+    this.onPhase("caret");
     this.caret.draw();
+    this.onPhase("");
     this.#fillWhenIdle();
-    for (const listener of this.#listeners)
-      listener();
+    this.#tellDrawn();
   }
 }

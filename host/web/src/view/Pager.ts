@@ -3,7 +3,7 @@
 
 import type { Measuring } from "./Measuring.ts";
 import type { Outline, Region, Sequence } from "./Outline.ts";
-import type { Piece } from "./Piece.ts";
+import type { Header, Piece } from "./Piece.ts";
 import { formattedNumber, type PageShape, type PageShapes } from "./PageShapes.ts";
 
 /** A part of a piece, from a height up to another one, as it stands on a page. */
@@ -14,6 +14,8 @@ export interface Slice {
   isWhole: boolean;
   /** The space above it. */
   gap: number;
+  /** What of the piece is shown again above, the header of a table. */
+  header: Header | null;
 }
 
 export interface Page {
@@ -251,11 +253,12 @@ class PageFiller {
       }
       const gap = slices.length === 0 || this.#from > 0 ? 0 : Math.max(spaceAfter, box.spaceBefore);
       const notes = this.#from === 0 ? measures.footnotes.reduce((sum, each) => sum + each.height, 0) : 0;
-      const room = this.#shape.body.height - this.#notes - notes - y - gap;
+      const header = this.#from > 0 ? this.#headerOf(piece) : null;
+      const room = this.#shape.body.height - this.#notes - notes - y - gap - (header?.height ?? 0);
       if (measures.height - this.#from <= room + tolerance) {
-        slices.push({ piece, from: this.#from, to: measures.height, isWhole: this.#from === 0, gap });
+        slices.push({ piece, from: this.#from, to: measures.height, isWhole: this.#from === 0, gap, header });
         this.#notes += notes;
-        y += gap + measures.height - this.#from;
+        y += gap + measures.height - this.#from + (header?.height ?? 0);
         spaceAfter = box.spaceAfter;
         ++this.#index;
         this.#from = 0;
@@ -265,14 +268,20 @@ class PageFiller {
         }
         continue;
       }
-      this.#divide(piece, slices, gap, room, notes);
+      this.#divide(piece, slices, { gap, header }, room, notes);
       break;
     }
     return slices;
   }
 
+  /** Where there is room for more below it, the header of a table is shown on each of its pages. */
+  #headerOf(piece: Piece): Header | null {
+    const header = this.measuring.headerOf(piece);
+    return header && header.height < this.#shape.body.height / 3 && this.#from >= header.top + header.height ? header : null;
+  }
+
   /** As much of the piece as there is room for. */
-  #divide(piece: Piece, slices: Slice[], gap: number, room: number, notes: number): void {
+  #divide(piece: Piece, slices: Slice[], above: Pick<Slice, "gap" | "header">, room: number, notes: number): void {
     const isFirst = slices.length === 0;
     const box = this.measuring.boxOf(piece);
     const most = this.#from + room + tolerance;
@@ -281,7 +290,7 @@ class PageFiller {
     const to = at ?? (isFirst ? this.#from + Math.max(room, 20) : undefined);
     if (to === undefined)
       return this.#takeBackKept(slices);
-    slices.push({ piece, from: this.#from, to, isWhole: false, gap });
+    slices.push({ piece, from: this.#from, to, isWhole: false, ...above });
     this.#notes += notes;
     this.#from = to;
   }
