@@ -1,5 +1,6 @@
-// The tables of requests that the page does not ask, and with which the library's code for them is left
-// out of the module: texts that belong to no document, promo places, and what is ahead of the pages.
+// The tables of requests that the page does not ask, and with which the library's code for them is
+// left out of the module: texts that belong to no document, promo places, and what is ahead of the
+// pages.
 
 #include "calls/Calls.h"
 

@@ -41,6 +41,8 @@ export interface PieceBox {
   keepWithNext: boolean;
   keepTogether: boolean;
   footnotes: Box[];
+  /** A part that was made anew and is not shown yet. */
+  replaced?: { old: Box; box: Box };
 }
 
 export type BreakKind = "" | "column" | "page" | "odd-page" | "even-page";

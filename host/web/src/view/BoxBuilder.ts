@@ -1,8 +1,8 @@
 // Makes the tree of what a piece shows from what the library says is drawn there.
 
-import type { FormeDocument } from "../library/FormeDocument.ts";
+import type { Change, FormeDocument } from "../library/FormeDocument.ts";
 import { attributesOf, type Attributes } from "../markup/Markup.ts";
-import type { Box, BreakKind, PieceBox, Run } from "./Box.ts";
+import { isBox, type Box, type BreakKind, type PieceBox, type Run } from "./Box.ts";
 import { lookOfElement, roleOf } from "./ElementLooks.ts";
 import { lookOf } from "./ObjectLabels.ts";
 import { cssOf, fontSizeOf, insetOf, spaceOf } from "./Properties.ts";
@@ -24,8 +24,58 @@ interface Open {
   columns: Attributes[];
 }
 
-const pieceOf = "";
 const resetsIndents = new Set(["fo:table-cell", "fo:list-item-label", "fo:list-item-body", "fo:block-container"]);
+
+/** What was around the cells when they were made. */
+const surroundings = new WeakMap<Box, Open>();
+
+/** Makes anew only the cell that holds all that was edited; false if there is none. */
+export function rebuildWithin(document: FormeDocument, piece: PieceBox, start: number, edit: Change): boolean {
+  const found = cellAround(piece.root, edit);
+  const around = found && surroundings.get(found.cell);
+  if (!found || !around || piece.footnotes.length > 0)
+    return false;
+  const { cell, parent } = found;
+  shift(piece.root, edit.start + edit.removed, edit.inserted - edit.removed);
+  const made = new BoxBuilder(document, start, start + cell.end, start + cell.start).buildPart(around);
+  if (!made)
+    return false;
+  surroundings.set(made, around);
+  parent.children[parent.children.indexOf(cell)] = made;
+  piece.replaced = { old: cell, box: made };
+  return true;
+}
+
+function cellAround(root: Box, { start, removed }: Change): { cell: Box; parent: Box } | null {
+  let found: { cell: Box; parent: Box } | null = null;
+  for (let box: Box | undefined = root; box;) {
+    const parent: Box = box;
+    box = parent.children.filter(isBox).find(each => each.start < start && start + removed < each.end && !each.object);
+    if (box?.tag === "td")
+      found = { cell: box, parent };
+  }
+  return found;
+}
+
+/** Moves what lies behind a change. */
+function shift(box: Box, from: number, by: number): void {
+  for (const child of box.children) {
+    if (child.end < from || child.start < 0)
+      continue;
+    if (isBox(child))
+      shift(child, from, by);
+    else
+      moveEnds(child, from, by);
+  }
+  moveEnds(box, from, by);
+}
+
+function moveEnds(node: Box | Run, from: number, by: number): void {
+  if (node.start >= from)
+    node.start += by;
+  if (node.end >= from)
+    node.end += by;
+}
 
 export class BoxBuilder {
   #text = "";
@@ -33,23 +83,35 @@ export class BoxBuilder {
   #footnotes: Box[] = [];
   #spaces = new Spaces();
 
-  constructor(private readonly document: FormeDocument, private readonly start: number,
-    private readonly end: number, private readonly fontSize: number) {}
+  /** Offsets count from `start`; what is read begins at `from`. */
+  constructor(private readonly document: FormeDocument, private readonly start: number, private readonly end: number,
+    private readonly from = start) {}
 
-  build(): PieceBox {
-    this.#text = this.document.call<string>("getContent", this.start, this.end);
+  build(fontSize: number): PieceBox {
     const root: Box = { tag: "div", className: "piece", style: "", attributes: {}, start: 0, end: this.end - this.start, children: [] };
-    this.#open = [{
-      name: pieceOf, box: root, attributes: new Map(), fontSize: this.fontSize, startIndent: 0, endIndent: 0, columns: [],
-    }];
+    this.#read({ name: "", box: root, attributes: new Map(), fontSize, startIndent: 0, endIndent: 0, columns: [] });
+    return { root, footnotes: this.#footnotes, ...this.#spaces.settle(root), ...this.#breaks(root) };
+  }
+
+  /** One element, as it is within those around. */
+  buildPart(around: Open): Box | null {
+    const parent: Box = { ...around.box, children: [] };
+    this.#read({ ...around, box: parent, columns: [] });
+    this.#spaces.settle(parent);
+    const [made, ...others] = parent.children;
+    return made && isBox(made) && others.length === 0 && this.#footnotes.length === 0 ? made : null;
+  }
+
+  #read(around: Open): void {
+    this.#text = this.document.call<string>("getContent", this.from, this.end);
+    this.#open = [around];
     for (const drawn of this.#drawn())
       this.#take(drawn);
-    return { root, footnotes: this.#footnotes, ...this.#spaces.settle(root), ...this.#breaks(root) };
   }
 
   *#drawn(): Generator<Drawn> {
     const tags = this.#text.split("<").length + this.#text.split("&").length;
-    for (let from = this.start; from < this.end;) {
+    for (let from = this.from; from < this.end;) {
       const count = Math.min(600, 2 * tags + 1 + (this.#text.length >> 10));
       const pieces = this.document.call<Drawn[]>("getDrawn", from, count);
       if (pieces.length === 0)
@@ -86,7 +148,7 @@ export class BoxBuilder {
   }
 
   #addObject(drawn: Drawn): void {
-    const markup = this.#text.slice(drawn.start - this.start, drawn.end - this.start);
+    const markup = this.#text.slice(drawn.start - this.from, drawn.end - this.from);
     const look = lookOf(drawn.text, markup);
     const [start, end] = [drawn.start - this.start, drawn.end - this.start];
     const css = look.style + cssOf(attributesOf(markup.slice(0, markup.indexOf(">") + 1)));
@@ -102,7 +164,7 @@ export class BoxBuilder {
 
   #begin(drawn: Drawn): void {
     const around = this.#around;
-    const attributes = attributesOf(this.#text.slice(drawn.start - this.start, drawn.end - this.start));
+    const attributes = attributesOf(this.#text.slice(drawn.start - this.from, drawn.end - this.from));
     const look = lookOfElement(drawn.text);
     const fontSize = fontSizeOf(attributes, around.fontSize);
     const box: Box = {
@@ -124,6 +186,8 @@ export class BoxBuilder {
     box.hasStopBehind = drawn.text === "fo:footnote"; // behind its body, which is shown elsewhere
     if (!look.isInline)
       this.#place(open, around);
+    if (drawn.text === "fo:table-cell")
+      surroundings.set(box, around);
     if (resetsIndents.has(drawn.text))
       open.startIndent = open.endIndent = 0;
     this.#open.push(open);

@@ -2,7 +2,7 @@
 // page that shows it or, where none does, in a place that nobody sees.
 
 import type { FormeDocument } from "../library/FormeDocument.ts";
-import { BoxBuilder } from "./BoxBuilder.ts";
+import { BoxBuilder, rebuildWithin } from "./BoxBuilder.ts";
 import type { PieceBox } from "./Box.ts";
 import { Mounted } from "./Mounted.ts";
 import type { Header, Piece } from "./Piece.ts";
@@ -26,7 +26,11 @@ export class Measuring {
   }
 
   boxOf(piece: Piece): PieceBox {
-    return piece.box ??= new BoxBuilder(this.document, piece.start, piece.end, this.#fontSize(piece.region)).build();
+    const { box, edit } = piece;
+    piece.edit = null;
+    if (!box || edit && !rebuildWithin(this.document, box, piece.start, edit))
+      piece.box = new BoxBuilder(this.document, piece.start, piece.end).build(this.#fontSize(piece.region));
+    return piece.box!;
   }
 
   /** What elements in a region inherit. */
@@ -65,7 +69,10 @@ export class Measuring {
     const shown = this.#shown(piece);
     if (!shown || piece.measuredWidth !== width || this.boxOf(piece).footnotes.length > 0)
       return false;
-    piece.measures = { height: heightOf(shown), breaks: null, header: null, footnotes: [] };
+    const height = heightOf(shown);
+    const former = piece.formerMeasures;
+    piece.measures = former?.height === height && former.footnotes.length === 0
+      ? former : { height, breaks: null, header: null, footnotes: [] };
     return true;
   }
 

@@ -2,16 +2,18 @@
 
 import { isBox, type Box, type Run } from "./Box.ts";
 
-export interface Leaf {
-  start: number;
-  end: number;
-  node: Node;
-  kind: "text" | "object" | "before" | "after";
-  /** Of text: whether each of its units is one of the document's. */
-  isPlain: boolean;
-}
-
 interface Shown { box: Box | Run; node: Node; children: Shown[] }
+
+/** A text, an object, or a place beside what the caret passes, as it is shown. */
+export class Leaf {
+  constructor(private readonly shown: Shown, readonly kind: "text" | "object" | "before" | "after") {}
+
+  get node(): Node { return this.shown.node; }
+  get start(): number { return this.kind === "after" ? this.shown.box.end : this.shown.box.start; }
+  get end(): number { return this.kind === "before" ? this.shown.box.start : this.shown.box.end; }
+  /** Of text: whether each of its units is one of the document's. */
+  get isPlain(): boolean { return this.kind === "text" && (this.shown.box as Run).isPlain; }
+}
 
 export class Mounted {
   readonly element: HTMLElement;
@@ -28,11 +30,25 @@ export class Mounted {
 
   /** Shows another box in the same place. */
   update(box: Box, pageNumber = this.#pageNumber): void {
-    if (box === this.#root.box && pageNumber === this.#pageNumber)
-      return;
+    const isNumberSame = pageNumber === this.#pageNumber;
     this.#pageNumber = pageNumber;
-    this.#patch(this.#root, box);
-    this.#leaves = null;
+    if (box !== this.#root.box || !isNumberSame)
+      this.#patch(this.#root, box);
+  }
+
+  /** Shows a part of the tree anew that another one has taken the place of. */
+  replace(old: Box, box: Box): void {
+    const shown = this.#shownOf(this.#root, old);
+    if (shown)
+      this.#patch(shown, box);
+  }
+
+  #shownOf(shown: Shown, box: Box): Shown | null {
+    if (shown.box === box)
+      return shown;
+    const child = shown.children.find(each => each.box === box)
+      ?? shown.children.findLast(each => isBox(each.box) && each.box.start <= box.start);
+    return child ? this.#shownOf(child, box) : null;
   }
 
   /** Texts and objects in the order in which they are shown. */
@@ -87,24 +103,24 @@ export class Mounted {
   }
 
   #collect(shown: Shown, leaves: Leaf[]): void {
-    const { box, node } = shown;
+    const { box } = shown;
     if (!isBox(box)) {
-      leaves.push({ start: box.start, end: box.end, node, kind: "text", isPlain: box.isPlain });
+      leaves.push(new Leaf(shown, "text"));
       return;
     }
     if (box.object) {
-      leaves.push({ start: box.start, end: box.end, node, kind: "object", isPlain: false });
+      leaves.push(new Leaf(shown, "object"));
       return;
     }
     if (box.className === "hidden")
       return;
     if (box.hasStopBefore && leaves[leaves.length - 1]?.end !== box.start)
-      leaves.push({ start: box.start, end: box.start, node, kind: "before", isPlain: false });
+      leaves.push(new Leaf(shown, "before"));
     const children = box.tag === "table" ? shown.children.toSorted((a, b) => a.box.start - b.box.start) : shown.children;
     for (const child of children)
       this.#collect(child, leaves);
     if (box.hasStopBehind)
-      leaves.push({ start: box.end, end: box.end, node, kind: "after", isPlain: false });
+      leaves.push(new Leaf(shown, "after"));
   }
 
   #make(box: Box | Run): Shown {
@@ -140,6 +156,8 @@ export class Mounted {
   #patchElement(shown: Shown, box: Box): void {
     const old = shown.box as Box;
     const element = shown.node as HTMLElement;
+    if (old.object || old.hasStopBefore !== box.hasStopBefore || old.hasStopBehind !== box.hasStopBehind)
+      this.#leaves = null;
     if (old.className !== box.className)
       element.className = box.className;
     if (old.style !== box.style)
@@ -163,6 +181,8 @@ export class Mounted {
     let last = 0;
     while (last < most - first && areAlike(old[old.length - 1 - last].box, boxes[boxes.length - 1 - last]))
       ++last;
+    if (first + last < Math.max(old.length, boxes.length))
+      this.#leaves = null;
     const children = boxes.map((box, i) => {
       const kept = i < first ? old[i] : i >= boxes.length - last ? old[old.length - boxes.length + i] : null;
       if (!kept)

@@ -69,11 +69,24 @@ export class Outline {
   follow(change: Change): OutlineChange {
     const end = change.start + change.removed;
     const region = this.regions.find(each => change.start >= each.contentStart && end <= each.contentEnd);
-    const done = region && this.#replacePieces(region, change);
+    const done = region && (this.#changeWithin(region, change) ?? this.#replacePieces(region, change));
     if (done)
       return done;
     this.read(change);
     return { all: true, changed: [], removed: [] };
+  }
+
+  /** Text that comes or goes within a piece leaves it one element, so that nothing of it need be read. */
+  #changeWithin(region: Region, change: Change): OutlineChange | null {
+    const index = firstIndex(region.pieces, each => each.end > change.start);
+    const piece = region.pieces[index];
+    if (!piece || piece.start >= change.start || piece.end <= change.start + change.removed)
+      return null;
+    if (/[<>]/.test(this.document.call<string>("getContent", change.start, change.start + change.inserted)))
+      return null;
+    piece.change(change);
+    this.#shift(region, index + 1, change.inserted - change.removed);
+    return { all: false, region, changed: [piece], removed: [] };
   }
 
   #replacePieces(region: Region, change: Change): OutlineChange | null {
