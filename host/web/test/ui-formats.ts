@@ -49,4 +49,8 @@ test("a style comes and goes as a whole, and the caret stays", async (t) => {
   await editor.type("!");
   assert.equal(await editor.flow(), '<fo:block text-align="center">A headin!g</fo:block>');
   assert.equal(await editor.page.inputValue(".ui-style"), "body");
+  await editor.page.selectOption(".ui-style", "title");
+  await editor.key("End", "Enter");
+  await editor.type("Below it");
+  assert.match(await editor.flow(), /role="Title".*<fo:block text-align="center">Below it<\/fo:block>$/);
 });

@@ -55,6 +55,8 @@ test("a table from the grid is filled, merged, split and extended", async (t) =>
   await editor.menu("Table", "columnBefore");
   await editor.menu("Table", "deleteRows");
   assert.deepEqual(await rows(editor), ["|abde||c", "|||f"]);
+  await editor.menu("Table", "headerRow");
+  assert.match(await editor.flow(), /<fo:table-header><fo:table-row>.*>e<.*<\/fo:table-row><\/fo:table-header><fo:table-body><fo:table-row>/);
   await editor.undoAll();
   assert.equal(await editor.text(), before);
   assert.deepEqual(editor.faults, []);

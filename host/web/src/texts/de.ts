@@ -145,7 +145,7 @@ export const de: Texts = {
     "table.deleteRows": "Zeilen löschen",
     "table.deleteColumn": "Spalte löschen",
     "table.deleteTable": "Tabelle löschen",
-    "table.headerRow": "Kopfzeile hinzufügen",
+    "table.headerRow": "Erste Zeile ist Kopfzeile",
     "table.footerRow": "Fußzeile hinzufügen",
     "table.merge": "Zellen verbinden",
     "table.split": "Zelle teilen",

@@ -143,7 +143,7 @@ export const en = {
     "table.deleteRows": "Delete rows",
     "table.deleteColumn": "Delete column",
     "table.deleteTable": "Delete table",
-    "table.headerRow": "Add header row",
+    "table.headerRow": "First row is a header",
     "table.footerRow": "Add footer row",
     "table.merge": "Merge cells",
     "table.split": "Split cell",

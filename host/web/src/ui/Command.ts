@@ -15,6 +15,8 @@ export interface Command {
     keys?: string;
     /** The text's own input carries the keys out; they are only shown. */
     keysAreTyped?: boolean;
+    /** Where it is not so, its keys mean what they mean to the text. */
+    takesKeys?(editor: Editor): boolean;
     /** Whether it would change the document, so that a protected one does not offer it. */
     edits?: boolean;
     isEnabled?(editor: Editor): boolean;

@@ -20,7 +20,7 @@ export function listenToKeys(editor: Editor, commands: () => Command[]): void {
             if (event.isComposing || isElsewhere(event)) return;
             const keys = keysOf(event);
             const command = commands().find((each) => each.keys === (others[keys] ?? keys) && !each.keysAreTyped);
-            if (!command) return;
+            if (!command || command.takesKeys?.(editor) === false) return;
             event.preventDefault();
             event.stopPropagation();
             Menu.closeShown();

@@ -49,7 +49,8 @@ export class StatusBar {
 
     private showPage(): void {
         const { caretPage: page, pageCount: pages } = this.editor.view;
-        const shown = pages ? text("status.page", { page, pages }) : "";
+        if (!page) return; // in a header, which stands on many
+        const shown = text("status.page", { page, pages });
         if (this.page.textContent !== shown) this.page.textContent = shown;
     }
 

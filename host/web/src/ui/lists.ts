@@ -22,7 +22,7 @@ const bodyEnd = "</fo:list-item-body>";
 /** The button of a toolbar. */
 export function toggleList(editor: Editor, type: ListType): void {
     const blocks = paragraphs(editor).map((start) => elementRange(editor, start));
-    if (editor.state.list === ListType.None && blocks.length > 1 && areSiblings(editor, blocks))
+    if (editor.state.list === ListType.None && blocks.length && areSiblings(editor, blocks))
         makeListOf(editor, blocks, type);
     else editor.call("makeList", type);
 }
@@ -35,22 +35,25 @@ function areSiblings(editor: Editor, blocks: Range[]): boolean {
     });
 }
 
+/** Caret and selection stay in the text that they were in. */
 function makeListOf(editor: Editor, blocks: Range[], type: ListType): void {
-    const { start } = blocks[0]!;
-    const end = blocks[blocks.length - 1]!.end;
+    const { caret, pivot } = editor.document;
     let label = editor.call<string>("getFirstListLabel", type);
-    const contents = blocks.map((block) => editor.call<string>("getContent", block.start, block.end));
-    const items = contents.map((each) => {
-        const item = itemOf(label, type, each);
+    let list = "<fo:list-block>";
+    const moves = blocks.map((block) => {
+        const [before, behind] = itemAround(label, type);
+        const move = { ...block, by: blocks[0]!.start + list.length + before.length - block.start };
+        list += before + editor.call<string>("getContent", block.start, block.end) + behind;
         label = editor.call<[string, number]>("getNextLabel", label)[0];
-        return item;
+        return move;
     });
-    const list = `<fo:block><fo:list-block>${items.join("")}</fo:list-block></fo:block>`;
+    const moved = (offset: number): number => {
+        const block = moves.find((each) => offset < each.end) ?? moves.at(-1)!;
+        return offset + block.by;
+    };
     editor.step(() => {
-        editor.call("replaceXmlText", start, end - 1, list);
-        const lastBody = start + list.lastIndexOf("</fo:list-item-body>");
-        const stop = (offset: number, side: number): number => editor.call("getNearestStop", offset, side);
-        select(editor, stop(start + list.indexOf(contents[0]!), 1), stop(lastBody, 0));
+        editor.call("replaceXmlText", blocks[0]!.start, blocks.at(-1)!.end - 1, `${list}</fo:list-block>`);
+        select(editor, moved(pivot), moved(caret));
     });
 }
 
@@ -58,13 +61,14 @@ function drawnIn(editor: Editor, start: number, length: number): Drawn[] {
     return [...drawn(editor, start, start + length)];
 }
 
-function itemOf(label: string, type: ListType, content: string): string {
+/** The markup of an item before and behind what it holds. */
+function itemAround(label: string, type: ListType): [string, string] {
     const look = type === ListType.Bullets ? ' font-size="1.5em" line-height="1em"' : "";
-    return (
+    return [
         `<fo:list-item><fo:list-item-label end-indent="label-end()"><fo:block${look}>${label}</fo:block>` +
-        `</fo:list-item-label><fo:list-item-body start-indent="body-start()">${content}` +
-        "</fo:list-item-body></fo:list-item>"
-    );
+            '</fo:list-item-label><fo:list-item-body start-indent="body-start()">',
+        "</fo:list-item-body></fo:list-item>",
+    ];
 }
 
 /** A level in or out: of an item of a list, else of the paragraphs. */

@@ -25,6 +25,7 @@ import { takeFiles } from "./files/takeFiles.ts";
 import { listenToKeys } from "./Shortcuts.ts";
 import { Spelling } from "./Spelling.ts";
 import { StatusBar } from "./StatusBar.ts";
+import { CellSelection } from "./tables/CellSelection.ts";
 import { ColumnDrag } from "./tables/ColumnDrag.ts";
 import { Toolbar } from "./Toolbar.ts";
 import { WordCount } from "./WordCount.ts";
@@ -62,6 +63,7 @@ export function startInterface(document: FormeDocument, view: View, page: HTMLEl
     applyAppearance();
     attachLiveRegion();
     new ColumnDrag(editor);
+    new CellSelection(editor);
     globalThis.document.documentElement.lang = language();
     let frame = buildFrame(editor, parts);
     editor.onState(() => frame.update());

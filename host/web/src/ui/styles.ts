@@ -3,7 +3,7 @@
 
 import type { TextKey } from "../texts/texts.ts";
 import type { Editor } from "./Editor.ts";
-import { around, keepingSelection, paragraphs, setAttributes, type Attributes } from "./markup.ts";
+import { around, DrawnKind, keepingSelection, paragraphs, setAttributes, type Attributes, type Drawn } from "./markup.ts";
 
 export interface ParagraphStyle {
     id: string;
@@ -86,6 +86,14 @@ export function setOnParagraphs(editor: Editor, attributes: Attributes): void {
             for (const start of starts.reverse()) setAttributes(editor, start, attributes);
         }),
     );
+}
+
+/** Where Enter begins a paragraph of body text. */
+export function isAtEndOfHeading(editor: Editor): boolean {
+    if (editor.state.hasSelection || editor.state.isProtected) return false;
+    const [next] = editor.call<Drawn[]>("getDrawn", editor.document.caret, 1);
+    const isAtEnd = next?.kind === DrawnKind.End && next.text === "fo:block";
+    return isAtEnd && /^(H\d|Title|Subtitle)$/.test(currentStyle(editor).attributes["role"] ?? "");
 }
 
 /** The style of the paragraph around the caret. */

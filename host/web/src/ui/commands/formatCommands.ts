@@ -8,7 +8,7 @@ import type { Editor, Property } from "../Editor.ts";
 import { ListType, type Pressed } from "../EditingState.ts";
 import type { IconName } from "../icons.ts";
 import { indent, toggleList } from "../lists.ts";
-import { applyStyle, currentStyle, setOnParagraphs, styles } from "../styles.ts";
+import { applyStyle, currentStyle, isAtEndOfHeading, setOnParagraphs, styles } from "../styles.ts";
 
 interface Toggle {
     id: string;
@@ -137,6 +137,14 @@ export const formatCommands: Command[] = [
     { id: "outdent", text: "format.outdent", icon: "outdent", keys: "Ctrl+Shift+M", edits: true, run: (editor) => indent(editor, -1) },
     ...styleCommands,
     ...lineSpacingCommands,
+    {
+        id: "bodyAfterHeading",
+        text: "help.enter",
+        keys: "Enter",
+        edits: true,
+        takesKeys: isAtEndOfHeading,
+        run: (editor) => editor.step(() => (editor.call("insertBreak", 5, false), applyStyle(editor, styles[0]!))),
+    },
     { id: "paragraph", text: "format.paragraph", edits: true, run: openParagraphDialog },
     {
         id: "clear",

@@ -7,6 +7,7 @@ import { openTableProperties } from "../dialogs/tableProperties.ts";
 import type { Editor } from "../Editor.ts";
 import type { IconName } from "../icons.ts";
 import { canMerge, mergeCells, selectedArea, splitCell, tableAtCaret } from "../tables/mergeCells.ts";
+import { hasHeader, toggleHeader } from "../tables/headerRow.ts";
 import { deleteTable, Edge, equalColumns, hasBorder, onTable, toggleBorder } from "../tables/tables.ts";
 
 const isInTable = (editor: Editor): boolean => editor.state.isInTable;
@@ -24,7 +25,6 @@ const simple: Simple[] = [
     ["rowBelow", "table.rowBelow", "rowBelow", "insertRow", false],
     ["columnBefore", "table.columnBefore", "columnBefore", "insertColumn", false],
     ["columnAfter", "table.columnAfter", "columnAfter", "insertColumn", true],
-    ["headerRow", "table.headerRow", undefined, "insertHeaderRow"],
     ["footerRow", "table.footerRow", undefined, "insertFooterRow"],
 ];
 
@@ -58,6 +58,14 @@ export const tableCommands: Command[] = [
             editor.say(text(label));
         },
     })),
+    {
+        id: "headerRow",
+        text: "table.headerRow",
+        edits: true,
+        isEnabled: isInTable,
+        pressed: (editor) => isInTable(editor) && hasHeader(editor),
+        run: toggleHeader,
+    },
     { id: "deleteRows", text: "table.deleteRows", icon: "deleteRow", edits: true, isEnabled: isInTable, run: deleteRows },
     { id: "deleteColumn", text: "table.deleteColumn", edits: true, isEnabled: isInTable, run: (editor) => onTable(editor, "deleteColumn") },
     { id: "deleteTable", text: "table.deleteTable", edits: true, isEnabled: isInTable, run: deleteTable },

@@ -50,7 +50,7 @@ export class Files {
     async new(): Promise<void> {
         const template = await pickTemplate();
         if (!template || !(await this.mayLeave())) return;
-        await this.take(text(template.text), () => contentOf(template));
+        await this.take(text(template.file ? template.text : "file.untitled"), () => contentOf(template));
     }
 
     async open(): Promise<void> {

@@ -87,6 +87,7 @@ export class FindBar {
         if (!this.find.value) return this.open(false);
         const { index, hasWrapped } = this.search.go(this.wanted(), isForward);
         this.tellCount(index);
+        this.markLater();
         if (hasWrapped) this.editor.say(text("find.wrapped"));
     }
 
@@ -116,7 +117,9 @@ export class FindBar {
 
     private markVisible(): void {
         const { start, end } = this.editor.view.visible;
-        mark(this.editor, "found", this.find.value ? this.search.between(this.wanted(), start, end) : []);
+        const shown = this.find.value ? this.search.between(this.wanted(), start, end) : [];
+        const selected = selection(this.editor); // is coloured as such
+        mark(this.editor, "found", shown.filter((match) => match.start !== selected.start));
     }
 
     private replace(): void {
