@@ -1,7 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
 #   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs
-#   or debian|libc++|emscripten ...
+#   or debian|libc++|emscripten|web|test-web ...
 set -euo pipefail
 
 packages_for() {
@@ -20,6 +20,9 @@ packages_for() {
         libc++) echo libc++-dev libc++abi-dev ;;
         emscripten) echo emscripten nodejs ;;
         debian) echo debhelper dpkg-dev lintian ;;
+        web) echo cmake ninja-build emscripten nlohmann-json3-dev hunspell-en-us hunspell-de-de
+             command -v npm >/dev/null || echo npm ;;
+        test-web) echo chromium poppler-utils fonts-liberation ;;
         *) echo "packages.sh: no task is called '$1'" >&2; return 1 ;;
     esac
 }
