@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 scripts/packages.sh build html spelling unicode clang lint
 
 check_format() {
-    find src host tests bench docs -name '*.h' -o -name '*.cpp' | sort |
+    find src host tests bench docs -name node_modules -prune -o \( -name '*.h' -o -name '*.cpp' \) -print | sort |
         xargs clang-format --dry-run -Werror
 }
 

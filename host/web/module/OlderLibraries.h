@@ -71,9 +71,8 @@ constexpr auto find(Range&& range, const Value& value, Projection projection = {
 }
 template <typename Range, typename Value, typename Projection = identity>
 constexpr auto count(Range&& range, const Value& value, Projection projection = {}) {
-    return std::count_if(std::begin(range), std::end(range), [&](const auto& each) {
-        return invoke(projection, each) == value;
-    });
+    return std::count_if(std::begin(range), std::end(range),
+                         [&](const auto& each) { return invoke(projection, each) == value; });
 }
 template <typename Range, typename Test>
 constexpr bool any_of(Range&& range, Test test) {
@@ -91,7 +90,8 @@ template <typename Range, typename Out>
 constexpr auto move(Range&& range, Out out) {
     return std::move(std::begin(range), std::end(range), out);
 }
-template <typename Range, typename Value, typename Order = std::less<>, typename Projection = identity>
+template <typename Range, typename Value, typename Order = std::less<>,
+          typename Projection = identity>
 constexpr auto lower_bound(Range&& range, const Value& value, Order order = {},
                            Projection projection = {}) {
     return std::lower_bound(std::begin(range), std::end(range), value,

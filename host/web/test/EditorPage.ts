@@ -1,6 +1,6 @@
 // The editor in a real browser, as tests drive it.
 
-import { chromium, type Browser, type Page } from "playwright-core";
+import { chromium, type Browser, type BrowserContext, type Page } from "playwright-core";
 import { mkdirSync } from "node:fs";
 import type { Server } from "node:http";
 import type { AddressInfo } from "node:net";
@@ -9,10 +9,11 @@ import { pathToFileURL } from "node:url";
 import { join } from "node:path";
 
 import type { FormeDocument } from "../src/library/FormeDocument.ts";
+import type { DocumentView } from "../src/view/DocumentView.ts";
 
 declare global {
   interface Window {
-    forme: { document: FormeDocument };
+    forme: { document: FormeDocument; view: DocumentView };
   }
 }
 
@@ -40,23 +41,28 @@ export async function openEditor(test: TestContext, locale = "en-GB"): Promise<E
   browser ??= startBrowser();
   server ??= startServer();
   const context = await (await browser).newContext({ locale, viewport: { width: 1280, height: 860 } });
+  // Files are picked and saved in the way that tests can follow.
+  await context.addInitScript(() => {
+    Object.assign(window, { showOpenFilePicker: undefined, showSaveFilePicker: undefined });
+  });
+  const editor = await openPage(context);
+  test.after(async () => {
+    mkdirSync(screenshots, { recursive: true });
+    const path = join(screenshots, `${test.name.replace(/\W+/g, "-")}.png`);
+    await context.pages().at(-1)?.screenshot({ path });
+    await context.close();
+  });
+  return editor;
+}
+
+async function openPage(context: BrowserContext): Promise<EditorPage> {
   const page = await context.newPage();
   page.setDefaultTimeout(15_000);
   const faults: string[] = [];
   page.on("pageerror", (fault) => faults.push(fault.stack ?? fault.message));
-  // Files are picked and saved in the way that tests can follow.
-  await page.addInitScript(() => {
-    Object.assign(window, { showOpenFilePicker: undefined, showSaveFilePicker: undefined });
-  });
-  await page.goto(`http://127.0.0.1:${((await server).address() as AddressInfo).port}/`);
+  await page.goto(`http://127.0.0.1:${((await server)!.address() as AddressInfo).port}/`);
   await page.waitForSelector(".ui-toolbar");
-  const editor = new EditorPage(page, faults);
-  test.after(async () => {
-    mkdirSync(screenshots, { recursive: true });
-    await page.screenshot({ path: join(screenshots, `${test.name.replace(/\W+/g, "-")}.png`) });
-    await context.close();
-  });
-  return editor;
+  return new EditorPage(page, faults);
 }
 
 export class EditorPage {
@@ -65,6 +71,11 @@ export class EditorPage {
     /** What was thrown in the page and not caught. */
     readonly faults: string[],
   ) {}
+
+  /** The same user's next window. */
+  reopened(): Promise<EditorPage> {
+    return openPage(this.page.context());
+  }
 
   call<T = unknown>(name: string, ...args: unknown[]): Promise<T> {
     return this.page.evaluate(([request, rest]) => window.forme.document.call(request, ...rest), [

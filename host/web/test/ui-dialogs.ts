@@ -21,6 +21,7 @@ test("the page is set up without a mouse, and the focus comes back to the text",
   await editor.type("1.5cm");
   await editor.key("Enter");
   await editor.page.waitForSelector("dialog", { state: "detached" });
+  await editor.settle();
   assert.match(await editor.text(), /page-width="210mm" page-height="148mm"[^>]*"1.5cm /);
   await editor.type("typed");
   assert.equal(await editor.flow(), "<fo:block>typed</fo:block>");
@@ -58,4 +59,17 @@ test("changes are not lost without a question, and what is saved is opened again
   await chooser.setFiles(await download.path());
   await editor.page.waitForFunction(() => window.forme.document.call<string>("getContent").includes("Kept"));
   assert.equal(await editor.text(), text);
+});
+
+test("what a closed window had not saved comes back", async (t) => {
+  const editor = await openEditor(t);
+  await editor.blank();
+  await editor.type("Almost lost");
+  const text = await editor.text();
+  await editor.page.waitForTimeout(4000); // it is kept when nothing was typed for a while
+  await editor.page.close({ runBeforeUnload: false });
+  const again = await editor.reopened();
+  await again.page.click("dialog >> text=Restore");
+  await again.page.waitForFunction(() => window.forme.document.call<string>("getContent").includes("Almost lost"));
+  assert.equal(await again.text(), text);
 });

@@ -82,7 +82,7 @@ export class Keyboard {
 
   /** To the next cell, and behind the last one to a new row; elsewhere a tab. */
   #tab(back: boolean): void {
-    if (!this.#isIn("fo:table-cell"))
+    if (!this.doc.call<boolean>("caretIsInsideTable"))
       return void (back || this.doc.call("insertTab"));
     if (back)
       this.doc.call("moveCaretPrevCell", false);

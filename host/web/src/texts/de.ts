@@ -36,6 +36,10 @@ export const de: Texts = {
     "file.unsaved": "Das Dokument hat Änderungen, die nicht gespeichert sind. Vorher speichern?",
     "file.unsaved.title": "Nicht gespeicherte Änderungen",
     "file.discard": "Nicht speichern",
+    "file.draft.title": "Nicht gespeichertes Dokument",
+    "file.draft": "„{name}“ war nicht gespeichert, als das Fenster geschlossen wurde. Das ist der Stand vom {when}.",
+    "file.restore": "Wiederherstellen",
+    "file.discardDraft": "Löschen",
     "file.failed": "{name} kann nicht geöffnet werden",
     "file.saveFailed": "Das Dokument kann nicht gespeichert werden",
 
@@ -257,6 +261,7 @@ export const de: Texts = {
     "words.document": "Dokument",
     "words.selection": "Auswahl",
 
+    "status.page": "Seite {page} von {pages}",
     "status.words": "{count} Wörter",
     "status.selected": "{count} von {total} Wörtern",
     "status.header": "Kopfzeile",

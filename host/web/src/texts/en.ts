@@ -34,6 +34,10 @@ export const en = {
     "file.unsaved": "The document has changes that were not saved. Save them first?",
     "file.unsaved.title": "Unsaved changes",
     "file.discard": "Don’t save",
+    "file.draft.title": "Unsaved document",
+    "file.draft": "“{name}” was not saved when its window was closed. This is how it was on {when}.",
+    "file.restore": "Restore",
+    "file.discardDraft": "Delete it",
     "file.failed": "{name} cannot be opened",
     "file.saveFailed": "The document cannot be saved",
 
@@ -254,6 +258,7 @@ export const en = {
     "words.document": "Document",
     "words.selection": "Selection",
 
+    "status.page": "Page {page} of {pages}",
     "status.words": "{count} words",
     "status.selected": "{count} of {total} words",
     "status.header": "Header",

@@ -98,10 +98,16 @@ export function showChoice(
     return new Promise((done) => {
         dialog.addEventListener("close", () => {
             dialog.remove();
-            if (focused instanceof HTMLElement) focused.focus();
+            if (focused instanceof HTMLElement) giveFocusBack(focused);
             done((dialog.returnValue || null) as TextKey | null);
         });
     });
+}
+
+/** The browser has given it back already, but without the place where typing goes. */
+function giveFocusBack(element: HTMLElement): void {
+    element.blur();
+    element.focus({ preventScroll: true });
 }
 
 /** A message and its reason. */

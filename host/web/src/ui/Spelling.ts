@@ -3,7 +3,7 @@
 import { Checker } from "../spelling/Checker.ts";
 import { language, text } from "../texts/texts.ts";
 import type { Editor } from "./Editor.ts";
-import { paragraphsOf, type Paragraph } from "./find/Paragraphs.ts";
+import { paragraphsOf, type Paragraph } from "./find/Paragraph.ts";
 import { mark } from "./marks.ts";
 import { select, type Range } from "./markup.ts";
 
@@ -35,7 +35,7 @@ export class Spelling {
         if (chosen) void this.use(chosen);
         editor.document.listen((reply) => {
             // Who writes wants to see faults; who reads needs no dictionary.
-            if (chosen === null && reply.change && !this.isUsed) void this.use(defaultDictionary());
+            if (chosen === null && !this.isUsed && reply.change && editor.state.canUndo) void this.use(defaultDictionary());
             this.markLater();
         });
     }
@@ -139,9 +139,8 @@ export function wordsOf(paragraph: Paragraph): Misspelt[] {
     for (const match of paragraph.text.matchAll(wordPattern)) {
         const written = match[0];
         if (/[\p{N}@/_]|\p{L}\.\p{L}/u.test(written)) continue;
-        const start = paragraph.starts[match.index]!;
-        const end = paragraph.ends[match.index + written.length - 1]!;
-        found.push({ word: written.replace(/’/g, "'"), start, end });
+        const range = paragraph.range(match.index, match.index + written.length);
+        found.push({ word: written.replace(/’/g, "'"), ...range });
     }
     return found;
 }

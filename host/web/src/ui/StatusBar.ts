@@ -12,6 +12,7 @@ import type { Zoom } from "./Zoom.ts";
 
 export class StatusBar {
     readonly element: HTMLElement;
+    private readonly page = h("span", { class: "ui-page" });
     private readonly place = h("span", { class: "ui-place" });
     private readonly words = h("span", {});
     private readonly percent = h("output", {});
@@ -32,28 +33,42 @@ export class StatusBar {
         this.element = h(
             "footer",
             { class: "ui-status", "aria-label": text("bar.status") },
-            this.place,
+            this.page,
             this.words,
+            this.place,
             h("span", { class: "ui-space" }),
             button(commands.zoomOut, icon("minus")),
             this.percent,
             button(commands.zoomIn, icon("plus")),
         );
+        editor.view.onDrawn(() => this.showPage());
         count.onCount(() => this.update());
         zoom.onChange(() => this.update());
         this.update();
     }
 
+    private showPage(): void {
+        const { caretPage: page, pageCount: pages } = this.editor.view;
+        const shown = pages ? text("status.page", { page, pages }) : "";
+        if (this.page.textContent !== shown) this.page.textContent = shown;
+    }
+
     update(): void {
+        this.showPage();
         const { state } = this.editor;
         const button = this.words.firstElementChild!;
-        const total = this.count.words;
-        const shown = state.hasSelection
-            ? text("status.selected", { count: this.count.selectedWords(), total })
-            : text("status.words", { count: total });
+        const shown = this.wordsShown();
         if (button.textContent !== shown) button.textContent = shown;
         this.place.textContent = state.isProtected ? text("status.protected") : state.isInStaticContent ? this.region() : "";
         this.percent.textContent = `${this.zoom.percent.toLocaleString(language())} %`;
+    }
+
+    private wordsShown(): string {
+        const total = this.count.words;
+        if (total === undefined) return "";
+        return this.editor.state.hasSelection
+            ? text("status.selected", { count: this.count.selectedWords(), total })
+            : text("status.words", { count: total });
     }
 
     private region(): string {

@@ -2,7 +2,7 @@
 
 import { announce } from "./LiveRegion.ts";
 import type { Editor } from "./Editor.ts";
-import { paragraphsOf, type Paragraph } from "./find/Paragraphs.ts";
+import { paragraphsOf } from "./find/Paragraph.ts";
 import { selection, type Range } from "./markup.ts";
 
 const pause = 120; // ms, so that a caret that is held moving says only where it stops
@@ -50,13 +50,8 @@ function wordsFor(editor: Editor, before: number, caret: number): string {
 function textOf(editor: Editor, { start, end }: Range): string {
     let read = "";
     for (const paragraph of paragraphsOf(editor, start, end)) {
-        read += `${cut(paragraph, start, end)} `;
+        read += `${paragraph.between(start, end)} `;
         if (read.length > longest) break;
     }
     return read.slice(0, longest).trim();
-}
-
-function cut({ text, starts }: Paragraph, start: number, end: number): string {
-    const from = starts.findIndex((offset) => offset >= start);
-    return from < 0 ? "" : text.slice(from, starts.findLastIndex((offset) => offset < end) + 1);
 }

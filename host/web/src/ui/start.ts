@@ -12,6 +12,7 @@ import { openKeyboardHelp } from "./dialogs/keyboardHelp.ts";
 import { Editor } from "./Editor.ts";
 import { h } from "./elements.ts";
 import { Files } from "./files/Files.ts";
+import { DocumentText } from "./find/DocumentText.ts";
 import { FindBar } from "./find/FindBar.ts";
 import { commandNamed, commandsByMenu, makeCommands, menusOf, tools } from "./layout.ts";
 import { attachLiveRegion } from "./LiveRegion.ts";
@@ -19,6 +20,7 @@ import { MenuBar } from "./MenuBar.ts";
 import type { Parts } from "./Parts.ts";
 import { readAtCaret } from "./reading.ts";
 import { sayStates } from "./sayStates.ts";
+import { Draft } from "./files/Draft.ts";
 import { takeFiles } from "./files/takeFiles.ts";
 import { listenToKeys } from "./Shortcuts.ts";
 import { Spelling } from "./Spelling.ts";
@@ -39,16 +41,17 @@ interface Frame {
 export function startInterface(document: FormeDocument, view: View, page: HTMLElement): void {
     const editor = new Editor(document, view, page);
     const spelling = new Spelling(editor);
+    const documentText = new DocumentText(editor);
     const contextMenu = new ContextMenu(editor, spelling);
     const parts: Parts = {
         files: new Files(editor),
-        findBar: new FindBar(editor),
+        findBar: new FindBar(editor, documentText),
         spelling,
         zoom: new Zoom(page),
-        words: new WordCount(editor),
+        words: new WordCount(editor, documentText),
         speak() {
             frame.remove();
-            parts.findBar = new FindBar(editor);
+            parts.findBar = new FindBar(editor, documentText);
             frame = buildFrame(editor, parts);
             view.focus();
         },
@@ -66,6 +69,8 @@ export function startInterface(document: FormeDocument, view: View, page: HTMLEl
     sayStates(editor, () => frame.commands);
     readAtCaret(editor);
     takeFiles(editor, parts.files);
+    new Draft(editor, parts.files);
+    void parts.files.begin();
 }
 
 function buildFrame(editor: Editor, parts: Parts): Frame {

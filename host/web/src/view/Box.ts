@@ -11,8 +11,9 @@ export interface Box {
   children: (Box | Run)[];
   /** Shown as one thing that the caret passes: an image, a field, a page number. */
   object?: ObjectKind;
-  /** The caret can stand beside it: a table. */
-  hasEdges?: boolean;
+  /** Whether the caret can stand right before it, as before a table, and right behind it. */
+  hasStopBefore?: boolean;
+  hasStopBehind?: boolean;
 }
 
 export type ObjectKind = "page-number" | "page-citation" | "other";

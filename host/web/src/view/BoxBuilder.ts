@@ -120,6 +120,8 @@ export class BoxBuilder {
     else
       around.box.children.push(box);
     box.style = cssOf(attributes);
+    box.hasStopBefore = drawn.isStop && !look.isInline;
+    box.hasStopBehind = drawn.text === "fo:footnote"; // behind its body, which is shown elsewhere
     if (!look.isInline)
       this.#place(open, around);
     if (resetsIndents.has(drawn.text))
@@ -161,8 +163,7 @@ export class BoxBuilder {
       this.#spaces.note(box, spaceOf(attributes, "before", fontSize), spaceOf(attributes, "after", fontSize),
         open.name, attributes);
     }
-    if (open.name === "fo:table")
-      box.hasEdges = true;
+    box.hasStopBehind = open.name === "fo:table";
   }
 
   #finish(drawn: Drawn): void {

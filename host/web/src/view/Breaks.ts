@@ -1,6 +1,7 @@
 // Where a page may end within a piece: between lines, though never with a line alone on either page,
 // between blocks, and between the rows of a table.
 
+import type { Header } from "./Piece.ts";
 import { round } from "../markup/Lengths.ts";
 
 /** How many lines stay together at both ends of a paragraph. */
@@ -13,6 +14,14 @@ export function breaksIn(piece: HTMLElement): number[] {
   const found = new Set<number>();
   visit(piece, y => found.add(round((y - top) / zoom)));
   return [...found].sort((a, b) => a - b);
+}
+
+/** The header of the table that the piece is. */
+export function headerIn(piece: HTMLElement): Header | null {
+  const header = piece.querySelector(":scope > table > thead");
+  const rect = header?.getBoundingClientRect();
+  const zoom = piece.currentCSSZoom ?? 1;
+  return rect ? { top: round((rect.top - piece.getBoundingClientRect().top) / zoom), height: round(rect.height / zoom) } : null;
 }
 
 type Add = (y: number) => void;

@@ -4,7 +4,7 @@ import type { Change, FormeDocument, Reply } from "../library/FormeDocument.ts";
 import { CaretDisplay } from "./CaretDisplay.ts";
 import { Measuring } from "./Measuring.ts";
 import { Outline, type Region } from "./Outline.ts";
-import { Pager } from "./Pager.ts";
+import { Pager, type Enough } from "./Pager.ts";
 import { Pages } from "./Pages.ts";
 import { PageShapes } from "./PageShapes.ts";
 import type { Piece } from "./Piece.ts";
@@ -27,6 +27,8 @@ export class DocumentView implements View {
   #mustScroll = false;
   #goalX: number | null = null;
   onFocus = () => {};
+  /** Told when a phase of drawing begins, so that it can be measured; "" ends the last one. */
+  onPhase = (_name: "markup" | "pages" | "elements" | "caret" | "listeners" | "") => {};
 
   constructor(private readonly doc: FormeDocument, readonly scroller: HTMLElement) {
     this.#outline = new Outline(doc);
@@ -81,6 +83,9 @@ export class DocumentView implements View {
     this.flush();
     const piece = this.#outline.pieceAt(this.doc.caret);
     if (piece && piece.region.isFlow && piece.mounts.size === 0) {
+      while (this.#pager.pageOf(piece) < 0 && !this.#pager.isFilled)
+        this.#pager.fillOn(this.#enough(50));
+      this.#drawPages();
       const page = this.#pager.pageOf(piece);
       if (page >= 0) {
         this.scroller.scrollTop = this.#pages.top(page) * (this.#pages.element.currentCSSZoom ?? 1);
@@ -125,6 +130,7 @@ export class DocumentView implements View {
   /** Every page in the window, as for printing. */
   showAllPages(): void {
     this.flush();
+    this.#pager.fillOn(() => false);
     this.#pages.draw(true);
     this.caret.draw();
   }
@@ -134,8 +140,11 @@ export class DocumentView implements View {
       this.caret.atLineEnd = false;
       this.#mustScroll = true;
     }
-    if (reply.change)
+    if (reply.change) {
+      this.onPhase("markup");
       this.#takeUp(reply.change);
+      this.onPhase("");
+    }
     this.#schedule();
   }
 
@@ -177,29 +186,63 @@ export class DocumentView implements View {
     this.#measuring.rootAttributes = this.#outline.rootAttributes;
     this.#pager.shapes = new PageShapes(this.#outline.masters);
     this.#pages.clear();
-    this.#pager.fillAll();
+    this.#pager.fillAll(this.#enough());
   }
 
   #refill(region: Region, pieces: Piece[]): void {
+    this.onPhase("elements");
     for (const piece of pieces)
       piece.refresh(this.#measuring.boxOf(piece));
     if (!region.isFlow)
-      return this.#redrawStatics(region);
-    this.#pager.refill(region, pieces, Math.min(this.#changedFrom, ...pieces.map(each => each.start)));
+      return this.#pages.updateStatics();
+    this.onPhase("pages");
+    this.#pager.refill(region, pieces, Math.min(this.#changedFrom, ...pieces.map(each => each.start)), this.#enough());
   }
 
-  /** Pieces that were shown are shown anew; others come with the pages. */
-  #redrawStatics(region: Region): void {
-    if (region.pieces.every(each => each.mounts.size > 0))
-      return this.#pages.updateStatics();
-    this.#pages.clear();
+  /** Pages in the window are filled at once, others as long as a key may take and then in idle time. */
+  #enough(milliseconds = 8): Enough {
+    const last = this.#pages.near()[1] + 1;
+    const until = performance.now() + milliseconds;
+    return page => page > last && performance.now() > until;
   }
+
+  #fillWhenIdle(): void {
+    if (this.#isFilling || this.#pager.isFilled)
+      return;
+    this.#isFilling = true;
+    requestIdleCallback(idle => {
+      this.#isFilling = false;
+      this.flush();
+      this.#pager.fillOn(this.#enough(Math.max(5, idle.timeRemaining() - 10)));
+      this.#drawPages();
+    }, { timeout: 500 });
+  }
+
+  /** Behind the frame that shows what was drawn, so that nobody who listens makes a key wait. */
+  #tellDrawn(): void {
+    if (this.#isTelling)
+      return;
+    this.#isTelling = true;
+    requestAnimationFrame(() => setTimeout(() => {
+      this.#isTelling = false;
+      this.onPhase("listeners");
+      for (const listener of this.#listeners)
+        listener();
+      this.onPhase("");
+    }));
+  }
+
+  #isTelling = false;
+  #isFilling = false;
 
   #drawPages(): void {
     this.flush();
+    this.onPhase("elements");
     this.#pages.draw();
+    this.onPhase("caret");
     this.caret.draw();
-    for (const listener of this.#listeners)
-      listener();
+    this.onPhase("");
+    this.#fillWhenIdle();
+    this.#tellDrawn();
   }
 }

@@ -5,12 +5,12 @@ import type { FormeDocument } from "../library/FormeDocument.ts";
 import { BoxBuilder } from "./BoxBuilder.ts";
 import type { PieceBox } from "./Box.ts";
 import { Mounted } from "./Mounted.ts";
-import type { Piece } from "./Piece.ts";
+import type { Header, Piece } from "./Piece.ts";
 import { fontSizeOf, cssOf } from "./Properties.ts";
 import type { Region } from "./Outline.ts";
 import type { Attributes } from "../markup/Markup.ts";
 import { round } from "../markup/Lengths.ts";
-import { breaksIn } from "./Breaks.ts";
+import { breaksIn, headerIn } from "./Breaks.ts";
 
 const defaultFontSize = 16;
 
@@ -53,7 +53,7 @@ export class Measuring {
         const element = elements[i].querySelector<HTMLElement>(":scope > .piece") ?? elements[i];
         piece.measuredWidth = width;
         piece.measures = {
-          height: heightOf(element), breaks: null,
+          height: heightOf(element), breaks: null, header: null,
           footnotes: notes.map(note => ({ y: 0, height: heightOf(note) })),
         };
       });
@@ -65,22 +65,29 @@ export class Measuring {
     const shown = this.#shown(piece);
     if (!shown || piece.measuredWidth !== width || this.boxOf(piece).footnotes.length > 0)
       return false;
-    piece.measures = { height: heightOf(shown), breaks: null, footnotes: [] };
+    piece.measures = { height: heightOf(shown), breaks: null, header: null, footnotes: [] };
     return true;
   }
 
   breaksOf(piece: Piece): number[] {
     const measures = piece.measures!;
     if (!measures.breaks) {
+      const read = (element: HTMLElement) => {
+        measures.breaks = breaksIn(element);
+        measures.header = headerIn(element);
+      };
       const shown = this.#shown(piece);
       if (shown)
-        measures.breaks = breaksIn(shown);
+        read(shown);
       else
-        this.#withShown([piece], piece.measuredWidth, ([element]) => {
-          measures.breaks = breaksIn(element.querySelector<HTMLElement>(":scope > .piece")!);
-        });
+        this.#withShown([piece], piece.measuredWidth, ([element]) => read(element.querySelector<HTMLElement>(":scope > .piece")!));
     }
     return measures.breaks!;
+  }
+
+  headerOf(piece: Piece): Header | null {
+    this.breaksOf(piece);
+    return piece.measures!.header;
   }
 
   #shown(piece: Piece): HTMLElement | null {

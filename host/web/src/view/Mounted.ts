@@ -98,12 +98,12 @@ export class Mounted {
     }
     if (box.className === "hidden")
       return;
-    if (box.hasEdges)
+    if (box.hasStopBefore)
       leaves.push({ start: box.start, end: box.start, node, kind: "before", isPlain: false });
     const children = box.tag === "table" ? shown.children.toSorted((a, b) => a.box.start - b.box.start) : shown.children;
     for (const child of children)
       this.#collect(child, leaves);
-    if (box.hasEdges)
+    if (box.hasStopBehind)
       leaves.push({ start: box.end, end: box.end, node, kind: "after", isPlain: false });
   }
 

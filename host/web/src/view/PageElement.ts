@@ -7,7 +7,14 @@ import type { Page, Slice } from "./Pager.ts";
 import type { Area, RegionShape } from "./PageShapes.ts";
 import type { Mount, Piece } from "./Piece.ts";
 
-interface SliceElement { piece: Piece; element: HTMLElement; mount: Mount; look: string }
+interface SliceElement {
+  piece: Piece;
+  element: HTMLElement;
+  mount: Mount;
+  /** The header of a table that began on an earlier page. */
+  repeated?: Mount;
+  look: string;
+}
 
 function placed(area: Area, className: string): HTMLElement {
   const element = document.createElement("div");
@@ -20,7 +27,7 @@ export class PageElement {
   readonly element = document.createElement("div");
   #columns: { element: HTMLElement; slices: SliceElement[] }[] = [];
   #notes: { element: HTMLElement; mounts: SliceElement[] };
-  #statics: SliceElement[] = [];
+  #statics: { region: Region; element: HTMLElement; shown: SliceElement[] }[] = [];
   /** The columns that it showed last. */
   drawn: unknown = null;
 
@@ -51,14 +58,21 @@ export class PageElement {
 
   /** Shows changed headers and footers. */
   updateStatics(): void {
-    for (const shown of this.#statics)
-      shown.mount.mounted.update(this.measuring.boxOf(shown.piece).root, this.page.label);
+    for (const { region, element, shown } of this.#statics) {
+      if (shown.length !== region.pieces.length || shown.some(({ piece }, i) => piece !== region.pieces[i])) {
+        shown.splice(0).forEach(unmount);
+        this.#fillStatic(region, element, shown);
+      }
+      for (const { piece, mount } of shown)
+        mount.mounted.update(this.measuring.boxOf(piece).root, this.page.label);
+    }
   }
 
   remove(): void {
     for (const { slices } of this.#columns)
       slices.forEach(unmount);
-    this.#statics.forEach(unmount);
+    for (const { shown } of this.#statics)
+      shown.forEach(unmount);
     this.#notes.mounts.forEach(unmount);
     this.element.remove();
   }
@@ -79,14 +93,17 @@ export class PageElement {
     const element = placed(shape, `region outer ${shape.align}`);
     element.style.cssText += shape.style + (region ? this.measuring.styleOf(region) : "");
     this.element.append(element);
-    if (region)
-      this.#fillStatic(region, element);
+    if (!region)
+      return;
+    const shown: SliceElement[] = [];
+    this.#statics.push({ region, element, shown });
+    this.#fillStatic(region, element, shown);
   }
 
-  #fillStatic(region: Region, element: HTMLElement): void {
+  #fillStatic(region: Region, element: HTMLElement, shown: SliceElement[]): void {
     for (const piece of region.pieces) {
       const mounted = new Mounted(this.measuring.boxOf(piece).root, this.page.label);
-      this.#statics.push(mount(piece, mounted, mounted.element, -1));
+      shown.push(mount(piece, mounted, mounted.element, -1));
       element.append(mounted.element);
     }
   }
@@ -97,7 +114,7 @@ export class PageElement {
       const found = known.get(slice.piece);
       known.delete(slice.piece);
       const element = found ?? this.#mountSlice(slice);
-      look(element, slice);
+      this.#look(element, slice);
       return element;
     });
     known.forEach(unmount);
@@ -108,10 +125,48 @@ export class PageElement {
     column.slices = shown;
   }
 
+  /** A whole piece takes the height it has; a part of one is cut out of it. */
+  #look(shown: SliceElement, { gap, isWhole, from, to, header }: Slice): void {
+    const key = `${gap} ${isWhole || `${from} ${to} ${header?.top} ${header?.height}`}`;
+    if (shown.look === key)
+      return;
+    shown.look = key;
+    const piece = shown.mount.mounted.element;
+    const cut = piece.parentElement!;
+    shown.element.style.marginTop = `${gap}px`;
+    cut.style.cssText = isWhole ? "" : `height:${to - from}px;overflow:clip;`;
+    piece.style.marginTop = from > 0 ? `${-from}px` : "";
+    this.#repeatHeader(shown, header);
+  }
+
+  #repeatHeader(shown: SliceElement, header: Slice["header"]): void {
+    if (shown.repeated) {
+      shown.piece.mounts.delete(shown.repeated);
+      shown.repeated.mounted.element.parentElement!.remove();
+      shown.repeated = undefined;
+    }
+    if (!header)
+      return;
+    const mounted = new Mounted(this.measuring.boxOf(shown.piece).root, this.page.label);
+    const cut = document.createElement("div");
+    cut.className = "cut";
+    cut.ariaHidden = "true";
+    cut.style.cssText = `height:${header.height}px;overflow:clip;`;
+    mounted.element.style.marginTop = `${-header.top}px`;
+    cut.append(mounted.element);
+    shown.element.prepend(cut);
+    shown.repeated = { mounted, part: -1 };
+    shown.piece.mounts.add(shown.repeated);
+  }
+
   #mountSlice({ piece }: Slice): SliceElement {
     const mounted = new Mounted(this.measuring.boxOf(piece).root, this.page.label);
+    const cut = document.createElement("div");
+    cut.className = "cut";
+    cut.append(mounted.element);
     const element = document.createElement("div");
-    element.append(mounted.element);
+    element.className = "slice";
+    element.append(cut);
     return mount(piece, mounted, element, -1);
   }
 
@@ -139,17 +194,7 @@ function mount(piece: Piece, mounted: Mounted, element: HTMLElement, part: numbe
 
 function unmount(shown: SliceElement): void {
   shown.piece.mounts.delete(shown.mount);
+  if (shown.repeated)
+    shown.piece.mounts.delete(shown.repeated);
   shown.element.remove();
-}
-
-/** A whole piece takes the height it has; a part of one is cut out of it. */
-function look(shown: SliceElement, slice: Slice): void {
-  const css = `margin-top:${slice.gap}px;` + (slice.isWhole ? "" : `height:${slice.to - slice.from}px;`);
-  const key = `${css}${slice.from}`;
-  if (shown.look === key)
-    return;
-  shown.look = key;
-  shown.element.className = slice.isWhole ? "slice" : "slice part";
-  shown.element.style.cssText = css;
-  shown.mount.mounted.element.style.marginTop = slice.from > 0 ? `${-slice.from}px` : "";
 }

@@ -3,7 +3,7 @@
 
 import type { Measuring } from "./Measuring.ts";
 import type { Outline, Region, Sequence } from "./Outline.ts";
-import type { Piece } from "./Piece.ts";
+import type { Header, Piece } from "./Piece.ts";
 import { formattedNumber, type PageShape, type PageShapes } from "./PageShapes.ts";
 
 /** A part of a piece, from a height up to another one, as it stands on a page. */
@@ -14,6 +14,8 @@ export interface Slice {
   isWhole: boolean;
   /** The space above it. */
   gap: number;
+  /** What of the piece is shown again above, the header of a table. */
+  header: Header | null;
 }
 
 export interface Page {
@@ -30,26 +32,51 @@ interface Place { sequence: number; piece: Piece | null; index: number; from: nu
 
 const tolerance = 0.6;
 
+/** Whether to stop ahead of a page, for now. */
+export type Enough = (page: number) => boolean;
+
 export class Pager {
   pages: Page[] = [];
+  /** Pieces that have changed and stand on no page yet. */
+  #pending = new Set<Piece>();
+  /** Where filling stopped; the pages from there on are as they were before. */
+  #rest: { page: number; place: Place } | null = null;
 
   constructor(private readonly outline: Outline, private readonly measuring: Measuring, public shapes: PageShapes) {}
 
-  fillAll(): void {
+  /** Fills all pages, as many as there is time for: `fillOn` goes on behind them. */
+  fillAll(enough: Enough): void {
     this.pages = [];
-    this.#fill(0, { sequence: 0, piece: null, index: 0, from: 0, number: 1, pageInSequence: 0 }, []);
+    this.#rest = null;
+    this.#pending.clear();
+    this.#fill(0, { sequence: 0, piece: null, index: 0, from: 0, number: 1, pageInSequence: 0 }, [], enough);
   }
 
-  /** Fills anew around pieces that have changed; answers the first page that may differ. */
-  refill(region: Region, changed: Piece[], at: number): number {
+  /** Fills anew around pieces that have changed. */
+  refill(region: Region, changed: Piece[], at: number, enough: Enough): void {
     const sequence = this.outline.sequences.indexOf(region.sequence);
     const first = Math.max(0, this.#pageBefore(sequence, at) - 1);
     const place = this.pages[first]?.begin;
-    if (!place || !region.isFlow)
-      return 0;
-    const old = this.pages.splice(first);
-    this.#fill(first, this.#found(place), old, new Set(changed));
-    return first;
+    if (!place)
+      return this.fillAll(enough);
+    for (const piece of changed)
+      this.#pending.add(piece);
+    if (this.#rest && this.#rest.page <= first)
+      return;
+    this.#fill(first, this.#found(place), this.pages.splice(first), enough);
+  }
+
+  get isFilled(): boolean {
+    return this.#rest === null;
+  }
+
+  /** Goes on where the filling of pages stopped. */
+  fillOn(enough: Enough): void {
+    if (!this.#rest)
+      return;
+    const { page, place } = this.#rest;
+    this.#rest = null;
+    this.#fill(page, this.#found(place), this.pages.splice(page), enough);
   }
 
   /** The pages that show a piece. */
@@ -97,23 +124,31 @@ export class Pager {
     return index >= 0 ? { ...place, index } : { ...place, index: Math.min(place.index, pieces.length), piece: null };
   }
 
-  #fill(first: number, begin: Place, old: Page[], pending?: Set<Piece>): void {
-    let place: Place | null = begin;
-    while (place) {
-      const behind = old[this.pages.length - first];
-      if (pending && pending.size === 0 && behind && isSame(behind.begin, place)) {
-        this.pages.push(...old.slice(this.pages.length - first));
+  /** `old` are the pages as they were; where a page begins as it did, they still hold. */
+  #fill(first: number, begin: Place, old: Page[], enough: Enough): void {
+    const rest = this.#rest;
+    this.#rest = null;
+    for (let place: Place | null = begin; place;) {
+      const index = this.pages.length;
+      const before = old[index - first];
+      if (this.#pending.size === 0 && before && isSame(before.begin, place)) {
+        this.pages.push(...old.slice(index - first));
+        this.#rest = rest && rest.page > index ? rest : null;
         return;
       }
-      const before: Page | undefined = old[this.pages.length - first];
+      if (index > first && enough(index)) {
+        this.pages.push(...old.slice(index - first));
+        this.#rest = { page: index, place };
+        return;
+      }
       const filled: Filled = new PageFiller(this, this.outline, this.measuring, place).fill();
       this.pages.push(before && isSamePage(before, filled.page) ? Object.assign(before, filled.page) : filled.page);
-      if (pending)
-        for (const slice of filled.page.columns.flat())
-          if (slice.isWhole || filled.next?.piece !== slice.piece)
-            pending.delete(slice.piece);
+      for (const slice of filled.page.columns.flat())
+        if (filled.next?.piece !== slice.piece)
+          this.#pending.delete(slice.piece);
       place = filled.next;
     }
+    this.#pending.clear();
   }
 }
 
@@ -218,11 +253,12 @@ class PageFiller {
       }
       const gap = slices.length === 0 || this.#from > 0 ? 0 : Math.max(spaceAfter, box.spaceBefore);
       const notes = this.#from === 0 ? measures.footnotes.reduce((sum, each) => sum + each.height, 0) : 0;
-      const room = this.#shape.body.height - this.#notes - notes - y - gap;
+      const header = this.#from > 0 ? this.#headerOf(piece) : null;
+      const room = this.#shape.body.height - this.#notes - notes - y - gap - (header?.height ?? 0);
       if (measures.height - this.#from <= room + tolerance) {
-        slices.push({ piece, from: this.#from, to: measures.height, isWhole: this.#from === 0, gap });
+        slices.push({ piece, from: this.#from, to: measures.height, isWhole: this.#from === 0, gap, header });
         this.#notes += notes;
-        y += gap + measures.height - this.#from;
+        y += gap + measures.height - this.#from + (header?.height ?? 0);
         spaceAfter = box.spaceAfter;
         ++this.#index;
         this.#from = 0;
@@ -232,14 +268,20 @@ class PageFiller {
         }
         continue;
       }
-      this.#divide(piece, slices, gap, room, notes);
+      this.#divide(piece, slices, { gap, header }, room, notes);
       break;
     }
     return slices;
   }
 
+  /** Where there is room for more below it, the header of a table is shown on each of its pages. */
+  #headerOf(piece: Piece): Header | null {
+    const header = this.measuring.headerOf(piece);
+    return header && header.height < this.#shape.body.height / 3 && this.#from >= header.top + header.height ? header : null;
+  }
+
   /** As much of the piece as there is room for. */
-  #divide(piece: Piece, slices: Slice[], gap: number, room: number, notes: number): void {
+  #divide(piece: Piece, slices: Slice[], above: Pick<Slice, "gap" | "header">, room: number, notes: number): void {
     const isFirst = slices.length === 0;
     const box = this.measuring.boxOf(piece);
     const most = this.#from + room + tolerance;
@@ -248,7 +290,7 @@ class PageFiller {
     const to = at ?? (isFirst ? this.#from + Math.max(room, 20) : undefined);
     if (to === undefined)
       return this.#takeBackKept(slices);
-    slices.push({ piece, from: this.#from, to, isWhole: false, gap });
+    slices.push({ piece, from: this.#from, to, isWhole: false, ...above });
     this.#notes += notes;
     this.#from = to;
   }

@@ -10,8 +10,12 @@ export interface Measures {
   height: number;
   /** Where a page may end in it, from its top; known once they were asked for. */
   breaks: number[] | null;
+  header: Header | null;
   footnotes: { y: number; height: number }[];
 }
+
+/** From where in a piece, and how high, the header of its table is. */
+export interface Header { top: number; height: number }
 
 /** One place where a piece is shown, or with a part from 0 one of its footnotes. */
 export interface Mount { mounted: Mounted; part: number }

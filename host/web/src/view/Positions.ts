@@ -71,7 +71,7 @@ export class Positions {
 
   #isSeen(place: Place, offset: number): boolean {
     const box = this.#boxIn(place, offset, false);
-    const clip = place.mount.mounted.element.closest(".slice, .region")?.getBoundingClientRect();
+    const clip = place.mount.mounted.element.closest(".cut, .region")?.getBoundingClientRect();
     const middle = box ? box.top + box.height / 2 : 0;
     return box !== null && clip !== undefined && middle >= clip.top && middle <= clip.bottom;
   }
@@ -125,7 +125,7 @@ export class Positions {
     const around = hit.closest(".label, .body, td, .region, .footnotes") ?? page.querySelector(".region.body");
     let best: { distance: number; offset: number } | null = null;
     for (const { piece, mount } of this.#mountsIn(around ?? page)) {
-      const rect = mount.mounted.element.closest(".slice, .piece, .footnote")!.getBoundingClientRect();
+      const rect = mount.mounted.element.closest(".cut, .piece, .footnote")!.getBoundingClientRect();
       if (best && distanceTo(rect, x, y) > best.distance)
         continue;
       for (const leaf of mount.mounted.leaves) {
@@ -177,8 +177,10 @@ function distanceTo(rect: DOMRect, x: number, y: number): number {
 }
 
 function rectsOf(leaf: Leaf): DOMRect[] {
-  if (leaf.kind === "before" || leaf.kind === "after")
-    return [];
+  if (leaf.kind === "before" || leaf.kind === "after") {
+    const { left, right, top, height } = (leaf.node as Element).getBoundingClientRect();
+    return [new DOMRect(leaf.kind === "before" ? left - 2 : right, top, 2, height)];
+  }
   if (leaf.kind === "object")
     return [(leaf.node as Element).getBoundingClientRect()];
   const range = document.createRange();

@@ -1,10 +1,11 @@
 // Opening, saving and new documents. Where the browser can write files itself, "Save" writes the one
 // that was opened; elsewhere it is a download.
 
-import { text } from "../../texts/texts.ts";
+import { language, text } from "../../texts/texts.ts";
 import { showChoice, showDialog, tell } from "../Dialog.ts";
 import type { Editor } from "../Editor.ts";
 import { h } from "../elements.ts";
+import { Draft, type Kept } from "./Draft.ts";
 import { contentOf, templates, type Template } from "./templates.ts";
 
 interface FileHandle {
@@ -56,6 +57,33 @@ export class Files {
         if (!(await this.mayLeave())) return;
         const picked = await pickToOpen();
         if (picked) await this.openFile(picked.file, picked.handle);
+    }
+
+    /** An empty page to write on, and what was not saved the last time. */
+    async begin(): Promise<void> {
+        if (!this.editor.call<string>("getContent"))
+            await this.take(text("file.untitled"), () => contentOf(templates[0]!));
+        await this.offerDrafts();
+    }
+
+    /** What a window left behind that went away before it was saved. */
+    private async offerDrafts(): Promise<void> {
+        for (const [id, kept] of await Draft.leftBehind().catch(() => new Map<string, Kept>())) {
+            const when = new Date(kept.time).toLocaleString(language(), { dateStyle: "medium", timeStyle: "short" });
+            const question = [h("p", {}, text("file.draft", { name: kept.name, when }))];
+            const choice = await showChoice("file.draft.title", question, ["file.restore", "file.discardDraft"]);
+            if (choice === null) continue; // it is offered again
+            if (choice === "file.restore" && !(await this.restore(kept))) continue;
+            await Draft.forget(id);
+            if (choice === "file.restore") return;
+        }
+    }
+
+    private async restore(kept: Kept): Promise<boolean> {
+        if (!(await this.mayLeave()) || !(await this.take(kept.name, async () => kept.bytes))) return false;
+        this.savedVersion = -1;
+        this.notify();
+        return true;
     }
 
     async openDropped(file: File): Promise<void> {

@@ -8,9 +8,11 @@ import { icon } from "../icons.ts";
 import { keysOf } from "../keys.ts";
 import { selection } from "../markup.ts";
 import { mark } from "../marks.ts";
+import type { DocumentText } from "./DocumentText.ts";
 import { Search, type Wanted } from "./Search.ts";
 
 const askFrom = 500; // replacements
+const pause = 100; // ms after something was drawn
 
 export class FindBar {
     readonly element: HTMLElement;
@@ -25,9 +27,13 @@ export class FindBar {
     private readonly wholeWords = h("input", { type: "checkbox" });
     private readonly status = h("span", { class: "ui-find-status", role: "status" });
     private readonly replaceRow: HTMLElement;
+    private due: ReturnType<typeof setTimeout> | undefined;
 
-    constructor(private readonly editor: Editor) {
-        this.search = new Search(editor);
+    constructor(
+        private readonly editor: Editor,
+        documentText: DocumentText,
+    ) {
+        this.search = new Search(editor, documentText);
         this.replaceRow = h(
             "div",
             { class: "ui-find-row" },
@@ -54,7 +60,7 @@ export class FindBar {
         this.find.addEventListener("input", () => this.show());
         for (const box of [this.matchCase, this.wholeWords]) box.addEventListener("change", () => this.show());
         this.element.addEventListener("keydown", (event) => this.onKey(event));
-        editor.view.onDrawn(() => this.isOpen && this.markVisible());
+        editor.view.onDrawn(() => this.isOpen && this.markLater());
     }
 
     get isOpen(): boolean {
@@ -103,10 +109,14 @@ export class FindBar {
         else this.status.textContent = count ? text("find.count", { index: index + 1, count }) : text("find.none");
     }
 
+    private markLater(): void {
+        clearTimeout(this.due);
+        this.due = setTimeout(() => this.isOpen && this.markVisible(), pause);
+    }
+
     private markVisible(): void {
         const { start, end } = this.editor.view.visible;
-        const shown = this.search.all(this.wanted()).filter((match) => match.end > start && match.start < end);
-        mark(this.editor, "found", shown);
+        mark(this.editor, "found", this.find.value ? this.search.between(this.wanted(), start, end) : []);
     }
 
     private replace(): void {

@@ -2,7 +2,8 @@
 
 import type { Editor } from "../Editor.ts";
 import { escaped, select, type Range } from "../markup.ts";
-import { beginOfPages, paragraphsOf } from "./Paragraphs.ts";
+import type { DocumentText } from "./DocumentText.ts";
+import { paragraphsOf, type Paragraph } from "./Paragraph.ts";
 
 export interface Wanted {
     text: string;
@@ -18,18 +19,26 @@ export class Search {
     private version = -1;
     private wanted = "";
 
-    constructor(private readonly editor: Editor) {}
+    constructor(
+        private readonly editor: Editor,
+        private readonly text: DocumentText,
+    ) {}
 
     /** All places, in the order of the text; found anew only when text or question have changed. */
     all(wanted: Wanted): Range[] {
         const version = this.editor.call<number>("getTextVersion");
         const key = JSON.stringify(wanted);
         if (version !== this.version || key !== this.wanted) {
-            this.matches = wanted.text ? find(this.editor, wanted) : [];
+            this.matches = wanted.text ? matchesIn(this.text.all(), wanted) : [];
             this.version = version;
             this.wanted = key;
         }
         return this.matches;
+    }
+
+    /** The places in the paragraphs of a stretch; costs no more than that is long. */
+    between(wanted: Wanted, start: number, end: number): Range[] {
+        return matchesIn(paragraphsOf(this.editor, start, end), wanted);
     }
 
     /** Selects the next place behind the caret, or before it, and from the other end on; its index. */
@@ -85,14 +94,12 @@ export class Search {
     }
 }
 
-function find(editor: Editor, wanted: Wanted): Range[] {
+function matchesIn(paragraphs: Iterable<Paragraph>, wanted: Wanted): Range[] {
     const pattern = patternOf(wanted);
     const found: Range[] = [];
-    for (const { text, starts, ends } of paragraphsOf(editor, beginOfPages(editor)))
-        for (const match of text.matchAll(pattern)) {
-            const from = match.index;
-            found.push({ start: starts[from]!, end: ends[from + match[0].length - 1]! });
-        }
+    for (const paragraph of paragraphs)
+        for (const { 0: match, index } of paragraph.text.matchAll(pattern))
+            found.push(paragraph.range(index, index + match.length));
     return found;
 }
 
