@@ -1,5 +1,5 @@
 # Every target sets up what it needs; see scripts/.
-.PHONY: demo test test-debian test-recipes test-portable test-web web bench bench-growth bench-peers bench-web fuzz docs lint install
+.PHONY: demo test test-debian test-recipes test-portable bench bench-growth bench-peers fuzz docs lint install web test-web bench-web
 
 PRESET ?= debug
 SECONDS ?= 30

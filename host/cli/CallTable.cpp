@@ -10,18 +10,7 @@ namespace {
 /// The rooms' tables, one behind the other.
 std::vector<Operation> everyTable() {
     std::vector<Operation> all;
-    for (const auto table : {
-             Calls::session,       Calls::document,         Calls::history,
-             Calls::caret,         Calls::search,           Calls::selection,
-             Calls::typing,        Calls::clipboard,        Calls::deletion,
-             Calls::breaks,        Calls::formatting,       Calls::objects,
-             Calls::lists,         Calls::settings,         Calls::content,
-             Calls::pageSequences, Calls::pageSequenceTree, Calls::detachedPages,
-             Calls::tables,        Calls::masters,          Calls::templateData,
-             Calls::values,        Calls::security,         Calls::promoPlaces,
-             Calls::forms,         Calls::channels,         Calls::view,
-             Calls::exports,
-         }) {
+    for (const Calls::Table table : Calls::served()) {
         std::vector<Operation> rows = table();
         std::move(rows.begin(), rows.end(), std::back_inserter(all));
     }

@@ -8,6 +8,11 @@
 /// a row in one of them.
 namespace Calls {
 
+using Table = std::vector<Operation> (*)();
+
+/// The tables of what a program answers. Each program has its own choice; that of `forme` is all.
+std::vector<Table> served();
+
 /// What this program itself does for a host.
 std::vector<Operation> session();
 /// The names that a host registers, loading and saving, and the large parts of the text.

@@ -8,9 +8,13 @@ export class DocumentText {
     /** In the order of the text, up to the last that was read. */
     private known: Paragraph[] = [];
     private isComplete = false;
+    /** What has changed since they were read, as one range. */
+    private missed: Change | undefined;
 
     constructor(private readonly editor: Editor) {
-        editor.document.listen(({ change }) => change && this.follow(change));
+        editor.document.listen(({ change }) => {
+            if (change) this.missed = this.missed ? together(this.missed, change) : change;
+        });
     }
 
     all(): Paragraph[] {
@@ -20,6 +24,8 @@ export class DocumentText {
 
     /** Reads on until a time of `performance.now()`; whether there is nothing left to read. */
     readUntil(deadline: number): boolean {
+        if (this.missed) this.follow(this.missed);
+        this.missed = undefined;
         if (this.isComplete) return true;
         for (const paragraph of paragraphsOf(this.editor, this.known.at(-1)?.end ?? this.begin())) {
             this.known.push(paragraph);
@@ -58,4 +64,15 @@ export class DocumentText {
         }
         return low;
     }
+}
+
+/** Two changes, the second of the text that the first has left, as one. */
+function together(first: Change, second: Change): Change {
+    const start = Math.min(first.start, second.start);
+    const end = Math.max(first.start + first.inserted, second.start + second.removed); // between the two
+    return {
+        start,
+        removed: end - first.inserted + first.removed - start,
+        inserted: end - second.removed + second.inserted - start,
+    };
 }
