@@ -1,5 +1,5 @@
 # Every target sets up what it needs; see scripts/.
-.PHONY: demo test bench bench-growth bench-peers fuzz docs lint install web test-web bench-web
+.PHONY: demo test test-debian test-recipes test-portable test-web web bench bench-growth bench-peers bench-web fuzz docs lint install
 
 PRESET ?= debug
 SECONDS ?= 30
@@ -9,6 +9,12 @@ demo:
 	@scripts/demo.sh
 test:
 	@scripts/test.sh $(PRESET)
+test-debian:
+	@scripts/test-debian.sh
+test-recipes:
+	@scripts/test-recipes.sh
+test-portable:
+	@scripts/test-portable.sh $(ARGS)
 bench:
 	@scripts/bench.sh $(ARGS)
 bench-growth:

@@ -1,6 +1,7 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs|debian|web|test-web ...
+#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs
+#   or debian|libc++|emscripten|web|test-web ...
 set -euo pipefail
 
 packages_for() {
@@ -16,6 +17,8 @@ packages_for() {
         clang) echo clang libclang-rt-dev llvm ;;
         lint) echo clang-format clang-tidy ;;
         docs) echo doxygen ;;
+        libc++) echo libc++-dev libc++abi-dev ;;
+        emscripten) echo emscripten nodejs ;;
         debian) echo debhelper dpkg-dev lintian ;;
         web) echo cmake ninja-build emscripten nlohmann-json3-dev hunspell-en-us hunspell-de-de
              command -v npm >/dev/null || echo npm ;;

@@ -22,7 +22,7 @@ void* ParserMemory::take(std::size_t size) noexcept {
         if (wanted > granted_)
             return nullptr;
         try {
-            chunks_.push_back(std::make_unique_for_overwrite<char[]>(wanted));
+            chunks_.push_back(std::unique_ptr<char[]>(new char[wanted]));
         } catch (const std::bad_alloc&) {
             return nullptr;
         }

@@ -14,7 +14,8 @@ COMPONENTS = {
     "hunspell": ("hunspell/1.7.2", "hunspell::hunspell"),
     "unicode": ("icu/74.2", "icu::icu-uc"),
 }
-SOURCES = ("CMakeLists.txt", "LICENSE", "cmake/*", "host/*", "src/*")
+SOURCES = ("CMakeLists.txt", "LICENSE", "cmake/*", "src/*", "host/CMakeLists.txt",
+           "host/Component.cmake", "host/cli/*", "host/html/*", "host/spelling/*", "host/unicode/*")
 
 
 class FormeConan(ConanFile):

@@ -164,7 +164,8 @@ constexpr Object objects[] = {
     {"title", title, {inlines}},
     {"wrapper", anywhere | wrapper, {line}},
 };
-static_assert(std::ranges::is_sorted(objects, {}, &Object::name));
+constexpr auto byName = [](const Object& a, const Object& b) { return a.name < b.name; };
+static_assert(std::is_sorted(std::begin(objects), std::end(objects), byName));
 
 struct Filler {
     std::string_view object;
@@ -453,7 +454,7 @@ constexpr std::string_view properties[] = {
     "writing-mode",
     "z-index",
 };
-static_assert(std::ranges::is_sorted(properties));
+static_assert(std::is_sorted(std::begin(properties), std::end(properties)));
 
 } // namespace
 
@@ -463,12 +464,15 @@ const Kinds once = masterSet | declarations | bookmarkTree | bookmarkTitle | reg
                    citationSeparator | rangeSeparator | numberPrefix | numberSuffix;
 
 std::size_t Object::groupOf(Kinds child) const {
-    const auto* group = std::ranges::find_if(groups, [&](Kinds kinds) { return kinds & child; });
+    const auto* group =
+        std::find_if(groups.begin(), groups.end(), [&](Kinds kinds) { return kinds & child; });
     return static_cast<std::size_t>(std::distance(groups.begin(), group));
 }
 
 const Object* find(std::string_view name) {
-    const auto* found = std::ranges::lower_bound(objects, name, {}, &Object::name);
+    const auto* found = std::lower_bound(
+        std::begin(objects), std::end(objects), name,
+        [](const Object& each, std::string_view wanted) { return each.name < wanted; });
     return found != std::end(objects) && found->name == name ? found : nullptr;
 }
 
@@ -484,14 +488,16 @@ std::string_view fillerOf(const Object& object, std::size_t group) {
         return {};
     if (object.groups[group] == blocks)
         return "\n<fo:block/>";
-    const auto* found = std::ranges::find_if(fillers, [&](const Filler& filler) {
-        return filler.object == object.name && filler.group == group;
-    });
+    const auto* found =
+        std::find_if(std::begin(fillers), std::end(fillers), [&](const Filler& filler) {
+            return filler.object == object.name && filler.group == group;
+        });
     return found == std::end(fillers) ? std::string_view() : found->markup;
 }
 
 bool isProperty(std::string_view name) {
-    return std::ranges::binary_search(properties, name.substr(0, name.find('.')));
+    return std::binary_search(std::begin(properties), std::end(properties),
+                              name.substr(0, name.find('.')));
 }
 
 } // namespace FoModel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,7 +24,7 @@ public:
     }
     /// In its place, or else behind the others.
     void set(std::string_view name, std::string value) {
-        const auto found = std::ranges::find(properties_, name, &Property::first);
+        const auto found = properties_.begin() + std::distance(begin(), find(name));
         if (found == properties_.end())
             properties_.emplace_back(name, std::move(value));
         else
@@ -40,7 +41,8 @@ public:
 
 private:
     std::vector<Property>::const_iterator find(std::string_view name) const {
-        return std::ranges::find(properties_, name, &Property::first);
+        return std::find_if(begin(), end(),
+                            [&](const Property& each) { return each.first == name; });
     }
 
     std::vector<Property> properties_;

@@ -22,7 +22,7 @@ std::string_view attributeOf(const char** attributes, std::string_view name) {
 
 std::string lowerCase(std::string_view text) {
     std::string result(text);
-    std::ranges::transform(result, result.begin(), [](unsigned char unit) {
+    std::transform(result.begin(), result.end(), result.begin(), [](unsigned char unit) {
         return static_cast<char>(unit < 0x80 ? std::tolower(unit) : unit);
     });
     return result;

@@ -137,17 +137,18 @@ bool FoWriter::makeRoomFor(Kinds child) {
 }
 
 bool FoWriter::isWithin(std::string_view object) const {
-    return std::ranges::any_of(open_,
-                               [&](const Frame& each) { return each.object->name == object; });
+    return std::any_of(open_.begin(), open_.end(),
+                       [&](const Frame& each) { return each.object->name == object; });
 }
 
 FoWriter::Place FoWriter::limitOf(const Object& object) const {
-    const auto* limit = std::ranges::find(limits, object.name, &Limit::object);
+    const auto* limit = std::find_if(std::begin(limits), std::end(limits),
+                                     [&](const Limit& each) { return each.object == object.name; });
     if (limit == std::end(limits))
         return Place::Found;
     const auto isAround = [this](std::string_view name) { return !name.empty() && isWithin(name); };
-    return std::ranges::any_of(limit->within, isAround) &&
-                   std::ranges::none_of(limit->notWithin, isAround)
+    return std::any_of(limit->within.begin(), limit->within.end(), isAround) &&
+                   std::none_of(limit->notWithin.begin(), limit->notWithin.end(), isAround)
                ? Place::Found
                : limit->otherwise;
 }

@@ -50,7 +50,7 @@ private:
             master_ = valueOf(attributes, "master-name");
             isNew_ = !master_.empty() && !names_.isMaster(master_);
             references_.clear();
-        } else if (std::ranges::count(regionKinds, element.local)) {
+        } else if (std::count(regionKinds.begin(), regionKinds.end(), element.local) > 0) {
             if (isNew_ && regions_.insert(std::string(element.local)).second)
                 names_.addRegion(master_, std::string(element.local),
                                  valueOf(attributes, "region-name"));

@@ -51,13 +51,15 @@ constexpr std::array<Control, 5> controls{{
 } // namespace
 
 Shown of(std::string_view prefix, std::string_view name) {
-    const auto* found = std::ranges::find_if(
-        rows, [&](const Row& row) { return row.prefix == prefix && row.name == name; });
+    const auto* found = std::find_if(std::begin(rows), std::end(rows), [&](const Row& row) {
+        return row.prefix == prefix && row.name == name;
+    });
     return found == std::end(rows) ? Shown() : found->shown;
 }
 
 const Control& controlOf(std::string_view type) {
-    const auto* found = std::ranges::find(controls, type, &Control::type);
+    const auto* found = std::find_if(controls.begin(), controls.end(),
+                                     [&](const Control& each) { return each.type == type; });
     return found == controls.end() ? controls.front() : *found;
 }
 

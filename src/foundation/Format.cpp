@@ -1,5 +1,7 @@
 #include "foundation/Format.h"
 
+#include "foundation/FloatText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -18,22 +20,9 @@ std::string narrowed(const String& text, std::wstring_view allowed) {
     return {text.view().begin(), text.view().end()};
 }
 
-/// std::from_chars knows no plus sign.
-std::string_view withoutPlus(std::string_view text) {
+std::string withoutPlus(const std::string& text) {
     const bool isSign = text.starts_with('+') && !text.starts_with("+-");
     return isSign ? text.substr(1) : text;
-}
-
-template <typename Number, typename... Options>
-bool parseWhole(std::string_view text, Number& result, Options... options) {
-    const std::string_view number = withoutPlus(text);
-    const char* const end = number.data() + number.size();
-    Number value{};
-    const auto [stop, error] = std::from_chars(number.data(), end, value, options...);
-    if (error != std::errc() || stop != end)
-        return false;
-    result = value;
-    return true;
 }
 
 /// How many decimals a number is written with.
@@ -56,23 +45,9 @@ std::optional<Decimals> parseDecimals(std::wstring_view format) {
     return Decimals{zeros, fraction.size()};
 }
 
-/// Room for a sign and every digit that a float has before the point, or for the shortest text of
-/// the smallest one.
-constexpr std::size_t longestFloat = 64;
-
-std::string shortest(float value) {
-    std::string text(longestFloat, '\0');
-    const auto written =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    text.resize(static_cast<std::size_t>(written.ptr - text.data()));
-    return text;
-}
-
 std::string rounded(float value, Decimals decimals) {
-    std::string text(longestFloat + decimals.most, '\0');
-    const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
-                                       std::chars_format::fixed, static_cast<int>(decimals.most));
-    std::size_t length = static_cast<std::size_t>(written.ptr - text.data());
+    std::string text = FloatText::rounded(value, static_cast<int>(decimals.most));
+    std::size_t length = text.size();
     for (std::size_t i = decimals.most; i > decimals.least && text[length - 1] == '0'; --i)
         --length;
     if (text[length - 1] == '.')
@@ -96,18 +71,29 @@ int Format::parseInt(const String& text) {
 }
 
 bool Format::parseInt(const String& text, int& result) {
-    return parseWhole(narrowed(text, L"+-0123456789"), result);
+    const std::string number = withoutPlus(narrowed(text, L"+-0123456789"));
+    const char* const end = number.data() + number.size();
+    int value = 0;
+    const auto [stop, error] = std::from_chars(number.data(), end, value);
+    if (error != std::errc() || stop != end)
+        return false;
+    result = value;
+    return true;
 }
 
 bool Format::parseFloat(const String& text, float& result) {
-    return parseWhole(narrowed(text, L"+-.0123456789"), result, std::chars_format::fixed);
+    float value = 0;
+    if (!FloatText::parse(withoutPlus(narrowed(text, L"+-.0123456789")), value))
+        return false;
+    result = value;
+    return true;
 }
 
 String Format::formatValue(float value, const String& format) {
     if (!std::isfinite(value))
         return L"0";
     const std::optional<Decimals> decimals = parseDecimals(format.view());
-    const std::string text = decimals ? rounded(value, *decimals) : shortest(value);
+    const std::string text = decimals ? rounded(value, *decimals) : FloatText::shortest(value);
     return withoutNegativeZero(text).c_str();
 }
 

@@ -154,7 +154,7 @@ public:
     }
     friend bool operator==(const String& a, const wchar_t* b) { return a.compare(b) == 0; }
     friend std::strong_ordering operator<=>(const String& a, const String& b) {
-        return a.view() <=> b.view();
+        return a.view().compare(b.view()) <=> 0;
     }
 
     friend FORME_API String operator+(const String& a, const String& b);

@@ -104,7 +104,8 @@ private:
     template <typename Find>
     std::size_t findInStore(std::size_t start, std::size_t end, Find find) const noexcept;
     constexpr std::strong_ordering compare(TextView other) const noexcept {
-        return window_ || other.window_ ? compareByUnit(other) : plain() <=> other.plain();
+        return window_ || other.window_ ? compareByUnit(other)
+                                        : plain().compare(other.plain()) <=> 0;
     }
     std::strong_ordering compareByUnit(TextView other) const noexcept;
 

@@ -46,7 +46,7 @@ endfunction()
 function(vcpkg_cmake_configure)
   cmake_parse_arguments(PARSE_ARGV 0 ARG "" SOURCE_PATH OPTIONS)
   string(COMPARE EQUAL ${LINKAGE} dynamic is_shared)
-  run(${CMAKE_COMMAND} -S ${ARG_SOURCE_PATH} -B ${WORK}/build -G Ninja -DCMAKE_BUILD_TYPE=Release
+  run(${CMAKE_COMMAND} -S ${ARG_SOURCE_PATH} -B ${WORK}/build -G Ninja -DCMAKE_BUILD_TYPE=Debug
     -DCMAKE_UNITY_BUILD=ON -DBUILD_SHARED_LIBS=${is_shared} -DCMAKE_INSTALL_LIBDIR=lib
     -DCMAKE_INSTALL_PREFIX=${CURRENT_PACKAGES_DIR} ${ARG_OPTIONS})
 endfunction()

@@ -125,7 +125,8 @@ Parts joinParts(const Part& first, const Part& second) {
         parts.insert(parts.end(), behind.parts.begin(), behind.parts.end());
     } else if (before.height > behind.height) {
         parts.assign(before.parts.begin(), before.parts.end() - 1);
-        std::ranges::move(joinParts(before.parts.back(), second), std::back_inserter(parts));
+        Parts joined = joinParts(before.parts.back(), second);
+        std::move(joined.begin(), joined.end(), std::back_inserter(parts));
     } else {
         parts = joinParts(first, behind.parts.front());
         parts.insert(parts.end(), behind.parts.begin() + 1, behind.parts.end());

@@ -37,7 +37,7 @@ class ConanFile:
         self.export_sources_folder = self.source_folder = f"{work}/source"
         self.build_folder = f"{work}/build"
         self.package_folder = f"{work}/package"
-        self.settings = SimpleNamespace(os="Linux", build_type="Release")
+        self.settings = SimpleNamespace(os="Linux", build_type="Debug")
         assert set(options) <= set(self.options)
         self.options = Options(**{**self.default_options, **options})
         self.cpp_info = CppInfo()

@@ -98,7 +98,7 @@ export class Mounted {
     }
     if (box.className === "hidden")
       return;
-    if (box.hasStopBefore)
+    if (box.hasStopBefore && leaves[leaves.length - 1]?.end !== box.start)
       leaves.push({ start: box.start, end: box.start, node, kind: "before", isPlain: false });
     const children = box.tag === "table" ? shown.children.toSorted((a, b) => a.box.start - b.box.start) : shown.children;
     for (const child of children)

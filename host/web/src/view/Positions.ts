@@ -191,7 +191,8 @@ function rectsOf(leaf: Leaf): DOMRect[] {
 function boxBeside(leaf: Leaf, inPiece: number): CaretBox {
   const rect = (leaf.node as Element).getBoundingClientRect();
   const isBehind = leaf.kind === "after" || leaf.kind === "object" && inPiece >= leaf.end;
-  return { left: isBehind ? rect.right : rect.left - (leaf.kind === "before" ? 2 : 0), top: rect.top, height: rect.height };
+  const left = isBehind ? rect.right : rect.left - (leaf.kind === "before" ? 2 : 0);
+  return { left, top: rect.top, height: rect.height || parseFloat(getComputedStyle(leaf.node as Element).fontSize) };
 }
 
 function boxInText(text: Text, index: number, atLineEnd: boolean): CaretBox {
