@@ -290,5 +290,6 @@ export const de: Texts = {
 
     "say.on": "{what} an",
     "say.off": "{what} aus",
+    "say.failed": "Das ging nicht; das Dokument ist, wie es war.",
     "say.refused": "Hier nicht möglich",
 };

@@ -287,5 +287,6 @@ export const en = {
 
     "say.on": "{what} on",
     "say.off": "{what} off",
+    "say.failed": "That did not work; the document is as it was.",
     "say.refused": "Not possible here",
 } as const;
