@@ -54,8 +54,6 @@ function commandButton(editor: Editor, command: Command): Control {
             title: titleOf(command),
             "aria-label": text(command.text),
             "data-command": command.id,
-            // The text keeps the focus, so that what is typed next goes there.
-            onpointerdown: (event: PointerEvent) => event.preventDefault(),
             onclick: () => runFromButton(editor, command),
         },
         command.icon ? icon(command.icon) : text(command.text),
