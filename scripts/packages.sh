@@ -20,7 +20,7 @@ packages_for() {
         libc++) echo libc++-dev libc++abi-dev ;;
         emscripten) echo emscripten nodejs ;;
         debian) echo debhelper dpkg-dev lintian ;;
-        web) echo cmake ninja-build emscripten nlohmann-json3-dev hunspell-en-us hunspell-de-de
+        web) echo cmake ninja-build emscripten nlohmann-json3-dev hunspell-en-us hunspell-en-gb hunspell-de-de
              command -v npm >/dev/null || echo npm ;;
         test-web) echo chromium poppler-utils fonts-liberation ;;
         *) echo "packages.sh: no task is called '$1'" >&2; return 1 ;;

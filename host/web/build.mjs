@@ -31,7 +31,7 @@ function copyFiles() {
   cpSync(join(module, "forme.wasm"), join(page, "forme.wasm"));
   for (const name of readdirSync(join(root, "samples")).filter(each => each.endsWith(".xml")))
     cpSync(join(root, "samples", name), join(page, "templates", name));
-  copyDictionaries("/usr/share/hunspell", ["en_US", "de_DE"]);
+  copyDictionaries("/usr/share/hunspell", ["en_US", "en_GB", "de_DE"]);
 }
 
 /** They are large and no part of the page: it fetches them when words are to be checked. */

@@ -73,3 +73,27 @@ test("what a closed window had not saved comes back", async (t) => {
   await again.page.waitForFunction(() => window.forme.document.call<string>("getContent").includes("Almost lost"));
   assert.equal(await again.text(), text);
 });
+
+test("who opens a menu or a box by mouse goes on typing where the caret was", async (t) => {
+  const editor = await openEditor(t);
+  await editor.blank();
+  await editor.type("a");
+  await editor.page.click("text='Insert'");
+  await editor.page.click("text='Special character'");
+  await editor.page.click(".ui-symbols >> text=€");
+  await editor.type("b");
+  await editor.menu("Format", "paragraph");
+  await editor.page.fill("dialog [name=text-indent]", "1 cm");
+  await editor.page.click("dialog >> text='OK'");
+  await editor.page.waitForSelector("dialog", { state: "detached" });
+  await editor.type("c");
+  await editor.page.selectOption(".ui-size", "14");
+  await editor.type("d");
+  await editor.page.click("[aria-label='Zoom in']");
+  await editor.page.click(".ui-title");
+  await editor.type("e");
+  assert.equal(
+    await editor.flow(),
+    '<fo:block text-indent="1cm">a€bc<fo:inline font-size="14pt">de</fo:inline></fo:block>',
+  );
+});

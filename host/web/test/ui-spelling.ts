@@ -19,7 +19,7 @@ async function waitForMarks(editor: EditorPage, wanted: string[]): Promise<void>
 test("misspelt words are marked once they are written, and give way to a suggestion", async (t) => {
   const editor = await openEditor(t);
   await editor.blank();
-  await editor.type("The wrold is large, see wrold.example. thisword");
+  await editor.type("The wrold is large, its colour grey, see wrold.example. thisword");
   await waitForMarks(editor, ["wrold"]);
   await editor.key("F7", "Shift+F10");
   await editor.page.waitForSelector(".ui-menu >> text='world'");

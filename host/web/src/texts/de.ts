@@ -233,6 +233,7 @@ export const de: Texts = {
     "spelling.add": "„{word}“ ins Wörterbuch aufnehmen",
     "spelling.off": "Keine",
     "spelling.en_US": "Englisch (USA)",
+    "spelling.en_GB": "Englisch (Großbritannien)",
     "spelling.de_DE": "Deutsch (Deutschland)",
     "spelling.failed": "Das Wörterbuch {name} lässt sich nicht laden",
     "spelling.noMore": "Keine falsch geschriebenen Wörter",
@@ -290,5 +291,6 @@ export const de: Texts = {
 
     "say.on": "{what} an",
     "say.off": "{what} aus",
+    "say.failed": "Das ging nicht; das Dokument ist, wie es war.",
     "say.refused": "Hier nicht möglich",
 };

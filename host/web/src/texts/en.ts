@@ -230,6 +230,7 @@ export const en = {
     "spelling.add": "Add “{word}” to the dictionary",
     "spelling.off": "None",
     "spelling.en_US": "English (United States)",
+    "spelling.en_GB": "English (United Kingdom)",
     "spelling.de_DE": "German (Germany)",
     "spelling.failed": "The dictionary {name} cannot be loaded",
     "spelling.noMore": "No misspelt words",
@@ -287,5 +288,6 @@ export const en = {
 
     "say.on": "{what} on",
     "say.off": "{what} off",
+    "say.failed": "That did not work; the document is as it was.",
     "say.refused": "Not possible here",
 } as const;

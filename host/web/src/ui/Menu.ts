@@ -5,6 +5,7 @@ import { isEnabled, type Command } from "./Command.ts";
 import type { Editor } from "./Editor.ts";
 import { h, placeBox } from "./elements.ts";
 import { icon } from "./icons.ts";
+import { runCommand } from "./runCommand.ts";
 import { shownKeys } from "./keys.ts";
 
 export type MenuEntry = Command | Submenu | "-";
@@ -157,18 +158,20 @@ export class Menu {
     private openChild(entry: Submenu, item: HTMLElement, focus: boolean): void {
         this.child?.close(false);
         this.child = new Menu(this.editor, entry.entries(this.editor), { label: text(entry.text) }, this, item);
-        if (entry.panel) this.child.element.append(entry.panel(this.editor, () => this.close()));
+        if (entry.panel) this.child.element.append(entry.panel(this.editor, () => this.closeToText()));
         const box = item.getBoundingClientRect();
         this.child.openAt(box.right - 2, box.top - 5);
         if (focus) this.child.element.querySelector<HTMLElement>("button")?.focus();
     }
 
-    private run(command: Command): void {
-        let root: Menu = this;
-        while (root.parent) root = root.parent;
-        root.close();
+    private closeToText(): void {
+        this.close();
         this.editor.view.focus();
-        void command.run(this.editor);
+    }
+
+    private run(command: Command): void {
+        this.closeToText();
+        void runCommand(command, this.editor);
     }
 
     private onKey(event: KeyboardEvent): void {

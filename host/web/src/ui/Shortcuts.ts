@@ -1,7 +1,8 @@
 // Keys that are commands, ahead of what the text makes of keys.
 
-import { isEnabled, type Command } from "./Command.ts";
+import type { Command } from "./Command.ts";
 import type { Editor } from "./Editor.ts";
+import { runCommand } from "./runCommand.ts";
 import { Menu } from "./Menu.ts";
 import { keysOf } from "./keys.ts";
 
@@ -24,8 +25,7 @@ export function listenToKeys(editor: Editor, commands: () => Command[]): void {
             event.preventDefault();
             event.stopPropagation();
             Menu.closeShown();
-            if (isEnabled(command, editor)) void command.run(editor);
-            else editor.sayRefused();
+            void runCommand(command, editor);
         },
         true,
     );

@@ -7,11 +7,12 @@ import { paragraphsOf, type Paragraph } from "./find/Paragraph.ts";
 import { mark } from "./marks.ts";
 import { select, type Range } from "./markup.ts";
 
-export const dictionaries = ["en_US", "de_DE"] as const;
+export const dictionaries = ["en_US", "en_GB", "de_DE"] as const;
 
 function defaultDictionary(): string {
-    const own = [language(), ...navigator.languages].map((each) => each.slice(0, 2));
-    return dictionaries.find((name) => own.includes(name.slice(0, 2))) ?? dictionaries[0];
+    const own = [...navigator.languages, language()];
+    const exact = dictionaries.find((name) => own.includes(name.replace("_", "-")));
+    return exact ?? dictionaries.find((name) => own.some((each) => name.startsWith(each.slice(0, 2)))) ?? dictionaries[0];
 }
 
 const remembered = "forme.spelling";

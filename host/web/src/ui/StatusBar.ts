@@ -6,6 +6,7 @@ import type { Editor } from "./Editor.ts";
 import { h } from "./elements.ts";
 import { icon } from "./icons.ts";
 import { around } from "./markup.ts";
+import { runCommand } from "./runCommand.ts";
 import { titleOf } from "./Toolbar.ts";
 import type { WordCount } from "./WordCount.ts";
 import type { Zoom } from "./Zoom.ts";
@@ -26,7 +27,7 @@ export class StatusBar {
         const button = (command: Command, content: Node | string): HTMLElement =>
             h(
                 "button",
-                { title: titleOf(command), "aria-label": text(command.text), onclick: () => void command.run(editor) },
+                { title: titleOf(command), "aria-label": text(command.text), onclick: () => void runCommand(command, editor) },
                 content,
             );
         this.words.append(button(commands.words, ""));

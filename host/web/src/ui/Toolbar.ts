@@ -3,6 +3,7 @@
 import { text } from "../texts/texts.ts";
 import { isEnabled, type Command } from "./Command.ts";
 import type { Editor } from "./Editor.ts";
+import { runCommand } from "./runCommand.ts";
 import { h } from "./elements.ts";
 import { icon } from "./icons.ts";
 import { shownKeys } from "./keys.ts";
@@ -53,8 +54,6 @@ function commandButton(editor: Editor, command: Command): Control {
             title: titleOf(command),
             "aria-label": text(command.text),
             "data-command": command.id,
-            // The text keeps the focus, so that what is typed next goes there.
-            onpointerdown: (event: PointerEvent) => event.preventDefault(),
             onclick: () => runFromButton(editor, command),
         },
         command.icon ? icon(command.icon) : text(command.text),
@@ -70,8 +69,7 @@ function commandButton(editor: Editor, command: Command): Control {
 }
 
 function runFromButton(editor: Editor, command: Command): void {
-    if (!isEnabled(command, editor)) return;
-    void command.run(editor);
+    void runCommand(command, editor);
     if (!document.querySelector("dialog[open], .ui-menu, .ui-find:focus-within")) editor.view.focus();
 }
 

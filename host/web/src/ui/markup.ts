@@ -78,6 +78,8 @@ export function selection(editor: Editor): Range {
     return { start: Math.min(caret, pivot), end: Math.max(caret, pivot) };
 }
 
+/** What a selection runs over and does not mean. */
+const standsApart = new Set(["fo:list-item-label", "fo:footnote-body"]);
 const holdsLines = new Set(["fo:block", "fo:table", "fo:list-block", "fo:block-container"]);
 
 /** The paragraphs that what is selected touches, or the one around the caret, by their start tags. */
@@ -87,12 +89,12 @@ export function paragraphs(editor: Editor): number[] {
     const first = around(editor, "fo:block", start);
     if (first >= 0) found.add(first);
     let open = -1;
-    let isLabel = false;
+    let isApart = false;
     for (const piece of drawn(editor, start, end)) {
-        if (piece.text === "fo:list-item-label") isLabel = piece.kind === DrawnKind.Start;
+        if (standsApart.has(piece.text)) isApart = piece.kind === DrawnKind.Start;
         const beginsBlock = piece.kind === DrawnKind.Start && holdsLines.has(piece.text);
         if (beginsBlock) found.delete(open); // it holds blocks and no line of its own
-        open = beginsBlock && piece.text === "fo:block" && !isLabel ? piece.start : -1;
+        open = beginsBlock && piece.text === "fo:block" && !isApart ? piece.start : -1;
         if (open >= 0) found.add(open);
     }
     return [...found].sort((a, b) => a - b);

@@ -92,6 +92,7 @@ function buildFrame(editor: Editor, parts: Parts): Frame {
         toolbar.element,
         parts.findBar.element,
     );
+    for (const bar of [header, status.element]) bar.addEventListener("pointerdown", keepFocus);
     editor.page.before(header);
     editor.page.after(status.element);
 
@@ -115,4 +116,10 @@ function buildFrame(editor: Editor, parts: Parts): Frame {
         },
         focusMenuBar: () => menuBar.focus(),
     };
+}
+
+/** A click beside what takes the focus leaves it to the text; so does a button, which gives it back. */
+function keepFocus(event: Event): void {
+    const isField = (event.target as Element).closest("input, select, label, .ui-menubar, .ui-opener");
+    if (!isField) event.preventDefault();
 }
