@@ -139,7 +139,7 @@ test("Up, Down, Home, End and the mouse go where the lines are", async (context)
   assert.equal(await caret(), first);
   await editor.key("End", "ArrowRight");
   assert.equal(await caret(), second);
-  const word = editor.page.locator("text=delighted").last();
+  const word = editor.page.locator(".page >> text=delighted");
   await word.dblclick();
   assert.equal(await editor.call("getSelectionAs", 0), "delighted");
   await word.click({ clickCount: 3 });
@@ -150,11 +150,11 @@ test("selected text is dragged to another place in one step, and a click into it
   const editor = await openEditor(context);
   await editor.sample("Letter");
   const before = await editor.text();
-  const word = editor.page.locator("text=delighted").last();
+  const word = editor.page.locator(".page >> text=delighted");
   await word.dblclick();
   await word.hover();
   await editor.page.mouse.down();
-  const target = (await editor.page.locator("text=Dear Ms Thackwray").boundingBox())!;
+  const target = (await editor.page.locator(".page >> text=Dear Ms Thackwray").boundingBox())!;
   await editor.page.mouse.move(target.x + 4, target.y + 8);
   await editor.page.mouse.move(target.x + 1, target.y + 8);
   await editor.page.mouse.up();
