@@ -1,50 +1,100 @@
 #pragma once
 
-#include <forme/document/EditableDocumentBuffer.h>
+#include "Paragraph.h"
 
-enum Style : unsigned { Bold = 1, Italic = 2, Underline = 4 };
+#include <forme/view/StopSide.h>
 
-/// A character with its accents.
-struct Cell {
-    std::wstring shown; ///< empty where only the caret can stand, as at the end of a line
-    int offset = -1;    ///< where it stands in the document; -1 for what indents a line
-    unsigned style = 0;
+#include <cstdint>
 
-    int width() const; ///< in columns of the screen
-    bool operator==(const Cell&) const = default;
-};
-using Line = std::vector<Cell>;
-
-/// What is laid out at once: a stretch of the document and the lines that show it.
-struct Paragraph {
-    int start = 0;
-    int end = 0; ///< where the next one starts
-    std::vector<Line> lines;
-
-    bool operator==(const Paragraph&) const = default;
-};
-/// Lays out the paragraph that starts there; what comes before makes no difference.
-Paragraph layOut(const EditableDocumentBuffer& document, int start, int width);
-
-/// The paragraphs around the caret. A change has those laid out anew that it has touched, and the
-/// others only move.
+/// The paragraphs around the caret. Those that a change has touched are laid out anew; the others
+/// only move.
 class Layout {
 public:
     explicit Layout(const EditableDocumentBuffer& document) : document_(document) {}
 
     /// Takes up what has changed, and has so many rows above and below the caret, if there are.
-    void update(int margin, int width);
+    void update(int margin, int width) {
+        const auto change =
+            document_.changeSince(std::exchange(version_, document_.getTextVersion()));
+        if (std::exchange(width_, width) != width || !change)
+            paragraphs_.clear();
+        else if (!change->empty())
+            takeUp(*change);
+        const int caret = document_.getCaretPos();
+        const bool isHeld = !paragraphs_.empty() && paragraphs_.front().start <= caret &&
+                            caret <= paragraphs_.back().end && rowCount() < 50 * margin;
+        int start = isHeld ? paragraphs_.front().start : startBefore(caret);
+        fill(start, caret, margin);
+        for (; rowOf(caret) < margin && startBefore(start - 1) < start; fill(start, caret, margin))
+            start = startBefore(start - 1);
+    }
 
     const std::vector<Paragraph>& paragraphs() const { return paragraphs_; }
     int laidOut() const { return laidOut_; } ///< how many paragraphs, up to now
-    const std::vector<const Line*>& rows() const { return rows_; }
+    int rowCount() const { return static_cast<int>(rows_.size()); }
+    const Line& row(int index) const { return *rows_[static_cast<std::size_t>(index)]; }
     /// The row that shows an offset, or else the first one behind it.
-    int rowOf(int offset) const;
+    int rowOf(int offset) const {
+        const auto isShown = [&](const Cell& cell) { return cell.offset >= offset; };
+        int found = 0;
+        while (found + 1 < rowCount() &&
+               std::none_of(row(found).begin(), row(found).end(), isShown))
+            ++found;
+        return found;
+    }
 
 private:
-    void replaceTouched(const TextChange& change);
-    void lay(std::size_t index, int from, int within = -1);
-    int startBefore(int offset) const;
+    void takeUp(const TextChange& change) {
+        if (!paragraphs_.empty() && change.start < paragraphs_.front().start)
+            return paragraphs_.clear(); // what stands above may tell how all looks
+        std::erase_if(paragraphs_, [&](const Paragraph& each) {
+            return each.end >= change.start && each.start <= change.start + change.removed;
+        });
+        for (Paragraph& each : paragraphs_)
+            if (each.start > change.start)
+                each.move(change.inserted - change.removed);
+        // What begins in the change and ends behind it may look otherwise as a whole.
+        const std::vector<Drawn> tag = document_.getDrawn(change.start, 1);
+        const int from = tag.empty() ? change.start : std::min(tag.front().start, change.start);
+        std::erase_if(paragraphs_, [&](const Paragraph& each) {
+            const std::vector<int> around = document_.getElementAt(each.start).around;
+            return std::any_of(around.begin(), around.end(), [&](int element) {
+                return element >= from && element < change.start + change.inserted;
+            });
+        });
+    }
+
+    /// Has the paragraphs from an offset up to so many rows behind the caret, known ones or new.
+    void fill(int from, int caret, int margin) {
+        std::vector<Paragraph> known = std::exchange(paragraphs_, {});
+        int behind = 0;
+        while (behind <= margin && !document_.getDrawn(from, 1).empty()) {
+            const auto same = std::find_if(known.begin(), known.end(), [&](const Paragraph& each) {
+                return each.start == from;
+            });
+            laidOut_ += same == known.end() ? 1 : 0;
+            paragraphs_.push_back(same == known.end() ? Typesetter(document_, width_).run(from)
+                                                      : std::move(*same));
+            from = paragraphs_.back().end;
+            behind += from > caret ? static_cast<int>(paragraphs_.back().lines.size()) : 0;
+        }
+        rows_.clear();
+        for (const Paragraph& paragraph : paragraphs_)
+            for (const Line& line : paragraph.lines)
+                rows_.push_back(&line);
+    }
+
+    /// A place before an offset where a line begins. Of the last two stops the first may be in the
+    /// last paragraph of a list and the second directly behind the list, in the block around it.
+    int startBefore(int offset) const {
+        int start = std::max(0, document_.getFirstPageGeneratorPos());
+        for (int stops = 0; stops < 2; ++stops) {
+            offset = document_.getNearestStop(offset, StopSide::Before);
+            if (const auto range = document_.getRangeAround(TextUnit::Paragraph, offset--))
+                start = std::max(start, range->start);
+        }
+        return start;
+    }
 
     const EditableDocumentBuffer& document_;
     int width_ = 0;
