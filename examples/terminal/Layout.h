@@ -76,7 +76,9 @@ private:
             paragraphs_.push_back(same == known.end() ? Typesetter(document_, width_).run(from)
                                                       : std::move(*same));
             from = paragraphs_.back().end;
-            behind += from > caret ? static_cast<int>(paragraphs_.back().lines.size()) : 0;
+            behind += paragraphs_.back().start > caret
+                          ? static_cast<int>(paragraphs_.back().lines.size())
+                          : 0;
         }
         rows_.clear();
         for (const Paragraph& paragraph : paragraphs_)
