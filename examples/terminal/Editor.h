@@ -36,9 +36,9 @@ public:
         for (int y = 0; y < height && first_ + y < layout_.rowCount(); ++y)
             drawRow(y, layout_.row(first_ + y));
         attrset(A_REVERSE);
-        mvprintw(height, 0, "%ls%s %d%s %ls %s", path_.c_str(), hasChanged() ? "*" : "", caret,
-                 document->canUndo() ? " undo" : "", document->getElementAt(caret).path.c_str(),
-                 message.c_str());
+        mvprintw(height, 0, "%ls%s %d%s %s %ls", path_.c_str(), hasChanged() ? "*" : "", caret,
+                 document->canUndo() ? " undo" : "", message.c_str(),
+                 document->getElementAt(caret).path.c_str());
         move(row - first_, columnOf(row, caret));
         refresh();
     }

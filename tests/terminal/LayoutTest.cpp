@@ -1,8 +1,8 @@
 // What the terminal editor shows, followed by ranges and laid out from scratch.
 
+#include "terminal/Layout.h"
 #include "properties/RandomCommands.h"
 #include "support/Documents.h"
-#include "terminal/Layout.h"
 
 #include <gtest/gtest.h>
 
@@ -29,9 +29,9 @@ std::string broken(const Layout& layout, const EditableDocumentBuffer& document)
 
 std::string failureOf(const std::filesystem::path& path, Random& random) {
     Session session;
-    session.open(Core::String(path.c_str()));
+    session.open(Core::Encoder::convertUTF8ToString(path.string()));
     Layout layout(session.document());
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 30; ++i) {
         layout.update(margin, width);
         const std::string command = randomCommand(random, session.document(), everyCommand());
         session.serveLine(command);
