@@ -5,10 +5,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build html spelling unicode clang lint
+scripts/packages.sh build html spelling unicode terminal clang lint
 
 check_format() {
-    find src host tests bench docs -name '*.h' -o -name '*.cpp' | sort |
+    find src host examples tests bench docs -name '*.h' -o -name '*.cpp' | sort |
         xargs clang-format --dry-run -Werror
 }
 

@@ -4,6 +4,12 @@
 
 #include <forme/foundation/xml/DomParser.h>
 
+/// Whether these are held, where the terminal tells.
+struct Key {
+    bool shift;
+    bool ctrl;
+};
+
 /// A document on the screen, and what a key does beyond calling one operation of it.
 class Editor {
 public:
@@ -29,7 +35,7 @@ public:
         const int height = LINES - 1;
         const int caret = document->getCaretPos();
         layout_.update(height, COLS - 1);
-        const int row = layout_.rowOf(caret);
+        const int row = this->row();
         first_ = std::clamp(layout_.rowOf(top_), std::max(0, row - height + 1), row);
         top_ = offsetAt(first_, 0);
         erase();
@@ -46,21 +52,26 @@ public:
     void moveRows(int rows, bool extend) {
         const int caret = document->getCaretPos();
         const int step = rows < 0 ? -1 : 1;
-        int row = layout_.rowOf(caret);
-        goal_ = caret == goalCaret_ ? goal_ : columnOf(row, caret);
-        row = std::clamp(row + rows, 0, layout_.rowCount() - 1);
-        while ((stopAt(row, goal_) - caret) * step <= 0 && row + step >= 0 &&
-               row + step < layout_.rowCount())
-            row += step;
-        if ((stopAt(row, goal_) - caret) * step > 0)
-            document->setCaretPos(extend, stopAt(row, goal_));
+        const int last = layout_.rowCount() - 1;
+        goal_ = caret == goalCaret_ ? goal_ : columnOf(row(), caret);
+        int to = std::clamp(row() + rows, 0, last);
+        while ((stopAt(to, goal_) - caret) * step <= 0 && to + step >= 0 && to + step <= last)
+            to += step;
+        if ((stopAt(to, goal_) - caret) * step > 0)
+            moveTo(to, goal_, extend);
         goalCaret_ = document->getCaretPos();
     }
-    void moveInRow(int column, bool extend) {
-        document->setCaretPos(extend, stopAt(layout_.rowOf(document->getCaretPos()), column));
+    void moveHome(Key key) {
+        key.ctrl ? document->moveCaretHome(key.shift) : moveTo(row(), 0, key.shift);
     }
-    void moveTo(int y, int column, bool extend) {
-        document->setCaretPos(extend, stopAt(std::min(first_ + y, layout_.rowCount() - 1), column));
+    void moveToEnd(Key key) {
+        key.ctrl ? document->moveCaretToEnd(key.shift) : moveTo(row(), COLS, key.shift);
+    }
+    void followMouse() {
+        MEVENT event;
+        if (getmouse(&event) == OK)
+            moveTo(std::min(first_ + event.y, layout_.rowCount() - 1), event.x,
+                   (event.bstate & BUTTON1_PRESSED) == 0);
     }
 
     /// In a table that stands in an item of a list, Enter does not break the list.
@@ -110,6 +121,10 @@ private:
         }
     }
 
+    int row() const { return layout_.rowOf(document->getCaretPos()); }
+    void moveTo(int row, int column, bool extend) {
+        document->setCaretPos(extend, stopAt(row, column));
+    }
     int columnOf(int row, int offset) const {
         int column = 0;
         for (const Cell& cell : layout_.row(row)) {

@@ -4,47 +4,29 @@
 #include <forme/editing/lists/ListBuffer.h>
 #include <forme/foundation/Encoder.h>
 
-#include <climits>
 #include <clocale>
 #include <cwctype>
 #include <iostream>
 
 namespace {
 
-/// A key as curses tells it; with Shift (1) and Ctrl (4) it has a code of its own.
-struct Key {
-    int code;
-    int modifiers;
-    bool shift() const { return modifiers & 1; }
-    bool ctrl() const { return modifiers & 4; }
-    static constexpr int codes = KEY_MAX + 1;
-};
-
-constexpr int ctrl(char letter) {
-    return letter & 0x1F;
-}
+constexpr auto ctrl = [](char letter) { return letter & 0x1F; };
 
 const struct {
     int code;
     void (*press)(Editor&, Key);
 } bindings[] = {
-    {KEY_LEFT, [](Editor& e, Key k) { e.document->moveCaretLeft(k.shift(), k.ctrl(), true); }},
-    {KEY_RIGHT, [](Editor& e, Key k) { e.document->moveCaretRight(k.shift(), k.ctrl(), true); }},
-    {KEY_UP, [](Editor& e, Key k) { e.moveRows(-1, k.shift()); }},
-    {KEY_DOWN, [](Editor& e, Key k) { e.moveRows(1, k.shift()); }},
-    {KEY_PPAGE, [](Editor& e, Key k) { e.moveRows(2 - LINES, k.shift()); }},
-    {KEY_NPAGE, [](Editor& e, Key k) { e.moveRows(LINES - 2, k.shift()); }},
-    {KEY_HOME,
-     [](Editor& e, Key k) {
-         k.ctrl() ? e.document->moveCaretHome(k.shift()) : e.moveInRow(0, k.shift());
-     }},
-    {KEY_END,
-     [](Editor& e, Key k) {
-         k.ctrl() ? e.document->moveCaretToEnd(k.shift()) : e.moveInRow(COLS, k.shift());
-     }},
+    {KEY_LEFT, [](Editor& e, Key k) { e.document->moveCaretLeft(k.shift, k.ctrl, true); }},
+    {KEY_RIGHT, [](Editor& e, Key k) { e.document->moveCaretRight(k.shift, k.ctrl, true); }},
+    {KEY_UP, [](Editor& e, Key k) { e.moveRows(-1, k.shift); }},
+    {KEY_DOWN, [](Editor& e, Key k) { e.moveRows(1, k.shift); }},
+    {KEY_PPAGE, [](Editor& e, Key k) { e.moveRows(2 - LINES, k.shift); }},
+    {KEY_NPAGE, [](Editor& e, Key k) { e.moveRows(LINES - 2, k.shift); }},
+    {KEY_HOME, [](Editor& e, Key k) { e.moveHome(k); }},
+    {KEY_END, [](Editor& e, Key k) { e.moveToEnd(k); }},
     {KEY_BACKSPACE, [](Editor& e, Key) { e.document->erase(false, false); }},
     {ctrl('H'), [](Editor& e, Key) { e.document->erase(false, true); }}, // Ctrl+Backspace
-    {KEY_DC, [](Editor& e, Key k) { e.document->erase(true, k.ctrl()); }},
+    {KEY_DC, [](Editor& e, Key k) { e.document->erase(true, k.ctrl); }},
     {ctrl('I'), [](Editor& e, Key) { e.document->insertTab(); }},
     {ctrl('M'), [](Editor& e, Key) { e.breakLine(); }},
     {ctrl('J'), [](Editor& e, Key) { e.document->insertBreak(BreakType::Soft, false); }},
@@ -60,12 +42,7 @@ const struct {
     {ctrl('Y'), [](Editor& e, Key) { e.document->redo(); }},
     {ctrl('S'), [](Editor& e, Key) { e.save(); }},
     {ctrl('Q'), [](Editor& e, Key) { e.quit(); }},
-    {KEY_MOUSE,
-     [](Editor& e, Key) {
-         MEVENT event;
-         if (getmouse(&event) == OK)
-             e.moveTo(event.y, event.x, !(event.bstate & BUTTON1_PRESSED));
-     }},
+    {KEY_MOUSE, [](Editor& e, Key) { e.followMouse(); }},
 };
 
 /// Terminals send these with the modifiers in the place of the %d, counted from 1.
@@ -74,8 +51,9 @@ const std::pair<int, const char*> modifiedKeys[] = {
     {KEY_LEFT, "\033[1;%dD"}, {KEY_END, "\033[1;%dF"},   {KEY_HOME, "\033[1;%dH"},
     {KEY_DC, "\033[3;%d~"},   {KEY_PPAGE, "\033[5;%d~"}, {KEY_NPAGE, "\033[6;%d~"}};
 
-class Terminal {
-public:
+constexpr int keyCodes = KEY_MAX + 1;
+
+struct Terminal {
     Terminal() {
         initscr();
         raw(); // Ctrl+C and its like are keys
@@ -84,23 +62,23 @@ public:
         keypad(stdscr, TRUE);
         set_escdelay(25);
         mouseinterval(0);
-        mousemask(BUTTON1_PRESSED | BUTTON1_RELEASED | REPORT_MOUSE_POSITION, nullptr);
+        mousemask(BUTTON1_PRESSED | BUTTON1_RELEASED, nullptr);
         define_key("\033\r", ctrl('J')); // Alt+Enter, since few terminals tell of Shift+Enter
         for (const auto& [code, sequence] : modifiedKeys)
             for (int modifiers = 1; modifiers < 8; ++modifiers) {
                 char sent[16];
                 std::snprintf(sent, sizeof sent, sequence, modifiers + 1);
-                define_key(sent, code + modifiers * Key::codes);
+                define_key(sent, code + modifiers * keyCodes);
             }
     }
     ~Terminal() { endwin(); }
 };
 
 void press(Editor& editor, int code) {
-    editor.message.clear();
+    const int modifiers = code / keyCodes;
     for (const auto& [bound, press] : bindings)
-        if (bound == code % Key::codes)
-            press(editor, {bound, code / Key::codes});
+        if (bound == code % keyCodes)
+            press(editor, {(modifiers & 1) != 0, (modifiers & 4) != 0});
 }
 
 } // namespace
@@ -114,8 +92,11 @@ int main(int argc, char** argv) try {
     while (!editor.isDone) {
         editor.draw();
         wint_t got = 0;
-        const bool isKey = get_wch(&got) == KEY_CODE_YES;
-        if (!isKey && std::iswprint(got))
+        const int kind = get_wch(&got);
+        if (kind == ERR)
+            throw Core::Exception(L"the terminal is gone");
+        editor.message.clear();
+        if (kind == OK && std::iswprint(got))
             editor.document->insertText(std::wstring(1, wchar_t(got)).c_str(), false, false);
         else
             press(editor, static_cast<int>(got));
