@@ -12,6 +12,8 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -70,6 +72,19 @@ void nearestStop(benchmark::State& state) {
             asked.document().getNearestStop(asked.goOn() + 40, StopSide::Either));
 }
 
+/// What a host does that keeps a copy of the text.
+void followTheText(benchmark::State& state) {
+    Asked asked(state);
+    std::uint64_t version = asked.document().getTextVersion();
+    for (auto _ : state) {
+        asked.goOn();
+        const std::optional<TextChange> change = asked.document().changeSince(version);
+        benchmark::DoNotOptimize(
+            asked.document().getContent(change->start, change->start + change->inserted));
+        version = asked.document().getTextVersion();
+    }
+}
+
 void walkOfScreen(benchmark::State& state) {
     Asked asked(state);
     long long pieces = 0;
@@ -110,6 +125,7 @@ void sizes(benchmark::internal::Benchmark* bench) {
 BENCHMARK(goAlone)->Name("View/GoThere")->Apply(sizes);
 BENCHMARK(editingState)->Name("View/GoThereAndAskState")->Apply(sizes);
 BENCHMARK(nearestStop)->Name("View/GoThereAndFindStop")->Apply(sizes);
+BENCHMARK(followTheText)->Name("View/GoThereAndFollowTheText")->Apply(sizes);
 BENCHMARK(walkOfScreen)->Name("View/GoThereAndWalkScreen")->Apply(sizes);
 BENCHMARK(stateOfAll)
     ->Name("View/StateOfAll")

@@ -1,14 +1,14 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|html|spelling|unicode|terminal|test|formatter|bench|peers|clang|lint|docs ...
+#   scripts/packages.sh build|html|spelling|unicode|terminal|test|formatter|bench|peers|clang|lint|docs|debian|web|test-web ...
 set -euo pipefail
 
 packages_for() {
     case "$1" in
         build) echo g++ cmake ninja-build libexpat1-dev nlohmann-json3-dev libcli11-dev ;;
-        html) echo libgumbo-dev ;;
-        spelling) echo libhunspell-dev ;;
-        unicode) echo libicu-dev ;;
+        html) echo pkg-config libgumbo-dev ;;
+        spelling) echo pkg-config libhunspell-dev ;;
+        unicode) echo pkg-config libicu-dev ;;
         terminal) echo libncurses-dev ;;
         test) echo unicode-data libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         formatter) echo fop ;;
@@ -17,6 +17,10 @@ packages_for() {
         clang) echo clang libclang-rt-dev llvm ;;
         lint) echo clang-format clang-tidy ;;
         docs) echo doxygen ;;
+        debian) echo debhelper dpkg-dev lintian ;;
+        web) echo cmake ninja-build emscripten nlohmann-json3-dev hunspell-en-us hunspell-de-de
+             command -v npm >/dev/null || echo npm ;;
+        test-web) echo chromium poppler-utils fonts-liberation ;;
         *) echo "packages.sh: no task is called '$1'" >&2; return 1 ;;
     esac
 }

@@ -7,11 +7,11 @@
 
 namespace {
 
-/// What the toolbar shows for the caret or the selection.
+/// What the toolbar shows for the caret or the selection; nothing where that is not one value.
 Core::String shownValue(const EditableDocumentBuffer& document, const Core::String& name) {
     const EditingState state = document.getEditingState();
     const Format* const format = state.format(name);
-    return format ? format->value : Core::String();
+    return format && !format->isMixed ? format->value : Core::String();
 }
 
 /// Buttons for bold, italic, a font or a colour: a format of text.

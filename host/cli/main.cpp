@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);
 
     CLI::App app{"Edits page-oriented documents by script or by request."};
+    app.set_version_flag("--version", "forme " FORME_VERSION);
     app.require_subcommand(1);
 
     RunOptions options;

@@ -2,14 +2,10 @@
 
 #include <forme/foundation/HtmlParser.h>
 
-#if defined(_WIN32)
 #if defined(FORME_HTML_BUILDING)
-#define FORME_HTML_API __declspec(dllexport)
+#define FORME_HTML_API FORME_EXPORT
 #else
-#define FORME_HTML_API __declspec(dllimport)
-#endif
-#else
-#define FORME_HTML_API __attribute__((visibility("default")))
+#define FORME_HTML_API FORME_IMPORT
 #endif
 
 /// Reads HTML by the rules that browsers follow, torn HTML included, with the parser Gumbo. What is

@@ -20,22 +20,23 @@ std::string iconvName(const std::string& name) {
     return name;
 }
 
-/// Converts as much as it can; answers whether that was all. `bytes` becomes the rest.
+/// Converts as much as it can; answers whether that was all. `bytes` becomes the rest. Some C
+/// libraries put another character in the place of one that the encoding does not have.
 bool convertSome(iconv_t conversion, std::string_view& bytes, std::string& converted) {
     std::array<char, 4096> piece;
     char* in = const_cast<char*>(bytes.data()); // iconv does not write there
     std::size_t left = bytes.size();
-    while (left > 0) {
+    bool isWhole = true;
+    while (isWhole && left > 0) {
         char* out = piece.data();
         std::size_t room = piece.size();
-        const bool stopped =
-            iconv(conversion, &in, &left, &out, &room) == static_cast<std::size_t>(-1);
+        const std::size_t replaced = iconv(conversion, &in, &left, &out, &room);
+        const bool stopped = replaced == static_cast<std::size_t>(-1);
+        isWhole = stopped ? errno == E2BIG : replaced == 0;
         converted.append(piece.data(), piece.size() - room);
-        if (stopped && errno != E2BIG)
-            break;
     }
     bytes = bytes.substr(bytes.size() - left);
-    return left == 0;
+    return isWhole;
 }
 
 } // namespace

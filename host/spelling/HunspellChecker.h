@@ -7,14 +7,10 @@
 #include <memory>
 #include <vector>
 
-#if defined(_WIN32)
 #if defined(FORME_HUNSPELL_BUILDING)
-#define FORME_HUNSPELL_API __declspec(dllexport)
+#define FORME_HUNSPELL_API FORME_EXPORT
 #else
-#define FORME_HUNSPELL_API __declspec(dllimport)
-#endif
-#else
-#define FORME_HUNSPELL_API __attribute__((visibility("default")))
+#define FORME_HUNSPELL_API FORME_IMPORT
 #endif
 
 class HunspellDictionary;

@@ -4,14 +4,10 @@
 
 #include <memory>
 
-#if defined(_WIN32)
 #if defined(FORME_UNICODE_BUILDING)
-#define FORME_UNICODE_API __declspec(dllexport)
+#define FORME_UNICODE_API FORME_EXPORT
 #else
-#define FORME_UNICODE_API __declspec(dllimport)
-#endif
-#else
-#define FORME_UNICODE_API __attribute__((visibility("default")))
+#define FORME_UNICODE_API FORME_IMPORT
 #endif
 
 /// Tells where characters, words and sentences end by Unicode's rules (UAX 29), with ICU.

@@ -15,6 +15,7 @@
 
 class EditableDocumentBuffer;
 class IEditableBufferMonitor;
+class KnownFormats;
 class TableCache;
 enum class Direction;
 
@@ -164,6 +165,7 @@ public:
     SmartPtr<TextSegmenter> textSegmenter;
     Core::String selectedElementName;       ///< what growing the selection reached last
     std::unique_ptr<TableCache> tableCache; ///< null while no table is kept
+    mutable std::shared_ptr<const KnownFormats> knownFormats; ///< null until a toolbar asks
     bool isInCommand = false;               ///< whether a scope stands around what is being done
 
 private:

@@ -330,8 +330,8 @@ public:
     bool hasClusterSteps() const;
     /// The unit of that kind that holds the position, or ends at it where none begins there: a
     /// character as a reader sees it, a word without the blanks behind it, a sentence with its
-    /// punctuation, a paragraph. Markup within is part of the range; none at its ends is, but for
-    /// a paragraph's. Nothing where the position is in no paragraph or, for a word, at none.
+    /// punctuation, what a paragraph holds. Markup within is part of the range; none at its ends
+    /// is, but for inlines in a paragraph. Nothing where the position is in no paragraph or, for a word, at none.
     std::optional<TextRange> getRangeAround(TextUnit unit, int position) const;
 
     // Finding and replacing. A search runs over the text between tags, in flows and static contents
@@ -473,7 +473,7 @@ public:
     /// Without a selection nothing happens where the caret cannot stand; nor outside the flows and
     /// static contents, in a list label, or where a word ends in another table cell. A comment,
     /// CDATA section or processing instruction that Backspace removes does not come back by undo.
-    /// One undo step.
+    /// One undo step, even where there was nothing to remove.
     void erase(bool forward, bool wholeWord);
     /// Removes the nearest element around the caret that has the name, with its content, if it lies
     /// in a flow or static content; a sequence of conditions goes with its last one. What it leaves

@@ -51,7 +51,18 @@ private:
     ByteOrder order_;
 };
 
-/// Everything that the C library knows.
+class Latin1Decoder : public Decoder {
+public:
+    Progress decode(std::string_view bytes, std::wstring& units) override {
+        for (const char byte : bytes)
+            units += static_cast<wchar_t>(static_cast<unsigned char>(byte));
+        return {bytes.size()};
+    }
+
+    Progress finish(std::string_view, std::wstring&) override { return {}; }
+};
+
+/// Everything else that the C library knows.
 class IconvDecoder : public Decoder {
 public:
     explicit IconvDecoder(const std::string& name)
@@ -125,6 +136,8 @@ std::unique_ptr<Decoder> Decoder::named(const std::string& name, ByteOrder order
         return utf16(order);
     if (isNamed(name, {"UTF-16LE", "UTF-16BE"}))
         return utf16(isNamed(name, {"UTF-16LE"}) ? ByteOrder::LittleEndian : ByteOrder::BigEndian);
+    if (isNamed(name, {"ISO-8859-1", "LATIN1"}))
+        return std::make_unique<Latin1Decoder>();
     auto decoder = std::make_unique<IconvDecoder>(name);
     return decoder->isKnown() ? std::move(decoder) : nullptr;
 }

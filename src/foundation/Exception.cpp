@@ -1,8 +1,7 @@
 #include "foundation/Exception.h"
 
+#include "foundation/Console.h"
 #include "foundation/Encoder.h"
-
-#include <iostream>
 
 namespace Core {
 
@@ -17,9 +16,8 @@ void Exception::initCodeLocation(const char* file, int line) {
 }
 
 void Exception::logError() const {
-    if (file_)
-        std::cerr << file_ << ':' << line_ << ": ";
-    std::cerr << narrow_ << '\n';
+    const String place = file_ ? String(file_) + L":" + String::formatS(line_) + L": " : String();
+    Console::writeLine((place + message_).c_str());
 }
 
 NullPointerException::NullPointerException() : Exception(L"a null pointer was dereferenced") {}

@@ -4,6 +4,7 @@
 #include "foundation/Exception.h"
 
 #include <cerrno>
+#include <clocale>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -21,8 +22,8 @@ namespace fs = std::filesystem;
 
 /// The system's words for an error, the same in every locale.
 String reasonOf(int error) {
-    const char* words = strerrordesc_np(error);
-    return words ? String(words) : L"error " + String::formatS(error);
+    static const locale_t untranslated = newlocale(LC_ALL_MASK, "C", nullptr);
+    return strerror_l(error, untranslated);
 }
 
 /// Repeats a system call for as long as a signal interrupts it.

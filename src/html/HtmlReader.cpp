@@ -421,8 +421,9 @@ void HtmlReader::takeOfficeLabel() {
 void HtmlReader::beginCell(Element& element, const String& name, const Attributes& attributes) {
     const String style = attribute(attributes, L"style");
     HtmlTable::Cell cell;
+    const bool isLight = HtmlValues::styleValue(style, L"font-weight") == L"normal";
     if (name == L"th")
-        cell.attributes = L" role=\"TH\" font-weight=\"bold\"";
+        cell.attributes = isLight ? L" role=\"TH\"" : L" role=\"TH\" font-weight=\"bold\"";
     String color = element.format.background;
     if (color.empty())
         color = HtmlValues::color(attribute(attributes, L"bgcolor"));

@@ -183,14 +183,17 @@ void HtmlWriter::openTablePart(int element, const std::string& part, Level& leve
                                      properties.getPropertyValue(L"fo:role") == L"TH");
     endParagraph();
     inheritFormat(element, level, true);
-    if (isHeader)
-        level.format.isBold = open_.back().format.isBold;
     HtmlFormat shown;
     shown.background = HtmlValues::color(properties.getPropertyValue(L"fo:background-color"));
+    std::string style = isCell ? styleOf(shown) : std::string();
+    if (isHeader && !level.format.isBold) // which HTML makes bold by itself
+        style += declaration("font-weight", L"normal");
+    if (isHeader)
+        level.format.isBold = open_.back().format.isBold;
     begin(isHeader ? "th" : part,
           attribute("colspan", spanOf(properties, L"fo:number-columns-spanned")) +
               attribute("rowspan", spanOf(properties, L"fo:number-rows-spanned")) +
-              attribute("style", isCell ? styleOf(shown) : std::string()),
+              attribute("style", style),
           level);
     level.startsBare = isCell;
     level.style.clear();
@@ -217,7 +220,9 @@ void HtmlWriter::inheritFormat(int element, Level& level, bool isParagraph) cons
     if (!isParagraph)
         return;
     const String align = properties.getPropertyValue(L"fo:text-align");
-    level.paragraph = heading > 0 ? "h" + std::to_string(heading) : std::string();
+    level.paragraph.clear();
+    if (heading > 0)
+        level.paragraph.append("h").append(std::to_string(heading));
     level.style.clear();
     if (align == L"right" || align == L"center" || align == L"justify" || align == L"end")
         level.style = declaration("text-align", align);

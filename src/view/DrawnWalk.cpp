@@ -4,11 +4,13 @@
 #include "document/EditableDocumentBuffer.h"
 #include "document/caret/Lines.h"
 #include "foundation/Transcoding.h"
+#include "text/Vocabulary.h"
 #include "view/EntityText.h"
 
 #include <vector>
 
 using Core::String;
+using XmlScan::contains;
 using XmlScan::Text;
 
 namespace {
@@ -23,6 +25,24 @@ int startOfWalk(const Document& document, int position) {
 
 bool isRegion(Text name) {
     return name == L"fo:flow" || name == L"fo:static-content";
+}
+
+/// Whether the tag there begins a line and ends one.
+bool isBlock(const Document& document, int tag) {
+    Text name = document.text().tagName(tag);
+    if (name.starts_with(L'/'))
+        name = name.substr(1);
+    return document.names.isBlock(name) || contains(Vocabulary::blockLevel, name) ||
+           contains(Vocabulary::blockHolders, name);
+}
+
+/// Whether the unit stands directly behind a tag behind which a line begins.
+bool beginsLine(const Document& document, int position) {
+    const XmlText& text = document.text();
+    if (text.unitAt(position - 1) != L'>')
+        return false;
+    const int tag = text.previousTag(position - 1);
+    return tag >= 0 && (text.openingAt(tag) || isBlock(document, tag));
 }
 
 /// What stands between the markup of a section and its end.
@@ -46,6 +66,8 @@ std::optional<Drawn> DrawnWalk::next() {
                 return piece;
         } else if (isDrawnHere()) {
             return takeText();
+        } else if (isBlankBeforeObject()) {
+            return takeUnit(DrawnKind::Text, L" ");
         } else {
             pass();
         }
@@ -117,6 +139,20 @@ bool DrawnWalk::isDrawnHere() {
     if (String::isSpace(text().unitAt(walk_.position())))
         return !walk_.isSkipped() && (isInText || walk_.canHoldCaret());
     return isInText || isInRegion_ || walk_.isStop();
+}
+
+/// The first of white space between text and an object. To the caret it is the end of a line, but
+/// the line goes on and shows a blank.
+bool DrawnWalk::isBlankBeforeObject() const {
+    const int position = walk_.position();
+    if (!document_.isEditableAt(walk_.element()) || !String::isSpace(text().unitAt(position)) ||
+        String::isSpace(text().unitAt(position - 1)) || beginsLine(document_, position))
+        return false;
+    int behind = position + 1;
+    while (text().isValid(behind) && String::isSpace(text().unitAt(behind)))
+        ++behind;
+    return !text().closingAt(behind) && !isBlock(document_, behind) &&
+           (text().openingAt(behind) || text().selfClosingAt(behind));
 }
 
 bool DrawnWalk::isPlainHere() const {

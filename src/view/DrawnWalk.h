@@ -30,6 +30,7 @@ private:
     void pass();
 
     bool isDrawnHere();
+    bool isBlankBeforeObject() const;
     bool isPlainHere() const;
     bool isPlaceholderHere() const;
 

@@ -5,9 +5,11 @@
 #include "editing/formatting/Formatting.h"
 #include "foundation/values/XslProperties.h"
 #include "view/ComputedProperties.h"
+#include "view/KnownFormats.h"
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 using Core::String;
 
@@ -110,6 +112,15 @@ std::vector<Format> formatsOf(Reader& reader, int element) {
     return formats;
 }
 
+std::vector<Format> formatsAt(const Document& document, int element) {
+    std::shared_ptr<const KnownFormats>& known = document.knownFormats;
+    if (!known || !known->areOf(document, element)) {
+        Reader reader(document);
+        known = std::make_shared<KnownFormats>(document, element, formatsOf(reader, element));
+    }
+    return known->formats();
+}
+
 /// Notes where the element differs; answers whether another may still tell something new.
 bool compare(std::vector<Format>& formats, Reader& reader, int element) {
     bool isAnyAlike = false;
@@ -146,6 +157,5 @@ std::vector<Format> Formats::of(const Document& document) {
         return {};
     if (document.hasSelection())
         return formatsOfSelection(document);
-    Reader reader(document);
-    return formatsOf(reader, document.text().elementAround(document.caret()));
+    return formatsAt(document, document.text().elementAround(document.caret()));
 }

@@ -81,8 +81,8 @@ TEST(Spelling, ListsTheMisspeltWordsOfARangeAndMovesNothing) {
         return words;
     };
     const EditorState before = stateOf(buffer.face());
-    EXPECT_EQ(wordsBetween(0, buffer.find(L"tew")), L"tow thr<I>ee</I> oen ");
-    EXPECT_EQ(wordsBetween(buffer.find(L"e</I>"), buffer.find(L"one<")), L"thr<I>ee</I> ");
+    EXPECT_EQ(wordsBetween(0, buffer.find(L"tew")), L"tow thr<I>ee oen ");
+    EXPECT_EQ(wordsBetween(buffer.find(L"e</I>"), buffer.find(L"one<")), L"thr<I>ee ");
     EXPECT_EQ(wordsBetween(buffer.find(L" &"), buffer.find(L"thr")), L"");
     EXPECT_EQ(stateOf(buffer.face()), before);
     EXPECT_EQ(buffer.heard(), "");

@@ -157,9 +157,9 @@ TEST(CaretWalkProperties, StopsNearManyPlacesAreThoseNearEach) {
     forEachDocument([&random](const WalkedDocument& document) {
         NearStops stops(document);
         const XmlText& text = document.text();
-        for (const int start : document.startingPoints(allStops ? 20 : 3)) {
+        for (const int start : document.startingPoints(allStops ? 20 : 2)) {
             int at = start;
-            for (int steps = 0; steps < 60 && text.isValid(at); ++steps) {
+            for (int steps = 0; steps < 30 && text.isValid(at); ++steps) {
                 ASSERT_EQ(stops.next(at), document.next(at)) << at;
                 ASSERT_EQ(stops.previous(at), document.previous(at)) << at;
                 at = random() % 4 == 0 ? text.previous(at) : text.next(at);

@@ -46,6 +46,11 @@ TEST(View, WhatIsDrawnTellsStopsEntitiesAndObjects) {
               L" <fo:flow <fo:block|ta |tb|c&|x <fo:inline|tc|>fo:inline|ofo:page-number|>fo:block "
               L"/fo:block <fo:block|_\xA0 >fo:block <fo:block|td\n|>fo:block "
               L">fo:flow >fo:page-sequence >qfd:document");
+    EXPECT_EQ(
+        drawnIn(MarkedDocument(L"<B> <fo:page-number/>\n of <I>a</I> <qfd:field>b</qfd:field>"
+                               L" <B>c</B></B>")),
+        L" <fo:flow <fo:block|ofo:page-number|t |tof |<fo:inline|ta|>fo:inline t |oqfd:field|<"
+        L"fo:block|tc|>fo:block >fo:block >fo:flow >fo:page-sequence >qfd:document");
 }
 
 TEST(View, PlacesAreFoundFromWithinMarkup) {
@@ -115,4 +120,33 @@ TEST(View, StateTellsFormatsAndWhatCanBeDone) {
     EXPECT_FALSE(table->getEditingState().table);
     table->getEditableTableBuffer(-1);
     EXPECT_TRUE(table->getEditingState().table);
+}
+
+// A toolbar asks behind each key, and hardly ever has anything changed.
+TEST(View, FormatsAreThoseOfADocumentThatWasNeverAsked) {
+    const MarkedDocument document(L"<B color=\"red\">a|b<I color=\"blue\">c</I></B><B>d</B>");
+    const auto expectAsNew = [&] {
+        MarkedDocument another(L"<B>|</B>");
+        another->setContent(document->getContent(), true);
+        another->setCaretPos(false, document->getCaretPos());
+        EXPECT_EQ(formatOf(document, L"fo:color"), formatOf(another, L"fo:color"));
+        EXPECT_EQ(formatOf(document, L"fo:background-color"),
+                  formatOf(another, L"fo:background-color"));
+        return formatOf(document, L"fo:color");
+    };
+    EXPECT_EQ(expectAsNew(), "red");
+    document->insertText(L"x", false, false);
+    EXPECT_EQ(expectAsNew(), "red");
+    document->setCaretPos(false, document.find(L"c</I>"));
+    EXPECT_EQ(expectAsNew(), "blue");
+    document->replaceXmlText(document.find(L"blue"), document.find(L"blue") + 3, L"lime");
+    EXPECT_EQ(expectAsNew(), "lime");
+    document->replaceXmlText(document.find(L"red"), document.find(L"red") + 2,
+                             L"tan\" background-color=\"aqua");
+    EXPECT_EQ(expectAsNew(), "lime");
+    document->setCaretPos(false, document.find(L"d</B>"));
+    EXPECT_EQ(expectAsNew(), "");
+    document->undo();
+    document->setCaretPos(false, document.find(L"xb"));
+    EXPECT_EQ(expectAsNew(), "red");
 }

@@ -172,6 +172,18 @@ SmartPtr<SpellingError> selectMisspeltWord(Document& document, SpellChecker& che
     return nullptr;
 }
 
+/// Where the word ends without the tags behind its last letter.
+int endOfLetters(const Document& document, int word, int end) {
+    const XmlText& text = document.text();
+    while (text.unitAt(end - 1) == L'>') {
+        const int tag = text.previousTag(end - 1);
+        if (tag <= word)
+            break;
+        end = tag;
+    }
+    return end;
+}
+
 std::vector<SmartPtr<SpellingError>> misspeltWords(const Document& document, int start, int end,
                                                    const StringArray& dictionaries) {
     SpellChecker& checker = *document.spellChecker;
@@ -182,10 +194,11 @@ std::vector<SmartPtr<SpellingError>> misspeltWords(const Document& document, int
         const int wordEnd = walk.toWordEnd();
         if (wordEnd < 0)
             break;
-        if (wordEnd <= start)
+        const int lettersEnd = endOfLetters(document, word, wordEnd);
+        if (lettersEnd <= start)
             continue; // which ends where the range begins
-        if (auto error =
-                check(checker, dictionaries, wordBetween(document, word, wordEnd), word, wordEnd))
+        if (auto error = check(checker, dictionaries, wordBetween(document, word, wordEnd), word,
+                               lettersEnd))
             errors.push_back(error);
     }
     return errors;

@@ -1,0 +1,38 @@
+# Read by find_package(Forme). The component `static` adds Forme::forme_static, and to every other
+# component its static library. Beside the shared ones these are not read unasked, since they ask for
+# all that they are built on.
+include(CMakeFindDependencyMacro)
+
+set(Forme_shared_FOUND FALSE)
+if(EXISTS ${CMAKE_CURRENT_LIST_DIR}/Forme-forme-shared.cmake)
+  set(Forme_shared_FOUND TRUE)
+endif()
+set(Forme_static_FOUND FALSE)
+if(EXISTS ${CMAKE_CURRENT_LIST_DIR}/Forme-forme-static.cmake)
+  set(Forme_static_FOUND TRUE)
+endif()
+
+set(Forme_parts forme ${Forme_FIND_COMPONENTS})
+list(REMOVE_ITEM Forme_parts shared static)
+foreach(part IN LISTS Forme_parts)
+  include(${CMAKE_CURRENT_LIST_DIR}/Forme-${part}-shared.cmake OPTIONAL)
+  if(NOT Forme_shared_FOUND OR "static" IN_LIST Forme_FIND_COMPONENTS)
+    include(${CMAKE_CURRENT_LIST_DIR}/Forme-${part}-needs.cmake OPTIONAL)
+    include(${CMAKE_CURRENT_LIST_DIR}/Forme-${part}-static.cmake OPTIONAL)
+  endif()
+  if(TARGET Forme::${part}_static AND NOT TARGET Forme::${part})
+    add_library(Forme::${part} ALIAS Forme::${part}_static)
+  endif()
+  set(Forme_${part}_FOUND FALSE)
+  if(TARGET Forme::${part})
+    set(Forme_${part}_FOUND TRUE)
+  endif()
+endforeach()
+unset(Forme_parts)
+
+foreach(component IN LISTS Forme_FIND_COMPONENTS)
+  if(NOT Forme_${component}_FOUND AND Forme_FIND_REQUIRED_${component})
+    set(Forme_FOUND FALSE)
+    set(Forme_NOT_FOUND_MESSAGE "Forme was installed without the component ${component}")
+  endif()
+endforeach()

@@ -1,0 +1,1 @@
+from conan.tools.cmake import CMakeDeps as PkgConfigDeps
