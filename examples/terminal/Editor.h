@@ -3,6 +3,7 @@
 #include "Layout.h"
 
 #include <forme/foundation/xml/DomParser.h>
+#include <forme/view/StopSide.h>
 
 /// Whether these are held, where the terminal tells.
 struct Key {
@@ -32,34 +33,30 @@ public:
     bool isDone = false;
 
     void draw() {
-        const int height = LINES - 1;
+        const int height = std::max(1, LINES - 1);
         const int caret = document->getCaretPos();
-        layout_.update(height, COLS - 1);
+        layout_.update(COLS - 1);
+        rows_ = layout_.rows();
         const int row = this->row();
-        first_ = std::clamp(layout_.rowOf(top_), std::max(0, row - height + 1), row);
-        top_ = offsetAt(first_, 0);
+        first_ = std::clamp(first_, std::max(0, row - height + 1), row);
         erase();
-        for (int y = 0; y < height && first_ + y < layout_.rowCount(); ++y)
-            drawRow(y, layout_.row(first_ + y));
+        for (int y = 0; y < height && first_ + y < rowCount(); ++y)
+            drawRow(y, rowAt(first_ + y));
         attrset(A_REVERSE);
         mvprintw(height, 0, "%ls%s %d%s %s %ls", path_.c_str(), hasChanged() ? "*" : "", caret,
                  document->canUndo() ? " undo" : "", message.c_str(),
                  document->getElementAt(caret).path.c_str());
-        move(row - first_, columnOf(row, caret));
+        move(row - first_, column());
         refresh();
     }
 
+    /// Passes rows in which the caret has no place.
     void moveRows(int rows, bool extend) {
-        const int caret = document->getCaretPos();
         const int step = rows < 0 ? -1 : 1;
-        const int last = layout_.rowCount() - 1;
-        goal_ = caret == goalCaret_ ? goal_ : columnOf(row(), caret);
-        int to = std::clamp(row() + rows, 0, last);
-        while ((stopAt(to, goal_) - caret) * step <= 0 && to + step >= 0 && to + step <= last)
-            to += step;
-        if ((stopAt(to, goal_) - caret) * step > 0)
-            moveTo(to, goal_, extend);
-        goalCaret_ = document->getCaretPos();
+        int to = std::clamp(row() + rows, 0, rowCount() - 1);
+        for (; to >= 0 && to < rowCount(); to += step)
+            if ((stopAt(to, column()) - document->getCaretPos()) * step > 0)
+                return moveTo(to, column(), extend);
     }
     void moveHome(Key key) {
         key.ctrl ? document->moveCaretHome(key.shift) : moveTo(row(), 0, key.shift);
@@ -70,7 +67,7 @@ public:
     void followMouse() {
         MEVENT event;
         if (getmouse(&event) == OK)
-            moveTo(std::min(first_ + event.y, layout_.rowCount() - 1), event.x,
+            moveTo(std::min(first_ + event.y, rowCount() - 1), event.x,
                    (event.bstate & BUTTON1_PRESSED) == 0);
     }
 
@@ -110,50 +107,53 @@ private:
         return !change || !change->empty();
     }
 
-    void drawRow(int y, const Line& row) const {
+    void drawRow(int y, const Row& row) const {
         const auto [from, to] =
             std::minmax({document->getCaretPos(), document->getSelectionPivotPos()});
-        move(y, 0);
-        for (const Cell& cell : row) {
-            const bool isSelected = cell.offset >= from && cell.offset < to;
+        attrset(A_NORMAL);
+        mvaddwstr(y, 0, row.paragraph.margin.c_str());
+        for (const Cell& cell : row.line) {
+            const bool isSelected = row.offsetOf(cell) >= from && row.offsetOf(cell) < to;
             attrset(cell.style | (isSelected ? A_REVERSE : 0));
-            addwstr(cell.shown.c_str());
+            addnwstr(&cell.shown, 1);
         }
     }
 
-    int row() const { return layout_.rowOf(document->getCaretPos()); }
-    void moveTo(int row, int column, bool extend) {
-        document->setCaretPos(extend, stopAt(row, column));
+    int rowCount() const { return static_cast<int>(rows_.size()); }
+    const Row& rowAt(int index) const { return rows_[static_cast<std::size_t>(index)]; }
+    /// Where the caret is shown.
+    int row() const {
+        const auto isBefore = [&](const Row& row) {
+            return row.offsetOf(row.line.back()) < document->getCaretPos();
+        };
+        const auto found = std::find_if_not(rows_.begin(), rows_.end(), isBefore);
+        return std::max(0, static_cast<int>(found - rows_.begin()));
     }
-    int columnOf(int row, int offset) const {
-        int column = 0;
-        for (const Cell& cell : layout_.row(row)) {
-            if (cell.offset >= offset)
-                break;
-            column += cell.width();
-        }
+    int column() const {
+        const Row& row = rowAt(this->row());
+        auto column = static_cast<int>(row.paragraph.margin.size());
+        for (const Cell& cell : row.line)
+            column += row.offsetOf(cell) < document->getCaretPos() ? cell.width() : 0;
         return column;
     }
-    int offsetAt(int row, int column) const {
-        int found = -1;
-        for (const Cell& cell : layout_.row(row)) {
-            if (cell.offset >= 0 && (found < 0 || column >= 0))
-                found = cell.offset;
-            column -= cell.width();
-        }
-        return found;
-    }
+
     /// Where the caret goes for a place on the screen.
-    int stopAt(int row, int column) const {
-        return document->getNearestStop(offsetAt(row, column), StopSide::Either);
+    int stopAt(int index, int column) const {
+        const Row& row = rowAt(index);
+        column -= static_cast<int>(row.paragraph.margin.size());
+        auto cell = row.line.begin();
+        for (; cell + 1 != row.line.end() && column >= cell->width(); ++cell)
+            column -= cell->width();
+        return document->getNearestStop(row.offsetOf(*cell), StopSide::Either);
+    }
+    void moveTo(int row, int column, bool extend) {
+        document->setCaretPos(extend, stopAt(row, column));
     }
 
     const Core::String path_;
     Layout layout_{*document};
+    std::vector<Row> rows_;
+    int first_ = 0; // on the screen
     std::uint64_t saved_ = 0;
-    int first_ = 0;      // the first row on the screen, and ...
-    int top_ = 0;        // ... an offset in it
-    int goal_ = 0;       // the column that Up and Down keep to ...
-    int goalCaret_ = -1; // ... while the caret is where they have put it
     bool isWarned_ = false;
 };

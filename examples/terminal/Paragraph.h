@@ -8,15 +8,14 @@
 #include <curses.h>
 #include <cwchar>
 #include <string>
-#include <utility>
 #include <vector>
 
 struct Cell {
-    std::wstring shown; ///< a character; nothing where only the caret can stand, as at a line's end
-    int offset = -1;    ///< where it stands in the document; -1 for what the layout puts there
+    wchar_t shown = 0;  ///< 0 where only the caret can stand, as at a line's end
+    int offset = 0;     ///< where it stands, from the start of its paragraph on
     unsigned style = 0; ///< attributes of curses
 
-    int width() const { return shown.empty() ? 0 : std::max(0, wcwidth(shown[0])); }
+    int width() const { return std::max(0, wcwidth(shown)); }
     bool operator==(const Cell&) const = default;
 };
 using Line = std::vector<Cell>;
@@ -24,48 +23,54 @@ using Line = std::vector<Cell>;
 /// What is laid out at once: a stretch of the document and the lines that show it.
 struct Paragraph {
     int start = 0;
-    int end = 0; ///< where the next one starts
-    std::vector<Line> lines;
+    int end = 0;           ///< where the next one starts
+    int depth = 0;         ///< how many elements are around its start
+    std::wstring margin{}; ///< what comes before each line
+    std::vector<Line> lines{};
 
-    void move(int by) {
-        start += by;
-        end += by;
-        for (Line& line : lines)
-            for (Cell& cell : line)
-                cell.offset += cell.offset < 0 ? 0 : by;
-    }
     bool operator==(const Paragraph&) const = default;
 };
 
 /// Lays out the paragraph that starts at an offset; what comes before makes no difference.
 class Typesetter {
 public:
-    Typesetter(const EditableDocumentBuffer& document, int width)
-        : document_(document), width_(width) {}
+    Typesetter(const EditableDocumentBuffer& document, int width, int start)
+        : document_(document), width_(width), made_{start, start} {}
 
-    Paragraph run(int start) {
-        int end = start;
-        for (bool isDone = false; !isDone;) {
-            const std::vector<Drawn> pieces = document_.getDrawn(end, 16);
-            const auto next = std::find_if_not(pieces.begin(), pieces.end(),
-                                               [&](const Drawn& piece) { return take(piece); });
-            isDone = pieces.empty() || next != pieces.end();
-            end = next != pieces.end() ? next->start : isDone ? end : pieces.back().end;
+    Paragraph run() {
+        while (takeSome())
+            ;
+        for (auto at = cells_.cbegin(); at != cells_.cend();) {
+            const auto end = endOfLine(at);
+            made_.lines.emplace_back(at, end);
+            at = end;
         }
-        return {start, end, wrapped()};
+        return made_;
     }
 
 private:
+    /// Answers false when all is taken.
+    bool takeSome() {
+        const std::vector<Drawn> pieces = document_.getDrawn(made_.end, 4);
+        for (const Drawn& piece : pieces) {
+            made_.end = piece.start;
+            if (!take(piece))
+                return false;
+            made_.end = piece.end;
+        }
+        return !pieces.empty();
+    }
+
     /// Answers false for what begins the next paragraph. Closing tags stay with what they close,
-    /// but that of a table is a rule of its own.
+    /// but behind a table the caret has a line of its own.
     bool take(const Drawn& piece) {
-        const bool isStart = piece.kind == DrawnKind::Start;
         const bool isEnd = piece.kind == DrawnKind::End;
-        const bool isTag = isStart || isEnd || piece.kind == DrawnKind::Empty;
+        const bool isTag =
+            isEnd || piece.kind == DrawnKind::Start || piece.kind == DrawnKind::Empty;
         const bool isBlock = isTag && !document_.isInlineEditableElementName(piece.text);
-        if (isEnded_ ? !isEnd || piece.text == L"fo:table" : isStart && isBlock && hasText())
+        const bool isStart = isBlock && piece.kind == DrawnKind::Start;
+        if (isEnded_ ? !isEnd || piece.text == L"fo:table" : isStart && hasText())
             return false;
-        isStyleKnown_ = isStyleKnown_ && !isTag;
         if (isBlock)
             takeBlock(piece, isStart);
         else if (!isTag)
@@ -74,37 +79,34 @@ private:
     }
 
     void takeBlock(const Drawn& tag, bool isStart) {
-        if (tag.text == L"fo:table") // the caret stands before and behind it, on its rules
-            for (int i = 0; i < width_; ++i)
-                push({L"─", i > 0 ? -1 : isStart ? tag.start : tag.end});
+        if (tag.text == L"fo:table")
+            push(0, isStart ? tag.start : tag.end);
         else if (tag.isStop && !isStart)
-            push({L"", tag.start});
-        if (tag.text == L"fo:list-item-label") {
-            isInLabel_ = isStart;
-            while (!isStart && (cells_.size() % indent != 0 || cells_.size() <= textFrom_))
-                push({L" "});
-            textFrom_ = cells_.size(); // what stands in the item goes on beside its label
-        }
+            push(0, tag.start);
         isEnded_ = hasText();
+        if (tag.text == L"fo:list-item-label" && !isStart) {
+            push(L' ', tag.start);
+            labelSize_ = cells_.size();
+            isEnded_ = false;
+        }
     }
 
     void takeText(const Drawn& piece) {
-        if (!std::exchange(isStyleKnown_, true))
-            style_ = styleAt(piece.start);
+        const unsigned style = styleAt(piece.start);
         Core::String text = piece.text;
         if (piece.kind == DrawnKind::Object)
             text = L"[" + text.substringAfter(L":") + L"]";
-        if (piece.kind == DrawnKind::Placeholder || piece.kind == DrawnKind::Hidden)
-            push({L"", piece.start});
+        if (piece.kind == DrawnKind::Hidden)
+            push(0, piece.start);
         else
             for (int i = 0; i < text.length(); ++i)
-                put(text[i], piece.start + (piece.kind == DrawnKind::Text ? i : 0));
+                put(text[i], piece.start + (piece.kind == DrawnKind::Text ? i : 0), style);
     }
 
-    void put(wchar_t unit, int offset) {
-        if (!hasText() || unit < 0xDC00 || unit >= 0xE000)
-            return push({{unit}, offset, style_});
-        wchar_t& first = cells_.back().shown[0]; // of two halves of a character
+    void put(wchar_t unit, int offset, unsigned style) {
+        if (cells_.empty() || unit < 0xDC00 || unit > 0xDFFF)
+            return push(unit == L'\t' ? L' ' : unit, offset, style);
+        wchar_t& first = cells_.back().shown; // of two halves of a character
         first = static_cast<wchar_t>(0x10000 + ((first & 0x3FF) << 10) + (unit & 0x3FF));
     }
 
@@ -117,56 +119,41 @@ private:
                (has(L"text-decoration", L"underline") ? A_UNDERLINE : 0);
     }
 
-    void push(const Cell& cell) {
-        if (cells_.empty()) {
-            cells_ = indentAt(cell.offset);
-            textFrom_ = cells_.size();
-        }
-        cells_.push_back(cell);
+    void push(wchar_t shown, int offset, unsigned style = 0) {
+        if (cells_.empty())
+            made_.margin = marginAt(offset);
+        cells_.push_back({shown, offset - made_.start, style});
     }
 
-    /// Blanks for each item around, and a rule for each cell of a table.
-    Line indentAt(int offset) const {
-        Line cells;
+    std::wstring marginAt(int offset) const {
+        std::wstring margin;
         for (const Core::String& name : document_.getElementAt(offset).path.split(L'/'))
-            if (name == L"fo:table-cell" || name == L"fo:list-item-body") {
-                cells.push_back({name == L"fo:table-cell" ? L"│" : L" "});
-                cells.resize(cells.size() + indent - 1, {L" "});
-            }
-        return cells;
+            if (name == L"fo:table-cell" || name == L"fo:list-item-body")
+                margin += name == L"fo:table-cell" ? L"│ " : L"  ";
+        return margin;
     }
 
-    /// Breaks behind the last blank that fits or, where there is none, in the word.
-    std::vector<Line> wrapped() const {
-        std::vector<Line> lines;
-        for (auto at = cells_.begin(); at != cells_.end();) {
-            Line line(lines.empty() ? 0 : textFrom_, Cell{L" "});
-            int used = static_cast<int>(line.size());
-            auto blank = cells_.end();
-            auto end = at;
-            do {
-                used += end->width();
-                if (end->shown == L" " && end->offset >= 0)
-                    blank = end;
-            } while (end++->shown != L"\n" && end != cells_.end() && used + end->width() <= width_);
-            if (end != cells_.end() && end[-1].shown != L"\n" && blank != cells_.end())
-                end = blank + 1;
-            line.insert(line.end(), at, end);
-            lines.push_back(std::move(line));
-            at = end;
+    /// Behind the last blank that fits or, where there is none, in the word.
+    Line::const_iterator endOfLine(Line::const_iterator start) const {
+        auto end = start, blank = start;
+        for (int room = width_ - static_cast<int>(made_.margin.size());
+             end != cells_.end() && (end == start || end->width() <= room); ++end) {
+            room -= end->width();
+            if (end->shown == L'\n')
+                return end + 1;
+            if (end->shown == L' ')
+                blank = end + 1;
         }
-        return lines;
+        return end == cells_.end() || blank == start ? end : blank;
     }
 
-    bool hasText() const { return !isInLabel_ && cells_.size() > textFrom_; }
+    /// What stands in an item goes on beside its label.
+    bool hasText() const { return cells_.size() > labelSize_; }
 
-    static constexpr std::size_t indent = 4;
     const EditableDocumentBuffer& document_;
     const int width_;
+    Paragraph made_;
     Line cells_;
-    std::size_t textFrom_ = 0; // behind indents and labels
-    unsigned style_ = 0;
-    bool isStyleKnown_ = false;
-    bool isInLabel_ = false;
+    std::size_t labelSize_ = 0;
     bool isEnded_ = false;
 };
