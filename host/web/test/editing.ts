@@ -146,6 +146,28 @@ test("Up, Down, Home, End and the mouse go where the lines are", async (context)
   assert.match(await editor.call<string>("getSelectionAs", 0), /^after two years.*second a week\.\n$/);
 });
 
+test("selected text is dragged to another place in one step, and a click into it only clicks", async (context) => {
+  const editor = await openEditor(context);
+  await editor.sample("Letter");
+  const before = await editor.text();
+  const word = editor.page.locator("text=delighted").last();
+  await word.dblclick();
+  await word.hover();
+  await editor.page.mouse.down();
+  const target = (await editor.page.locator("text=Dear Ms Thackwray").boundingBox())!;
+  await editor.page.mouse.move(target.x + 4, target.y + 8);
+  await editor.page.mouse.move(target.x + 1, target.y + 8);
+  await editor.page.mouse.up();
+  await editor.settle();
+  assert.match(await editor.flow(), />delightedDear Ms/);
+  await editor.key("Control+z");
+  assert.equal(await editor.text(), before);
+  await word.dblclick();
+  await editor.page.waitForTimeout(600); // or it would be a triple click
+  await word.click();
+  assert.equal(await editor.call("getSelectionAs", 0), "");
+});
+
 test("what was edited is saved, and read again it is the same, byte for byte", async (context) => {
   const editor = await openEditor(context);
   await editor.sample("Letter");

@@ -4,7 +4,7 @@
 import type { FormeDocument } from "../library/FormeDocument.ts";
 
 const nativeType = "text/x-forme";
-const nativeFormat = 2;
+export const nativeFormat = 2;
 
 export class Clipboard {
   constructor(private readonly doc: FormeDocument) {}

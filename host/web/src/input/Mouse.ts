@@ -3,6 +3,7 @@
 import type { FormeDocument } from "../library/FormeDocument.ts";
 import type { DocumentView } from "../view/DocumentView.ts";
 import type { Clipboard } from "./Clipboard.ts";
+import { SelectionDrag } from "./SelectionDrag.ts";
 
 const either = 2;
 const wordUnit = 1;
@@ -13,12 +14,14 @@ export class Mouse {
   #clicks = 1;
   #last = { x: 0, y: 0 };
   #timer = 0;
+  readonly #drag: SelectionDrag;
 
   constructor(private readonly doc: FormeDocument, private readonly view: DocumentView, private readonly clipboard: Clipboard) {
+    this.#drag = new SelectionDrag(doc, view);
     const pages = view.pagesElement;
     view.scroller.addEventListener("mousedown", event => this.#press(event));
     window.addEventListener("mousemove", event => this.#move(event));
-    window.addEventListener("mouseup", () => this.#release());
+    window.addEventListener("mouseup", event => this.#release(event));
     pages.addEventListener("dragover", event => event.preventDefault());
     pages.addEventListener("drop", event => this.#drop(event));
   }
@@ -33,6 +36,8 @@ export class Mouse {
     if (event.button !== 0 && this.#isSelected(offset))
       return;
     this.#clicks = (event.detail - 1) % 3 + 1;
+    if (event.button === 0 && this.#clicks === 1 && !event.shiftKey && this.doc.hasSelection && this.#isSelected(offset))
+      return this.#drag.press(event.clientX, event.clientY);
     const stop = this.#stop(offset);
     if (event.shiftKey && event.button === 0) {
       this.#anchor = { start: this.doc.pivot, end: this.doc.pivot };
@@ -77,6 +82,8 @@ export class Mouse {
   }
 
   #move(event: MouseEvent): void {
+    if (this.#drag.isPressed)
+      return event.buttons === 0 ? this.#drag.cancel() : this.#drag.move(event.clientX, event.clientY);
     if (!this.#anchor)
       return;
     if (event.buttons === 0)
@@ -109,7 +116,12 @@ export class Mouse {
     this.#extend();
   }
 
-  #release(): void {
+  #release(event?: MouseEvent): void {
+    if (event && this.#drag.isPressed && !this.#drag.release(event.ctrlKey)) {
+      const offset = this.view.offsetAt(event.clientX, event.clientY);
+      if (offset !== null)
+        this.doc.call("setCaretPos", false, this.#stop(offset));
+    }
     this.#anchor = null;
     clearInterval(this.#timer);
     this.#timer = 0;

@@ -8,6 +8,7 @@ const gapAtEdges = 24;
 
 export class CaretDisplay {
   readonly #caret = document.createElement("div");
+  readonly #dropCaret = document.createElement("div");
   readonly #selection = new Highlight();
   /** Whether the caret is drawn behind the last character of a line and not before the next one. */
   atLineEnd = false;
@@ -16,7 +17,9 @@ export class CaretDisplay {
   constructor(private readonly doc: FormeDocument, private readonly positions: Positions, private readonly pages: HTMLElement,
     private readonly scroller: HTMLElement) {
     this.#caret.className = "caret";
-    pages.append(this.#caret);
+    this.#dropCaret.className = "caret resting";
+    this.#dropCaret.hidden = true;
+    pages.append(this.#caret, this.#dropCaret);
     CSS.highlights.set("selection", this.#selection);
   }
 
@@ -29,15 +32,26 @@ export class CaretDisplay {
     const box = caret < 0 ? null : this.box;
     this.#caret.hidden = box === null || caret !== pivot && !this.isComposing;
     if (box) {
-      const origin = this.pages.getBoundingClientRect();
-      const zoom = zoomOf(this.pages);
-      this.#caret.style.cssText = `transform:translate(${(box.left - origin.left) / zoom}px,${(box.top - origin.top) / zoom}px);height:${box.height / zoom}px;`;
+      this.#place(this.#caret, box);
       this.#restartBlinking();
     }
     this.#drawSelection(Math.min(caret, pivot), Math.max(caret, pivot));
   }
 
   /** Draws a caret of its own where something that is dragged would drop; none for -1. */
+  showDrop(offset: number): void {
+    const box = offset < 0 ? null : this.positions.caretBox(offset);
+    this.#dropCaret.hidden = box === null;
+    if (box)
+      this.#place(this.#dropCaret, box);
+  }
+
+  #place(caret: HTMLElement, box: CaretBox): void {
+    const origin = this.pages.getBoundingClientRect();
+    const zoom = zoomOf(this.pages);
+    caret.style.cssText = `transform:translate(${(box.left - origin.left) / zoom}px,${(box.top - origin.top) / zoom}px);height:${box.height / zoom}px;`;
+  }
+
   scrollIntoView(): void {
     const box = this.box;
     if (!box)
