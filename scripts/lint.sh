@@ -5,10 +5,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/packages.sh build html spelling unicode clang lint
+scripts/packages.sh build html spelling unicode terminal clang lint
 
 check_format() {
-    find src host tests bench docs -name node_modules -prune -o \( -name '*.h' -o -name '*.cpp' \) -print | sort |
+    find src host examples tests bench docs -name node_modules -prune -o \( -name '*.h' -o -name '*.cpp' \) -print | sort |
         xargs clang-format --dry-run -Werror
 }
 

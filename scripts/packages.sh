@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs the Debian packages that a task needs and that are missing.
-#   scripts/packages.sh build|html|spelling|unicode|test|formatter|bench|peers|clang|lint|docs
+#   scripts/packages.sh build|html|spelling|unicode|terminal|test|formatter|bench|peers|clang|lint|docs
 #   or debian|libc++|emscripten|web|test-web ...
 set -euo pipefail
 
@@ -10,6 +10,7 @@ packages_for() {
         html) echo pkg-config libgumbo-dev ;;
         spelling) echo pkg-config libhunspell-dev ;;
         unicode) echo pkg-config libicu-dev ;;
+        terminal) echo libncurses-dev ;;
         test) echo unicode-data libgtest-dev pkg-config hunspell-en-us hunspell-de-de ;;
         formatter) echo fop ;;
         bench) echo libbenchmark-dev ;;

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 preset=${1:-debug}
-tasks=(build html spelling unicode test)
+tasks=(build html spelling unicode terminal test)
 case $preset in
     asan) tasks+=(clang) ;;
     bench) tasks+=(bench) ;;

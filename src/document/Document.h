@@ -166,7 +166,7 @@ public:
     Core::String selectedElementName;       ///< what growing the selection reached last
     std::unique_ptr<TableCache> tableCache; ///< null while no table is kept
     mutable std::shared_ptr<const KnownFormats> knownFormats; ///< null until a toolbar asks
-    bool isInCommand = false;               ///< whether a scope stands around what is being done
+    bool isInCommand = false; ///< whether a scope stands around what is being done
 
 private:
     void insert(int position, const Core::String& xml);

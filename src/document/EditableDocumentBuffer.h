@@ -331,7 +331,8 @@ public:
     /// The unit of that kind that holds the position, or ends at it where none begins there: a
     /// character as a reader sees it, a word without the blanks behind it, a sentence with its
     /// punctuation, what a paragraph holds. Markup within is part of the range; none at its ends
-    /// is, but for inlines in a paragraph. Nothing where the position is in no paragraph or, for a word, at none.
+    /// is, but for inlines in a paragraph. Nothing where the position is in no paragraph or, for a
+    /// word, at none.
     std::optional<TextRange> getRangeAround(TextUnit unit, int position) const;
 
     // Finding and replacing. A search runs over the text between tags, in flows and static contents
