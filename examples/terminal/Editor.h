@@ -5,12 +5,6 @@
 #include <forme/foundation/xml/DomParser.h>
 #include <forme/view/StopSide.h>
 
-/// Whether these are held, where the terminal tells.
-struct Key {
-    bool shift;
-    bool ctrl;
-};
-
 /// A document on the screen, and what a key does beyond calling one operation of it.
 class Editor {
 public:
@@ -24,12 +18,16 @@ public:
             document->addInlineEditableElement(name);
         }
         document->setContentFromFile(path);
+        if (document->getCaretPos() < 0)
+            throw Core::Exception(path + L": there is no text to edit in it");
         saved_ = document->getTextVersion();
     }
 
     const SmartPtr<EditableDocumentBuffer> document{new EditableDocumentBuffer};
     Core::String clipboard;
     std::string message = "Ctrl+S saves, Ctrl+Q quits";
+    bool shift = false; ///< whether these are held, where the terminal tells
+    bool ctrl = false;
     bool isDone = false;
 
     void draw() {
@@ -50,25 +48,21 @@ public:
         refresh();
     }
 
+    void moveInRow(int column) { moveTo(row(), column); }
     /// Passes rows in which the caret has no place.
-    void moveRows(int rows, bool extend) {
+    void moveRows(int rows) {
         const int step = rows < 0 ? -1 : 1;
         int to = std::clamp(row() + rows, 0, rowCount() - 1);
         for (; to >= 0 && to < rowCount(); to += step)
             if ((stopAt(to, column()) - document->getCaretPos()) * step > 0)
-                return moveTo(to, column(), extend);
-    }
-    void moveHome(Key key) {
-        key.ctrl ? document->moveCaretHome(key.shift) : moveTo(row(), 0, key.shift);
-    }
-    void moveToEnd(Key key) {
-        key.ctrl ? document->moveCaretToEnd(key.shift) : moveTo(row(), COLS, key.shift);
+                return moveTo(to, column());
     }
     void followMouse() {
         MEVENT event;
-        if (getmouse(&event) == OK)
-            moveTo(std::min(first_ + event.y, rowCount() - 1), event.x,
-                   (event.bstate & BUTTON1_PRESSED) == 0);
+        if (getmouse(&event) != OK)
+            return;
+        shift = (event.bstate & BUTTON1_PRESSED) == 0;
+        moveTo(std::min(first_ + event.y, rowCount() - 1), event.x);
     }
 
     /// In a table that stands in an item of a list, Enter does not break the list.
@@ -121,14 +115,6 @@ private:
 
     int rowCount() const { return static_cast<int>(rows_.size()); }
     const Row& rowAt(int index) const { return rows_[static_cast<std::size_t>(index)]; }
-    /// Where the caret is shown.
-    int row() const {
-        const auto isBefore = [&](const Row& row) {
-            return row.offsetOf(row.line.back()) < document->getCaretPos();
-        };
-        const auto found = std::find_if_not(rows_.begin(), rows_.end(), isBefore);
-        return std::max(0, static_cast<int>(found - rows_.begin()));
-    }
     int column() const {
         const Row& row = rowAt(this->row());
         auto column = static_cast<int>(row.paragraph.margin.size());
@@ -137,6 +123,13 @@ private:
         return column;
     }
 
+    /// Where the caret is shown.
+    int row() const {
+        const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) {
+            return row.offsetOf(row.line.back()) >= document->getCaretPos();
+        });
+        return std::min(static_cast<int>(found - rows_.begin()), rowCount() - 1);
+    }
     /// Where the caret goes for a place on the screen.
     int stopAt(int index, int column) const {
         const Row& row = rowAt(index);
@@ -146,9 +139,8 @@ private:
             column -= cell->width();
         return document->getNearestStop(row.offsetOf(*cell), StopSide::Either);
     }
-    void moveTo(int row, int column, bool extend) {
-        document->setCaretPos(extend, stopAt(row, column));
-    }
+
+    void moveTo(int row, int column) { document->setCaretPos(shift, stopAt(row, column)); }
 
     const Core::String path_;
     Layout layout_{*document};

@@ -67,7 +67,8 @@ private:
         bool isBehind = false;
         while (!document_.getDrawn(from, 1).empty() &&
                !(isBehind && kept != end && kept->start == from)) {
-            made.push_back(layOut(from));
+            made.push_back(Typesetter(document_, width_, from).run());
+            made.back().depth = depthAt(from);
             if (from >= change.start + change.inserted)
                 isBehind = isBehind || made.back().depth <= depth;
             else if (from >= change.start)
@@ -75,14 +76,8 @@ private:
             from = made.back().end;
             kept = std::find_if(kept, end, isFrom(from));
         }
+        laidOut_ += static_cast<int>(made.size());
         paragraphs_.insert(paragraphs_.erase(first, kept), made.begin(), made.end());
-    }
-
-    Paragraph layOut(int start) {
-        ++laidOut_;
-        Paragraph made = Typesetter(document_, width_, start).run();
-        made.depth = depthAt(start);
-        return made;
     }
 
     /// How many elements are around what is drawn there.

@@ -38,29 +38,17 @@ public:
         : document_(document), width_(width), made_{start, start} {}
 
     Paragraph run() {
-        while (takeSome())
-            ;
-        for (auto at = cells_.cbegin(); at != cells_.cend();) {
-            const auto end = endOfLine(at);
-            made_.lines.emplace_back(at, end);
-            at = end;
+        const auto isTaken = [&](const Drawn& piece) { return take(piece); };
+        for (bool goesOn = true; goesOn;) {
+            const std::vector<Drawn> pieces = document_.getDrawn(made_.end, 4);
+            goesOn = !pieces.empty() && std::all_of(pieces.begin(), pieces.end(), isTaken);
         }
+        for (auto at = cells_.cbegin(); at != cells_.cend(); at = endOfLine(at))
+            made_.lines.emplace_back(at, endOfLine(at));
         return made_;
     }
 
 private:
-    /// Answers false when all is taken.
-    bool takeSome() {
-        const std::vector<Drawn> pieces = document_.getDrawn(made_.end, 4);
-        for (const Drawn& piece : pieces) {
-            made_.end = piece.start;
-            if (!take(piece))
-                return false;
-            made_.end = piece.end;
-        }
-        return !pieces.empty();
-    }
-
     /// Answers false for what begins the next paragraph. Closing tags stay with what they close,
     /// but behind a table the caret has a line of its own.
     bool take(const Drawn& piece) {
@@ -69,8 +57,10 @@ private:
             isEnd || piece.kind == DrawnKind::Start || piece.kind == DrawnKind::Empty;
         const bool isBlock = isTag && !document_.isInlineEditableElementName(piece.text);
         const bool isStart = isBlock && piece.kind == DrawnKind::Start;
+        made_.end = piece.start;
         if (isEnded_ ? !isEnd || piece.text == L"fo:table" : isStart && hasText())
             return false;
+        made_.end = piece.end;
         if (isBlock)
             takeBlock(piece, isStart);
         else if (!isTag)
@@ -92,22 +82,13 @@ private:
     }
 
     void takeText(const Drawn& piece) {
+        const bool isObject = piece.kind == DrawnKind::Object;
+        const Core::String text = isObject ? L"[" + piece.text + L"]" : piece.text;
         const unsigned style = styleAt(piece.start);
-        Core::String text = piece.text;
-        if (piece.kind == DrawnKind::Object)
-            text = L"[" + text.substringAfter(L":") + L"]";
-        if (piece.kind == DrawnKind::Hidden)
+        if (text.empty())
             push(0, piece.start);
-        else
-            for (int i = 0; i < text.length(); ++i)
-                put(text[i], piece.start + (piece.kind == DrawnKind::Text ? i : 0), style);
-    }
-
-    void put(wchar_t unit, int offset, unsigned style) {
-        if (cells_.empty() || unit < 0xDC00 || unit > 0xDFFF)
-            return push(unit == L'\t' ? L' ' : unit, offset, style);
-        wchar_t& first = cells_.back().shown; // of two halves of a character
-        first = static_cast<wchar_t>(0x10000 + ((first & 0x3FF) << 10) + (unit & 0x3FF));
+        for (int i = 0; i < text.length(); ++i)
+            push(text[i], piece.start + (piece.kind == DrawnKind::Text ? i : 0), style);
     }
 
     unsigned styleAt(int offset) const {
@@ -119,10 +100,13 @@ private:
                (has(L"text-decoration", L"underline") ? A_UNDERLINE : 0);
     }
 
-    void push(wchar_t shown, int offset, unsigned style = 0) {
+    void push(wchar_t unit, int offset, unsigned style = 0) {
         if (cells_.empty())
             made_.margin = marginAt(offset);
-        cells_.push_back({shown, offset - made_.start, style});
+        if (cells_.empty() || unit < 0xDC00 || unit > 0xDFFF)
+            return cells_.push_back({unit == L'\t' ? L' ' : unit, offset - made_.start, style});
+        wchar_t& first = cells_.back().shown; // of two halves of a character
+        first = static_cast<wchar_t>(0x10000 + ((first & 0x3FF) << 10) + (unit & 0x3FF));
     }
 
     std::wstring marginAt(int offset) const {

@@ -14,35 +14,35 @@ constexpr auto ctrl = [](char letter) { return letter & 0x1F; };
 
 const struct {
     int code;
-    void (*press)(Editor&, Key);
+    void (*press)(Editor&);
 } bindings[] = {
-    {KEY_LEFT, [](Editor& e, Key k) { e.document->moveCaretLeft(k.shift, k.ctrl, true); }},
-    {KEY_RIGHT, [](Editor& e, Key k) { e.document->moveCaretRight(k.shift, k.ctrl, true); }},
-    {KEY_UP, [](Editor& e, Key k) { e.moveRows(-1, k.shift); }},
-    {KEY_DOWN, [](Editor& e, Key k) { e.moveRows(1, k.shift); }},
-    {KEY_PPAGE, [](Editor& e, Key k) { e.moveRows(2 - LINES, k.shift); }},
-    {KEY_NPAGE, [](Editor& e, Key k) { e.moveRows(LINES - 2, k.shift); }},
-    {KEY_HOME, [](Editor& e, Key k) { e.moveHome(k); }},
-    {KEY_END, [](Editor& e, Key k) { e.moveToEnd(k); }},
-    {KEY_BACKSPACE, [](Editor& e, Key) { e.document->erase(false, false); }},
-    {ctrl('H'), [](Editor& e, Key) { e.document->erase(false, true); }}, // Ctrl+Backspace
-    {KEY_DC, [](Editor& e, Key k) { e.document->erase(true, k.ctrl); }},
-    {ctrl('I'), [](Editor& e, Key) { e.document->insertTab(); }},
-    {ctrl('M'), [](Editor& e, Key) { e.breakLine(); }},
-    {ctrl('J'), [](Editor& e, Key) { e.document->insertBreak(BreakType::Soft, false); }},
-    {ctrl('P'), [](Editor& e, Key) { e.document->insertBreak(BreakType::Page, false); }},
-    {ctrl('L'), [](Editor& e, Key) { e.document->getListBuffer().makeList(ListType::Bullets); }},
-    {ctrl('N'), [](Editor& e, Key) { e.document->getListBuffer().makeList(ListType::Numbering); }},
-    {ctrl('W'), [](Editor& e, Key) { e.document->selectParent(); }},
-    {ctrl('['), [](Editor& e, Key) { e.document->resetSelection(); }},
-    {ctrl('C'), [](Editor& e, Key) { e.copy(); }},
-    {ctrl('X'), [](Editor& e, Key) { e.copy(), e.document->erase(false, false); }},
-    {ctrl('V'), [](Editor& e, Key) { e.document->pasteMarkup(e.clipboard); }},
-    {ctrl('Z'), [](Editor& e, Key) { e.document->undo(); }},
-    {ctrl('Y'), [](Editor& e, Key) { e.document->redo(); }},
-    {ctrl('S'), [](Editor& e, Key) { e.save(); }},
-    {ctrl('Q'), [](Editor& e, Key) { e.quit(); }},
-    {KEY_MOUSE, [](Editor& e, Key) { e.followMouse(); }},
+    {KEY_LEFT, [](Editor& e) { e.document->moveCaretLeft(e.shift, e.ctrl, true); }},
+    {KEY_RIGHT, [](Editor& e) { e.document->moveCaretRight(e.shift, e.ctrl, true); }},
+    {KEY_UP, [](Editor& e) { e.moveRows(-1); }},
+    {KEY_DOWN, [](Editor& e) { e.moveRows(1); }},
+    {KEY_PPAGE, [](Editor& e) { e.moveRows(2 - LINES); }},
+    {KEY_NPAGE, [](Editor& e) { e.moveRows(LINES - 2); }},
+    {KEY_HOME, [](Editor& e) { e.ctrl ? e.document->moveCaretHome(e.shift) : e.moveInRow(0); }},
+    {KEY_END, [](Editor& e) { e.ctrl ? e.document->moveCaretToEnd(e.shift) : e.moveInRow(COLS); }},
+    {KEY_BACKSPACE, [](Editor& e) { e.document->erase(false, false); }},
+    {ctrl('H'), [](Editor& e) { e.document->erase(false, true); }}, // Ctrl+Backspace
+    {KEY_DC, [](Editor& e) { e.document->erase(true, e.ctrl); }},
+    {ctrl('I'), [](Editor& e) { e.document->insertTab(); }},
+    {ctrl('M'), [](Editor& e) { e.breakLine(); }},
+    {ctrl('J'), [](Editor& e) { e.document->insertBreak(BreakType::Soft, false); }},
+    {ctrl('P'), [](Editor& e) { e.document->insertBreak(BreakType::Page, false); }},
+    {ctrl('L'), [](Editor& e) { e.document->getListBuffer().makeList(ListType::Bullets); }},
+    {ctrl('N'), [](Editor& e) { e.document->getListBuffer().makeList(ListType::Numbering); }},
+    {ctrl('W'), [](Editor& e) { e.document->selectParent(); }},
+    {ctrl('['), [](Editor& e) { e.document->resetSelection(); }},
+    {ctrl('C'), [](Editor& e) { e.copy(); }},
+    {ctrl('X'), [](Editor& e) { e.copy(), e.document->erase(false, false); }},
+    {ctrl('V'), [](Editor& e) { e.document->pasteMarkup(e.clipboard); }},
+    {ctrl('Z'), [](Editor& e) { e.document->undo(); }},
+    {ctrl('Y'), [](Editor& e) { e.document->redo(); }},
+    {ctrl('S'), [](Editor& e) { e.save(); }},
+    {ctrl('Q'), [](Editor& e) { e.quit(); }},
+    {KEY_MOUSE, [](Editor& e) { e.followMouse(); }},
 };
 
 /// Terminals send these with the modifiers in the place of the %d, counted from 1.
@@ -75,10 +75,11 @@ struct Terminal {
 };
 
 void press(Editor& editor, int code) {
-    const int modifiers = code / keyCodes;
+    editor.shift = (code / keyCodes & 1) != 0;
+    editor.ctrl = (code / keyCodes & 4) != 0;
     for (const auto& [bound, press] : bindings)
         if (bound == code % keyCodes)
-            press(editor, {(modifiers & 1) != 0, (modifiers & 4) != 0});
+            press(editor);
 }
 
 } // namespace

@@ -36,7 +36,7 @@ std::string failureOf(const std::filesystem::path& path, Random& random, std::si
 
 TEST(TerminalLayout, FollowsAnyCommand) {
     Random random(static_cast<std::uint32_t>(setting("FORME_RANDOM_SEED", 1)));
-    const std::size_t count = setting("FORME_RANDOM_COMMANDS", 300) / 15;
+    const std::size_t count = setting("FORME_RANDOM_COMMANDS", 300) / 30;
     for (const auto& entry : std::filesystem::directory_iterator(samplesFolder()))
         if (entry.path().extension() == ".xml") {
             EXPECT_EQ(failureOf(entry.path(), random, count), "");
