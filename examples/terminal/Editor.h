@@ -58,11 +58,10 @@ public:
                 return moveTo(to, column());
     }
     void followMouse() {
-        MEVENT event;
-        if (getmouse(&event) != OK)
-            return;
-        shift = (event.bstate & BUTTON1_PRESSED) == 0;
-        moveTo(std::min(first_ + event.y, rowCount() - 1), event.x);
+        if (MEVENT event; getmouse(&event) == OK) {
+            shift = (event.bstate & BUTTON1_PRESSED) == 0;
+            moveTo(std::min(first_ + event.y, rowCount() - 1), event.x);
+        }
     }
 
     /// In a table that stands in an item of a list, Enter does not break the list.

@@ -44,8 +44,7 @@ public:
 
 private:
     /// Lays out from one paragraph before the change through one behind it, since whether the caret
-    /// stops before a tag depends on what stands beside it; and on to the end of each element that
-    /// the change opened, closed or gave other attributes, which may look otherwise as a whole.
+    /// stops before a tag depends on what stands beside it.
     void takeUp(const TextChange& change) {
         const auto isFrom = [](int offset) {
             return [=](const Paragraph& each) { return each.start >= offset; };
@@ -53,26 +52,19 @@ private:
         const auto end = paragraphs_.end();
         auto first = std::find_if(paragraphs_.begin(), end, isFrom(change.start));
         auto kept = std::find_if(first, end, isFrom(change.start + change.removed));
-        int depth = depthAt(change.start);
-        for (auto gone = first; gone != kept; ++gone)
-            depth = std::min(depth, gone->depth);
         for (auto each = kept; each != end; ++each) {
             each->start += change.inserted - change.removed;
             each->end += change.inserted - change.removed;
         }
+        while (kept != end && looksOtherwise(*kept, change))
+            ++kept;
+        kept += kept != end ? 1 : 0;
         first -= std::min<std::ptrdiff_t>(2, first - paragraphs_.begin());
 
         std::vector<Paragraph> made;
         int from = first != end ? first->start : std::max(0, document_.getFirstPageGeneratorPos());
-        bool isBehind = false;
-        while (!document_.getDrawn(from, 1).empty() &&
-               !(isBehind && kept != end && kept->start == from)) {
+        while (kept != end ? kept->start != from : !document_.getDrawn(from, 1).empty()) {
             made.push_back(Typesetter(document_, width_, from).run());
-            made.back().depth = depthAt(from);
-            if (from >= change.start + change.inserted)
-                isBehind = isBehind || made.back().depth <= depth;
-            else if (from >= change.start)
-                depth = std::min(depth, made.back().depth);
             from = made.back().end;
             kept = std::find_if(kept, end, isFrom(from));
         }
@@ -80,12 +72,14 @@ private:
         paragraphs_.insert(paragraphs_.erase(first, kept), made.begin(), made.end());
     }
 
-    /// How many elements are around what is drawn there.
-    int depthAt(int offset) const {
-        const std::vector<Drawn> here = document_.getDrawn(offset, 1);
-        const int start = here.empty() ? offset : here.front().start;
-        const ElementPlace element = document_.getElementAt(start);
-        return static_cast<int>(element.around.size()) + (element.start < start ? 1 : 0);
+    /// Whether a start tag in the change, or one that it is a part of, is of an element around.
+    bool looksOtherwise(const Paragraph& paragraph, const TextChange& change) const {
+        const std::vector<Drawn> tag = document_.getDrawn(change.start, 1);
+        const int from = tag.empty() ? change.start : std::min(tag.front().start, change.start);
+        const std::vector<int> around = document_.getElementAt(paragraph.start).around;
+        return std::any_of(around.begin(), around.end(), [&](int element) {
+            return element >= from && element < change.start + change.inserted;
+        });
     }
 
     const EditableDocumentBuffer& document_;

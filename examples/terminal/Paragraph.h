@@ -24,7 +24,6 @@ using Line = std::vector<Cell>;
 struct Paragraph {
     int start = 0;
     int end = 0;           ///< where the next one starts
-    int depth = 0;         ///< how many elements are around its start
     std::wstring margin{}; ///< what comes before each line
     std::vector<Line> lines{};
 
