@@ -9,4 +9,5 @@ scripts/packages.sh web test-web
 scripts/web.sh --build
 cd host/web
 node_modules/.bin/tsc --noEmit
+node_modules/.bin/prettier --check --log-level warn 'src/**/*.{ts,css}' 'test/*' 'bench/*' '*.mjs'
 node test/run.mjs "$@"

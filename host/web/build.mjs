@@ -38,12 +38,9 @@ function copyFiles() {
 function copyDictionaries(from, names) {
   mkdirSync(join(page, "dictionaries"), { recursive: true });
   for (const file of names.flatMap(name => [`${name}.aff`, `${name}.dic`]))
-    if (existsSync(join(from, file)))
-      cpSync(join(from, file), join(page, "dictionaries", file), { dereference: true });
+    if (existsSync(join(from, file))) cpSync(join(from, file), join(page, "dictionaries", file), { dereference: true });
 }
 
 copyFiles();
-if (process.argv.includes("--watch"))
-  await (await context(options)).watch();
-else
-  await build(options);
+if (process.argv.includes("--watch")) await (await context(options)).watch();
+else await build(options);

@@ -8,8 +8,13 @@ import { fileURLToPath } from "node:url";
 
 const page = fileURLToPath(new URL("../../build/web/page", import.meta.url));
 const types = {
-  ".html": "text/html; charset=utf-8", ".js": "text/javascript; charset=utf-8", ".css": "text/css; charset=utf-8",
-  ".wasm": "application/wasm", ".xml": "application/xml", ".svg": "image/svg+xml", ".png": "image/png",
+  ".html": "text/html; charset=utf-8",
+  ".js": "text/javascript; charset=utf-8",
+  ".css": "text/css; charset=utf-8",
+  ".wasm": "application/wasm",
+  ".xml": "application/xml",
+  ".svg": "image/svg+xml",
+  ".png": "image/png",
 };
 
 function isFile(path) {
@@ -21,8 +26,7 @@ export function serve(port) {
   const server = createServer((request, response) => {
     const name = decodeURIComponent(new URL(request.url, "http://localhost").pathname);
     const path = join(page, normalize(name.endsWith("/") ? `${name}index.html` : name));
-    if (!path.startsWith(page) || !isFile(path))
-      return response.writeHead(404).end("not found");
+    if (!path.startsWith(page) || !isFile(path)) return response.writeHead(404).end("not found");
     response.writeHead(200, {
       "Content-Type": types[extname(path)] ?? "application/octet-stream",
       "Cache-Control": "no-cache",

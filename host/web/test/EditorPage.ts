@@ -24,7 +24,7 @@ let browser: Promise<Browser> | undefined;
 let server: Promise<Server> | undefined;
 
 function startServer(): Promise<Server> {
-  return import(pathToFileURL(join(root, "serve.mjs")).href).then((module) => module.serve(0));
+  return import(pathToFileURL(join(root, "serve.mjs")).href).then(module => module.serve(0));
 }
 
 function startBrowser(): Promise<Browser> {
@@ -59,7 +59,7 @@ async function openPage(context: BrowserContext): Promise<EditorPage> {
   const page = await context.newPage();
   page.setDefaultTimeout(15_000);
   const faults: string[] = [];
-  page.on("pageerror", (fault) => faults.push(fault.stack ?? fault.message));
+  page.on("pageerror", fault => faults.push(fault.stack ?? fault.message));
   await page.goto(`http://127.0.0.1:${((await server)!.address() as AddressInfo).port}/`);
   await page.waitForSelector(".ui-toolbar");
   return new EditorPage(page, faults);
@@ -161,7 +161,7 @@ export class EditorPage {
   /** Until what has changed is shown, in the toolbar too. */
   settle(): Promise<void> {
     return this.page.evaluate(
-      () => new Promise<void>((done) => requestAnimationFrame(() => setTimeout(() => setTimeout(done)))),
+      () => new Promise<void>(done => requestAnimationFrame(() => setTimeout(() => setTimeout(done)))),
     );
   }
 }

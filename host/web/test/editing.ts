@@ -5,9 +5,13 @@ import { test } from "node:test";
 
 import { openEditor, type EditorPage } from "./EditorPage.ts";
 
-const tagless = (markup: string) => markup.replace(/<\/fo:block>/g, "\n").replace(/<[^>]*>/g, "").trim();
+const tagless = (markup: string) =>
+  markup
+    .replace(/<\/fo:block>/g, "\n")
+    .replace(/<[^>]*>/g, "")
+    .trim();
 
-test("a letter is written from nothing, and all of it undone and redone", async (context) => {
+test("a letter is written from nothing, and all of it undone and redone", async context => {
   const editor = await openEditor(context);
   await editor.blank();
   const empty = await editor.text();
@@ -21,7 +25,10 @@ test("a letter is written from nothing, and all of it undone and redone", async 
   await editor.key("Home", "Shift+End", "Control+c", "Control+End", "Enter", "Control+v");
   const written = tagless(await editor.flow());
   assert.equal(written, "Dear Ada,\nthe &lt;mill&gt; &amp; the brookwere quiet\nwere quiet");
-  assert.equal(await editor.page.locator(".page").innerText(), "Dear Ada,\nthe <mill> & the brook\nwere quiet\nwere quiet");
+  assert.equal(
+    await editor.page.locator(".page").innerText(),
+    "Dear Ada,\nthe <mill> & the brook\nwere quiet\nwere quiet",
+  );
   const text = await editor.text();
   await editor.undoAll();
   assert.equal(await editor.text(), empty);
@@ -32,7 +39,7 @@ test("a letter is written from nothing, and all of it undone and redone", async 
 
 const cellOf = (editor: EditorPage, row: number) => editor.page.locator(`tbody tr:nth-child(${row + 1}) td`).first();
 
-test("an invoice is filled in by Tab and extended, and the footer stays below", async (context) => {
+test("an invoice is filled in by Tab and extended, and the footer stays below", async context => {
   const editor = await openEditor(context);
   await editor.sample("Invoice");
   const before = await editor.text();
@@ -45,7 +52,10 @@ test("an invoice is filled in by Tab and extended, and the footer stays below", 
   await cellOf(editor, 4).click();
   await editor.type("5");
   const rows = await editor.page.locator("tbody tr").allInnerTexts();
-  assert.deepEqual(rows.slice(-2).map((row) => row.replace(/[\s\u200b]+/g, " ").trim()), ["4 Varnish", "5"]);
+  assert.deepEqual(
+    rows.slice(-2).map(row => row.replace(/[\s\u200b]+/g, " ").trim()),
+    ["4 Varnish", "5"],
+  );
   const footer = await editor.page.locator("tfoot").boundingBox();
   const last = await cellOf(editor, 4).boundingBox();
   assert.ok(footer!.y >= last!.y + last!.height - 1);
@@ -54,7 +64,7 @@ test("an invoice is filled in by Tab and extended, and the footer stays below", 
   assert.deepEqual(editor.faults, []);
 });
 
-test("a key draws only what it changed, and in a long document no more than in a letter", async (context) => {
+test("a key draws only what it changed, and in a long document no more than in a letter", async context => {
   const editor = await openEditor(context);
   await editor.page.evaluate(async () => {
     const letter = await (await fetch("templates/letter.xml")).text();
@@ -69,20 +79,20 @@ test("a key draws only what it changed, and in a long document no more than in a
   await editor.key("ArrowRight");
   const touched = await editor.page.evaluate(async () => {
     const touched: string[] = [];
-    const observer = new MutationObserver((records) => {
+    const observer = new MutationObserver(records => {
       for (const { target, type } of records) touched.push(`${type} ${target.textContent}`);
     });
     const page = document.querySelector(".pages")!;
     observer.observe(page, { subtree: true, characterData: true, childList: true });
     window.forme.document.call("insertText", "!", false, false);
-    await new Promise((done) => setTimeout(done, 100));
+    await new Promise(done => setTimeout(done, 100));
     observer.disconnect();
     return touched;
   });
   assert.deepEqual(touched, ["characterData You may bring a guest.!"]);
 });
 
-test("HTML of another program is pasted, and goes out again with its formats", async (context) => {
+test("HTML of another program is pasted, and goes out again with its formats", async context => {
   const editor = await openEditor(context);
   await editor.blank();
   const out = await editor.page.evaluate(() => {
@@ -90,7 +100,10 @@ test("HTML of another program is pasted, and goes out again with its formats", a
     const fire = (type: string, data: DataTransfer) =>
       field.dispatchEvent(new ClipboardEvent(type, { clipboardData: data, cancelable: true }));
     const data = new DataTransfer();
-    data.setData("text/html", "<h2>Plan</h2><p>one <b>two</b></p><ul><li>three</ul><table><tr><td>4<td>5</table><script>6</script>");
+    data.setData(
+      "text/html",
+      "<h2>Plan</h2><p>one <b>two</b></p><ul><li>three</ul><table><tr><td>4<td>5</table><script>6</script>",
+    );
     data.setData("text/plain", "not this");
     fire("paste", data);
     window.forme.document.call("moveCaretHome", false);
@@ -110,7 +123,7 @@ test("HTML of another program is pasted, and goes out again with its formats", a
   assert.equal(await editor.page.locator(".page td").count(), 2);
 });
 
-test("an input method's text is underlined while it is made, and one step of undo", async (context) => {
+test("an input method's text is underlined while it is made, and one step of undo", async context => {
   const editor = await openEditor(context);
   await editor.blank();
   const empty = await editor.text();
@@ -126,7 +139,7 @@ test("an input method's text is underlined while it is made, and one step of und
   assert.equal(await editor.text(), empty);
 });
 
-test("Up, Down, Home, End and the mouse go where the lines are", async (context) => {
+test("Up, Down, Home, End and the mouse go where the lines are", async context => {
   const editor = await openEditor(context);
   await editor.sample("Letter");
   const caret = () => editor.call<number>("getCaretPos");
@@ -146,7 +159,7 @@ test("Up, Down, Home, End and the mouse go where the lines are", async (context)
   assert.match(await editor.call<string>("getSelectionAs", 0), /^after two years.*second a week\.\n$/);
 });
 
-test("selected text is dragged to another place in one step, and a click into it only clicks", async (context) => {
+test("selected text is dragged to another place in one step, and a click into it only clicks", async context => {
   const editor = await openEditor(context);
   await editor.sample("Letter");
   const before = await editor.text();
@@ -168,7 +181,7 @@ test("selected text is dragged to another place in one step, and a click into it
   assert.equal(await editor.call("getSelectionAs", 0), "");
 });
 
-test("what was edited is saved, and read again it is the same, byte for byte", async (context) => {
+test("what was edited is saved, and read again it is the same, byte for byte", async context => {
   const editor = await openEditor(context);
   await editor.sample("Letter");
   await editor.type("Gruß €&");
@@ -177,7 +190,10 @@ test("what was edited is saved, and read again it is the same, byte for byte", a
     const saved = document.save();
     document.open(saved, "again.xml");
     const again = document.save();
-    return { bytes: saved.length, isSame: saved.every((byte, i) => byte === again[i]) && saved.length === again.length };
+    return {
+      bytes: saved.length,
+      isSame: saved.every((byte, i) => byte === again[i]) && saved.length === again.length,
+    };
   });
   assert.equal(same.isSame, true);
   assert.ok(same.bytes > 3000);

@@ -7,22 +7,31 @@ import { openEditor, type EditorPage } from "./EditorPage.ts";
 
 /** A sample with what its last flow holds several times. */
 async function openRepeated(editor: EditorPage, file: string, times: number): Promise<void> {
-  await editor.page.evaluate(async ([file, times]) => {
-    const text = await (await fetch(`templates/${file}.xml`)).text();
-    const start = text.indexOf(">", text.lastIndexOf("<fo:flow")) + 1;
-    const end = text.lastIndexOf("</fo:flow>");
-    const long = text.slice(0, start) + text.slice(start, end).repeat(times) + text.slice(end);
-    window.forme.document.open(new TextEncoder().encode(long), "long.xml");
-    window.forme.view.showAllPages();
-  }, [file, times] as const);
+  await editor.page.evaluate(
+    async ([file, times]) => {
+      const text = await (await fetch(`templates/${file}.xml`)).text();
+      const start = text.indexOf(">", text.lastIndexOf("<fo:flow")) + 1;
+      const end = text.lastIndexOf("</fo:flow>");
+      const long = text.slice(0, start) + text.slice(start, end).repeat(times) + text.slice(end);
+      window.forme.document.open(new TextEncoder().encode(long), "long.xml");
+      window.forme.view.showAllPages();
+    },
+    [file, times] as const,
+  );
 }
 
-for (const [file, times] of [["letter", 8], ["invoice", 6], ["annual-report", 9], ["mailing", 2], ["minutes", 6]] as const)
-  test(`pages of "${file}" are the same however they came about`, async (context) => {
+for (const [file, times] of [
+  ["letter", 8],
+  ["invoice", 6],
+  ["annual-report", 9],
+  ["mailing", 2],
+  ["minutes", 6],
+] as const)
+  test(`pages of "${file}" are the same however they came about`, async context => {
     const editor = await openEditor(context);
     await openRepeated(editor, file, times);
     for (let round = 0; round < 6; ++round) {
-      const [grown, fresh] = await editor.page.evaluate((round) => {
+      const [grown, fresh] = await editor.page.evaluate(round => {
         const { document: doc, view } = window.forme;
         let seed = round * 7919 + 17;
         const random = (below: number) => (seed = (seed * 1103515245 + 12345) % 2147483648) % below;
@@ -49,7 +58,7 @@ for (const [file, times] of [["letter", 8], ["invoice", 6], ["annual-report", 9]
         }
         const shown = () => {
           view.showAllPages();
-          return [...document.querySelectorAll(".page")].map((page) => page.innerHTML.replaceAll(' style=""', ""));
+          return [...document.querySelectorAll(".page")].map(page => page.innerHTML.replaceAll(' style=""', ""));
         };
         const grown = shown();
         view.redrawAll();
@@ -59,13 +68,15 @@ for (const [file, times] of [["letter", 8], ["invoice", 6], ["annual-report", 9]
       grown.forEach((page, i) => {
         const at = [...page].findIndex((unit, k) => unit !== fresh[i][k]);
         if (page !== fresh[i])
-          assert.fail(`page ${i + 1} in round ${round}: ${page.slice(at - 90, at + 90)} IS ${fresh[i].slice(at - 90, at + 90)}`);
+          assert.fail(
+            `page ${i + 1} in round ${round}: ${page.slice(at - 90, at + 90)} IS ${fresh[i].slice(at - 90, at + 90)}`,
+          );
       });
     }
     assert.deepEqual(editor.faults, []);
   });
 
-test("what crosses the end of a page is shown whole, and a table's header again", async (context) => {
+test("what crosses the end of a page is shown whole, and a table's header again", async context => {
   const editor = await openEditor(context);
   await editor.page.evaluate(async () => {
     const text = await (await fetch("templates/invoice.xml")).text();
@@ -75,24 +86,32 @@ test("what crosses the end of a page is shown whole, and a table's header again"
     window.forme.document.open(new TextEncoder().encode(long), "long.xml");
     window.forme.view.showAllPages();
   });
-  const pages = await editor.page.evaluate(() => [...document.querySelectorAll(".page")].map((page) => {
-    const seen = (element: Element) => {
-      const cut = element.closest(".cut")!.getBoundingClientRect();
-      const { top, bottom } = element.getBoundingClientRect();
-      return top >= cut.top - 1 && bottom <= cut.bottom + 1;
-    };
-    const rows = [...page.querySelectorAll(".cut:not([aria-hidden]) tbody tr")];
-    const headers = [...page.querySelectorAll("thead")].filter(seen).length;
-    return { rows: rows.map((row, i) => (seen(row) ? i : -1)).filter((i) => i >= 0), headers };
-  }));
+  const pages = await editor.page.evaluate(() =>
+    [...document.querySelectorAll(".page")].map(page => {
+      const seen = (element: Element) => {
+        const cut = element.closest(".cut")!.getBoundingClientRect();
+        const { top, bottom } = element.getBoundingClientRect();
+        return top >= cut.top - 1 && bottom <= cut.bottom + 1;
+      };
+      const rows = [...page.querySelectorAll(".cut:not([aria-hidden]) tbody tr")];
+      const headers = [...page.querySelectorAll("thead")].filter(seen).length;
+      return { rows: rows.map((row, i) => (seen(row) ? i : -1)).filter(i => i >= 0), headers };
+    }),
+  );
   assert.ok(pages.length > 2);
-  assert.deepEqual(pages.map((page) => page.headers), pages.map((page) => (page.rows.length > 0 ? 1 : 0)));
-  const all = pages.flatMap((page) => page.rows);
-  assert.deepEqual(all, all.map((_, i) => i));
+  assert.deepEqual(
+    pages.map(page => page.headers),
+    pages.map(page => (page.rows.length > 0 ? 1 : 0)),
+  );
+  const all = pages.flatMap(page => page.rows);
+  assert.deepEqual(
+    all,
+    all.map((_, i) => i),
+  );
   assert.equal(all.length, 84);
 });
 
-test("every stop has a caret, and a click there leads back to it", async (context) => {
+test("every stop has a caret, and a click there leads back to it", async context => {
   const editor = await openEditor(context);
   for (const file of ["letter", "invoice", "minutes"]) {
     await openRepeated(editor, file, 1);
@@ -110,7 +129,11 @@ test("every stop has a caret, and a click there leads back to it", async (contex
         const again = stop === null ? null : view.positions.caretBox(stop);
         // Beside what stands in an item's body there is the item's label.
         const isBeside = /^<fo:(table|list-block)/.test(doc.call("getContent", before, before + 15));
-        if (isBeside ? !box : !box || !again || Math.abs(again.left - box.left) > 1.5 || Math.abs(again.top - box.top) > box.height)
+        if (
+          isBeside
+            ? !box
+            : !box || !again || Math.abs(again.left - box.left) > 1.5 || Math.abs(again.top - box.top) > box.height
+        )
           lost.push(`${before} ${hit} ${stop} ${doc.call<string>("getContent", before - 20, before + 20)}`);
         doc.call("moveCaretRight", false, false, true);
       }

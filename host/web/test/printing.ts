@@ -11,14 +11,18 @@ import { openEditor } from "./EditorPage.ts";
 
 const withoutBlanks = (text: string) => text.replace(/[\s\u200b]+/g, "");
 
-for (const [title, pages, size] of [["Letter", 1, 595], ["Annual report", 4, 595], ["Manual", 2, 420]] as const)
-  test(`the PDF of the sample "${title}" has its text`, async (context) => {
+for (const [title, pages, size] of [
+  ["Letter", 1, 595],
+  ["Annual report", 4, 595],
+  ["Manual", 2, 420],
+] as const)
+  test(`the PDF of the sample "${title}" has its text`, async context => {
     const editor = await openEditor(context);
     await editor.sample(title);
-    await editor.page.waitForFunction((count) => window.forme.view.pageCount === count, pages);
+    await editor.page.waitForFunction(count => window.forme.view.pageCount === count, pages);
     const shown = await editor.page.evaluate(async () => {
       window.forme.view.showAllPages();
-      return [...document.querySelectorAll(".page")].map((page) => (page as HTMLElement).innerText).join("\n");
+      return [...document.querySelectorAll(".page")].map(page => (page as HTMLElement).innerText).join("\n");
     });
     const file = join(mkdtempSync(join(tmpdir(), "forme-")), "printed.pdf");
     await editor.page.pdf({ path: file, preferCSSPageSize: true, printBackground: true });

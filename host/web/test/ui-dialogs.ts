@@ -5,7 +5,7 @@ import test from "node:test";
 
 import { openEditor } from "./EditorPage.ts";
 
-test("the page is set up without a mouse, and the focus comes back to the text", async (t) => {
+test("the page is set up without a mouse, and the focus comes back to the text", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.key("F10", "ArrowDown", "ArrowUp", "ArrowUp", "Enter"); // File, above the last item
@@ -32,7 +32,7 @@ test("the page is set up without a mouse, and the focus comes back to the text",
   assert.equal(await editor.flow(), "<fo:block>typed!</fo:block>");
 });
 
-test("all is said in German, and in English as soon as that is chosen", async (t) => {
+test("all is said in German, and in English as soon as that is chosen", async t => {
   const editor = await openEditor(t, "de-DE");
   assert.equal(await editor.page.getAttribute("[data-command=bold]", "aria-label"), "Fett");
   await editor.key("F1");
@@ -45,7 +45,7 @@ test("all is said in German, and in English as soon as that is chosen", async (t
   assert.equal(await editor.page.evaluate(() => document.documentElement.lang), "en");
 });
 
-test("changes are not lost without a question, and what is saved is opened again", async (t) => {
+test("changes are not lost without a question, and what is saved is opened again", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.type("Kept ä€");
@@ -61,7 +61,7 @@ test("changes are not lost without a question, and what is saved is opened again
   assert.equal(await editor.text(), text);
 });
 
-test("what a closed window had not saved comes back", async (t) => {
+test("what a closed window had not saved comes back", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.type("Almost lost");
@@ -74,7 +74,7 @@ test("what a closed window had not saved comes back", async (t) => {
   assert.equal(await again.text(), text);
 });
 
-test("who opens a menu or a box by mouse goes on typing where the caret was", async (t) => {
+test("who opens a menu or a box by mouse goes on typing where the caret was", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.type("a");

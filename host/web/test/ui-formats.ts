@@ -5,7 +5,7 @@ import test from "node:test";
 
 import { openEditor } from "./EditorPage.ts";
 
-test("a format is chosen for what is typed next, and mixed where both are selected", async (t) => {
+test("a format is chosen for what is typed next, and mixed where both are selected", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   const before = await editor.text();
@@ -35,7 +35,7 @@ test("a format is chosen for what is typed next, and mixed where both are select
   assert.deepEqual(editor.faults, []);
 });
 
-test("a style comes and goes as a whole, and the caret stays", async (t) => {
+test("a style comes and goes as a whole, and the caret stays", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.type("A heading");

@@ -15,7 +15,7 @@ async function outline(editor: EditorPage): Promise<string> {
     .replace(/\{ /g, "{");
 }
 
-test("paragraphs become a list, and items go in, out and away", async (t) => {
+test("paragraphs become a list, and items go in, out and away", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.type("one");

@@ -7,17 +7,38 @@ import test from "node:test";
 import { openEditor, type EditorPage } from "./EditorPage.ts";
 
 const anywhere = [
-  "bold", "italic", "underline", "strike", "superscript", "clear", "alignCenter", "justify",
-  "bullets", "numbers", "indent", "outdent", "undo", "redo",
+  "bold",
+  "italic",
+  "underline",
+  "strike",
+  "superscript",
+  "clear",
+  "alignCenter",
+  "justify",
+  "bullets",
+  "numbers",
+  "indent",
+  "outdent",
+  "undo",
+  "redo",
 ];
 const inTables = [
-  "rowAbove", "rowBelow", "columnBefore", "columnAfter", "headerRow", "footerRow", "deleteRows", "deleteColumn",
-  "merge", "split", "equalColumns",
+  "rowAbove",
+  "rowBelow",
+  "columnBefore",
+  "columnAfter",
+  "headerRow",
+  "footerRow",
+  "deleteRows",
+  "deleteColumn",
+  "merge",
+  "split",
+  "equalColumns",
 ];
 const steps = 40;
 
 function random(seed: number): (below: number) => number {
-  return (below) => (seed = (seed * 48271) % 2147483647) % below;
+  return below => (seed = (seed * 48271) % 2147483647) % below;
 }
 
 /** Puts the caret somewhere, two times of three with a selection. */
@@ -30,7 +51,7 @@ async function goAnywhere(editor: EditorPage, next: (below: number) => number): 
 }
 
 async function give(editor: EditorPage, command: string): Promise<void> {
-  await editor.page.evaluate((id) => {
+  await editor.page.evaluate(id => {
     if (!document.querySelector(`.ui-toolbar [data-command="${id}"]`))
       document.querySelectorAll<HTMLElement>(".ui-menubar > button")[5]!.click(); // tables
     document.querySelector<HTMLElement>(`[data-command="${id}"]`)!.click();
@@ -52,7 +73,7 @@ function fault(editor: EditorPage): Promise<string | undefined> {
 }
 
 for (const [seed, sample] of ["Letter", "Invoice", "Price list", "Minutes", "Annual report"].entries())
-  test(`random commands over "${sample}"`, async (t) => {
+  test(`random commands over "${sample}"`, async t => {
     const editor = await openEditor(t);
     await editor.sample(sample);
     const before = await editor.text();

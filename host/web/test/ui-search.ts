@@ -5,7 +5,7 @@ import test from "node:test";
 
 import { openEditor } from "./EditorPage.ts";
 
-test("text is found across formats, by case and by words, and replaced in one step", async (t) => {
+test("text is found across formats, by case and by words, and replaced in one step", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   await editor.type("The theme & the");
@@ -37,7 +37,7 @@ test("text is found across formats, by case and by words, and replaced in one st
   assert.equal(await editor.text(), before);
 });
 
-test("what is known of the text follows each change of it", async (t) => {
+test("what is known of the text follows each change of it", async t => {
   const editor = await openEditor(t);
   await editor.sample("Invoice");
   await editor.key("Control+f");
@@ -52,7 +52,7 @@ test("what is known of the text follows each change of it", async (t) => {
     editor.page.evaluate(() => {
       let count = 0;
       const { document } = window.forme;
-      for (let from = document.call<number>("getFirstPageGeneratorPos"); ; ) {
+      for (let from = document.call<number>("getFirstPageGeneratorPos"); ;) {
         const pieces = document.call<{ end: number; kind: number; text: string }[]>("getDrawn", from, 500);
         if (!pieces.length) return count;
         for (const piece of pieces) if (piece.kind === 3) count += piece.text.split("e").length - 1;
@@ -61,7 +61,17 @@ test("what is known of the text follows each change of it", async (t) => {
     });
   let seed = 7;
   const random = (below: number): number => (seed = (seed * 48271) % 2147483647) % below;
-  const keys = ["e", "Enter", "Backspace", "Control+z", "Control+y", "Delete", "Control+Backspace", "Control+Enter", "x"];
+  const keys = [
+    "e",
+    "Enter",
+    "Backspace",
+    "Control+z",
+    "Control+y",
+    "Delete",
+    "Control+Backspace",
+    "Control+Enter",
+    "x",
+  ];
   for (let i = 0; i < 40; ++i) {
     const end = (await editor.text()).length;
     await editor.call("setCaretPos", false, await editor.call("getNearestStop", random(end), 2));

@@ -8,11 +8,11 @@ import { openEditor, type EditorPage } from "./EditorPage.ts";
 /** The rows of the last table: a cell as its text, behind it its spans if it has any. */
 async function rows(editor: EditorPage): Promise<string[]> {
   const rows = (await editor.flow()).split("<fo:table-row").slice(1);
-  return rows.map((row) =>
+  return rows.map(row =>
     row
       .split("<fo:table-cell")
       .slice(1)
-      .map((cell) => {
+      .map(cell => {
         const span = (name: string): string => new RegExp(`number-${name}-spanned="(\\d)"`).exec(cell)?.[1] ?? "1";
         const spans = `${span("columns")}x${span("rows")}`;
         const text = cell.replace(/^[^>]*>|<[^>]*>|&#x00A0;/g, "");
@@ -29,7 +29,7 @@ async function selectCells(editor: EditorPage, from: string, to: string): Promis
   await editor.settle();
 }
 
-test("a table from the grid is filled, merged, split and extended", async (t) => {
+test("a table from the grid is filled, merged, split and extended", async t => {
   const editor = await openEditor(t);
   await editor.blank();
   const before = await editor.text();
@@ -56,13 +56,16 @@ test("a table from the grid is filled, merged, split and extended", async (t) =>
   await editor.menu("Table", "deleteRows");
   assert.deepEqual(await rows(editor), ["|abde||c", "|||f"]);
   await editor.menu("Table", "headerRow");
-  assert.match(await editor.flow(), /<fo:table-header><fo:table-row>.*>e<.*<\/fo:table-row><\/fo:table-header><fo:table-body><fo:table-row>/);
+  assert.match(
+    await editor.flow(),
+    /<fo:table-header><fo:table-row>.*>e<.*<\/fo:table-row><\/fo:table-header><fo:table-body><fo:table-row>/,
+  );
   await editor.undoAll();
   assert.equal(await editor.text(), before);
   assert.deepEqual(editor.faults, []);
 });
 
-test("the edge of a column is dragged, and the table stays as wide", async (t) => {
+test("the edge of a column is dragged, and the table stays as wide", async t => {
   const editor = await openEditor(t);
   await editor.sample("Invoice");
   const cell = (await editor.page.locator("td:has-text('Counter in ash')").first().boundingBox())!;
@@ -71,7 +74,7 @@ test("the edge of a column is dragged, and the table stays as wide", async (t) =
   await editor.page.mouse.move(cell.x + cell.width - 39, cell.y + 6, { steps: 4 });
   await editor.page.mouse.up();
   await editor.settle();
-  const widths = [...(await editor.text()).matchAll(/<fo:table-column[^>]*column-width="([\d.]+)mm"/g)].map((each) =>
+  const widths = [...(await editor.text()).matchAll(/<fo:table-column[^>]*column-width="([\d.]+)mm"/g)].map(each =>
     Number(each[1]),
   );
   assert.equal(widths.length, 5);

@@ -11,8 +11,7 @@ export class Clipboard {
 
   /** Whether there was anything to take along. */
   copy(data: DataTransfer): boolean {
-    if (!this.doc.hasSelection)
-      return false;
+    if (!this.doc.hasSelection) return false;
     data.setData("text/plain", this.doc.call<string>("getSelectionAsText"));
     data.setData("text/html", this.doc.call<string>("getSelectionAsHtml"));
     data.setData(nativeType, this.doc.call<string>("getSelectionAs", nativeFormat));
@@ -20,8 +19,7 @@ export class Clipboard {
   }
 
   cut(data: DataTransfer): boolean {
-    if (!this.copy(data))
-      return false;
+    if (!this.copy(data)) return false;
     this.doc.call("erase", false, false);
     return true;
   }
@@ -30,11 +28,8 @@ export class Clipboard {
     const native = data.getData(nativeType);
     const html = data.getData("text/html");
     const text = data.getData("text/plain");
-    if (native)
-      this.doc.call("pasteMarkup", native);
-    else if (html)
-      this.doc.call("pasteHtml", html);
-    else if (text)
-      this.doc.call("pasteText", text);
+    if (native) this.doc.call("pasteMarkup", native);
+    else if (html) this.doc.call("pasteHtml", html);
+    else if (text) this.doc.call("pasteText", text);
   }
 }

@@ -16,7 +16,11 @@ export class Mouse {
   #timer = 0;
   readonly #drag: SelectionDrag;
 
-  constructor(private readonly doc: FormeDocument, private readonly view: DocumentView, private readonly clipboard: Clipboard) {
+  constructor(
+    private readonly doc: FormeDocument,
+    private readonly view: DocumentView,
+    private readonly clipboard: Clipboard,
+  ) {
     this.#drag = new SelectionDrag(doc, view);
     const pages = view.pagesElement;
     view.scroller.addEventListener("mousedown", event => this.#press(event));
@@ -28,15 +32,19 @@ export class Mouse {
 
   #press(event: MouseEvent): void {
     const offset = this.view.offsetAt(event.clientX, event.clientY);
-    if (offset === null)
-      return;
+    if (offset === null) return;
     event.preventDefault();
     this.view.focus();
     this.view.goalX = null;
-    if (event.button !== 0 && this.#isSelected(offset))
-      return;
-    this.#clicks = (event.detail - 1) % 3 + 1;
-    if (event.button === 0 && this.#clicks === 1 && !event.shiftKey && this.doc.hasSelection && this.#isSelected(offset))
+    if (event.button !== 0 && this.#isSelected(offset)) return;
+    this.#clicks = ((event.detail - 1) % 3) + 1;
+    if (
+      event.button === 0 &&
+      this.#clicks === 1 &&
+      !event.shiftKey &&
+      this.doc.hasSelection &&
+      this.#isSelected(offset)
+    )
       return this.#drag.press(event.clientX, event.clientY);
     const stop = this.#stop(offset);
     if (event.shiftKey && event.button === 0) {
@@ -58,18 +66,19 @@ export class Mouse {
 
   /** What a click takes: a place, a word, or a paragraph. */
   #rangeAround(stop: number): { start: number; end: number } {
-    if (this.#clicks === 1)
-      return { start: stop, end: stop };
+    if (this.#clicks === 1) return { start: stop, end: stop };
     if (this.#clicks === 2) {
       const [start, end] = this.doc.call<[number, number]>("getRangeAround", wordUnit, stop);
       return start < 0 ? { start: stop, end: stop } : { start, end };
     }
     const block = this.view.positions.placeOf(stop);
-    if (!block)
-      return { start: stop, end: stop };
-    const element = (leaf: Node) => (leaf instanceof Element ? leaf : leaf.parentElement!).closest(".block, td, .body, .piece");
+    if (!block) return { start: stop, end: stop };
+    const element = (leaf: Node) =>
+      (leaf instanceof Element ? leaf : leaf.parentElement!).closest(".block, td, .body, .piece");
     const own = element(block.leaf.node);
-    const leaves = block.mount.mounted.leaves.filter(each => element(each.node) === own && (each.kind === "text" || each.kind === "object"));
+    const leaves = block.mount.mounted.leaves.filter(
+      each => element(each.node) === own && (each.kind === "text" || each.kind === "object"),
+    );
     const first = leaves[0] ?? block.leaf;
     const last = leaves[leaves.length - 1] ?? block.leaf;
     return { start: this.#stop(block.piece.start + first.start), end: this.#stop(block.piece.start + last.end) };
@@ -77,17 +86,14 @@ export class Mouse {
 
   #select({ start, end }: { start: number; end: number }): void {
     this.doc.call("setCaretPos", false, start);
-    if (end !== start)
-      this.doc.call("setCaretPos", true, end);
+    if (end !== start) this.doc.call("setCaretPos", true, end);
   }
 
   #move(event: MouseEvent): void {
     if (this.#drag.isPressed)
       return event.buttons === 0 ? this.#drag.cancel() : this.#drag.move(event.clientX, event.clientY);
-    if (!this.#anchor)
-      return;
-    if (event.buttons === 0)
-      return this.#release();
+    if (!this.#anchor) return;
+    if (event.buttons === 0) return this.#release();
     this.#last = { x: event.clientX, y: event.clientY };
     this.#extend();
     this.#timer ||= window.setInterval(() => this.#scrollAlong(), 50);
@@ -95,23 +101,20 @@ export class Mouse {
 
   #extend(): void {
     const offset = this.view.offsetAt(this.#last.x, this.#last.y);
-    if (offset === null || !this.#anchor)
-      return;
+    if (offset === null || !this.#anchor) return;
     const { start, end } = this.#rangeAround(this.#stop(offset));
-    const [pivot, caret] = start < this.#anchor.start ? [this.#anchor.end, start] : [this.#anchor.start, Math.max(end, this.#anchor.end)];
+    const [pivot, caret] =
+      start < this.#anchor.start ? [this.#anchor.end, start] : [this.#anchor.start, Math.max(end, this.#anchor.end)];
     const goesTo = this.#clicks === 1 ? this.#stop(offset) : caret;
-    if (this.doc.pivot !== pivot)
-      this.doc.call("setCaretPos", false, pivot);
-    if (this.doc.caret !== goesTo)
-      this.doc.call("setCaretPos", true, goesTo);
+    if (this.doc.pivot !== pivot) this.doc.call("setCaretPos", false, pivot);
+    if (this.doc.caret !== goesTo) this.doc.call("setCaretPos", true, goesTo);
   }
 
   #scrollAlong(): void {
     const rect = this.view.scroller.getBoundingClientRect();
     const above = this.#last.y - rect.top - scrollZone;
     const below = this.#last.y - rect.bottom + scrollZone;
-    if (above > 0 && below < 0)
-      return;
+    if (above > 0 && below < 0) return;
     this.view.scroller.scrollTop += above <= 0 ? above : below;
     this.#extend();
   }
@@ -119,8 +122,7 @@ export class Mouse {
   #release(event?: MouseEvent): void {
     if (event && this.#drag.isPressed && !this.#drag.release(event.ctrlKey)) {
       const offset = this.view.offsetAt(event.clientX, event.clientY);
-      if (offset !== null)
-        this.doc.call("setCaretPos", false, this.#stop(offset));
+      if (offset !== null) this.doc.call("setCaretPos", false, this.#stop(offset));
     }
     this.#anchor = null;
     clearInterval(this.#timer);
@@ -129,12 +131,10 @@ export class Mouse {
 
   #drop(event: DragEvent): void {
     const offset = this.view.offsetAt(event.clientX, event.clientY);
-    if (offset === null || !event.dataTransfer || event.dataTransfer.files.length > 0)
-      return;
+    if (offset === null || !event.dataTransfer || event.dataTransfer.files.length > 0) return;
     event.preventDefault();
     this.doc.call("setCaretPos", false, this.#stop(offset));
     this.clipboard.paste(event.dataTransfer);
     this.view.focus();
   }
 }
-

@@ -13,7 +13,10 @@ export class SelectionDrag {
   /** Where it would drop to; -1 while nothing is dragged. */
   #stop = -1;
 
-  constructor(private readonly doc: FormeDocument, private readonly view: DocumentView) {}
+  constructor(
+    private readonly doc: FormeDocument,
+    private readonly view: DocumentView,
+  ) {}
 
   get isPressed(): boolean {
     return this.#from !== null;
@@ -25,11 +28,9 @@ export class SelectionDrag {
   }
 
   move(x: number, y: number): void {
-    if (!this.#from || this.#stop < 0 && Math.hypot(x - this.#from.x, y - this.#from.y) < threshold)
-      return;
+    if (!this.#from || (this.#stop < 0 && Math.hypot(x - this.#from.x, y - this.#from.y) < threshold)) return;
     const offset = this.view.offsetAt(x, y);
-    if (offset === null)
-      return;
+    if (offset === null) return;
     this.#stop = this.doc.call<number>("getNearestStop", offset, either);
     this.view.caret.showDrop(this.#isOutside(this.#stop) ? this.#stop : -1);
   }
@@ -39,8 +40,7 @@ export class SelectionDrag {
     const stop = this.#stop;
     const wasDragged = stop >= 0;
     this.cancel();
-    if (wasDragged && this.#isOutside(stop))
-      this.doc.group(() => this.#drop(stop, copies));
+    if (wasDragged && this.#isOutside(stop)) this.doc.group(() => this.#drop(stop, copies));
     return wasDragged;
   }
 
@@ -58,10 +58,8 @@ export class SelectionDrag {
   #drop(stop: number, copies: boolean): void {
     const moved = this.doc.call<string>("getSelectionAs", nativeFormat);
     const before = this.doc.call<number>("getTextVersion");
-    if (copies)
-      this.doc.call("resetSelection");
-    else
-      this.doc.call("erase", false, false);
+    if (copies) this.doc.call("resetSelection");
+    else this.doc.call("erase", false, false);
     const change = this.doc.call<Change | null>("changeSince", before);
     const now = change && stop >= change.start + change.removed ? stop + change.inserted - change.removed : stop;
     this.doc.call("setCaretPos", false, this.doc.call<number>("getNearestStop", now, either));

@@ -10,7 +10,10 @@ export class TextInput {
   readonly #field = document.createElement("textarea");
   readonly #keyboard: Keyboard;
 
-  constructor(private readonly doc: FormeDocument, private readonly view: DocumentView) {
+  constructor(
+    private readonly doc: FormeDocument,
+    private readonly view: DocumentView,
+  ) {
     this.clipboard = new Clipboard(doc);
     this.#keyboard = new Keyboard(doc, view);
     const field = this.#field;
@@ -23,7 +26,9 @@ export class TextInput {
     view.onFocus = () => field.focus({ preventScroll: true });
     field.addEventListener("keydown", event => this.#onKey(event));
     field.addEventListener("beforeinput", event => this.#onInput(event));
-    field.addEventListener("compositionstart", () => { view.caret.isComposing = true; });
+    field.addEventListener("compositionstart", () => {
+      view.caret.isComposing = true;
+    });
     field.addEventListener("compositionupdate", event => this.#compose(event.data));
     field.addEventListener("compositionend", event => this.#endComposition(event.data));
     field.addEventListener("copy", event => this.#onClipboard(event, data => this.clipboard.copy(data)));
@@ -35,63 +40,51 @@ export class TextInput {
   }
 
   #onKey(event: KeyboardEvent): void {
-    if (!event.isComposing && this.#keyboard.press(event))
-      event.preventDefault();
+    if (!event.isComposing && this.#keyboard.press(event)) event.preventDefault();
   }
 
   #onInput(event: InputEvent): void {
-    if (event.isComposing || event.inputType === "insertCompositionText")
-      return;
+    if (event.isComposing || event.inputType === "insertCompositionText") return;
     event.preventDefault();
     if (event.inputType === "insertText" || event.inputType === "insertReplacementText")
       this.#type(event.data ?? event.dataTransfer?.getData("text/plain") ?? "");
   }
 
   #type(text: string): void {
-    if (text === "")
-      return;
+    if (text === "") return;
     this.view.goalX = null;
     const formats = this.doc.typingFormats;
     this.doc.typingFormats = [];
-    if (formats.length > 0)
-      this.doc.call("insertText", text, formats, false, false);
-    else
-      this.doc.call("insertText", text, false, false);
+    if (formats.length > 0) this.doc.call("insertText", text, formats, false, false);
+    else this.doc.call("insertText", text, false, false);
   }
 
   /** The text of an input method stands in the document while it is made, selected. */
   #compose(text: string): void {
-    if (text !== "")
-      this.doc.call("insertText", text, false, true);
-    else if (this.doc.hasSelection)
-      this.doc.call("erase", false, false);
+    if (text !== "") this.doc.call("insertText", text, false, true);
+    else if (this.doc.hasSelection) this.doc.call("erase", false, false);
   }
 
   #endComposition(text: string): void {
     this.view.caret.isComposing = false;
     this.#field.value = "";
-    if (text !== "")
-      this.doc.call("insertText", text, false, false);
-    else if (this.doc.hasSelection)
-      this.doc.call("erase", false, false);
+    if (text !== "") this.doc.call("insertText", text, false, false);
+    else if (this.doc.hasSelection) this.doc.call("erase", false, false);
     this.view.caret.draw();
   }
 
   #onClipboard(event: ClipboardEvent, act: (data: DataTransfer) => unknown): void {
     event.preventDefault();
-    if (event.clipboardData)
-      act(event.clipboardData);
+    if (event.clipboardData) act(event.clipboardData);
   }
 
   /** Windows of input methods open where the field is. */
   #followCaret(): void {
     const box = this.view.caret.box;
-    if (!box)
-      return;
+    if (!box) return;
     const origin = this.view.pagesElement.getBoundingClientRect();
     const zoom = this.view.pagesElement.currentCSSZoom ?? 1;
     const css = `translate(${(box.left - origin.left) / zoom}px, ${(box.top - origin.top) / zoom}px)`;
-    if (this.#field.style.transform !== css)
-      this.#field.style.transform = css;
+    if (this.#field.style.transform !== css) this.#field.style.transform = css;
   }
 }

@@ -3,9 +3,19 @@
 
 import loadModule from "forme-module";
 
-export interface Change { start: number; removed: number; inserted: number }
+export interface Change {
+  start: number;
+  removed: number;
+  inserted: number;
+}
 export type Notice = "buffer" | "caret" | "selection";
-export interface Reply { result: unknown; caret: number; pivot: number; notices: Notice[]; change?: Change }
+export interface Reply {
+  result: unknown;
+  caret: number;
+  pivot: number;
+  notices: Notice[];
+  change?: Change;
+}
 
 /** A request that was refused; document, caret and history are as before. */
 export class RequestError extends Error {}
@@ -28,19 +38,25 @@ export class FormeDocument {
     return new FormeDocument(await loadModule());
   }
 
-  get caret(): number { return this.#caret; }
-  get pivot(): number { return this.#pivot; }
-  get fileName(): string { return this.#fileName; }
-  get hasSelection(): boolean { return this.#caret !== this.#pivot; }
+  get caret(): number {
+    return this.#caret;
+  }
+  get pivot(): number {
+    return this.#pivot;
+  }
+  get fileName(): string {
+    return this.#fileName;
+  }
+  get hasSelection(): boolean {
+    return this.#caret !== this.#pivot;
+  }
 
   /** Carries out a request and gives its result; throws a RequestError if it is refused. */
   call<T = unknown>(name: string, ...args: unknown[]): T {
     const reply = this.#serve([name, ...args]);
     this.#caret = reply.caret;
     this.#pivot = reply.pivot;
-    if (reply.notices.length > 0 || reply.change)
-      for (const listener of this.#listeners)
-        listener(reply);
+    if (reply.notices.length > 0 || reply.change) for (const listener of this.#listeners) listener(reply);
     return reply.result as T;
   }
 
@@ -87,8 +103,7 @@ export class FormeDocument {
     } finally {
       _free(memory);
     }
-    if ("error" in reply)
-      throw new RequestError(reply.error);
+    if ("error" in reply) throw new RequestError(reply.error);
     return reply;
   }
 }

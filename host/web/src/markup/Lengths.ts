@@ -1,20 +1,22 @@
 // Lengths of XSL-FO in pixels of 1/96 inch.
 
 const units: Record<string, number> = {
-  px: 1, pt: 96 / 72, pc: 16, in: 96, cm: 96 / 2.54, mm: 96 / 25.4,
+  px: 1,
+  pt: 96 / 72,
+  pc: 16,
+  in: 96,
+  cm: 96 / 2.54,
+  mm: 96 / 25.4,
 };
 
 /** "12mm", "1.5em" of a font size, "8%" of a reference; the fallback for anything else. */
 export function pixels(value: string | undefined, fallback: number, fontSize = 16, reference = 0): number {
   const found = value?.trim().match(/^([+-]?(?:\d+\.?\d*|\.\d+))\s*([a-z]+|%)?$/i);
-  if (!found)
-    return fallback;
+  if (!found) return fallback;
   const number = Number(found[1]);
   const unit = found[2]?.toLowerCase() ?? "px";
-  if (unit === "em")
-    return number * fontSize;
-  if (unit === "%")
-    return number * reference / 100;
+  if (unit === "em") return number * fontSize;
+  if (unit === "%") return (number * reference) / 100;
   return unit in units ? number * units[unit] : fallback;
 }
 

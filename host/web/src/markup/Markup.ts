@@ -19,8 +19,7 @@ export function* tagsOf(text: string, from = 0): Generator<Tag> {
   for (let found = markup.exec(text); found; found = markup.exec(text)) {
     const name = found[2];
     const end = markup.lastIndex;
-    if (name === undefined)
-      continue;
+    if (name === undefined) continue;
     const kind = found[1] ? "end" : found[3].endsWith("/") ? "empty" : "start";
     yield { kind, name, start: found.index, end };
     markup.lastIndex = end;
@@ -30,10 +29,10 @@ export function* tagsOf(text: string, from = 0): Generator<Tag> {
 const named: Record<string, string> = { lt: "<", gt: ">", amp: "&", quot: '"', apos: "'" };
 
 function decoded(value: string): string {
-  if (!value.includes("&"))
-    return value;
+  if (!value.includes("&")) return value;
   return value.replace(/&(?:#x([0-9a-f]+)|#(\d+)|(\w+));/gi, (whole, hex, decimal, name) =>
-    name ? named[name] ?? whole : String.fromCodePoint(hex ? parseInt(hex, 16) : Number(decimal)));
+    name ? (named[name] ?? whole) : String.fromCodePoint(hex ? parseInt(hex, 16) : Number(decimal)),
+  );
 }
 
 /** What a start tag says. The prefix "fo:" is left out, as the elements of templates have it. */
@@ -59,15 +58,13 @@ export function elementsOf(text: string): Element[] {
   for (const tag of tagsOf(text)) {
     const around = open[open.length - 1];
     if (tag.kind === "end") {
-      if (open.length > 1)
-        open.pop()!.end = tag.end;
+      if (open.length > 1) open.pop()!.end = tag.end;
       continue;
     }
     const attributes = attributesOf(text.slice(tag.start, tag.end));
     const element = { name: tag.name, attributes, start: tag.start, end: tag.end, children: [] };
     around.children.push(element);
-    if (tag.kind === "start")
-      open.push(element);
+    if (tag.kind === "start") open.push(element);
   }
   return root.children;
 }

@@ -6,12 +6,12 @@ const region = h("div", { class: "ui-live", role: "status", "aria-live": "polite
 let pending: ReturnType<typeof setTimeout> | undefined;
 
 export function attachLiveRegion(): void {
-    document.body.append(region);
+  document.body.append(region);
 }
 
 /** The same words twice are said twice. */
 export function announce(words: string): void {
-    clearTimeout(pending);
-    region.textContent = "";
-    pending = setTimeout(() => (region.textContent = words), 50);
+  clearTimeout(pending);
+  region.textContent = "";
+  pending = setTimeout(() => (region.textContent = words), 50);
 }

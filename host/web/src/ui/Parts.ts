@@ -8,14 +8,14 @@ import type { WordCount } from "./WordCount.ts";
 import type { Zoom } from "./Zoom.ts";
 
 export interface Parts {
-    files: Files;
-    findBar: FindBar;
-    spelling: Spelling;
-    zoom: Zoom;
-    words: WordCount;
-    /** Builds the interface anew in another language. */
-    speak(language: Language): void;
-    focusMenuBar(): void;
-    showKeys(): void;
-    openContextMenu(): void;
+  files: Files;
+  findBar: FindBar;
+  spelling: Spelling;
+  zoom: Zoom;
+  words: WordCount;
+  /** Builds the interface anew in another language. */
+  speak(language: Language): void;
+  focusMenuBar(): void;
+  showKeys(): void;
+  openContextMenu(): void;
 }

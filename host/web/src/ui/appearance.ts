@@ -5,14 +5,14 @@ export type Appearance = "system" | "light" | "dark";
 const remembered = "forme.appearance";
 
 export function appearance(): Appearance {
-    return (localStorage.getItem(remembered) as Appearance | null) ?? "system";
+  return (localStorage.getItem(remembered) as Appearance | null) ?? "system";
 }
 
 export function setAppearance(wanted: Appearance): void {
-    localStorage.setItem(remembered, wanted);
-    applyAppearance();
+  localStorage.setItem(remembered, wanted);
+  applyAppearance();
 }
 
 export function applyAppearance(): void {
-    document.documentElement.dataset["appearance"] = appearance();
+  document.documentElement.dataset["appearance"] = appearance();
 }

@@ -8,7 +8,7 @@ export type MarkName = "found" | "misspelt";
 
 /** In the place of what the name has marked so far. */
 export function mark(editor: Editor, name: MarkName, stretches: Stretch[]): void {
-    if (!("highlights" in CSS)) return;
-    const ranges = stretches.flatMap(({ start, end }) => editor.view.rangesOf(start, end));
-    CSS.highlights.set(name, new Highlight(...ranges));
+  if (!("highlights" in CSS)) return;
+  const ranges = stretches.flatMap(({ start, end }) => editor.view.rangesOf(start, end));
+  CSS.highlights.set(name, new Highlight(...ranges));
 }

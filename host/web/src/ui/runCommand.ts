@@ -7,12 +7,12 @@ import { text } from "../texts/texts.ts";
 
 /** What fails is told; the library leaves the document as it was. */
 export async function runCommand(command: Command, editor: Editor): Promise<void> {
-    if (!isEnabled(command, editor)) return editor.sayRefused();
-    try {
-        await command.run(editor);
-    } catch (failure) {
-        console.error(failure);
-        const reason = failure instanceof Error ? failure.message : String(failure);
-        await tell(command.text, `${text("say.failed")} ${reason}`);
-    }
+  if (!isEnabled(command, editor)) return editor.sayRefused();
+  try {
+    await command.run(editor);
+  } catch (failure) {
+    console.error(failure);
+    const reason = failure instanceof Error ? failure.message : String(failure);
+    await tell(command.text, `${text("say.failed")} ${reason}`);
+  }
 }

@@ -14,8 +14,12 @@ export class CaretDisplay {
   atLineEnd = false;
   isComposing = false;
 
-  constructor(private readonly doc: FormeDocument, private readonly positions: Positions, private readonly pages: HTMLElement,
-    private readonly scroller: HTMLElement) {
+  constructor(
+    private readonly doc: FormeDocument,
+    private readonly positions: Positions,
+    private readonly pages: HTMLElement,
+    private readonly scroller: HTMLElement,
+  ) {
     this.#caret.className = "caret";
     this.#dropCaret.className = "caret resting";
     this.#dropCaret.hidden = true;
@@ -30,7 +34,7 @@ export class CaretDisplay {
   draw(): void {
     const { caret, pivot } = this.doc;
     const box = caret < 0 ? null : this.box;
-    this.#caret.hidden = box === null || caret !== pivot && !this.isComposing;
+    this.#caret.hidden = box === null || (caret !== pivot && !this.isComposing);
     if (box) {
       this.#place(this.#caret, box);
       this.#restartBlinking();
@@ -42,8 +46,7 @@ export class CaretDisplay {
   showDrop(offset: number): void {
     const box = offset < 0 ? null : this.positions.caretBox(offset);
     this.#dropCaret.hidden = box === null;
-    if (box)
-      this.#place(this.#dropCaret, box);
+    if (box) this.#place(this.#dropCaret, box);
   }
 
   #place(caret: HTMLElement, box: CaretBox): void {
@@ -54,11 +57,9 @@ export class CaretDisplay {
 
   scrollIntoView(): void {
     const box = this.box;
-    if (!box)
-      return;
+    if (!box) return;
     const view = this.scroller.getBoundingClientRect();
-    if (box.top < view.top + gapAtEdges)
-      this.scroller.scrollTop += box.top - view.top - gapAtEdges;
+    if (box.top < view.top + gapAtEdges) this.scroller.scrollTop += box.top - view.top - gapAtEdges;
     else if (box.top + box.height > view.bottom - gapAtEdges)
       this.scroller.scrollTop += box.top + box.height - view.bottom + gapAtEdges;
     if (box.left < view.left || box.left > view.right)
@@ -68,14 +69,10 @@ export class CaretDisplay {
   #drawSelection(start: number, end: number): void {
     this.#selection.clear();
     CSS.highlights.delete("composition");
-    if (start === end)
-      return;
+    if (start === end) return;
     const ranges = this.positions.rangesOf(start, end);
-    if (this.isComposing)
-      CSS.highlights.set("composition", new Highlight(...ranges));
-    else
-      for (const range of ranges)
-        this.#selection.add(range);
+    if (this.isComposing) CSS.highlights.set("composition", new Highlight(...ranges));
+    else for (const range of ranges) this.#selection.add(range);
   }
 
   #restartBlinking(): void {

@@ -30,7 +30,10 @@ export class DocumentView implements View {
   /** Told when a phase of drawing begins, so that it can be measured; "" ends the last one. */
   onPhase = (_name: "markup" | "pages" | "elements" | "caret" | "listeners" | "") => {};
 
-  constructor(private readonly doc: FormeDocument, readonly scroller: HTMLElement) {
+  constructor(
+    private readonly doc: FormeDocument,
+    readonly scroller: HTMLElement,
+  ) {
     this.#outline = new Outline(doc);
     this.#measuring = new Measuring(doc, scroller);
     this.#pager = new Pager(this.#outline, this.#measuring, new PageShapes(""));
@@ -44,8 +47,12 @@ export class DocumentView implements View {
     this.redrawAll();
   }
 
-  get pagesElement(): HTMLElement { return this.#pages.element; }
-  get pageCount(): number { return this.#pager.pages.length; }
+  get pagesElement(): HTMLElement {
+    return this.#pages.element;
+  }
+  get pageCount(): number {
+    return this.#pager.pages.length;
+  }
   get caretPage(): number {
     const piece = this.#outline.pieceAt(this.doc.caret);
     return piece ? this.#pager.pageOf(piece) + 1 : 0;
@@ -55,36 +62,51 @@ export class DocumentView implements View {
     this.flush();
     const [first, last] = this.#pages.near(0);
     const begin = this.#pager.pages[first]?.begin.piece?.start ?? 0;
-    const pieces = this.#pager.pages.slice(first, last + 1).flatMap(page => page.columns.flat()).map(each => each.piece);
+    const pieces = this.#pager.pages
+      .slice(first, last + 1)
+      .flatMap(page => page.columns.flat())
+      .map(each => each.piece);
     return { start: pieces[0]?.start ?? begin, end: pieces[pieces.length - 1]?.end ?? begin };
   }
 
-  focus(): void { this.onFocus(); }
-  onDrawn(listener: () => void): void { this.#listeners.push(listener); }
-  rangesOf(start: number, end: number): Range[] { this.flush(); return this.positions.rangesOf(start, end); }
-  offsetAt(x: number, y: number): number | null { this.flush(); return this.positions.offsetAt(x, y); }
+  focus(): void {
+    this.onFocus();
+  }
+  onDrawn(listener: () => void): void {
+    this.#listeners.push(listener);
+  }
+  rangesOf(start: number, end: number): Range[] {
+    this.flush();
+    return this.positions.rangesOf(start, end);
+  }
+  offsetAt(x: number, y: number): number | null {
+    this.flush();
+    return this.positions.offsetAt(x, y);
+  }
 
   elementAt(start: number): HTMLElement | null {
     this.flush();
     const piece = this.#outline.pieceAt(start);
     for (const { mounted } of piece?.mounts ?? []) {
       const found = mounted.elementAt(start - piece!.start);
-      if (found)
-        return found;
+      if (found) return found;
     }
     return null;
   }
 
   /** Where Up and Down aim at: kept while only they are pressed. */
-  get goalX(): number | null { return this.#goalX; }
-  set goalX(x: number | null) { this.#goalX = x; }
+  get goalX(): number | null {
+    return this.#goalX;
+  }
+  set goalX(x: number | null) {
+    this.#goalX = x;
+  }
 
   scrollToCaret(): void {
     this.flush();
     const piece = this.#outline.pieceAt(this.doc.caret);
     if (piece && piece.region.isFlow && piece.mounts.size === 0) {
-      while (this.#pager.pageOf(piece) < 0 && !this.#pager.isFilled)
-        this.#pager.fillOn(this.#enough(50));
+      while (this.#pager.pageOf(piece) < 0 && !this.#pager.isFilled) this.#pager.fillOn(this.#enough(50));
       this.#drawPages();
       const page = this.#pager.pageOf(piece);
       if (page >= 0) {
@@ -105,8 +127,7 @@ export class DocumentView implements View {
 
   /** Draws now what waits to be drawn. */
   flush(): void {
-    if (!this.#isScheduled)
-      return;
+    if (!this.#isScheduled) return;
     this.#isScheduled = false;
     this.#fillPages();
     this.#drawPages();
@@ -119,11 +140,12 @@ export class DocumentView implements View {
   /** How large the sheets are that the pages are printed on. */
   get sheetRules(): string {
     const sizes = new Map(this.#pager.pages.map(({ shape }) => [shape.name, shape]));
-    const rules = [...sizes.values()].map(({ width, height }, i) =>
-      `@page sheet${i} { size: ${width}px ${height}px; margin: 0; } .page[data-sheet="${i}"] { page: sheet${i}; }`);
+    const rules = [...sizes.values()].map(
+      ({ width, height }, i) =>
+        `@page sheet${i} { size: ${width}px ${height}px; margin: 0; } .page[data-sheet="${i}"] { page: sheet${i}; }`,
+    );
     const names = [...sizes.keys()];
-    for (const shown of this.#pages.shown)
-      shown.element.dataset.sheet = String(names.indexOf(shown.page.shape.name));
+    for (const shown of this.#pages.shown) shown.element.dataset.sheet = String(names.indexOf(shown.page.shape.name));
     return rules.join("\n");
   }
 
@@ -157,26 +179,20 @@ export class DocumentView implements View {
     const region = followed.region!;
     const changed = this.#changed.get(region) ?? new Set();
     this.#changed.set(region, changed);
-    for (const piece of followed.changed)
-      changed.add(piece);
-    for (const piece of followed.removed)
-      changed.delete(piece);
+    for (const piece of followed.changed) changed.add(piece);
+    for (const piece of followed.removed) changed.delete(piece);
     this.#changedFrom = Math.min(this.#changedFrom, change.start);
   }
 
   #schedule(): void {
-    if (this.#isScheduled)
-      return;
+    if (this.#isScheduled) return;
     this.#isScheduled = true;
     queueMicrotask(() => this.flush());
   }
 
   #fillPages(): void {
-    if (this.#isAllStale)
-      this.#fillAnew();
-    else
-      for (const [region, pieces] of this.#changed)
-        this.#refill(region, [...pieces]);
+    if (this.#isAllStale) this.#fillAnew();
+    else for (const [region, pieces] of this.#changed) this.#refill(region, [...pieces]);
     this.#changed.clear();
     this.#changedFrom = Infinity;
   }
@@ -191,10 +207,8 @@ export class DocumentView implements View {
 
   #refill(region: Region, pieces: Piece[]): void {
     this.onPhase("elements");
-    for (const piece of pieces)
-      piece.refresh(this.#measuring.boxOf(piece));
-    if (!region.isFlow)
-      return this.#pages.updateStatics();
+    for (const piece of pieces) piece.refresh(this.#measuring.boxOf(piece));
+    if (!region.isFlow) return this.#pages.updateStatics();
     this.onPhase("pages");
     this.#pager.refill(region, pieces, Math.min(this.#changedFrom, ...pieces.map(each => each.start)), this.#enough());
   }
@@ -207,29 +221,31 @@ export class DocumentView implements View {
   }
 
   #fillWhenIdle(): void {
-    if (this.#isFilling || this.#pager.isFilled)
-      return;
+    if (this.#isFilling || this.#pager.isFilled) return;
     this.#isFilling = true;
-    requestIdleCallback(idle => {
-      this.#isFilling = false;
-      this.flush();
-      this.#pager.fillOn(this.#enough(Math.max(5, idle.timeRemaining() - 10)));
-      this.#drawPages();
-    }, { timeout: 500 });
+    requestIdleCallback(
+      idle => {
+        this.#isFilling = false;
+        this.flush();
+        this.#pager.fillOn(this.#enough(Math.max(5, idle.timeRemaining() - 10)));
+        this.#drawPages();
+      },
+      { timeout: 500 },
+    );
   }
 
   /** Behind the frame that shows what was drawn, so that nobody who listens makes a key wait. */
   #tellDrawn(): void {
-    if (this.#isTelling)
-      return;
+    if (this.#isTelling) return;
     this.#isTelling = true;
-    requestAnimationFrame(() => setTimeout(() => {
-      this.#isTelling = false;
-      this.onPhase("listeners");
-      for (const listener of this.#listeners)
-        listener();
-      this.onPhase("");
-    }));
+    requestAnimationFrame(() =>
+      setTimeout(() => {
+        this.#isTelling = false;
+        this.onPhase("listeners");
+        for (const listener of this.#listeners) listener();
+        this.onPhase("");
+      }),
+    );
   }
 
   #isTelling = false;

@@ -46,7 +46,10 @@ export const looks: Record<string, ElementLook> = {
 };
 
 const roles: Record<string, string> = {
-  "fo:list-block": "list", "fo:list-item": "listitem", "fo:basic-link": "link", "fo:footnote-body": "note",
+  "fo:list-block": "list",
+  "fo:list-item": "listitem",
+  "fo:basic-link": "link",
+  "fo:footnote-body": "note",
   "fo:block": "paragraph",
 };
 

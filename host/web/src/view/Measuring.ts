@@ -18,7 +18,10 @@ export class Measuring {
   readonly #place = document.createElement("div");
   rootAttributes: Attributes = new Map();
 
-  constructor(private readonly document: FormeDocument, around: HTMLElement) {
+  constructor(
+    private readonly document: FormeDocument,
+    around: HTMLElement,
+  ) {
     this.#place.className = "measuring";
     this.#place.inert = true;
     this.#place.ariaHidden = "true";
@@ -28,7 +31,7 @@ export class Measuring {
   boxOf(piece: Piece): PieceBox {
     const { box, edit } = piece;
     piece.edit = null;
-    if (!box || edit && !rebuildWithin(this.document, box, piece.start, edit))
+    if (!box || (edit && !rebuildWithin(this.document, box, piece.start, edit)))
       piece.box = new BoxBuilder(this.document, piece.start, piece.end).build(this.#fontSize(piece.region));
     return piece.box!;
   }
@@ -39,8 +42,10 @@ export class Measuring {
   }
 
   #fontSize(region: Region): number {
-    return [this.rootAttributes, region.sequence.attributes, region.attributes]
-      .reduce((size, each) => fontSizeOf(each, size), defaultFontSize);
+    return [this.rootAttributes, region.sequence.attributes, region.attributes].reduce(
+      (size, each) => fontSizeOf(each, size),
+      defaultFontSize,
+    );
   }
 
   isMeasured(piece: Piece, width: number): boolean {
@@ -49,15 +54,16 @@ export class Measuring {
 
   /** Measures pieces of one region at once, which lays out once. */
   measure(pieces: Piece[], width: number): void {
-    if (pieces.length === 0)
-      return;
+    if (pieces.length === 0) return;
     this.#withShown(pieces, width, elements => {
       pieces.forEach((piece, i) => {
         const notes = [...elements[i].querySelectorAll<HTMLElement>(":scope > .measured-note")];
         const element = elements[i].querySelector<HTMLElement>(":scope > .piece") ?? elements[i];
         piece.measuredWidth = width;
         piece.measures = {
-          height: heightOf(element), breaks: null, header: null,
+          height: heightOf(element),
+          breaks: null,
+          header: null,
           footnotes: notes.map(note => ({ y: 0, height: heightOf(note) })),
         };
       });
@@ -67,12 +73,13 @@ export class Measuring {
   /** From what is shown of it already; false where nothing is. */
   measureShown(piece: Piece, width: number): boolean {
     const shown = this.#shown(piece);
-    if (!shown || piece.measuredWidth !== width || this.boxOf(piece).footnotes.length > 0)
-      return false;
+    if (!shown || piece.measuredWidth !== width || this.boxOf(piece).footnotes.length > 0) return false;
     const height = heightOf(shown);
     const former = piece.formerMeasures;
-    piece.measures = former?.height === height && former.footnotes.length === 0
-      ? former : { height, breaks: null, header: null, footnotes: [] };
+    piece.measures =
+      former?.height === height && former.footnotes.length === 0
+        ? former
+        : { height, breaks: null, header: null, footnotes: [] };
     return true;
   }
 
@@ -84,10 +91,11 @@ export class Measuring {
         measures.header = headerIn(element);
       };
       const shown = this.#shown(piece);
-      if (shown)
-        read(shown);
+      if (shown) read(shown);
       else
-        this.#withShown([piece], piece.measuredWidth, ([element]) => read(element.querySelector<HTMLElement>(":scope > .piece")!));
+        this.#withShown([piece], piece.measuredWidth, ([element]) =>
+          read(element.querySelector<HTMLElement>(":scope > .piece")!),
+        );
     }
     return measures.breaks!;
   }
@@ -99,8 +107,7 @@ export class Measuring {
 
   #shown(piece: Piece): HTMLElement | null {
     for (const { mounted, part } of piece.mounts)
-      if (part === -1 && mounted.element.isConnected)
-        return mounted.element;
+      if (part === -1 && mounted.element.isConnected) return mounted.element;
     return null;
   }
 

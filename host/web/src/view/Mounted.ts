@@ -2,17 +2,32 @@
 
 import { isBox, type Box, type Run } from "./Box.ts";
 
-interface Shown { box: Box | Run; node: Node; children: Shown[] }
+interface Shown {
+  box: Box | Run;
+  node: Node;
+  children: Shown[];
+}
 
 /** A text, an object, or a place beside what the caret passes, as it is shown. */
 export class Leaf {
-  constructor(private readonly shown: Shown, readonly kind: "text" | "object" | "before" | "after") {}
+  constructor(
+    private readonly shown: Shown,
+    readonly kind: "text" | "object" | "before" | "after",
+  ) {}
 
-  get node(): Node { return this.shown.node; }
-  get start(): number { return this.kind === "after" ? this.shown.box.end : this.shown.box.start; }
-  get end(): number { return this.kind === "before" ? this.shown.box.start : this.shown.box.end; }
+  get node(): Node {
+    return this.shown.node;
+  }
+  get start(): number {
+    return this.kind === "after" ? this.shown.box.end : this.shown.box.start;
+  }
+  get end(): number {
+    return this.kind === "before" ? this.shown.box.start : this.shown.box.end;
+  }
   /** Of text: whether each of its units is one of the document's. */
-  get isPlain(): boolean { return this.kind === "text" && (this.shown.box as Run).isPlain; }
+  get isPlain(): boolean {
+    return this.kind === "text" && (this.shown.box as Run).isPlain;
+  }
 }
 
 export class Mounted {
@@ -32,22 +47,20 @@ export class Mounted {
   update(box: Box, pageNumber = this.#pageNumber): void {
     const isNumberSame = pageNumber === this.#pageNumber;
     this.#pageNumber = pageNumber;
-    if (box !== this.#root.box || !isNumberSame)
-      this.#patch(this.#root, box);
+    if (box !== this.#root.box || !isNumberSame) this.#patch(this.#root, box);
   }
 
   /** Shows a part of the tree anew that another one has taken the place of. */
   replace(old: Box, box: Box): void {
     const shown = this.#shownOf(this.#root, old);
-    if (shown)
-      this.#patch(shown, box);
+    if (shown) this.#patch(shown, box);
   }
 
   #shownOf(shown: Shown, box: Box): Shown | null {
-    if (shown.box === box)
-      return shown;
-    const child = shown.children.find(each => each.box === box)
-      ?? shown.children.findLast(each => isBox(each.box) && each.box.start <= box.start);
+    if (shown.box === box) return shown;
+    const child =
+      shown.children.find(each => each.box === box) ??
+      shown.children.findLast(each => isBox(each.box) && each.box.start <= box.start);
     return child ? this.#shownOf(child, box) : null;
   }
 
@@ -67,14 +80,12 @@ export class Mounted {
     let high = leaves.length;
     while (low < high) {
       const middle = (low + high) >> 1;
-      if (leaves[middle].start <= offset)
-        low = middle + 1;
-      else
-        high = middle;
+      if (leaves[middle].start <= offset) low = middle + 1;
+      else high = middle;
     }
     const before = leaves[low - 1];
     const behind = leaves[low];
-    return before && (offset <= before.end || !behind) ? before : behind ?? before;
+    return before && (offset <= before.end || !behind) ? before : (behind ?? before);
   }
 
   leafOf(node: Node): Leaf | undefined {
@@ -84,19 +95,16 @@ export class Mounted {
   /** What shows the element whose start tag is at the offset. */
   elementAt(start: number): HTMLElement | null {
     const found = this.#find(this.#root, start);
-    return found ? found.node as HTMLElement : null;
+    return found ? (found.node as HTMLElement) : null;
   }
 
   #find(shown: Shown, start: number): Shown | null {
     for (const child of shown.children) {
-      if (!isBox(child.box))
-        continue;
-      if (child.box.start === start)
-        return child;
-      if (child.box.start < start && start < child.box.end || child.box.start === -1) {
+      if (!isBox(child.box)) continue;
+      if (child.box.start === start) return child;
+      if ((child.box.start < start && start < child.box.end) || child.box.start === -1) {
         const found = this.#find(child, start);
-        if (found)
-          return found;
+        if (found) return found;
       }
     }
     return null;
@@ -112,44 +120,33 @@ export class Mounted {
       leaves.push(new Leaf(shown, "object"));
       return;
     }
-    if (box.className === "hidden")
-      return;
-    if (box.hasStopBefore && leaves[leaves.length - 1]?.end !== box.start)
-      leaves.push(new Leaf(shown, "before"));
-    const children = box.tag === "table" ? shown.children.toSorted((a, b) => a.box.start - b.box.start) : shown.children;
-    for (const child of children)
-      this.#collect(child, leaves);
-    if (box.hasStopBehind)
-      leaves.push(new Leaf(shown, "after"));
+    if (box.className === "hidden") return;
+    if (box.hasStopBefore && leaves[leaves.length - 1]?.end !== box.start) leaves.push(new Leaf(shown, "before"));
+    const children =
+      box.tag === "table" ? shown.children.toSorted((a, b) => a.box.start - b.box.start) : shown.children;
+    for (const child of children) this.#collect(child, leaves);
+    if (box.hasStopBehind) leaves.push(new Leaf(shown, "after"));
   }
 
   #make(box: Box | Run): Shown {
-    if (!isBox(box))
-      return { box, node: document.createTextNode(box.text), children: [] };
+    if (!isBox(box)) return { box, node: document.createTextNode(box.text), children: [] };
     const element = document.createElement(box.tag);
-    if (box.className)
-      element.className = box.className;
-    if (box.style)
-      element.style.cssText = box.style;
-    for (const name in box.attributes)
-      element.setAttribute(name, box.attributes[name]);
+    if (box.className) element.className = box.className;
+    if (box.style) element.style.cssText = box.style;
+    for (const name in box.attributes) element.setAttribute(name, box.attributes[name]);
     const children = this.#childrenOf(box).map(child => this.#make(child));
-    for (const child of children)
-      element.append(child.node);
+    for (const child of children) element.append(child.node);
     return { box, node: element, children };
   }
 
   #childrenOf(box: Box): (Box | Run)[] {
-    if (box.object !== "page-number" || !this.#pageNumber)
-      return box.children;
+    if (box.object !== "page-number" || !this.#pageNumber) return box.children;
     return [{ ...(box.children[0] as Run), text: this.#pageNumber }];
   }
 
   #patch(shown: Shown, box: Box | Run): void {
-    if (isBox(box))
-      this.#patchElement(shown, box);
-    else if ((shown.node as Text).data !== box.text)
-      patchText(shown.node as Text, box.text);
+    if (isBox(box)) this.#patchElement(shown, box);
+    else if ((shown.node as Text).data !== box.text) patchText(shown.node as Text, box.text);
     shown.box = box;
   }
 
@@ -158,16 +155,11 @@ export class Mounted {
     const element = shown.node as HTMLElement;
     if (old.object || old.hasStopBefore !== box.hasStopBefore || old.hasStopBehind !== box.hasStopBehind)
       this.#leaves = null;
-    if (old.className !== box.className)
-      element.className = box.className;
-    if (old.style !== box.style)
-      element.style.cssText = box.style;
-    for (const name in old.attributes)
-      if (!(name in box.attributes))
-        element.removeAttribute(name);
+    if (old.className !== box.className) element.className = box.className;
+    if (old.style !== box.style) element.style.cssText = box.style;
+    for (const name in old.attributes) if (!(name in box.attributes)) element.removeAttribute(name);
     for (const name in box.attributes)
-      if (old.attributes[name] !== box.attributes[name])
-        element.setAttribute(name, box.attributes[name]);
+      if (old.attributes[name] !== box.attributes[name]) element.setAttribute(name, box.attributes[name]);
     this.#patchChildren(shown, this.#childrenOf(box));
   }
 
@@ -176,32 +168,25 @@ export class Mounted {
     const old = shown.children;
     const most = Math.min(old.length, boxes.length);
     let first = 0;
-    while (first < most && areAlike(old[first].box, boxes[first]))
-      ++first;
+    while (first < most && areAlike(old[first].box, boxes[first])) ++first;
     let last = 0;
-    while (last < most - first && areAlike(old[old.length - 1 - last].box, boxes[boxes.length - 1 - last]))
-      ++last;
-    if (first + last < Math.max(old.length, boxes.length))
-      this.#leaves = null;
+    while (last < most - first && areAlike(old[old.length - 1 - last].box, boxes[boxes.length - 1 - last])) ++last;
+    if (first + last < Math.max(old.length, boxes.length)) this.#leaves = null;
     const children = boxes.map((box, i) => {
       const kept = i < first ? old[i] : i >= boxes.length - last ? old[old.length - boxes.length + i] : null;
-      if (!kept)
-        return this.#make(box);
+      if (!kept) return this.#make(box);
       this.#patch(kept, box);
       return kept;
     });
-    for (const gone of old.slice(first, old.length - last))
-      (gone.node as ChildNode).remove();
+    for (const gone of old.slice(first, old.length - last)) (gone.node as ChildNode).remove();
     const behind = last > 0 ? old[old.length - last].node : null;
-    for (const made of children.slice(first, boxes.length - last))
-      shown.node.insertBefore(made.node, behind);
+    for (const made of children.slice(first, boxes.length - last)) shown.node.insertBefore(made.node, behind);
     shown.children = children;
   }
 }
 
 function areAlike(a: Box | Run, b: Box | Run): boolean {
-  if (isBox(a))
-    return isBox(b) && a.tag === b.tag && a.object === b.object;
+  if (isBox(a)) return isBox(b) && a.tag === b.tag && a.object === b.object;
   return !isBox(b);
 }
 
@@ -210,10 +195,8 @@ function patchText(node: Text, text: string): void {
   const old = node.data;
   const most = Math.min(old.length, text.length);
   let first = 0;
-  while (first < most && old[first] === text[first])
-    ++first;
+  while (first < most && old[first] === text[first]) ++first;
   let last = 0;
-  while (last < most - first && old[old.length - 1 - last] === text[text.length - 1 - last])
-    ++last;
+  while (last < most - first && old[old.length - 1 - last] === text[text.length - 1 - last]) ++last;
   node.replaceData(first, old.length - first - last, text.slice(first, text.length - last));
 }

@@ -26,30 +26,43 @@ function fieldLook(markup: string): ObjectLook {
 function controlLook(attributes: Attributes): ObjectLook {
   const type = attributes.get("type") ?? "text";
   const isOn = /^(true|1|yes|checked)$/.test(attributes.get("checked") ?? "");
-  const text = type === "checkbox" ? (isOn ? "☒" : "☐")
-    : type === "radio" || type === "radio-button" ? (isOn ? "◉" : "○")
-    : attributes.get("value") ?? attributes.get("qf:value") ?? "";
+  const text =
+    type === "checkbox"
+      ? isOn
+        ? "☒"
+        : "☐"
+      : type === "radio" || type === "radio-button"
+        ? isOn
+          ? "◉"
+          : "○"
+        : (attributes.get("value") ?? attributes.get("qf:value") ?? "");
   const isMark = type === "checkbox" || type.startsWith("radio");
   return {
-    className: isMark ? "control mark" : `control ${type === "button" ? "button" : "entry"}`, text,
-    title: attributes.get("name") ?? "", style: isMark ? "" : `width:${attributes.get("width") ?? "40mm"}`,
+    className: isMark ? "control mark" : `control ${type === "button" ? "button" : "entry"}`,
+    text,
+    title: attributes.get("name") ?? "",
+    style: isMark ? "" : `width:${attributes.get("width") ?? "40mm"}`,
   };
 }
 
 function leaderLook(attributes: Attributes): ObjectLook {
   const length = attributes.get("leader-length.optimum") ?? attributes.get("leader-length") ?? "30mm";
   return {
-    className: `leader ${attributes.get("leader-pattern") ?? "space"}`, text: "", title: "",
+    className: `leader ${attributes.get("leader-pattern") ?? "space"}`,
+    text: "",
+    title: "",
     style: `width:${length.replace(/[^\w.%]/g, "")}`,
   };
 }
 
 function imageLook(attributes: Attributes): ObjectLook {
   const address = (attributes.get("src") ?? "").replace(/^url\(\s*['"]?|['"]?\s*\)$/g, "");
-  const size = (["width", "height"] as const).map(side => {
-    const value = attributes.get(`content-${side}`) ?? attributes.get(side) ?? "";
-    return /^[\d.]+(mm|cm|in|pt|px|pc|em|%)$/.test(value) ? `${side}:${value};` : "";
-  }).join("");
+  const size = (["width", "height"] as const)
+    .map(side => {
+      const value = attributes.get(`content-${side}`) ?? attributes.get(side) ?? "";
+      return /^[\d.]+(mm|cm|in|pt|px|pc|em|%)$/.test(value) ? `${side}:${value};` : "";
+    })
+    .join("");
   return { className: "image", text: address, title: address.startsWith("data:") ? "" : address, style: size };
 }
 

@@ -59,8 +59,7 @@ export class Outline {
   /** The piece that holds the offset, or else the nearest in its region. */
   pieceAt(offset: number): Piece | undefined {
     const region = this.regionAt(offset);
-    if (!region || region.pieces.length === 0)
-      return undefined;
+    if (!region || region.pieces.length === 0) return undefined;
     const pieces = region.pieces;
     const behind = firstIndex(pieces, each => each.end >= offset);
     return pieces[Math.min(behind, pieces.length - 1)];
@@ -70,8 +69,7 @@ export class Outline {
     const end = change.start + change.removed;
     const region = this.regions.find(each => change.start >= each.contentStart && end <= each.contentEnd);
     const done = region && (this.#changeWithin(region, change) ?? this.#replacePieces(region, change));
-    if (done)
-      return done;
+    if (done) return done;
     this.read(change);
     return { all: true, changed: [], removed: [] };
   }
@@ -80,8 +78,7 @@ export class Outline {
   #changeWithin(region: Region, change: Change): OutlineChange | null {
     const index = firstIndex(region.pieces, each => each.end > change.start);
     const piece = region.pieces[index];
-    if (!piece || piece.start >= change.start || piece.end <= change.start + change.removed)
-      return null;
+    if (!piece || piece.start >= change.start || piece.end <= change.start + change.removed) return null;
     if (/[<>]/.test(this.document.call<string>("getContent", change.start, change.start + change.inserted)))
       return null;
     piece.change(change);
@@ -92,17 +89,20 @@ export class Outline {
   #replacePieces(region: Region, change: Change): OutlineChange | null {
     const { pieces } = region;
     const changeEnd = change.start + change.removed;
-    const first = firstIndex(pieces, each => each.end > change.start
-      || (each.end === change.start && change.inserted > 0));
-    const last = firstIndex(pieces, each => each.start > changeEnd
-      || (each.start === changeEnd && each.start > change.start));
+    const first = firstIndex(
+      pieces,
+      each => each.end > change.start || (each.end === change.start && change.inserted > 0),
+    );
+    const last = firstIndex(
+      pieces,
+      each => each.start > changeEnd || (each.start === changeEnd && each.start > change.start),
+    );
     const start = Math.min(change.start, pieces[first]?.start ?? change.start);
     const end = Math.max(changeEnd, last > first ? pieces[last - 1].end : changeEnd);
     const grown = change.inserted - change.removed;
     const text = this.document.call<string>("getContent", start, end + grown);
     const found = childrenOf(text);
-    if (!found)
-      return null;
+    if (!found) return null;
     const old = pieces.slice(first, Math.max(first, last));
     const changed = found.map(([from, to], index) => {
       const piece = old[index] ?? new Piece(region);
@@ -116,17 +116,13 @@ export class Outline {
 
   #shift(region: Region, from: number, by: number): void {
     region.contentEnd += by;
-    if (by === 0)
-      return;
-    for (let i = from; i < region.pieces.length; ++i)
-      region.pieces[i].move(by);
+    if (by === 0) return;
+    for (let i = from; i < region.pieces.length; ++i) region.pieces[i].move(by);
     for (const other of this.regions) {
-      if (other === region || other.contentStart < region.contentStart)
-        continue;
+      if (other === region || other.contentStart < region.contentStart) continue;
       other.contentStart += by;
       other.contentEnd += by;
-      for (const piece of other.pieces)
-        piece.move(by);
+      for (const piece of other.pieces) piece.move(by);
     }
   }
 
@@ -136,10 +132,8 @@ export class Outline {
     const grown = change.inserted - change.removed;
     for (const { pieces } of this.regions)
       for (const piece of pieces) {
-        if (piece.start >= change.start + change.removed)
-          piece.move(grown);
-        else if (piece.end > change.start)
-          continue;
+        if (piece.start >= change.start + change.removed) piece.move(grown);
+        else if (piece.end > change.start) continue;
         kept.set(`${piece.start} ${piece.end}`, piece);
       }
     return kept;
@@ -151,10 +145,8 @@ function firstIndex<T>(items: T[], test: (item: T) => boolean): number {
   let high = items.length;
   while (low < high) {
     const middle = (low + high) >> 1;
-    if (test(items[middle]))
-      high = middle;
-    else
-      low = middle + 1;
+    if (test(items[middle])) high = middle;
+    else low = middle + 1;
   }
   return low;
 }
@@ -165,14 +157,10 @@ function childrenOf(text: string): [start: number, end: number][] | null {
   let depth = 0;
   let start = 0;
   for (const tag of tagsOf(text)) {
-    if (tag.kind === "end" && --depth < 0)
-      return null;
-    if (depth === 0 && tag.kind !== "end")
-      start = tag.start;
-    if (tag.kind === "start")
-      ++depth;
-    if (depth === 0)
-      children.push([start, tag.end]);
+    if (tag.kind === "end" && --depth < 0) return null;
+    if (depth === 0 && tag.kind !== "end") start = tag.start;
+    if (tag.kind === "start") ++depth;
+    if (depth === 0) children.push([start, tag.end]);
   }
   return depth === 0 ? children : null;
 }
@@ -186,35 +174,29 @@ class OutlineReader {
   #pieceStart = 0;
   #mastersStart = 0;
 
-  constructor(private readonly text: string, private readonly kept: Map<string, Piece>) {}
+  constructor(
+    private readonly text: string,
+    private readonly kept: Map<string, Piece>,
+  ) {}
 
   read(outline: Outline): void {
     for (const tag of tagsOf(this.text)) {
-      if (tag.kind === "end")
-        --this.#depth;
+      if (tag.kind === "end") --this.#depth;
       this.#take(outline, tag);
-      if (tag.kind === "start")
-        ++this.#depth;
+      if (tag.kind === "start") ++this.#depth;
     }
   }
 
   #take(outline: Outline, tag: Tag): void {
-    if (this.#region)
-      return this.#takeInRegion(tag);
-    if (this.#depth === 0 && tag.kind === "start")
-      outline.rootAttributes = this.#attributes(tag);
+    if (this.#region) return this.#takeInRegion(tag);
+    if (this.#depth === 0 && tag.kind === "start") outline.rootAttributes = this.#attributes(tag);
     if (tag.name === "fo:layout-master-set") {
-      if (tag.kind === "start")
-        this.#mastersStart = tag.start;
-      else
-        outline.masters = this.text.slice(this.#mastersStart, tag.end);
+      if (tag.kind === "start") this.#mastersStart = tag.start;
+      else outline.masters = this.text.slice(this.#mastersStart, tag.end);
     } else if (sequenceNames.has(tag.name)) {
-      this.#sequence = tag.kind === "start"
-        ? { name: tag.name, attributes: this.#attributes(tag), regions: [] } : null;
-      if (this.#sequence)
-        outline.sequences.push(this.#sequence);
-    } else if (this.#sequence && tag.kind === "start"
-      && (tag.name === "fo:flow" || tag.name === "fo:static-content")) {
+      this.#sequence = tag.kind === "start" ? { name: tag.name, attributes: this.#attributes(tag), regions: [] } : null;
+      if (this.#sequence) outline.sequences.push(this.#sequence);
+    } else if (this.#sequence && tag.kind === "start" && (tag.name === "fo:flow" || tag.name === "fo:static-content")) {
       this.#open(outline, tag, this.#sequence);
     }
   }
@@ -223,9 +205,13 @@ class OutlineReader {
     const attributes = this.#attributes(tag);
     this.#regionDepth = this.#depth;
     this.#region = {
-      sequence, attributes, isFlow: tag.name === "fo:flow",
+      sequence,
+      attributes,
+      isFlow: tag.name === "fo:flow",
       flowName: attributes.get("flow-name") ?? "xsl-region-body",
-      contentStart: tag.end, contentEnd: tag.end, pieces: [],
+      contentStart: tag.end,
+      contentEnd: tag.end,
+      pieces: [],
     };
     sequence.regions.push(this.#region);
     outline.regions.push(this.#region);
@@ -238,12 +224,9 @@ class OutlineReader {
       this.#region = null;
       return;
     }
-    if (this.#depth !== this.#regionDepth + 1)
-      return;
-    if (tag.kind !== "end")
-      this.#pieceStart = tag.start;
-    if (tag.kind !== "start")
-      region.pieces.push(this.#piece(region, this.#pieceStart, tag.end));
+    if (this.#depth !== this.#regionDepth + 1) return;
+    if (tag.kind !== "end") this.#pieceStart = tag.start;
+    if (tag.kind !== "start") region.pieces.push(this.#piece(region, this.#pieceStart, tag.end));
   }
 
   #piece(region: Region, start: number, end: number): Piece {

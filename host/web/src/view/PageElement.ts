@@ -31,15 +31,17 @@ export class PageElement {
   /** The columns that it showed last. */
   drawn: unknown = null;
 
-  constructor(public page: Page, private readonly measuring: Measuring) {
+  constructor(
+    public page: Page,
+    private readonly measuring: Measuring,
+  ) {
     const { shape } = page;
     this.element.className = "page";
     this.element.role = "region";
     this.element.ariaLabel = page.label;
     this.element.style.width = `${shape.width}px`;
     this.element.style.height = `${shape.height}px`;
-    for (const region of shape.regions)
-      this.#addStatic(region);
+    for (const region of shape.regions) this.#addStatic(region);
     const flow = page.sequence?.regions.find(each => each.isFlow);
     const style = flow ? measuring.styleOf(flow) : "";
     this.#addColumns(style);
@@ -63,16 +65,13 @@ export class PageElement {
         shown.splice(0).forEach(unmount);
         this.#fillStatic(region, element, shown);
       }
-      for (const { piece, mount } of shown)
-        mount.mounted.update(this.measuring.boxOf(piece).root, this.page.label);
+      for (const { piece, mount } of shown) mount.mounted.update(this.measuring.boxOf(piece).root, this.page.label);
     }
   }
 
   remove(): void {
-    for (const { slices } of this.#columns)
-      slices.forEach(unmount);
-    for (const { shown } of this.#statics)
-      shown.forEach(unmount);
+    for (const { slices } of this.#columns) slices.forEach(unmount);
+    for (const { shown } of this.#statics) shown.forEach(unmount);
     this.#notes.mounts.forEach(unmount);
     this.element.remove();
   }
@@ -93,8 +92,7 @@ export class PageElement {
     const element = placed(shape, `region outer ${shape.align}`);
     element.style.cssText += shape.style + (region ? this.measuring.styleOf(region) : "");
     this.element.append(element);
-    if (!region)
-      return;
+    if (!region) return;
     const shown: SliceElement[] = [];
     this.#statics.push({ region, element, shown });
     this.#fillStatic(region, element, shown);
@@ -128,8 +126,7 @@ export class PageElement {
   /** A whole piece takes the height it has; a part of one is cut out of it. */
   #look(shown: SliceElement, { gap, isWhole, from, to, header }: Slice): void {
     const key = `${gap} ${isWhole || `${from} ${to} ${header?.top} ${header?.height}`}`;
-    if (shown.look === key)
-      return;
+    if (shown.look === key) return;
     shown.look = key;
     const piece = shown.mount.mounted.element;
     const cut = piece.parentElement!;
@@ -145,8 +142,7 @@ export class PageElement {
       shown.repeated.mounted.element.parentElement!.remove();
       shown.repeated = undefined;
     }
-    if (!header)
-      return;
+    if (!header) return;
     const mounted = new Mounted(this.measuring.boxOf(shown.piece).root, this.page.label);
     const cut = document.createElement("div");
     cut.className = "cut";
@@ -171,12 +167,18 @@ export class PageElement {
   }
 
   #updateNotes(page: Page): void {
-    const wanted = page.columns.flat().filter(each => each.from === 0 && this.measuring.boxOf(each.piece).footnotes.length > 0);
-    const pieces = wanted.flatMap(({ piece }) => this.measuring.boxOf(piece).footnotes.map((_, part) => ({ piece, part })));
-    const isSame = pieces.length === this.#notes.mounts.length
-      && pieces.every(({ piece, part }, i) => this.#notes.mounts[i].piece === piece && this.#notes.mounts[i].mount.part === part);
-    if (isSame)
-      return;
+    const wanted = page.columns
+      .flat()
+      .filter(each => each.from === 0 && this.measuring.boxOf(each.piece).footnotes.length > 0);
+    const pieces = wanted.flatMap(({ piece }) =>
+      this.measuring.boxOf(piece).footnotes.map((_, part) => ({ piece, part })),
+    );
+    const isSame =
+      pieces.length === this.#notes.mounts.length &&
+      pieces.every(
+        ({ piece, part }, i) => this.#notes.mounts[i].piece === piece && this.#notes.mounts[i].mount.part === part,
+      );
+    if (isSame) return;
     this.#notes.mounts.forEach(unmount);
     this.#notes.mounts = pieces.map(({ piece, part }) => {
       const mounted = new Mounted(this.measuring.boxOf(piece).footnotes[part], page.label);
@@ -194,7 +196,6 @@ function mount(piece: Piece, mounted: Mounted, element: HTMLElement, part: numbe
 
 function unmount(shown: SliceElement): void {
   shown.piece.mounts.delete(shown.mount);
-  if (shown.repeated)
-    shown.piece.mounts.delete(shown.repeated);
+  if (shown.repeated) shown.piece.mounts.delete(shown.repeated);
   shown.element.remove();
 }

@@ -4,8 +4,17 @@ import { pixels, sides } from "../markup/Lengths.ts";
 import { descendants, elementsOf, type Attributes, type Element } from "../markup/Markup.ts";
 import { cssOf } from "./Properties.ts";
 
-export interface Area { left: number; top: number; width: number; height: number }
-export interface RegionShape extends Area { name: string; style: string; align: string }
+export interface Area {
+  left: number;
+  top: number;
+  width: number;
+  height: number;
+}
+export interface RegionShape extends Area {
+  name: string;
+  style: string;
+  align: string;
+}
 export interface PageShape {
   name: string;
   width: number;
@@ -23,18 +32,17 @@ export class PageShapes {
   constructor(masters: string) {
     for (const element of descendants(elementsOf(masters))) {
       const name = element.attributes.get("master-name");
-      if (name === undefined)
-        continue;
-      if (element.name === "fo:simple-page-master")
-        this.#simple.set(name, shapeOf(name, element));
-      else if (element.name === "fo:page-sequence-master")
-        this.#sequences.set(name, element.children);
+      if (name === undefined) continue;
+      if (element.name === "fo:simple-page-master") this.#simple.set(name, shapeOf(name, element));
+      else if (element.name === "fo:page-sequence-master") this.#sequences.set(name, element.children);
     }
   }
 
   /** The shape of a page by what its sequence refers to. */
   shape(reference: string, number: number, index: number, isBlank: boolean): PageShape {
-    const name = this.#sequences.has(reference) ? this.#select(this.#sequences.get(reference)!, number, index, isBlank) : reference;
+    const name = this.#sequences.has(reference)
+      ? this.#select(this.#sequences.get(reference)!, number, index, isBlank)
+      : reference;
     return this.#simple.get(name) ?? this.#simple.values().next().value ?? plainShape();
   }
 
@@ -43,10 +51,11 @@ export class PageShapes {
     let last = "";
     for (const part of parts) {
       const count = repeatsOf(part);
-      const name = part.name === "fo:repeatable-page-master-alternatives"
-        ? alternative(part, number, index, isBlank) : part.attributes.get("master-reference") ?? "";
-      if (index < first + count)
-        return name;
+      const name =
+        part.name === "fo:repeatable-page-master-alternatives"
+          ? alternative(part, number, index, isBlank)
+          : (part.attributes.get("master-reference") ?? "");
+      if (index < first + count) return name;
       last = name;
       first += count;
     }
@@ -55,8 +64,7 @@ export class PageShapes {
 }
 
 function repeatsOf(part: Element): number {
-  if (part.name === "fo:single-page-master-reference")
-    return 1;
+  if (part.name === "fo:single-page-master-reference") return 1;
   const most = Number(part.attributes.get("maximum-repeats") ?? "no-limit");
   return Number.isFinite(most) ? most : unbounded;
 }
@@ -66,31 +74,45 @@ function alternative(part: Element, number: number, index: number, isBlank: bool
     const position = attributes.get("page-position") ?? "any";
     const parity = attributes.get("odd-or-even") ?? "any";
     const blank = attributes.get("blank-or-not-blank") ?? "any";
-    return (position === "any" || position === (index === 0 ? "first" : "rest"))
-      && (parity === "any" || parity === (number % 2 ? "odd" : "even"))
-      && (blank === "any" || blank === (isBlank ? "blank" : "not-blank"));
+    return (
+      (position === "any" || position === (index === 0 ? "first" : "rest")) &&
+      (parity === "any" || parity === (number % 2 ? "odd" : "even")) &&
+      (blank === "any" || blank === (isBlank ? "blank" : "not-blank"))
+    );
   };
   const found = part.children.find(each => fits(each.attributes)) ?? part.children[0];
   return found?.attributes.get("master-reference") ?? "";
 }
 
-interface Margins { top: number; right: number; bottom: number; left: number }
+interface Margins {
+  top: number;
+  right: number;
+  bottom: number;
+  left: number;
+}
 
 function marginsOf(attributes: Attributes): Margins {
   const [top, right, bottom, left] = sides(attributes.get("margin") ?? "0");
   const margin = (name: string, shorthand: string) => pixels(attributes.get(`margin-${name}`) ?? shorthand, 0);
-  return { top: margin("top", top), right: margin("right", right), bottom: margin("bottom", bottom), left: margin("left", left) };
+  return {
+    top: margin("top", top),
+    right: margin("right", right),
+    bottom: margin("bottom", bottom),
+    left: margin("left", left),
+  };
 }
 
 function within(area: Area, margins: Margins): Area {
   return {
-    left: area.left + margins.left, top: area.top + margins.top,
-    width: area.width - margins.left - margins.right, height: area.height - margins.top - margins.bottom,
+    left: area.left + margins.left,
+    top: area.top + margins.top,
+    width: area.width - margins.left - margins.right,
+    height: area.height - margins.top - margins.bottom,
   };
 }
 
 function shapeOf(name: string, master: Element): PageShape {
-  const a4 = { width: 210 * 96 / 25.4, height: 297 * 96 / 25.4 };
+  const a4 = { width: (210 * 96) / 25.4, height: (297 * 96) / 25.4 };
   const width = pixels(master.attributes.get("page-width"), a4.width);
   const height = pixels(master.attributes.get("page-height"), a4.height);
   const page = within({ left: 0, top: 0, width, height }, marginsOf(master.attributes));
@@ -99,8 +121,7 @@ function shapeOf(name: string, master: Element): PageShape {
   const shape: PageShape = { name, width, height, regions: [], body: bodyShape(body, page) };
   for (const side of ["before", "after", "start", "end"]) {
     const found = region(side);
-    if (found)
-      shape.regions.push(outerShape(found, side, page, side => region(side)));
+    if (found) shape.regions.push(outerShape(found, side, page, side => region(side)));
   }
   return shape;
 }
@@ -108,14 +129,21 @@ function shapeOf(name: string, master: Element): PageShape {
 function bodyShape(body: Element | undefined, page: Area): PageShape["body"] {
   const attributes = body?.attributes ?? new Map<string, string>();
   return {
-    ...within(page, marginsOf(attributes)), name: attributes.get("region-name") ?? "xsl-region-body",
-    style: cssOf(withoutBox(attributes)), align: attributes.get("display-align") ?? "before",
+    ...within(page, marginsOf(attributes)),
+    name: attributes.get("region-name") ?? "xsl-region-body",
+    style: cssOf(withoutBox(attributes)),
+    align: attributes.get("display-align") ?? "before",
     columns: Math.max(1, Number(attributes.get("column-count") ?? 1) || 1),
     gap: pixels(attributes.get("column-gap"), 16),
   };
 }
 
-function outerShape(region: Element, side: string, page: Area, other: (side: string) => Element | undefined): RegionShape {
+function outerShape(
+  region: Element,
+  side: string,
+  page: Area,
+  other: (side: string) => Element | undefined,
+): RegionShape {
   const { attributes } = region;
   const across = side === "before" || side === "after";
   const reference = across ? page.height : page.width;
@@ -133,16 +161,15 @@ function outerShape(region: Element, side: string, page: Area, other: (side: str
     area.width = extent;
     for (const neighbour of ["before", "after"].map(other).filter(isFirst)) {
       area.height -= extentOf(neighbour);
-      if (neighbour!.name.endsWith("before"))
-        area.top += extentOf(neighbour);
+      if (neighbour!.name.endsWith("before")) area.top += extentOf(neighbour);
     }
   }
-  if (side === "after")
-    area.top = page.top + page.height - extent;
-  if (side === "end")
-    area.left = page.left + page.width - extent;
+  if (side === "after") area.top = page.top + page.height - extent;
+  if (side === "end") area.left = page.left + page.width - extent;
   return {
-    ...area, name: attributes.get("region-name") ?? `xsl-region-${side}`, style: cssOf(withoutBox(attributes)),
+    ...area,
+    name: attributes.get("region-name") ?? `xsl-region-${side}`,
+    style: cssOf(withoutBox(attributes)),
     align: attributes.get("display-align") ?? "before",
   };
 }
@@ -158,7 +185,7 @@ function plainShape(): PageShape {
 /** A page number as its sequence writes it. */
 export function formattedNumber(number: number, format: string): string {
   if (/^[aA]$/.test(format)) {
-    const letter = String.fromCharCode(97 + (number - 1) % 26);
+    const letter = String.fromCharCode(97 + ((number - 1) % 26));
     return format === "A" ? letter.toUpperCase() : letter;
   }
   if (/^[iI]$/.test(format)) {
@@ -170,12 +197,21 @@ export function formattedNumber(number: number, format: string): string {
 
 function romanNumber(number: number): string {
   const signs: [number, string][] = [
-    [1000, "m"], [900, "cm"], [500, "d"], [400, "cd"], [100, "c"], [90, "xc"], [50, "l"], [40, "xl"], [10, "x"],
-    [9, "ix"], [5, "v"], [4, "iv"], [1, "i"],
+    [1000, "m"],
+    [900, "cm"],
+    [500, "d"],
+    [400, "cd"],
+    [100, "c"],
+    [90, "xc"],
+    [50, "l"],
+    [40, "xl"],
+    [10, "x"],
+    [9, "ix"],
+    [5, "v"],
+    [4, "iv"],
+    [1, "i"],
   ];
   let text = "";
-  for (const [value, sign] of signs)
-    for (; number >= value; number -= value)
-      text += sign;
+  for (const [value, sign] of signs) for (; number >= value; number -= value) text += sign;
   return text;
 }

@@ -28,7 +28,14 @@ export interface Page {
 }
 
 /** Where the next page begins. */
-interface Place { sequence: number; piece: Piece | null; index: number; from: number; number: number; pageInSequence: number }
+interface Place {
+  sequence: number;
+  piece: Piece | null;
+  index: number;
+  from: number;
+  number: number;
+  pageInSequence: number;
+}
 
 const tolerance = 0.6;
 
@@ -42,7 +49,11 @@ export class Pager {
   /** Where filling stopped; the pages from there on are as they were before. */
   #rest: { page: number; place: Place } | null = null;
 
-  constructor(private readonly outline: Outline, private readonly measuring: Measuring, public shapes: PageShapes) {}
+  constructor(
+    private readonly outline: Outline,
+    private readonly measuring: Measuring,
+    public shapes: PageShapes,
+  ) {}
 
   /** Fills all pages, as many as there is time for: `fillOn` goes on behind them. */
   fillAll(enough: Enough): void {
@@ -57,12 +68,9 @@ export class Pager {
     const sequence = this.outline.sequences.indexOf(region.sequence);
     const first = Math.max(0, this.#pageBefore(sequence, at) - 1);
     const place = this.pages[first]?.begin;
-    if (!place)
-      return this.fillAll(enough);
-    for (const piece of changed)
-      this.#pending.add(piece);
-    if (this.#rest && this.#rest.page <= first)
-      return;
+    if (!place) return this.fillAll(enough);
+    for (const piece of changed) this.#pending.add(piece);
+    if (this.#rest && this.#rest.page <= first) return;
     this.#fill(first, this.#found(place), this.pages.splice(first), enough);
   }
 
@@ -72,8 +80,7 @@ export class Pager {
 
   /** Goes on where the filling of pages stopped. */
   fillOn(enough: Enough): void {
-    if (!this.#rest)
-      return;
+    if (!this.#rest) return;
     const { page, place } = this.#rest;
     this.#rest = null;
     this.#fill(page, this.#found(place), this.pages.splice(page), enough);
@@ -86,8 +93,7 @@ export class Pager {
       const slices = this.pages[i].columns.flat();
       if (slices.some(each => each.piece === piece && y >= each.from - tolerance && (y < each.to || each.isWhole)))
         return i;
-      if (slices.length > 0 && slices[0].piece.start > piece.start)
-        return -1;
+      if (slices.length > 0 && slices[0].piece.start > piece.start) return -1;
     }
     return -1;
   }
@@ -107,12 +113,10 @@ export class Pager {
     while (low < high) {
       const middle = (low + high) >> 1;
       const { begin } = this.pages[middle];
-      const isBefore = begin.sequence < sequence
-        || begin.sequence === sequence && (begin.piece?.start ?? -1) <= offset;
-      if (isBefore)
-        low = middle + 1;
-      else
-        high = middle;
+      const isBefore =
+        begin.sequence < sequence || (begin.sequence === sequence && (begin.piece?.start ?? -1) <= offset);
+      if (isBefore) low = middle + 1;
+      else high = middle;
     }
     return Math.max(0, low - 1);
   }
@@ -144,19 +148,26 @@ export class Pager {
       const filled: Filled = new PageFiller(this, this.outline, this.measuring, place).fill();
       this.pages.push(before && isSamePage(before, filled.page) ? Object.assign(before, filled.page) : filled.page);
       for (const slice of filled.page.columns.flat())
-        if (filled.next?.piece !== slice.piece)
-          this.#pending.delete(slice.piece);
+        if (filled.next?.piece !== slice.piece) this.#pending.delete(slice.piece);
       place = filled.next;
     }
     this.#pending.clear();
   }
 }
 
-interface Filled { page: Page; next: Place | null }
+interface Filled {
+  page: Page;
+  next: Place | null;
+}
 
 function isSame(a: Place, b: Place): boolean {
-  return a.piece === b.piece && a.sequence === b.sequence && Math.abs(a.from - b.from) < 0.1 && a.number === b.number
-    && a.piece !== null;
+  return (
+    a.piece === b.piece &&
+    a.sequence === b.sequence &&
+    Math.abs(a.from - b.from) < 0.1 &&
+    a.number === b.number &&
+    a.piece !== null
+  );
 }
 
 function isSamePage(a: Page, b: Page): boolean {
@@ -173,10 +184,14 @@ class PageFiller {
   #notes = 0;
   #endsPage = false;
 
-  constructor(private readonly pager: Pager, private readonly outline: Outline, private readonly measuring: Measuring,
-    private readonly place: Place) {
+  constructor(
+    private readonly pager: Pager,
+    private readonly outline: Outline,
+    private readonly measuring: Measuring,
+    private readonly place: Place,
+  ) {
     this.#sequence = outline.sequences[place.sequence];
-    this.#pieces = this.#sequence ? pager.flowOf(this.#sequence)?.pieces ?? [] : [];
+    this.#pieces = this.#sequence ? (pager.flowOf(this.#sequence)?.pieces ?? []) : [];
     this.#index = place.index;
     this.#from = place.from;
     const reference = this.#sequence?.attributes.get("master-reference") ?? "";
@@ -195,7 +210,10 @@ class PageFiller {
     for (let i = 0; i < this.#shape.body.columns; ++i)
       columns.push(isBlank || this.#endsPage ? [] : this.#fillColumn());
     const page: Page = {
-      sequence: this.#sequence, shape: this.#shape, number: this.#number, columns,
+      sequence: this.#sequence,
+      shape: this.#shape,
+      number: this.#number,
+      columns,
       label: formattedNumber(this.#number, this.#sequence?.attributes.get("format") ?? "1"),
       begin: { ...this.place, piece: this.#pieces[this.place.index] ?? null },
     };
@@ -206,22 +224,28 @@ class PageFiller {
     const number = this.#number + 1;
     if (this.#index < this.#pieces.length)
       return {
-        sequence: this.place.sequence, piece: this.#pieces[this.#index], index: this.#index, from: this.#from, number,
+        sequence: this.place.sequence,
+        piece: this.#pieces[this.#index],
+        index: this.#index,
+        from: this.#from,
+        number,
         pageInSequence: this.place.pageInSequence + 1,
       };
     const sequence = this.place.sequence + 1;
     return sequence < this.outline.sequences.length
-      ? { sequence, piece: null, index: 0, from: 0, number, pageInSequence: 0 } : null;
+      ? { sequence, piece: null, index: 0, from: 0, number, pageInSequence: 0 }
+      : null;
   }
 
   /** A page is left empty where the next piece begins on one with another parity. */
   #mustStayBlank(): boolean {
     const piece = this.#pieces[this.#index];
-    if (!piece || this.#from > 0)
-      return false;
+    if (!piece || this.#from > 0) return false;
     const wanted = this.measuring.boxOf(piece).breakBefore;
-    return this.place.pageInSequence > 0
-      && (wanted === "odd-page" && this.#number % 2 === 0 || wanted === "even-page" && this.#number % 2 === 1);
+    return (
+      this.place.pageInSequence > 0 &&
+      ((wanted === "odd-page" && this.#number % 2 === 0) || (wanted === "even-page" && this.#number % 2 === 1))
+    );
   }
 
   #measureAhead(): void {
@@ -229,8 +253,7 @@ class PageFiller {
     const wanted: Piece[] = [];
     for (let i = this.#index, height = 0; i < this.#pieces.length && height < 2 * this.#shape.body.height; ++i) {
       const piece = this.#pieces[i];
-      if (!this.measuring.isMeasured(piece, width) && !this.measuring.measureShown(piece, width))
-        wanted.push(piece);
+      if (!this.measuring.isMeasured(piece, width) && !this.measuring.measureShown(piece, width)) wanted.push(piece);
       height += piece.measures?.height ?? 20;
     }
     this.measuring.measure(wanted, width);
@@ -243,8 +266,7 @@ class PageFiller {
     let spaceAfter = 0;
     while (this.#index < this.#pieces.length) {
       const piece = this.#pieces[this.#index];
-      if (!this.measuring.isMeasured(piece, width))
-        this.measuring.measure([piece], width);
+      if (!this.measuring.isMeasured(piece, width)) this.measuring.measure([piece], width);
       const box = this.measuring.boxOf(piece);
       const measures = piece.measures!;
       if (slices.length > 0 && this.#from === 0 && box.breakBefore) {
@@ -277,7 +299,9 @@ class PageFiller {
   /** Where there is room for more below it, the header of a table is shown on each of its pages. */
   #headerOf(piece: Piece): Header | null {
     const header = this.measuring.headerOf(piece);
-    return header && header.height < this.#shape.body.height / 3 && this.#from >= header.top + header.height ? header : null;
+    return header && header.height < this.#shape.body.height / 3 && this.#from >= header.top + header.height
+      ? header
+      : null;
   }
 
   /** As much of the piece as there is room for. */
@@ -285,11 +309,12 @@ class PageFiller {
     const isFirst = slices.length === 0;
     const box = this.measuring.boxOf(piece);
     const most = this.#from + room + tolerance;
-    const at = box.keepTogether && !isFirst ? undefined
-      : this.measuring.breaksOf(piece).findLast(each => each > this.#from + tolerance && each <= most);
+    const at =
+      box.keepTogether && !isFirst
+        ? undefined
+        : this.measuring.breaksOf(piece).findLast(each => each > this.#from + tolerance && each <= most);
     const to = at ?? (isFirst ? this.#from + Math.max(room, 20) : undefined);
-    if (to === undefined)
-      return this.#takeBackKept(slices);
+    if (to === undefined) return this.#takeBackKept(slices);
     slices.push({ piece, from: this.#from, to, isWhole: false, ...above });
     this.#notes += notes;
     this.#from = to;
@@ -298,10 +323,8 @@ class PageFiller {
   /** Headings go to the next page with what they head. */
   #takeBackKept(slices: Slice[]): void {
     let kept = 0;
-    while (kept < slices.length && this.measuring.boxOf(slices[slices.length - 1 - kept].piece).keepWithNext)
-      ++kept;
-    if (kept === 0 || kept === slices.length || slices.slice(-kept).some(each => !each.isWhole))
-      return;
+    while (kept < slices.length && this.measuring.boxOf(slices[slices.length - 1 - kept].piece).keepWithNext) ++kept;
+    if (kept === 0 || kept === slices.length || slices.slice(-kept).some(each => !each.isWhole)) return;
     slices.length -= kept;
     this.#index -= kept;
   }

@@ -12,7 +12,11 @@ export class Pages {
   #shown = new Map<Page, PageElement>();
   #tops: number[] = [];
 
-  constructor(private readonly scroller: HTMLElement, private readonly pager: Pager, private readonly measuring: Measuring) {
+  constructor(
+    private readonly scroller: HTMLElement,
+    private readonly pager: Pager,
+    private readonly measuring: Measuring,
+  ) {
     this.element.className = "pages";
     this.element.dataset.pages = "";
     scroller.append(this.element);
@@ -24,10 +28,12 @@ export class Pages {
     const height = this.scroller.clientHeight;
     const from = (this.scroller.scrollTop - margin * height) / zoom;
     const to = (this.scroller.scrollTop + (1 + margin) * height) / zoom;
-    const first = Math.max(0, this.#tops.findIndex((top, i) => top + this.pager.pages[i].shape.height >= from));
+    const first = Math.max(
+      0,
+      this.#tops.findIndex((top, i) => top + this.pager.pages[i].shape.height >= from),
+    );
     let last = first;
-    while (last + 1 < this.#tops.length && this.#tops[last + 1] <= to)
-      ++last;
+    while (last + 1 < this.#tops.length && this.#tops[last + 1] <= to) ++last;
     return [first, last];
   }
 
@@ -49,27 +55,22 @@ export class Pages {
     for (let i = first; i <= last; ++i) {
       const page = this.pager.pages[i];
       const shown = this.#shown.get(page) ?? this.#show(page);
-      if (shown.drawn !== page.columns)
-        shown.update(page);
+      if (shown.drawn !== page.columns) shown.update(page);
       shown.drawn = page.columns;
       const style = `translate(${(this.#width - page.shape.width) / 2}px, ${this.#tops[i]}px)`;
-      if (shown.element.style.transform !== style)
-        shown.element.style.transform = style;
+      if (shown.element.style.transform !== style) shown.element.style.transform = style;
       const next: Element | null = before ? before.nextElementSibling : this.element.firstElementChild;
-      if (next !== shown.element)
-        this.element.insertBefore(shown.element, next);
+      if (next !== shown.element) this.element.insertBefore(shown.element, next);
       before = shown.element;
     }
   }
 
   updateStatics(): void {
-    for (const shown of this.#shown.values())
-      shown.updateStatics();
+    for (const shown of this.#shown.values()) shown.updateStatics();
   }
 
   clear(): void {
-    for (const shown of this.#shown.values())
-      shown.remove();
+    for (const shown of this.#shown.values()) shown.remove();
     this.#shown.clear();
   }
 
@@ -101,7 +102,7 @@ export class Pages {
     });
     const css = `width:${this.#width}px;height:${top}px;`;
     if (this.#css !== css)
-      this.element.style.cssText = `${this.#css = css}${this.element.style.zoom ? `zoom:${this.element.style.zoom};` : ""}`;
+      this.element.style.cssText = `${(this.#css = css)}${this.element.style.zoom ? `zoom:${this.element.style.zoom};` : ""}`;
   }
 
   #css = "";

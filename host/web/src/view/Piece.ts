@@ -16,10 +16,16 @@ export interface Measures {
 }
 
 /** From where in a piece, and how high, the header of its table is. */
-export interface Header { top: number; height: number }
+export interface Header {
+  top: number;
+  height: number;
+}
 
 /** One place where a piece is shown, or with a part from 0 one of its footnotes. */
-export interface Mount { mounted: Mounted; part: number }
+export interface Mount {
+  mounted: Mounted;
+  part: number;
+}
 
 export class Piece {
   start = 0;
@@ -49,10 +55,8 @@ export class Piece {
   /** Takes up a change of text within. */
   change({ start, removed, inserted }: Change): void {
     this.end += inserted - removed;
-    if (this.edit)
-      this.box = this.edit = null;
-    else if (this.box)
-      this.edit = { start: start - this.start, removed, inserted };
+    if (this.edit) this.box = this.edit = null;
+    else if (this.box) this.edit = { start: start - this.start, removed, inserted };
     this.#forgetMeasures();
   }
 
@@ -76,8 +80,7 @@ export class Piece {
         continue;
       }
       const shown = part === -1 ? box.root : box.footnotes[part];
-      if (shown)
-        mounted.update(shown);
+      if (shown) mounted.update(shown);
     }
   }
 }

@@ -4,28 +4,35 @@ import type { Outline } from "./Outline.ts";
 import type { Leaf } from "./Mounted.ts";
 import type { Piece, Mount } from "./Piece.ts";
 
-export interface Place { piece: Piece; mount: Mount; leaf: Leaf }
-export interface CaretBox { left: number; top: number; height: number }
+export interface Place {
+  piece: Piece;
+  mount: Mount;
+  leaf: Leaf;
+}
+export interface CaretBox {
+  left: number;
+  top: number;
+  height: number;
+}
 
 export class Positions {
-  constructor(private readonly outline: Outline, private readonly pages: HTMLElement) {}
+  constructor(
+    private readonly outline: Outline,
+    private readonly pages: HTMLElement,
+  ) {}
 
   /** Where an offset is shown; of several places the one that is really seen. */
   placeOf(offset: number, piece = this.outline.pieceAt(offset)): Place | null {
-    if (!piece)
-      return null;
+    if (!piece) return null;
     const inPiece = offset - piece.start;
     const note = piece.box?.footnotes.findIndex(each => inPiece >= each.start && inPiece <= each.end) ?? -1;
     let found: Place | null = null;
     for (const mount of piece.mounts) {
-      if (mount.part !== note)
-        continue;
+      if (mount.part !== note) continue;
       const leaf = mount.mounted.leafAt(inPiece);
-      if (!leaf)
-        continue;
+      if (!leaf) continue;
       const place = { piece, mount, leaf };
-      if (piece.mounts.size === 1 || this.#isSeen(place, offset))
-        return place;
+      if (piece.mounts.size === 1 || this.#isSeen(place, offset)) return place;
       found ??= place;
     }
     return found;
@@ -41,17 +48,14 @@ export class Positions {
   offsetAt(x: number, y: number): number | null {
     const hit = document.elementFromPoint(x, y);
     const page = hit?.closest<HTMLElement>(".page");
-    if (!page || !this.pages.contains(page))
-      return null;
+    if (!page || !this.pages.contains(page)) return null;
     const caret = document.caretPositionFromPoint(x, y);
     const node = caret?.offsetNode;
     const object = hit!.closest<HTMLElement>(".object");
-    if (object)
-      return this.#offsetBeside(object, x);
+    if (object) return this.#offsetBeside(object, x);
     if (node && node.nodeType === Node.TEXT_NODE && page.contains(node)) {
       const inText = this.#offsetIn(node as Text, caret!.offset, x);
-      if (inText !== null)
-        return inText;
+      if (inText !== null) return inText;
     }
     return this.#nearestOffset(hit!, page, x, y);
   }
@@ -60,9 +64,12 @@ export class Positions {
   rangesOf(start: number, end: number): Range[] {
     const ranges: Range[] = [];
     for (const region of this.outline.regions) {
-      if (region.contentEnd < start || region.contentStart > end)
-        continue;
-      for (let i = firstEndingBehind(region.pieces, start); i < region.pieces.length && region.pieces[i].start < end; ++i)
+      if (region.contentEnd < start || region.contentStart > end) continue;
+      for (
+        let i = firstEndingBehind(region.pieces, start);
+        i < region.pieces.length && region.pieces[i].start < end;
+        ++i
+      )
         for (const mount of region.pieces[i].mounts)
           addRanges(ranges, mount, start - region.pieces[i].start, end - region.pieces[i].start);
     }
@@ -77,12 +84,14 @@ export class Positions {
   }
 
   #boxIn({ piece, leaf }: Place, offset: number, atLineEnd: boolean): CaretBox {
-    if (leaf.kind !== "text")
-      return boxBeside(leaf, offset - piece.start);
+    if (leaf.kind !== "text") return boxBeside(leaf, offset - piece.start);
     const text = leaf.node as Text;
     const inPiece = offset - piece.start;
-    const index = leaf.isPlain ? Math.max(0, Math.min(inPiece - leaf.start, text.length))
-      : inPiece > leaf.start && text.data !== "\u200b" ? text.length : 0;
+    const index = leaf.isPlain
+      ? Math.max(0, Math.min(inPiece - leaf.start, text.length))
+      : inPiece > leaf.start && text.data !== "\u200b"
+        ? text.length
+        : 0;
     return boxInText(text, index, atLineEnd);
   }
 
@@ -93,21 +102,17 @@ export class Positions {
         for (const { mounted } of piece.mounts)
           if (mounted.element.contains(node) || mounted.element === root) {
             const leaf = mounted.leafOf(node);
-            if (leaf)
-              return { piece, leaf };
+            if (leaf) return { piece, leaf };
           }
     return null;
   }
 
   #offsetIn(node: Text, index: number, x: number): number | null {
     const found = this.#leafOf(node);
-    if (!found)
-      return null;
+    if (!found) return null;
     const { piece, leaf } = found;
-    if (leaf.isPlain)
-      return piece.start + leaf.start + index;
-    if (node.data === "\u200b")
-      return piece.start + leaf.start;
+    if (leaf.isPlain) return piece.start + leaf.start + index;
+    if (node.data === "\u200b") return piece.start + leaf.start;
     const range = document.createRange();
     range.selectNode(node);
     const rect = range.getBoundingClientRect();
@@ -126,12 +131,10 @@ export class Positions {
     let best: { distance: number; offset: number } | null = null;
     for (const { piece, mount } of this.#mountsIn(around ?? page)) {
       const rect = mount.mounted.element.closest(".cut, .piece, .footnote")!.getBoundingClientRect();
-      if (best && distanceTo(rect, x, y) > best.distance)
-        continue;
+      if (best && distanceTo(rect, x, y) > best.distance) continue;
       for (const leaf of mount.mounted.leaves) {
         const element = leaf.node instanceof Element ? leaf.node : leaf.node.parentElement!;
-        if (around && around.matches("td, .label, .body:not(.region)") && !around.contains(element))
-          continue;
+        if (around && around.matches("td, .label, .body:not(.region)") && !around.contains(element)) continue;
         for (const part of rectsOf(leaf)) {
           const distance = distanceTo(part, x, y);
           if (!best || distance < best.distance)
@@ -144,12 +147,22 @@ export class Positions {
 
   #offsetInLeaf(leaf: Leaf, rect: DOMRect, x: number, y: number): number {
     if (leaf.kind === "text" && leaf.isPlain) {
-      const caret = document.caretPositionFromPoint(Math.max(rect.left + 0.5, Math.min(x, rect.right - 0.5)), (rect.top + rect.bottom) / 2);
+      const caret = document.caretPositionFromPoint(
+        Math.max(rect.left + 0.5, Math.min(x, rect.right - 0.5)),
+        (rect.top + rect.bottom) / 2,
+      );
       if (caret?.offsetNode === leaf.node)
-        return leaf.start + caret.offset + (x >= rect.right && caret.offset < (leaf.node as Text).length && isLastOfLine(leaf.node as Text, caret.offset, rect) ? 1 : 0);
+        return (
+          leaf.start +
+          caret.offset +
+          (x >= rect.right &&
+          caret.offset < (leaf.node as Text).length &&
+          isLastOfLine(leaf.node as Text, caret.offset, rect)
+            ? 1
+            : 0)
+        );
     }
-    if (leaf.kind === "text" && (leaf.node as Text).data === "\u200b")
-      return leaf.start;
+    if (leaf.kind === "text" && (leaf.node as Text).data === "\u200b") return leaf.start;
     return y > rect.bottom || x > (rect.left + rect.right) / 2 ? leaf.end : leaf.start;
   }
 
@@ -157,8 +170,7 @@ export class Positions {
     for (const region of this.outline.regions)
       for (const piece of region.pieces)
         for (const mount of piece.mounts)
-          if (around.contains(mount.mounted.element) || mount.mounted.element.contains(around))
-            yield { piece, mount };
+          if (around.contains(mount.mounted.element) || mount.mounted.element.contains(around)) yield { piece, mount };
   }
 }
 
@@ -181,8 +193,7 @@ function rectsOf(leaf: Leaf): DOMRect[] {
     const { left, right, top, height } = (leaf.node as Element).getBoundingClientRect();
     return [new DOMRect(leaf.kind === "before" ? left - 2 : right, top, 2, height)];
   }
-  if (leaf.kind === "object")
-    return [(leaf.node as Element).getBoundingClientRect()];
+  if (leaf.kind === "object") return [(leaf.node as Element).getBoundingClientRect()];
   const range = document.createRange();
   range.selectNodeContents(leaf.node);
   return [...range.getClientRects()];
@@ -190,7 +201,7 @@ function rectsOf(leaf: Leaf): DOMRect[] {
 
 function boxBeside(leaf: Leaf, inPiece: number): CaretBox {
   const rect = (leaf.node as Element).getBoundingClientRect();
-  const isBehind = leaf.kind === "after" || leaf.kind === "object" && inPiece >= leaf.end;
+  const isBehind = leaf.kind === "after" || (leaf.kind === "object" && inPiece >= leaf.end);
   const left = isBehind ? rect.right : rect.left - (leaf.kind === "before" ? 2 : 0);
   return { left, top: rect.top, height: rect.height || parseFloat(getComputedStyle(leaf.node as Element).fontSize) };
 }
@@ -218,18 +229,15 @@ function firstEndingBehind(pieces: Piece[], offset: number): number {
   let high = pieces.length;
   while (low < high) {
     const middle = (low + high) >> 1;
-    if (pieces[middle].end > offset)
-      high = middle;
-    else
-      low = middle + 1;
+    if (pieces[middle].end > offset) high = middle;
+    else low = middle + 1;
   }
   return low;
 }
 
 function addRanges(ranges: Range[], { mounted }: Mount, start: number, end: number): void {
   for (const leaf of mounted.leaves) {
-    if (leaf.end <= start || leaf.start >= end || leaf.kind === "before" || leaf.kind === "after")
-      continue;
+    if (leaf.end <= start || leaf.start >= end || leaf.kind === "before" || leaf.kind === "after") continue;
     const range = document.createRange();
     if (leaf.kind === "text" && leaf.isPlain) {
       const { length } = leaf.node as Text;

@@ -4,7 +4,12 @@
 import type { Attributes } from "../markup/Markup.ts";
 import { isBox, type Box } from "./Box.ts";
 
-interface Noted { before: number; after: number; attributes: Attributes; isClosed: boolean }
+interface Noted {
+  before: number;
+  after: number;
+  attributes: Attributes;
+  isClosed: boolean;
+}
 
 const edges = /border|padding|height/;
 
@@ -23,14 +28,10 @@ export class Spaces {
     let spaceBefore = 0;
     let spaceAfter = 0;
     for (const [box, { before, after }] of this.#noted) {
-      if (firsts.has(box))
-        spaceBefore = Math.max(spaceBefore, before);
-      else if (before !== 0)
-        box.style += `margin-block-start:${before}px;`;
-      if (lasts.has(box))
-        spaceAfter = Math.max(spaceAfter, after);
-      else if (after !== 0)
-        box.style += `margin-block-end:${after}px;`;
+      if (firsts.has(box)) spaceBefore = Math.max(spaceBefore, before);
+      else if (before !== 0) box.style += `margin-block-start:${before}px;`;
+      if (lasts.has(box)) spaceAfter = Math.max(spaceAfter, after);
+      else if (after !== 0) box.style += `margin-block-end:${after}px;`;
     }
     return { spaceBefore, spaceAfter };
   }
@@ -44,11 +45,9 @@ export class Spaces {
     const found: Box[] = [];
     for (let box = root; ;) {
       const child = side === "first" ? box.children[0] : box.children[box.children.length - 1];
-      if (!child || !isBox(child) || !this.#noted.has(child))
-        return found;
+      if (!child || !isBox(child) || !this.#noted.has(child)) return found;
       found.push(child);
-      if (this.#noted.get(child)!.isClosed || child.tag === "table")
-        return found;
+      if (this.#noted.get(child)!.isClosed || child.tag === "table") return found;
       box = child;
     }
   }

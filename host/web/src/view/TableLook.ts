@@ -25,24 +25,33 @@ export function styleOfTable(attributes: Attributes, columns: Attributes[]): str
 }
 
 export function widthsOfColumns(columns: Attributes[]): Box | null {
-  if (columns.length === 0)
-    return null;
+  if (columns.length === 0) return null;
   const shares = columns.map(each => Number(each.get("column-width")?.match(proportional)?.[1] ?? 0));
   const all = shares.reduce((total, share, i) => total + share * repeats(columns[i]), 0);
   const children = columns.map((column, i): Box => {
-    const width = shares[i] > 0 ? `${round(100 * shares[i] / all)}%` : column.get("column-width") ?? "auto";
+    const width = shares[i] > 0 ? `${round((100 * shares[i]) / all)}%` : (column.get("column-width") ?? "auto");
     const attributes: Record<string, string> = repeats(column) > 1 ? { span: String(repeats(column)) } : {};
-    return { tag: "col", className: "", style: `width:${width.replace(/[^\w.%]/g, "")};`, attributes, start: -1, end: -1, children: [] };
+    return {
+      tag: "col",
+      className: "",
+      style: `width:${width.replace(/[^\w.%]/g, "")};`,
+      attributes,
+      start: -1,
+      end: -1,
+      children: [],
+    };
   });
   return { tag: "colgroup", className: "", style: "", attributes: {}, start: -1, end: -1, children };
 }
 
 export function attributesOfCell(attributes: Attributes): Record<string, string> {
   const given: Record<string, string> = {};
-  for (const [name, as] of [["number-columns-spanned", "colspan"], ["number-rows-spanned", "rowspan"]]) {
+  for (const [name, as] of [
+    ["number-columns-spanned", "colspan"],
+    ["number-rows-spanned", "rowspan"],
+  ]) {
     const value = attributes.get(name);
-    if (value && value !== "1")
-      given[as] = value;
+    if (value && value !== "1") given[as] = value;
   }
   return given;
 }
