@@ -2,8 +2,8 @@
 program with what the recipe says of the package.
     run_conanfile.py WORK static|shared"""
 
-import importlib.util
 import os
+import runpy
 import shutil
 import subprocess
 import sys
@@ -16,10 +16,7 @@ sys.path.insert(0, HERE)
 
 
 def recipe_class():
-    module = importlib.util.spec_from_file_location("conanfile", RECIPE)
-    loaded = importlib.util.module_from_spec(module)
-    module.loader.exec_module(loaded)
-    return loaded.FormeConan
+    return runpy.run_path(RECIPE)["FormeConan"]
 
 
 def create(work, shared):
