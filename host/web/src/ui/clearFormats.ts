@@ -1,7 +1,8 @@
 // Takes what was set on the text itself away; paragraphs stay as they are.
 
 import type { Editor, Property } from "./Editor.ts";
-import { ancestors, drawn, DrawnKind, keepingSelection, selection, type Drawn, type Range } from "./markup.ts";
+import { DrawnKind, type Drawn } from "../library/Drawn.ts";
+import { ancestors, drawn, keepingSelection, selection, type Range } from "./markup.ts";
 
 const initial: Property[] = [
   ["fo:font-weight", "normal"],

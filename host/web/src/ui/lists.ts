@@ -2,7 +2,8 @@
 
 import type { Editor } from "./Editor.ts";
 import { ListType } from "./EditingState.ts";
-import { around, drawn, DrawnKind, elementRange, paragraphs, select, type Drawn, type Range } from "./markup.ts";
+import { DrawnKind, type Drawn } from "../library/Drawn.ts";
+import { around, drawn, elementRange, paragraphs, select, type Range } from "./markup.ts";
 import { lengthInMm, mm } from "./lengths.ts";
 import { setOnParagraphs } from "./styles.ts";
 

@@ -1,25 +1,7 @@
 // Where things are in the document's markup, and edits of it that no request makes by itself.
 
+import { DrawnKind, type Drawn } from "../library/Drawn.ts";
 import type { Editor } from "./Editor.ts";
-
-export const enum DrawnKind {
-  Start = 0,
-  End = 1,
-  Empty = 2,
-  Text = 3,
-  Character = 4,
-  Placeholder = 5,
-  Object = 6,
-  Hidden = 7,
-}
-
-export interface Drawn {
-  kind: DrawnKind;
-  start: number;
-  end: number;
-  isStop: boolean;
-  text: string;
-}
 
 export interface Place {
   name: string;

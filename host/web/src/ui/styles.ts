@@ -1,17 +1,10 @@
 // Paragraph styles: what a document says of a paragraph, as a set of attributes. The attribute
 // `role` tells readers of the PDF, and this editor, which style it is.
 
+import { DrawnKind, type Drawn } from "../library/Drawn.ts";
 import type { TextKey } from "../texts/texts.ts";
 import type { Editor } from "./Editor.ts";
-import {
-  around,
-  DrawnKind,
-  keepingSelection,
-  paragraphs,
-  setAttributes,
-  type Attributes,
-  type Drawn,
-} from "./markup.ts";
+import { around, keepingSelection, paragraphs, setAttributes, type Attributes } from "./markup.ts";
 
 export interface ParagraphStyle {
   id: string;

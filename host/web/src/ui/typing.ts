@@ -1,7 +1,8 @@
 // Formats that are chosen with nothing selected hold for what is typed next.
 
 import type { Editor, Property } from "./Editor.ts";
-import { ancestors, drawn, DrawnKind } from "./markup.ts";
+import { DrawnKind } from "../library/Drawn.ts";
+import { ancestors, drawn } from "./markup.ts";
 
 const lines: Record<string, string> = {
   "fo:text-underline-style": "underline",

@@ -1,5 +1,6 @@
 // Makes the tree of what a piece shows from what the library says is drawn there.
 
+import { DrawnKind, type Drawn } from "../library/Drawn.ts";
 import type { Change, FormeDocument } from "../library/FormeDocument.ts";
 import { attributesOf, type Attributes } from "../markup/Markup.ts";
 import { isBox, type Box, type BreakKind, type PieceBox, type Run } from "./Box.ts";
@@ -8,25 +9,6 @@ import { lookOf } from "./ObjectLabels.ts";
 import { cssOf, fontSizeOf, insetOf, spaceOf } from "./Properties.ts";
 import { Spaces } from "./Spaces.ts";
 import { attributesOfCell, styleOfTable, widthsOfColumns } from "./TableLook.ts";
-
-enum Kind {
-  Start,
-  End,
-  Empty,
-  Text,
-  Character,
-  Placeholder,
-  Object,
-  Hidden,
-}
-
-interface Drawn {
-  kind: Kind;
-  start: number;
-  end: number;
-  isStop: boolean;
-  text: string;
-}
 
 /** An element whose content is being read. */
 interface Open {
@@ -147,22 +129,22 @@ export class BoxBuilder {
 
   #take(drawn: Drawn): void {
     switch (drawn.kind) {
-      case Kind.Start:
+      case DrawnKind.Start:
         return this.#begin(drawn);
-      case Kind.End:
+      case DrawnKind.End:
         return this.#finish(drawn);
-      case Kind.Empty:
+      case DrawnKind.Empty:
         this.#begin(drawn);
         return this.#finish(drawn);
-      case Kind.Text:
+      case DrawnKind.Text:
         return this.#addRun(drawn, drawn.text, true);
-      case Kind.Character:
+      case DrawnKind.Character:
         return this.#addRun(drawn, drawn.text, false);
-      case Kind.Placeholder:
+      case DrawnKind.Placeholder:
         return this.#addRun(drawn, "\u200b", false);
-      case Kind.Object:
+      case DrawnKind.Object:
         return this.#addObject(drawn);
-      case Kind.Hidden:
+      case DrawnKind.Hidden:
         return;
     }
   }

@@ -1,7 +1,7 @@
 // The text of a document as a reader sees it, paragraph by paragraph, and where its characters stand.
 
 import type { Editor } from "../Editor.ts";
-import { DrawnKind, type Drawn } from "../markup.ts";
+import { DrawnKind, type Drawn } from "../../library/Drawn.ts";
 
 /** Characters from `at` on that come of one piece of the document, unit by unit or as one. */
 interface Run {

@@ -1,7 +1,8 @@
 // The cells of a table in their columns and rows, and where they stand in the text.
 
 import type { Editor } from "../Editor.ts";
-import { attributeOf, drawn, DrawnKind, type Range } from "../markup.ts";
+import { DrawnKind } from "../../library/Drawn.ts";
+import { attributeOf, drawn, type Range } from "../markup.ts";
 
 export interface Cell extends Range {
   /** Where the content begins, behind the start tag. */
