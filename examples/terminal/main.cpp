@@ -7,15 +7,12 @@
 #include <clocale>
 #include <cwctype>
 #include <iostream>
+#include <stdexcept>
 
 namespace {
 
 constexpr auto ctrl = [](char letter) { return letter & 0x1F; };
-
-const struct {
-    int code;
-    void (*press)(Editor&);
-} bindings[] = {
+const std::pair<int, void (*)(Editor&)> bindings[] = {
     {KEY_LEFT, [](Editor& e) { e.document->moveCaretLeft(e.shift, e.ctrl, true); }},
     {KEY_RIGHT, [](Editor& e) { e.document->moveCaretRight(e.shift, e.ctrl, true); }},
     {KEY_UP, [](Editor& e) { e.moveRows(-1); }},
@@ -36,21 +33,18 @@ const struct {
     {ctrl('W'), [](Editor& e) { e.document->selectParent(); }},
     {ctrl('['), [](Editor& e) { e.document->resetSelection(); }},
     {ctrl('C'), [](Editor& e) { e.copy(); }},
-    {ctrl('X'), [](Editor& e) { e.copy(), e.document->erase(false, false); }},
+    {ctrl('X'), [](Editor& e) { e.cut(); }},
     {ctrl('V'), [](Editor& e) { e.document->pasteMarkup(e.clipboard); }},
     {ctrl('Z'), [](Editor& e) { e.document->undo(); }},
     {ctrl('Y'), [](Editor& e) { e.document->redo(); }},
     {ctrl('S'), [](Editor& e) { e.save(); }},
     {ctrl('Q'), [](Editor& e) { e.quit(); }},
-    {KEY_MOUSE, [](Editor& e) { e.followMouse(); }},
 };
 
-/// Terminals send these with the modifiers in the place of the %d, counted from 1.
+/// With modifiers, counted from 1, terminals send "\033[", the first, ";", these, the second.
 const std::pair<int, const char*> modifiedKeys[] = {
-    {KEY_UP, "\033[1;%dA"},   {KEY_DOWN, "\033[1;%dB"},  {KEY_RIGHT, "\033[1;%dC"},
-    {KEY_LEFT, "\033[1;%dD"}, {KEY_END, "\033[1;%dF"},   {KEY_HOME, "\033[1;%dH"},
-    {KEY_DC, "\033[3;%d~"},   {KEY_PPAGE, "\033[5;%d~"}, {KEY_NPAGE, "\033[6;%d~"}};
-
+    {KEY_UP, "1A"},   {KEY_DOWN, "1B"}, {KEY_RIGHT, "1C"}, {KEY_LEFT, "1D"}, {KEY_END, "1F"},
+    {KEY_HOME, "1H"}, {KEY_DC, "3~"},   {KEY_PPAGE, "5~"}, {KEY_NPAGE, "6~"}};
 constexpr int keyCodes = KEY_MAX + 1;
 
 struct Terminal {
@@ -61,25 +55,32 @@ struct Terminal {
         nonl();
         keypad(stdscr, TRUE);
         set_escdelay(25);
-        mouseinterval(0);
-        mousemask(BUTTON1_PRESSED | BUTTON1_RELEASED, nullptr);
         define_key("\033\r", ctrl('J')); // Alt+Enter, since few terminals tell of Shift+Enter
-        for (const auto& [code, sequence] : modifiedKeys)
-            for (int modifiers = 1; modifiers < 8; ++modifiers) {
-                char sent[16];
-                std::snprintf(sent, sizeof sent, sequence, modifiers + 1);
+        for (const auto& [code, ends] : modifiedKeys)
+            for (char modifiers = 1; modifiers < 8; ++modifiers) {
+                const char sent[] = {'\033', '[', ends[0], ';', char('1' + modifiers), ends[1], 0};
                 define_key(sent, code + modifiers * keyCodes);
             }
     }
     ~Terminal() { endwin(); }
 };
 
-void press(Editor& editor, int code) {
+void takeKey(Editor& editor) try {
+    wint_t got = 0;
+    const int kind = get_wch(&got), code = static_cast<int>(got);
+    if (kind == ERR)
+        throw std::runtime_error("the terminal is gone");
+    editor.message.clear();
     editor.shift = (code / keyCodes & 1) != 0;
     editor.ctrl = (code / keyCodes & 4) != 0;
-    for (const auto& [bound, press] : bindings)
-        if (bound == code % keyCodes)
-            press(editor);
+    if (kind == OK && std::iswprint(got))
+        editor.document->insertText(std::wstring(1, wchar_t(got)).c_str(), false, false);
+    else
+        for (const auto& [bound, press] : bindings)
+            if (bound == code % keyCodes)
+                press(editor);
+} catch (const Core::Exception& failure) {
+    editor.message = failure.what();
 }
 
 } // namespace
@@ -90,18 +91,8 @@ int main(int argc, char** argv) try {
     std::setlocale(LC_ALL, "");
     Editor editor(Core::Encoder::convertUTF8ToString(argv[1]));
     const Terminal terminal;
-    while (!editor.isDone) {
-        editor.draw();
-        wint_t got = 0;
-        const int kind = get_wch(&got);
-        if (kind == ERR)
-            throw Core::Exception(L"the terminal is gone");
-        editor.message.clear();
-        if (kind == OK && std::iswprint(got))
-            editor.document->insertText(std::wstring(1, wchar_t(got)).c_str(), false, false);
-        else
-            press(editor, static_cast<int>(got));
-    }
+    for (editor.draw(); !editor.isDone; editor.draw())
+        takeKey(editor);
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
     return 1;

@@ -72,6 +72,7 @@ class FormeConan(ConanFile):
         toolchain = CMakeToolchain(self)
         toolchain.cache_variables["FORME_BUILD_STATIC"] = False
         toolchain.cache_variables["FORME_TESTS"] = False
+        toolchain.cache_variables["FORME_TERMINAL"] = "OFF"
         toolchain.cache_variables["FORME_WARNINGS_ARE_ERRORS"] = False
         toolchain.cache_variables["FORME_CLI"] = bool(self.options.tools)
         for name in COMPONENTS:

@@ -15,7 +15,7 @@ bool isUpToDate(Layout& layout, const EditableDocumentBuffer& document) {
     Layout anew(document);
     anew.update(width);
     layout.update(width);
-    return layout.paragraphs() == anew.paragraphs();
+    return layout.lines() == anew.lines();
 }
 
 std::string failureOf(const std::filesystem::path& path, Random& random, std::size_t count) {
@@ -61,7 +61,7 @@ TEST(TerminalLayout, LaysOutWhatAKeyTouchesInABook) {
         layout.update(width);
         return layout.laidOut() - before;
     };
-    EXPECT_EQ(laidOutBy([] {}), 2500);
+    EXPECT_EQ(laidOutBy([] {}), 2501); // the last is of closing tags alone
     EXPECT_EQ(laidOutBy([&] { document.insertText(L"x", false, false); }), 3);
     EXPECT_EQ(laidOutBy([&] { document.insertBreak(BreakType::Hard, false); }), 4);
     EXPECT_EQ(laidOutBy([&] { document.erase(false, false); }), 3);
