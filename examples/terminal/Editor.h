@@ -104,9 +104,8 @@ private:
     /// Where the caret is shown.
     int row() const {
         const auto begin = layout_.lines().begin(), last = layout_.lines().end() - 1;
-        const int caret = document->getCaretPos();
-        return static_cast<int>(std::ranges::lower_bound(begin, last, caret, {}, &Line::end) -
-                                begin);
+        const auto isPassed = [&](auto& line) { return line.end() < document->getCaretPos(); };
+        return static_cast<int>(std::partition_point(begin, last, isPassed) - begin);
     }
     void moveTo(int row, int column, StopSide side) {
         const Line& line = this->line(row);

@@ -137,8 +137,8 @@ private:
     /// stops before a tag depends on what stands beside it.
     void takeUp(const TextChange& change) {
         const auto end = lines_.end();
-        const auto lineFrom = [&](auto from, int offset) {
-            return std::ranges::lower_bound(from, end, offset, {}, &Line::paragraph);
+        const auto lineFrom = [&](auto from, int at) {
+            return std::partition_point(from, end, [=](auto& line) { return line.paragraph < at; });
         };
         auto first = lineFrom(lines_.begin(), change.start);
         auto kept = lineFrom(first, change.start + change.removed);
@@ -165,7 +165,7 @@ private:
         const std::vector<Drawn> tag = document_.getDrawn(change.start, 1);
         const int from = tag.empty() ? change.start : std::min(tag.front().start, change.start);
         const std::vector<int> around = document_.getElementAt(line.paragraph).around;
-        const auto element = std::ranges::lower_bound(around, from);
+        const auto element = std::lower_bound(around.begin(), around.end(), from);
         return element != around.end() && *element < change.start + change.inserted;
     }
 
