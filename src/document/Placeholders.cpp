@@ -37,7 +37,7 @@ int placeholderLengthBefore(const XmlText& text, int position) {
 
 /// What the caret can stand in gets a placeholder, what holds inlines or blocks gets one of these
 /// with a placeholder.
-void insertPlaceholderInto(Document& document, int element, PlaceholderRepair& repair) {
+void insertPlaceholder(Document& document, int element, int place, PlaceholderRepair& repair) {
     const Text name = document.text().tagName(element);
     const bool holdsText = document.names.isEditable(name);
     const bool holdsInline = contains(Vocabulary::inlineHolders, name);
@@ -47,7 +47,7 @@ void insertPlaceholderInto(Document& document, int element, PlaceholderRepair& r
     const String start = holdsText ? String() : L"<" + child + L">";
     const String end = holdsText ? String() : L"</" + child + L">";
     const String xml = start + String(XmlScan::nbspEntity) + end;
-    repair.insertedStart = document.text().next(element);
+    repair.insertedStart = place;
     repair.insertedEnd = repair.insertedStart + xml.length();
     repair.placeholder = repair.insertedStart + start.length();
     const bool caretThere = document.caret() == repair.insertedStart;
@@ -125,8 +125,15 @@ PlaceholderRepair Placeholders::repair(Document& document, int position, bool re
         element = text.elementAround(start);
     }
     if (Placeholders::isVoid(document, element))
-        insertPlaceholderInto(document, element, repair);
+        insertPlaceholder(document, element, text.next(element), repair);
     return repair;
+}
+
+void Placeholders::fillAtEnd(Document& document, int position) {
+    const int element = document.text().elementAround(position);
+    PlaceholderRepair repair;
+    if (isVoid(document, element))
+        insertPlaceholder(document, element, document.text().closingTag(element), repair);
 }
 
 int Placeholders::repairLine(Document& document, int position) {

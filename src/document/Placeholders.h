@@ -48,6 +48,9 @@ bool isBetweenBreaks(const Document& document, int position, bool& isCharacter, 
 PlaceholderRepair repair(Document& document, int position, bool removeEmptyInlines);
 /// The same, answering only whether the text changed.
 bool repairEmptied(Document& document, int position, bool removeEmptyInlines);
+/// Puts a placeholder before the closing tag of the element around the position if nothing shows in
+/// it.
+void fillAtEnd(Document& document, int position);
 /// Repairs what held an inline that was removed at the position, and if that was all of a line, the
 /// line gets a placeholder. Answers where the caret belongs.
 int repairLine(Document& document, int position);

@@ -125,6 +125,10 @@ bool Backspace::removeEmptyElement() {
         Lines::startOfLayout(document_, std::max(start, Lines::startOfSkipped(document_, tag_)));
     caret_ = start;
     Edit(document_).remove(start, joinsText ? behindJoinedPlaceholder() : startOfJoined());
+    if (!document_.names.isEditable(tagName_)) { // which begins no line
+        caret_ = Placeholders::repairLine(document_, start);
+        return false;
+    }
     const int line = Lines::startOfSkipped(document_, start);
     return isSkipped && isBlockBoundaryBefore(line) &&
            !document_.text().selfClosingAt(document_.text().previous(line));
@@ -337,6 +341,8 @@ bool Backspace::eraseInPreviousList(int list) {
 
 bool Backspace::removeList(int list) {
     const int behind = document_.text().behindElement(list);
+    if (behind < 0) // the closing tag found is of nothing
+        return false;
     Edit(document_).remove(list, behind);
     caret_ = Placeholders::repair(document_, list, true).map(origin_ - (behind - list));
     return false;

@@ -45,6 +45,22 @@ bool wordStaysInCell(Document& document, bool forward) {
     return Stops::isInCellAround(document, start, end);
 }
 
+/// Of two blanks that a deletion brought together and of which one would be lost, the last becomes
+/// a non-breaking space.
+void protectAdjacentSpaces(Document& document) {
+    const auto isBlank = [&](int position) { return document.text().standsAt(L" ", position); };
+    if (!isBlank(document.caret()) || !isBlank(document.caret() - 1) ||
+        (!Stops::isSkipped(document, document.caret()) &&
+         !Stops::isSkipped(document, document.caret() - 1)))
+        return;
+    int last = document.caret();
+    while (isBlank(last + 1))
+        ++last;
+    DocumentText::replace(document, last, last, String(XmlScan::nbspEntity));
+    document.setCaret(last);
+    document.recordCaret();
+}
+
 void eraseUnit(Document& document, bool forward) {
     int place = document.caret();
     document.recordCaret();
@@ -57,6 +73,7 @@ void eraseUnit(Document& document, bool forward) {
         document.setCaret(place);
     document.recordCaret();
     Placeholders::repairEmptied(document, document.caret(), true);
+    protectAdjacentSpaces(document); // while the caret is between them
     Deletion::settleCaret(document);
 }
 
@@ -85,22 +102,6 @@ void keepInlineInHolder(Document& document) {
     }
     Edit(document).insert(place, L"<fo:inline>" + String(XmlScan::nbspEntity) + L"</fo:inline>");
     document.setCaret(Stops::next(document, place));
-    document.recordCaret();
-}
-
-/// Of two blanks that a deletion brought together and of which one would be lost, the last becomes
-/// a non-breaking space.
-void protectAdjacentSpaces(Document& document) {
-    const auto isBlank = [&](int position) { return document.text().standsAt(L" ", position); };
-    if (!isBlank(document.caret()) || !isBlank(document.caret() - 1) ||
-        (!Stops::isSkipped(document, document.caret()) &&
-         !Stops::isSkipped(document, document.caret() - 1)))
-        return;
-    int last = document.caret();
-    while (isBlank(last + 1))
-        ++last;
-    DocumentText::replace(document, last, last, String(XmlScan::nbspEntity));
-    document.setCaret(last);
     document.recordCaret();
 }
 
@@ -212,7 +213,10 @@ void Deletion::removeElementAround(Document& document, const String& name,
     document.recordCaret();
     Edit(document).remove(element, document.text().behindElement(element));
     document.setCaret(element);
-    Placeholders::repairEmptied(document, element, removeEmptyInlines);
+    if (removeEmptyInlines)
+        Placeholders::repairEmptied(document, element, true);
+    else
+        Placeholders::fillAtEnd(document, element);
     settleCaret(document);
     document.recordCaret();
     if (!command.mayStand())
