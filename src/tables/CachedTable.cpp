@@ -15,10 +15,10 @@ int tableAroundCaret(const Document& document) {
     return TablePlaces::tableAround(document.text(), document.caret());
 }
 
-int tableToOpen(const Document& document, int position) {
-    const int around = position != -1 ? TablePlaces::tableAround(document.text(), position)
-                                      : tableAroundCaret(document);
-    return around >= 0 ? around : TableSelection::selected(document);
+/// The table around the position, which a negative one leaves to the caret.
+int tableAt(const Document& document, int position) {
+    return position < 0 ? tableAroundCaret(document)
+                        : TablePlaces::tableAround(document.text(), position);
 }
 
 } // namespace
@@ -36,16 +36,20 @@ bool CachedTable::isAt(int table) const {
 }
 
 SmartPtr<EditableTableBuffer> CachedTable::open(Document& document, int position) {
-    const int table = tableToOpen(document, position);
+    const int around = tableAt(document, position);
+    if (const CachedTable* cached = of(document); cached && cached->isAt(around))
+        return cached->buffer_;
+    // One that is only selected is read anew, since the caret has left it.
+    const int table = around >= 0 ? around : TableSelection::selected(document);
     if (table < 0)
         return nullptr;
-    if (const CachedTable* cached = of(document); cached && cached->isAt(table))
-        return cached->buffer_;
     CommandScope scope(document);
     const XmlText& text = document.text();
-    const bool isMeant = position != -1 && TablePlaces::tableAround(text, position) == table;
-    if (isMeant && !text.elementContains(table, document.caret()))
+    const bool isMeant = position >= 0 && around >= 0;
+    if (isMeant && !text.elementContains(table, document.caret())) {
+        document.endTyping();
         document.setCaret(Stops::next(document, table));
+    }
     document.tableCache.reset(new CachedTable(document, table));
     return of(document)->buffer_;
 }

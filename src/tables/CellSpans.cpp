@@ -5,6 +5,8 @@
 #include "tables/RowMarks.h"
 
 #include <algorithm>
+#include <climits>
+#include <cstdint>
 
 using Core::String;
 using Xml::Element;
@@ -26,20 +28,24 @@ struct Span {
 constexpr Span columnSpan{L"number-columns-spanned", TableTree::columnSpanOf};
 constexpr Span rowSpan{L"number-rows-spanned", TableTree::rowSpanOf};
 
-int sumOfTold(const Span& span, const Element& a, const Element& b) {
-    return (span.isToldOn(a) ? span.of(a) : 0) + (span.isToldOn(b) ? span.of(b) : 0);
+std::int64_t sumOfTold(const Span& span, const Element& a, const Element& b) {
+    return std::int64_t{span.isToldOn(a) ? span.of(a) : 0} + (span.isToldOn(b) ? span.of(b) : 0);
+}
+
+int limited(std::int64_t span) {
+    return static_cast<int>(std::min<std::int64_t>(span, INT_MAX));
 }
 
 /// The span of two cells merged.
 int together(const Span& span, const Element& cell, const Element& neighbour) {
     const bool both = span.isToldOn(cell) && span.isToldOn(neighbour);
     const bool neither = !span.isToldOn(cell) && !span.isToldOn(neighbour);
-    return neither ? 2 : sumOfTold(span, cell, neighbour) + (both ? 0 : 1);
+    return neither ? 2 : limited(sumOfTold(span, cell, neighbour) + (both ? 0 : 1));
 }
 
 /// Deliberate: at an edge two spans that are both told make one more than their sum.
 int togetherAtEdge(const Span& span, const Element& cell, const Element& neighbour) {
-    return std::max(sumOfTold(span, cell, neighbour), 1) + 1;
+    return limited(std::max<std::int64_t>(sumOfTold(span, cell, neighbour), 1) + 1);
 }
 
 bool canSplit(const Span& span, const Element* cell) {
@@ -107,8 +113,8 @@ void CellSpans::mergeRows() {
 
 /// No merge goes from one body into the next.
 Element* CellSpans::below() const {
-    const int row = std::min(rowSpan.of(*cell_), rowCount()) + caret_.caret.row;
-    Element* cell = cellOf(row, caret_.caret.column);
+    const int row = caret_.caret.row;
+    Element* cell = cellOf(row + std::min(rowSpan.of(*cell_), INT_MAX - row), caret_.caret.column);
     return cell && groupOf(*cell) == groupOf(*cell_) ? cell : nullptr;
 }
 
@@ -165,12 +171,7 @@ void CellSpans::makeCellIn(int row) {
         return;
     }
     // Deliberate: it stands in the caret's row and keeps the whole span.
-    Element* last = TableTree::cellsOf(*cell_->get_parent()).back();
-    Element& added = CellContent::addLike(*cell_, false);
-    if (last != cell_) {
-        last->get_parent()->import_node(&added, true);
-        removeCell(added);
-    }
+    CellContent::renew(static_cast<Element&>(*cell_->get_parent()->import_node(cell_, true)));
 }
 
 bool CellSpans::canMergeColumns() const {

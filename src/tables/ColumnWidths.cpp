@@ -157,7 +157,7 @@ void ColumnWidths::resize(const String& width, float delta) {
         return;
     Xml::Length length = value->getLength();
     const float sum = (value->isPercent() ? value->getPercent() : length.getSize()) + delta;
-    if (sum < 0)
+    if (delta != 0 && sum < 0)
         return;
     if (delta != 0 && value->isPercent()) {
         value->setPercent(sum);
@@ -190,9 +190,12 @@ bool ColumnWidths::isShare(int column) const {
 
 int ColumnWidths::nextShare(int column) const {
     const int count = table_.columnCount;
-    for (int step = 1; column >= 0 && step < count; ++step)
-        if (isShare((column + step) % count))
-            return (column + step) % count;
+    const int behind = column >= -1 && column < count - 1 ? column + 1 : 0;
+    for (int step = 0; step < count; ++step) {
+        const int at = (behind + step) % count;
+        if (at != column && isShare(at))
+            return at;
+    }
     return -1;
 }
 

@@ -19,8 +19,10 @@ bool Table::update() {
     if (!stands() && around < 0)
         return false;
     const int table = stands() ? fragment_.start() : around;
-    if (around < 0)
+    if (around < 0) {
+        document_.endTyping();
         document_.setCaret(Stops::next(document_, table));
+    }
     read(table);
     return true;
 }
@@ -131,7 +133,8 @@ int Table::cellPosition(const CellPlace& place) const {
 
 int Table::cellPosition(int table, const CellPlace& place, int rows, int columns) const {
     const XmlText& text = document_.text();
-    const std::vector<int> rowsOfGroup = TablePlaces::rowsOf(text, table, place.group);
+    const Type group = place.group == Type::None ? Type::Body : place.group;
+    const std::vector<int> rowsOfGroup = TablePlaces::rowsOf(text, table, group);
     if (place.row < 0 || place.row >= static_cast<int>(rowsOfGroup.size()))
         return -1;
     const int row = rowsOfGroup[static_cast<std::size_t>(place.row)];

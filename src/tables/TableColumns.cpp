@@ -74,7 +74,7 @@ void TableColumns::insertColumnElement(int index) {
         return;
     }
     const int last = static_cast<int>(columns.size()) - 1;
-    copyColumnBehind(*columns[static_cast<std::size_t>(std::clamp(index - 1, 0, last))]);
+    copyColumnBehind(*columns[static_cast<std::size_t>(std::clamp(index, 1, last + 1) - 1)]);
     numberColumnElements();
 }
 

@@ -48,11 +48,13 @@ bool addRowBelow(Document& document) {
 
 int TableSelection::selected(const Document& document) {
     const XmlText& text = document.text();
-    if (!document.hasSelection())
+    const int first = document.hasSelection() ? text.skipSpaces(document.selectionStart()) : -1;
+    const int table = text.onTagStart(first) ? text.nextTag(first) : -1;
+    if (text.tagName(table) != L"fo:table")
         return -1;
-    const int table = text.nextTag(document.selectionStart());
-    const bool ends = text.previousTag(document.selectionEnd() - 1) == text.closingTag(table);
-    return text.tagName(table) == L"fo:table" && ends ? table : -1;
+    const int behind = text.behindElement(table);
+    const int end = document.selectionEnd();
+    return behind <= end && end <= text.skipSpaces(behind) ? table : -1;
 }
 
 bool EditableDocumentBuffer::caretIsInsideTable() const {

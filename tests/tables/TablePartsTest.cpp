@@ -71,10 +71,27 @@ TEST(RowGroups, AHeadingIsMadeOfARowThatKeepsWhatItIsSortedBy) {
 TEST(TableParts, ASelectedTableIsOpenedFromAnywhereOutside) {
     MarkedDocument buffer(L"<B>x</B>" + markupOf(L"(|a)"));
     EXPECT_EQ(buffer->getEditableTableBuffer(buffer.find(L"x")), nullptr);
+    EXPECT_EQ(buffer->getEditableTableBuffer(-1)->getCaretRow(), 0);
     buffer->selectTable(L"");
+    EXPECT_EQ(buffer->getEditableTableBuffer(-1)->getCaretRow(), -1);
     const EditorState selected = stateOf(buffer.face());
     ASSERT_TRUE(buffer->getEditableTableBuffer(buffer.find(L"x")));
     EXPECT_EQ(stateOf(buffer.face()), selected);
+}
+
+TEST(TableParts, TypingEndsWhereTheCaretIsTakenIntoATable) {
+    MarkedDocument buffer(L"<B>x|</B>" + markupOf(L"(a)") + L"<B>y</B>");
+    buffer->insertText(L"q", false, false);
+    const auto table = buffer->getEditableTableBuffer(buffer.find(L"a</"));
+    buffer->insertText(L"r", false, false);
+    buffer->undo();
+    EXPECT_NE(buffer.find(L"xq"), -1);
+    buffer->setCaretPos(false, buffer.find(L"y<"));
+    buffer->insertText(L"s", false, false);
+    table->updateTableBuffer();
+    buffer->insertText(L"t", false, false);
+    buffer->undo();
+    EXPECT_NE(buffer.find(L"sy"), -1);
 }
 
 /// The kept table is not read again where nothing asks for it, so what stands in it tells.
