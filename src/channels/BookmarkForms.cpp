@@ -88,19 +88,13 @@ Element* takeForControl(const Element& bookmark, Element& parent) {
     return made;
 }
 
-/// An empty one is none: it would not come back from the document.
-void addTitle(Element& bookmark, const String& title) {
-    if (!title.empty())
-        bookmark.add_child(titleName, L"fo")->set_child_text(title);
-}
-
 Element* takeForDocument(const Element& bookmark, Element& parent) {
     const bool isDynamic = bookmark.get_name().toLower() != fixedName;
     Element* made =
         isDynamic ? parent.add_child(dynamicName, L"qfd") : parent.add_child(fixedName, L"fo");
     for (const Attribute* attribute : bookmark.get_attributes())
         if (!isDynamic && attribute->get_name() == titleInControl)
-            addTitle(*made, attribute->get_value());
+            made->add_child(titleName, L"fo")->set_child_text(attribute->get_value());
         else if (const auto* names = find(&AttributeNames::control, *attribute, isDynamic))
             made->set_attribute(String(names->document), attribute->get_value(),
                                 String(names->prefix));

@@ -82,7 +82,7 @@ std::vector<PropertyValueEx> valuesOf(const Vector<TranspromoInfo>& places,
 
 /// Carries a change out as one undo step that leaves a run of typing open, to which it then
 /// belongs. If it raises, the scope brings the run back with all else. Answers whether it stood,
-/// which one that answers false itself does not.
+/// which one that answers false itself or has changed nothing does not.
 template <typename Change>
 bool carryOutInRun(Document& document, Change change) {
     const CommandScope scope(document);
@@ -90,7 +90,8 @@ bool carryOutInRun(Document& document, Change change) {
     bool stands = false;
     {
         RecordedCommand command(document);
-        stands = change() && command.mayStand();
+        const TextMark before = document.text().mark();
+        stands = change() && !document.text().isAsAt(before) && command.mayStand();
         if (!stands)
             command.takeBack();
     }

@@ -70,6 +70,14 @@ void Document::placeCaret(bool extend, int position) {
         notifySelectionChanged();
 }
 
+void Document::dropCaret() {
+    if (hasSelection())
+        notifySelectionChanged();
+    if (caret_ != -1)
+        notifyCaretChanged();
+    caret_ = pivot_ = -1;
+}
+
 void Document::select(int pivot, int caret) {
     setCaret(pivot);
     extendTo(caret);
@@ -153,16 +161,11 @@ void Document::placeCaretAfterEdit(int caret, int pivot) {
     notifyBufferChanged();
 }
 
-/// The old caret belongs to the old text and has no say in where the new one goes.
 void Document::replaceText(const String& content) {
     const int length = text_.length();
     text_.assign(content);
     versions_.add({0, length, text_.length()});
-    if (hasSelection())
-        notifySelectionChanged();
-    if (caret_ != -1)
-        notifyCaretChanged();
-    caret_ = pivot_ = -1;
+    dropCaret();
     Moves::home(*this, false);
 }
 
@@ -186,6 +189,10 @@ bool Document::isProtected() const {
 /// redone replacement must not bring back line ends that were converted.
 void Document::recordContent() {
     history.addAction(EditAction(EditAction::EditContent, -1, -1, -1, text_.content()));
+}
+
+void Document::keepReplacedContent(bool isUndone) {
+    history.keepReplaced(text_.content(), isUndone);
 }
 
 void Document::recordCaret(int caret, int pivot) {

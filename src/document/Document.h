@@ -66,6 +66,8 @@ public:
     /// Whether the caret is kept out of there, as out of the flows while page masters are edited.
     /// What would be edited there stays as it is.
     bool isOutOfReach(int position) const;
+    /// No caret, so that the old one has no say in where the next one goes.
+    void dropCaret();
     /// What moveCaret() does where the caret is not kept out.
     void placeCaret(bool extend, int position);
 
@@ -123,6 +125,8 @@ public:
     void recordInsertion(int position, const Core::String& xml);
     void recordDeletion(int position, const Core::String& xml);
     void recordContent();
+    /// The text, which a record that was taken from the history is about to replace.
+    void keepReplacedContent(bool isUndone);
 
     // What the monitor hears
 

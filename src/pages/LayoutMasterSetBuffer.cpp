@@ -611,7 +611,8 @@ void LayoutMasterSetBuffer::editComplexPageMaster(const PageMasterData& data) {
         return;
     ComplexMasters::check(name, data.getReferences(), *fragment().root());
     deleteComplexPageMaster(name);
-    Element& master = *Masters::addComplex(*fragment().root(), name);
+    addComplexPageMaster(name);
+    Element& master = *getComplexPageMasterByName(name); // of several the one that is looked up
     for (const ReferenceInfo& reference : data.getReferences())
         ComplexMasters::add(master, reference);
 }

@@ -29,6 +29,14 @@ String inTags(const String& startTag, Text content) {
     return startTag + String(content) + L"</" + String(XmlScan::tagName(startTag.view(), 0)) + L">";
 }
 
+/// What is to take the place of the element that stands there; the same where nothing was changed.
+String edition(const Fragment& read, const String& edited, const String& stands) {
+    if (edited == read.asRead() && stands == read.source())
+        return stands;
+    const String kept = keepSpelling(read.source(), read.asRead(), edited);
+    return inTags(startTagOf(stands.view()), contentOf(kept.view()));
+}
+
 } // namespace
 
 int MasterSet::elementIn(const Document& document) {
@@ -43,12 +51,12 @@ bool MasterSet::commit(Document& document, const Fragment& read, const String& e
     const int start = elementIn(document);
     const int end = seam.elementEnd(start);
     const String stands = seam.text(start, end);
-    if (edited == read.asRead() && stands == read.source())
-        return false;
-    const String kept = keepSpelling(read.source(), read.asRead(), edited);
-    const String text = inTags(startTagOf(stands.view()), contentOf(kept.view()));
+    const String text = edition(read, edited, stands);
     const CommitCaret caret{{document.caret(), document.pivot()}, {}};
-    return text != stands && seam.replace(start, end, text, caret, Prefixes::Declared);
+    if (text != stands)
+        return seam.replace(start, end, text, caret, Prefixes::Declared);
+    seam.place(caret);
+    return false;
 }
 
 String MasterSet::withoutAttributes(const String& element) {

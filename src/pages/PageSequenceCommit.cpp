@@ -107,7 +107,7 @@ private:
 void goHome(Document& document) {
     const CommandScope scope(document);
     document.endTyping();
-    document.setCaret(-1);
+    document.dropCaret();
     Moves::home(document, false);
 }
 
@@ -181,6 +181,7 @@ bool PageSequenceCommit::replace(const String& with) {
         document.recordCaret();
         document.recordDeletion(range.start, source_);
         document.recordInsertion(range.start, with);
+        document.dropCaret();
         document.rewriteUnrecorded(range.start, range.end, with, -1, -1);
         declareNamespaces(document, range.start, String(source_).trim(), with);
         Moves::home(document, false);

@@ -252,8 +252,10 @@ String Markup::characterData(const XmlText& text, int element) {
             at = text.behindElement(at);
         else if (text.onTagStart(at))
             at = text.next(at);
+        else if (text.unitAt(at) == L'&')
+            data += L'&';
         else
-            data += text.unitAt(at);
+            data += text.view(at, text.next(at));
     }
     return String(std::move(data));
 }
@@ -299,8 +301,11 @@ std::set<String> Namespaces::of(const XmlText& text, int element) {
         return declared;
     for (int at = text.nextAttribute(element + 1); at >= 0; at = text.nextAttribute(at)) {
         const Text name = text.attributeName(at);
-        if (name.starts_with(L"xmlns:"))
-            declared.insert(String(name) + L"=\"" + String(text.attributeValue(at)) + L"\"");
+        if (!name.starts_with(L"xmlns:"))
+            continue;
+        String address(text.attributeValue(at));
+        address.replaceAll(L"\"", L"&quot;"); // it may have stood between single quotes
+        declared.insert(String(name) + L"=\"" + address + L"\"");
     }
     return declared;
 }

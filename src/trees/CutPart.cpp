@@ -62,10 +62,10 @@ bool CutPart::replace(const String& written, const CaretRule& rule) {
 }
 
 void CutPart::placeOnly(DocumentSeam& seam, const CommitCaret& caret) {
-    if (!caret.after)
-        return;
-    document_->endTyping();
-    seam.place(caret);
+    if (caret.after)
+        seam.place(caret);
+    else
+        document_->endTyping();
 }
 
 void CutPart::moveTo(int start, int end) {

@@ -80,6 +80,7 @@ bool DocumentSeam::replace(int start, int end, const String& with, const CommitC
 
 void DocumentSeam::place(const CommitCaret& rule) {
     const FreezeNotifications freeze(*document_);
+    document_->endTyping();
     const bool hadSelection = document_->hasSelection();
     if (const std::optional<CaretPlace> place = rule.after ? rule.after() : std::nullopt)
         moveCaret(*place);

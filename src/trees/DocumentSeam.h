@@ -58,7 +58,7 @@ public:
     /// the document with it.
     bool replace(int start, int end, const Core::String& with, const CommitCaret& caret,
                  Prefixes prefixes = Prefixes::AsTheyAre);
-    /// Only sends the caret where a commit would.
+    /// Only ends the run of typing and sends the caret where a commit would.
     void place(const CommitCaret& caret);
 
 private:

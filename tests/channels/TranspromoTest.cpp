@@ -53,6 +53,9 @@ struct Sequences : MarkedDocument {
         buffer.overrideTranspromoList(places);
         EXPECT_EQ(stateOf(face()), before);
         buffer.commitChangesToEditableBuffer();
+        T same = open();
+        same.overrideTranspromoList(same.getTranspromoList());
+        same.commitChangesToEditableBuffer();
         expectReplays(face(), before);
         const EditorState after = stateOf(face());
         EXPECT_EQ(after.text.view().substr(static_cast<std::size_t>(after.caret), 3), L"ext");
