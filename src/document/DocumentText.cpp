@@ -70,11 +70,8 @@ bool isPrefix(std::wstring_view name) {
 void DocumentText::set(Document& document, const String& content, bool resetHistory) {
     CommandScope scope(document, CommandScope::Protection::PassedOver);
     document.endTyping();
-    std::optional<EditActionGroup> step;
-    if (!resetHistory) {
-        step.emplace(document);
+    if (!resetHistory)
         document.recordContent();
-    }
     String unixContent = content;
     unixContent.replaceAll(L"\r\n", L"\n");
     document.replaceText(unixContent);

@@ -142,8 +142,9 @@ public:
 
     /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. Whether
     /// the text is well formed is not looked at. With `resetHistory` nothing can be undone
-    /// afterwards. Without, the replacement is one undo step of two entries, the old text and the
-    /// new.
+    /// afterwards. Without, the replacement is recorded as two steps, the old text and the new, of
+    /// which an empty one is left out: the first undo only puts the new text in again. A caller that
+    /// wants one step brackets the call with an EditActionGroup.
     void setContent(const Core::String& content, bool resetHistory);
 
     /// Loads a file and forgets the history. The encoding is told by the file's byte order mark,
@@ -966,11 +967,11 @@ protected:
 
     // Breaks
 
-    /// A break at the caret, hard or soft, where it can stand and nothing is selected. Answers
-    /// where the block begins that a hard break made; -1 if it made none by splitting.
-    int insertLineBreak(bool hard);
-    /// The same for a hard break right at the caret, whatever table or form is around it.
-    int insertHardBreak();
+    /// A break at the caret, hard or soft, in the place of what is selected. One undo step.
+    void insertLineBreak(bool hard);
+    /// A hard break right at the caret, whatever table or form is around it. Answers the text that
+    /// splits the block; empty where none was split.
+    Core::String insertHardBreak();
     void insertSoftBreak();
 
     // Attributes as properties

@@ -80,7 +80,9 @@ TEST(ProtectedDocument, ChangesByAnotherTextAndItsHistoryOnly) {
     document.setContent(documentWith(namespaces), false);
     EXPECT_FALSE(document.isProtectedFromEditing());
     document.undo();
+    document.undo();
     EXPECT_TRUE(document.isProtectedFromEditing());
+    document.redo();
     document.redo();
     document.insertText(L"more", false, false);
     EXPECT_NE(document.getContent(), documentWith(namespaces));

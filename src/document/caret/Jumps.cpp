@@ -94,13 +94,14 @@ String Jumps::firstSideRegionOf(const Document& document, const String& masterNa
 }
 
 void EditableDocumentBuffer::moveCaretToFirstFoFlow() {
+    document_->endTyping();
     Moves::toFirstFlow(*document_);
 }
 
 void EditableDocumentBuffer::resetCaretFromStaticContent() {
     Document& document = *document_;
     if (document.text().staticContentAround(document.caret()) >= 0)
-        Moves::toFirstFlow(document);
+        moveCaretToFirstFoFlow();
 }
 
 bool EditableDocumentBuffer::moveCaretToPageSequence(int index) {
@@ -111,6 +112,7 @@ bool EditableDocumentBuffer::moveCaretToReference(int sequenceIndex, int offset)
     Document& document = *document_;
     if (sequenceIndex == -1)
         return false;
+    document.endTyping();
     if (offset < 1)
         return Moves::toPageSequence(document, sequenceIndex);
     const int flow =

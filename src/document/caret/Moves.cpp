@@ -263,9 +263,11 @@ void EditableDocumentBuffer::moveCaretLeft(bool extend, bool byWord, bool mergeB
 }
 
 void EditableDocumentBuffer::moveCaretHome(bool extend) {
+    document_->endTyping();
     Moves::home(*document_, extend);
 }
 
 void EditableDocumentBuffer::moveCaretToEnd(bool extend) {
+    document_->endTyping();
     Moves::end(*document_, extend);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/history/EditAction.h"
+#include "foundation/Api.h"
 
 #include <cstddef>
 #include <memory>
@@ -9,7 +10,7 @@
 /// The records of one direction of the history, the next to replay at the back. Copies share their
 /// records, so that a snapshot of a long history costs nothing: the list is a chain from the newest
 /// record to the oldest, and a copy is another handle on the same chain.
-class ActionList {
+class FORME_API ActionList { // since a host may have a stack of its own
 public:
     ActionList() = default;
     ActionList(const ActionList&) = default;

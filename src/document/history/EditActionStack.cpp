@@ -57,6 +57,18 @@ EditAction EditActionStack::moveBack(ActionList& from, ActionList& to) {
     return action;
 }
 
+void EditActionStack::keepReplaced(const Core::String& replaced, bool isUndone) {
+    ActionList& wayBack = isUndone ? redoActions_ : undoActions_;
+    const auto bringsBack = [&](const EditAction& action) {
+        return action.getType() == EditAction::EditContent && action.getString() == replaced;
+    };
+    const EditAction counterpart = wayBack.takeBack();
+    const bool hasPartner = !wayBack.empty() && bringsBack(wayBack.back());
+    wayBack.pushBack(hasPartner || bringsBack(counterpart)
+                         ? counterpart
+                         : EditAction(EditAction::EditContent, -1, -1, -1, replaced));
+}
+
 bool EditActionStack::nextUndoStepIsWhole() const {
     int depth = 0;
     undoActions_.forEachFromBack([&depth](const EditAction& action) {

@@ -40,14 +40,24 @@ std::vector<EditAction> takeStep(Document& document, EditAction (EditActionStack
     return step;
 }
 
+bool isLoneContent(const std::vector<EditAction>& step) {
+    return step.size() == 1 && step.front().getType() == EditAction::EditContent;
+}
+
 void undoStep(Document& document) {
-    StepReplay::replay(document, takeStep(document, &EditActionStack::getUndoAction,
-                                          &EditActionStack::hasMoreUndoActions));
+    const std::vector<EditAction> step = takeStep(document, &EditActionStack::getUndoAction,
+                                                  &EditActionStack::hasMoreUndoActions);
+    if (isLoneContent(step))
+        document.keepReplacedContent(true);
+    StepReplay::replay(document, step);
 }
 
 void redoStep(Document& document) {
-    StepReplay::replay(document, takeStep(document, &EditActionStack::getRedoAction,
-                                          &EditActionStack::hasMoreRedoActions));
+    const std::vector<EditAction> step = takeStep(document, &EditActionStack::getRedoAction,
+                                                  &EditActionStack::hasMoreRedoActions);
+    if (isLoneContent(step))
+        document.keepReplacedContent(false);
+    StepReplay::replay(document, step);
 }
 
 } // namespace

@@ -159,12 +159,23 @@ void EditableDocumentBuffer::insertListBreak() {
     Breaks::insertListBreak(*document_);
 }
 
-int EditableDocumentBuffer::insertLineBreak(bool hard) {
-    return Breaks::insertLineBreak(*document_, hard);
+void EditableDocumentBuffer::insertLineBreak(bool hard) {
+    Document& document = *document_;
+    if (!document.text().isValid(document.caret()))
+        return;
+    carryOut(document, [&] {
+        if (document.hasSelection())
+            Deletion::removeSelection(document);
+        Breaks::insertLineBreak(document, hard);
+    });
 }
 
-int EditableDocumentBuffer::insertHardBreak() {
-    return Breaks::insertHardBreak(*document_);
+String EditableDocumentBuffer::insertHardBreak() {
+    if (document_->hasSelection())
+        Deletion::removeSelection(*document_);
+    HardBreak hardBreak(*document_);
+    hardBreak.run();
+    return hardBreak.inserted();
 }
 
 void EditableDocumentBuffer::insertSoftBreak() {

@@ -62,7 +62,8 @@ String HardBreak::startTag(int element) const {
 void HardBreak::split() {
     const bool wasLine = !endsBlockAtCaret();
     const bool wasBeforeBreak = isBeforeSoftBreak();
-    const auto inserted = Typing::insertMarkupAt(document_, caret(), splittingText());
+    inserted_ = splittingText();
+    const auto inserted = Typing::insertMarkupAt(document_, caret(), inserted_);
     if (wasBeforeBreak)
         document_.setCaret(inserted.end - (placeholder() + reopened_).length());
     repairHalves(inserted.start);

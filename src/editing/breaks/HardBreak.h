@@ -16,6 +16,8 @@ public:
     /// Breaks; the caret stands in the new block afterwards. Answers where that block begins; -1 if
     /// nothing was split, which is so also where loose content was put in a block, but in a form.
     int run();
+    /// What splits the block; empty where none was split.
+    const Core::String& inserted() const { return inserted_; }
 
     /// What belongs to one block alone.
     static constexpr std::array<const wchar_t*, 3> ownProperties{L"fo:break-before",
@@ -55,4 +57,5 @@ private:
     int holder_;            // around the inlines around the caret
     Core::String closing_;  // the closing tags of these, and
     Core::String reopened_; // their start tags again
+    Core::String inserted_;
 };
