@@ -143,8 +143,8 @@ public:
     /// Replaces the whole text, each "\r\n" by "\n", and puts the caret at its first place. Whether
     /// the text is well formed is not looked at. With `resetHistory` nothing can be undone
     /// afterwards. Without, the replacement is recorded as two steps, the old text and the new, of
-    /// which an empty one is left out: the first undo only puts the new text in again. A caller that
-    /// wants one step brackets the call with an EditActionGroup.
+    /// which an empty one is left out: the first undo only puts the new text in again. A caller
+    /// that wants one step brackets the call with an EditActionGroup.
     void setContent(const Core::String& content, bool resetHistory);
 
     /// Loads a file and forgets the history. The encoding is told by the file's byte order mark,

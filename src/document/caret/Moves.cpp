@@ -251,7 +251,13 @@ void EditableDocumentBuffer::setCaretPos(bool extend, int position) {
 }
 
 void EditableDocumentBuffer::adjustCaretToAnEditablePosition() {
-    Moves::toStop(*document_);
+    Document& document = *document_;
+    const int before = document.caret();
+    if (Stops::canHoldCaret(document, before))
+        return;
+    Moves::right(document);
+    if (document.caret() == before)
+        Moves::left(document);
 }
 
 void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool mergeBoundaries) {

@@ -159,6 +159,7 @@ void EditableDocumentBuffer::resetSelectionOfElement() {
 void EditableDocumentBuffer::selectCurrentElement() {
     Document& document = *document_;
     CommandScope scope(document);
+    document.endTyping();
     const int element = document.text().elementAround(document.caret());
     const int behind = document.text().behindElement(element);
     if (element >= 0 && behind >= 0)
@@ -168,6 +169,7 @@ void EditableDocumentBuffer::selectCurrentElement() {
 void EditableDocumentBuffer::selectElement(const String& path) {
     Document& document = *document_;
     CommandScope scope(document);
+    document.endTyping();
     const int element = document.text().elementNamedByPath(path, document.caret());
     const int closing = document.text().closingTag(element);
     // Deliberate: unlike selectCurrentElement() this leaves the closing tag out.
@@ -178,12 +180,14 @@ void EditableDocumentBuffer::selectElement(const String& path) {
 void EditableDocumentBuffer::selectElementStartingAtCaretPosition() {
     Document& document = *document_;
     CommandScope scope(document);
+    document.endTyping();
     document.extendTo(document.text().behindElement(document.caret()));
 }
 
 void EditableDocumentBuffer::selectParent() {
     Document& document = *document_;
     CommandScope scope(document);
+    document.endTyping();
     const String parentName = document.text().parentName(document.caret());
     const StopRange content =
         stopsOfElement(document, document.text().ancestor(document.caret(), parentName));

@@ -25,9 +25,9 @@ public:
     EditAction getUndoAction();
     EditAction getRedoAction();
 
-    /// The entry that was taken last puts a whole text in, by itself, in the place of `replaced`. If
-    /// the next entry of the other list is no longer its partner, which brings that back, then its
-    /// counterpart does.
+    /// The entry that was taken last puts a whole text in, by itself, in the place of `replaced`.
+    /// If the next entry of the other list is no longer its partner, which brings that back, then
+    /// its counterpart does.
     void keepReplaced(const Core::String& replaced, bool isUndone);
 
     bool hasMoreUndoActions() const { return !undoActions_.empty(); }

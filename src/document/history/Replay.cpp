@@ -45,16 +45,16 @@ bool isLoneContent(const std::vector<EditAction>& step) {
 }
 
 void undoStep(Document& document) {
-    const std::vector<EditAction> step = takeStep(document, &EditActionStack::getUndoAction,
-                                                  &EditActionStack::hasMoreUndoActions);
+    const std::vector<EditAction> step =
+        takeStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
     if (isLoneContent(step))
         document.keepReplacedContent(true);
     StepReplay::replay(document, step);
 }
 
 void redoStep(Document& document) {
-    const std::vector<EditAction> step = takeStep(document, &EditActionStack::getRedoAction,
-                                                  &EditActionStack::hasMoreRedoActions);
+    const std::vector<EditAction> step =
+        takeStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
     if (isLoneContent(step))
         document.keepReplacedContent(false);
     StepReplay::replay(document, step);

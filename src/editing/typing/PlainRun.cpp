@@ -70,7 +70,7 @@ bool isBesideText(const XmlText& text, int caret) {
 
 std::optional<Key> keyOfCharacter(const XmlText& text, int caret, const String& character) {
     const String typed = escaped(character);
-    if (typed.empty())
+    if (typed.empty() || text.isPlaceholderBeforeClosingTag(caret))
         return std::nullopt;
     if (followsTypedBlank(text, caret))
         return Key{caret, nbspLength, L" " + typed};

@@ -140,12 +140,6 @@ bool elementHasStop(const Document& document, int element) {
     return stop >= 0 && stop <= closing;
 }
 
-/// Whether a tag stands directly before the position. Behind text, a non-breaking space at the end
-/// is no placeholder but a blank that somebody typed.
-bool beginsLine(const Document& document, int position) {
-    return position > 0 && document.text().unitAt(position - 1) == L'>';
-}
-
 /// Removes from the caret up to the next tag.
 void deleteSuperfluousPlaceholder(Document& document) {
     const int position = document.caret();
@@ -160,7 +154,6 @@ InsertedRange insertMarkup(Document& document, const String& xml) {
     const InsertedRange inserted =
         Typing::insertMarkupAt(document, document.caret(), xml == L" " ? String(entity) : xml);
     if (document.caret() > start && !elementHasStop(document, start) &&
-        beginsLine(document, start) &&
         document.text().isPlaceholderBeforeClosingTag(document.caret()))
         deleteSuperfluousPlaceholder(document);
     return inserted;
@@ -219,8 +212,7 @@ InsertedRange insertPlainText(Document& document, const String& text) {
         return {document.caret(), document.caret()};
     if (!startsWithSpace(text)) {
         turnEntityBeforeCaretIntoBlank(document);
-        if (beginsLine(document, document.caret()) &&
-            document.text().isPlaceholderBeforeClosingTag(document.caret()))
+        if (document.text().isPlaceholderBeforeClosingTag(document.caret()))
             deleteSuperfluousPlaceholder(document);
     }
     if (text == L" " || wouldBeAllOfLine(document, text))
