@@ -242,7 +242,8 @@ public:
 
     /// To the first or the last stop with text of the static content around the caret, or from
     /// anywhere else of the document's flows. Without such a stop there is no caret afterwards.
-    /// While page masters are edited, the end is that of a static content only.
+    /// While page masters are edited, the end is that of a static content only, and is selected up
+    /// to. They end a run of typing.
     void moveCaretHome(bool extend);
     void moveCaretToEnd(bool extend);
 

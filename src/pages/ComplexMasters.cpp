@@ -7,6 +7,7 @@
 #include "trees/Elements.h"
 
 #include <algorithm>
+#include <iterator>
 
 using Core::String;
 using Xml::Element;
@@ -45,6 +46,23 @@ std::vector<Element*> referencesOf(const Element& master) {
                 found.push_back(alternative);
         else if (child->get_name() == repeatingName || child->get_name() == singleName)
             found.push_back(child);
+    return found;
+}
+
+bool isReference(const Element* element) {
+    const String name = element->get_name();
+    return name == singleName || name == repeatingName || name == conditionalName;
+}
+
+/// The same, with references of any kind in either place.
+std::vector<Element*> allReferencesOf(const Element& master) {
+    std::vector<Element*> found;
+    for (Element* child : Elements::childrenOf(master)) {
+        const std::vector<Element*> group = child->get_name() == alternativesName
+                                                ? Elements::childrenOf(*child)
+                                                : std::vector<Element*>{child};
+        std::copy_if(group.begin(), group.end(), std::back_inserter(found), isReference);
+    }
     return found;
 }
 
@@ -156,7 +174,7 @@ void ComplexMasters::changeReferences(Element& master, const String& from, const
 
 Core::Vector<ComplexPageMasterEntry> ComplexMasters::entriesOf(const Element& master) {
     Core::Vector<ComplexPageMasterEntry> entries;
-    for (const Element* reference : referencesOf(master)) {
+    for (const Element* reference : allReferencesOf(master)) {
         ComplexPageMasterEntry& entry = entries.emplace_back();
         entry.elementName = reference->get_name();
         entry.masterName = Elements::valueOf(*reference, referenceName);

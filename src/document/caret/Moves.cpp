@@ -133,7 +133,7 @@ int endPosition(const Document& document, int region) {
 } // namespace
 
 void Moves::to(Document& document, bool extend, int position) {
-    if (position != -1 &&
+    if (position != -1 && !document.modes.dummyPage &&
         (!document.text().isValid(position) || document.text().unitStart(position) != position))
         return;
     CommandScope scope(document);
@@ -242,8 +242,9 @@ void Moves::home(Document& document, bool extend) {
 void Moves::end(Document& document, bool extend) {
     CommandScope scope(document);
     const int region = document.text().staticContentAround(document.caret());
+    // Deliberate: while page masters are edited, End selects.
     if (!document.modes.pageMasters || region >= 0)
-        document.moveCaret(extend, endPosition(document, region));
+        document.moveCaret(extend || document.modes.pageMasters, endPosition(document, region));
 }
 
 void EditableDocumentBuffer::setCaretPos(bool extend, int position) {
