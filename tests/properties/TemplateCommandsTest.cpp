@@ -313,7 +313,7 @@ private:
         };
         const Json before = others();
         const bool isTemplate = open("template");
-        ask({"values.write", written});
+        carryOutLogged({"values.write", written}); // what it refuses reads back otherwise
         if (!isTemplate)
             return {};
         Json read = resultOf(
@@ -455,8 +455,9 @@ private:
             return carryOutLogged({"insertEmptyForm", false});
         case 2: {
             const auto before = controlsIn(Wire<String>::write(text()));
-            ask({"applySkinOnForm", Json{{"fo:color", "red"}, {"fo:background-color", "blue"}}});
-            ask({"removeFormSkin"});
+            carryOutLogged(
+                {"applySkinOnForm", Json{{"fo:color", "red"}, {"fo:background-color", "blue"}}});
+            carryOutLogged({"removeFormSkin"});
             return controlsIn(Wire<String>::write(text())) == before
                        ? ""
                        : "a skin leaves something behind";
