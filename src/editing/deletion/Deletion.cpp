@@ -119,26 +119,6 @@ int stopNearSkippedPlace(const Document& document) {
     return element < previous && previous <= document.text().closingTag(element) ? previous : next;
 }
 
-/// Finds a deletion that only takes something and puts it back, as the placeholder that must stay.
-class Replacing {
-public:
-    explicit Replacing(const Document& document)
-        : document_(document), text_(document.text().mark()), caret_(document.caret()),
-          pivot_(document.pivot()) {}
-
-    bool changedNothing() const {
-        const XmlText& text = document_.text();
-        return !text.changeSince(text_).empty() && text.isAsAt(text_) &&
-               document_.caret() == caret_ && document_.pivot() == pivot_;
-    }
-
-private:
-    const Document& document_;
-    TextMark text_;
-    int caret_;
-    int pivot_;
-};
-
 /// Removes the cluster beside the caret that is more than a character. False, with nothing done,
 /// where there is none.
 bool eraseCluster(Document& document, bool forward) {
@@ -176,13 +156,12 @@ void Deletion::erase(Document& document, bool forward, bool wholeWord) {
         return;
     }
     const std::size_t recorded = document.history.recordedCount();
-    const Replacing replacing(document);
     if (inList)
         ListEdge::erase(document, forward, wholeWord);
     else
         eraseText(document, forward, wholeWord);
     const bool didNothing = document.history.recordedCount() == recorded;
-    if (didNothing || replacing.changedNothing() || !command.mayStand()) {
+    if (didNothing || !command.mayStand()) {
         command.takeBack();
         return;
     }
