@@ -530,7 +530,8 @@ PlaceholderRepair SelectionDeletion::repair() {
     if (!repaired.insertedPlaceholder())
         return repaired;
     const int element = document_.text().elementAround(repaired.insertedStart);
-    const bool isBehindLineBreak = document_.text().selfClosingAt(document_.text().previous(start_));
+    const bool isBehindLineBreak =
+        document_.text().selfClosingAt(document_.text().previous(start_));
     if (element < start_ && start_ <= document_.text().closingTag(element) && !isBehindLineBreak)
         start_ = repaired.placeholder;
     return repaired;
