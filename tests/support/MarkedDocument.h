@@ -112,12 +112,12 @@ public:
                writtenOut(flow) + L"</fo:flow></fo:page-sequence></qfd:document>";
     }
 
-private:
     static std::wstring flowOf(const std::wstring& text) {
         const std::size_t start = text.find(L"\"body\">") + 7;
         return text.substr(start, text.find(L"</fo:flow>") - start);
     }
 
+private:
     RecordingMonitor listener_;
     SmartPtr<EditableDocumentBuffer> face_{new EditableDocumentBuffer};
 };
