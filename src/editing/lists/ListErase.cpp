@@ -209,7 +209,9 @@ void pullFollowingLineIn(Document& document, int item) {
         start = document.text().next(line);
     const int last = Lists::lastBlockIn(document, Lists::bodyOf(document, item));
     const int outer = Lists::itemAround(document, line);
-    if (text.tagName(line) == L"/fo:list-item-body" && Lists::isOwnItem(document, outer))
+    const bool isAround = outer < item; // which it may not be where tags do not match
+    if (text.tagName(line) == L"/fo:list-item-body" && isAround &&
+        Lists::isOwnItem(document, outer))
         eraseForward(document, outer);
     else if (last >= 0 && opensBlock(document, line))
         continueBlock(document, last, {start, document.text().behindElement(line)},
