@@ -130,6 +130,14 @@ int endPosition(const Document& document, int region) {
     return stop > region ? stop : -1;
 }
 
+/// To the right or, where nothing is, to the left.
+void aside(Document& document) {
+    const int before = document.caret();
+    Moves::right(document);
+    if (document.caret() == before)
+        Moves::left(document);
+}
+
 } // namespace
 
 void Moves::to(Document& document, bool extend, int position) {
@@ -142,12 +150,8 @@ void Moves::to(Document& document, bool extend, int position) {
 }
 
 void Moves::toStop(Document& document) {
-    if (Stops::canHoldCaret(document, document.caret()) || toStopInCell(document))
-        return;
-    const int before = document.caret();
-    right(document);
-    if (document.caret() == before)
-        left(document);
+    if (!Stops::canHoldCaret(document, document.caret()) && !toStopInCell(document))
+        aside(document);
 }
 
 bool Moves::toStopInCell(Document& document) {
@@ -252,13 +256,8 @@ void EditableDocumentBuffer::setCaretPos(bool extend, int position) {
 }
 
 void EditableDocumentBuffer::adjustCaretToAnEditablePosition() {
-    Document& document = *document_;
-    const int before = document.caret();
-    if (Stops::canHoldCaret(document, before))
-        return;
-    Moves::right(document);
-    if (document.caret() == before)
-        Moves::left(document);
+    if (!Stops::canHoldCaret(*document_, document_->caret()))
+        aside(*document_);
 }
 
 void EditableDocumentBuffer::moveCaretRight(bool extend, bool byWord, bool mergeBoundaries) {

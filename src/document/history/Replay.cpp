@@ -40,24 +40,24 @@ std::vector<EditAction> takeStep(Document& document, EditAction (EditActionStack
     return step;
 }
 
-bool isLoneContent(const std::vector<EditAction>& step) {
-    return step.size() == 1 && step.front().getType() == EditAction::EditContent;
+void replayStep(Document& document, const std::vector<EditAction>& step, bool isUndone) {
+    if (step.size() == 1 && step.front().getType() == EditAction::EditContent)
+        document.keepReplacedContent(isUndone);
+    StepReplay::replay(document, step);
 }
 
 void undoStep(Document& document) {
-    const std::vector<EditAction> step =
-        takeStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions);
-    if (isLoneContent(step))
-        document.keepReplacedContent(true);
-    StepReplay::replay(document, step);
+    replayStep(
+        document,
+        takeStep(document, &EditActionStack::getUndoAction, &EditActionStack::hasMoreUndoActions),
+        true);
 }
 
 void redoStep(Document& document) {
-    const std::vector<EditAction> step =
-        takeStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions);
-    if (isLoneContent(step))
-        document.keepReplacedContent(false);
-    StepReplay::replay(document, step);
+    replayStep(
+        document,
+        takeStep(document, &EditActionStack::getRedoAction, &EditActionStack::hasMoreRedoActions),
+        false);
 }
 
 } // namespace
